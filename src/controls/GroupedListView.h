@@ -1,0 +1,113 @@
+#pragma once
+
+#include <QAbstractItemView>
+#include <QIcon>
+#include <QString>
+#include <memory>
+#include <vector>
+
+class QHeaderView;
+
+namespace controls {
+
+/// The one list of the program: the file list and the metadata panel are both made of it. It stands on an ordinary
+/// flat item model (rows and columns, no children) and shows it as details with a header, as tiles or as icons, with
+/// or without collapsible group headers. Virtual: only what is visible is asked for and painted; 100,000 rows are
+/// laid out at once. It knows nothing of files or metadata. GUI thread.
+class GroupedListView : public QAbstractItemView {
+    Q_OBJECT
+
+public:
+    enum class Layout { Details, Tiles, Icons };
+
+    /// What a model may answer beside Qt's own roles.
+    enum Role {
+        /// In column 0: int, the id of the group that shows the row; without groups not asked for.
+        GroupIdRole = Qt::UserRole + 100,
+        /// In column 0: bool, the row is shown as a ghost (a hidden file).
+        GhostRole,
+    };
+
+    struct Group {
+        int id = 0;
+        QString title;
+        QIcon image;
+        bool collapsible = true;
+    };
+
+    explicit GroupedListView(QWidget* parent = nullptr);
+    ~GroupedListView() override;
+
+    QHeaderView* header() const;
+
+    void setViewLayout(Layout layout);
+    Layout viewLayout() const;
+
+    /// Tiles and icons: the picture's side in pixels.
+    void setPictureSide(int pixels);
+    int pictureSide() const;
+
+    // --- groups
+    /// Replaces all groups; they are shown in this order, those without rows not at all. Rows keep the model's order
+    /// within their group. Rows of an id that is not among them are shown nowhere.
+    void setGroups(std::vector<Group> groups);
+    void setGroupsEnabled(bool enabled);
+    bool groupsEnabled() const;
+    void setGroupTitle(int groupId, const QString& title);
+    QString groupTitle(int groupId) const;
+    void setGroupCollapsed(int groupId, bool collapsed);
+    bool isGroupCollapsed(int groupId) const;
+    /// Ids of the groups that are on show, from top to bottom.
+    std::vector<int> shownGroups() const;
+    QRect groupHeaderRect(int groupId) const;  ///< in viewport coordinates; empty when not shown
+
+    // --- look and habits
+    /// Check boxes at the left of column 0 that show and change the selection: one state.
+    void setCheckBoxes(bool shown);
+    bool checkBoxes() const;
+    void setGridLines(bool shown);
+    void setFullRowSelection(bool enabled);
+    void setRowHeight(int pixels);
+    /// Texts shown in the middle of an empty list.
+    void setEmptyText(const QString& text);
+
+    /// Rows in the order in which they are shown, top to bottom; rows of collapsed groups included.
+    std::vector<int> rowsInViewOrder() const;
+
+    // --- QAbstractItemView
+    QRect visualRect(const QModelIndex& index) const override;
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
+    QModelIndex indexAt(const QPoint& point) const override;
+    void setModel(QAbstractItemModel* model) override;
+    void reset() override;
+
+Q_SIGNALS:
+    /// A click on a cell (released where it was pressed), after the selection has changed. A click on a check box or
+    /// on a group header is none.
+    void CellClicked(const QModelIndex& index, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
+    /// A left click on the free area.
+    void FreeAreaClicked();
+    /// The context menu is asked for, on a cell (by mouse or key) or, with an invalid index, on the free area.
+    void CellMenuRequested(const QModelIndex& index, const QPoint& globalPosition);
+    void GroupHeaderMenuRequested(int groupId, const QPoint& globalPosition);
+    /// Invalid when the mouse is on no cell.
+    void CellHovered(const QModelIndex& index);
+
+protected:
+    /// Paints a whole group header. The default: title in bold, image, a line; a descendant may paint its own.
+    virtual void paintGroupHeader(QPainter& painter, const QRect& rect, const Group& group, bool collapsed,
+                                  bool hovered) const;
+
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    int horizontalOffset() const override;
+    int verticalOffset() const override;
+    bool isIndexHidden(const QModelIndex& index) const override;
+    void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags flags) override;
+    QRegion visualRegionForSelection(const QItemSelection& selection) const override;
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d_;
+};
+
+}  // namespace controls

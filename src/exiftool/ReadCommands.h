@@ -1,0 +1,75 @@
+#pragma once
+
+#include "app/AppContext.h"
+#include "exiftool/ToolRunner.h"
+#include "platform/CommandText.h"
+
+#include <QString>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace exiftool {
+
+/// What the reads tell the window about themselves. The default does nothing, as the programs without a window want.
+class ReadFeedback {
+public:
+    virtual ~ReadFeedback() = default;
+    virtual void ShowStatus(const QString& text) { static_cast<void>(text); }
+    virtual void BeginWait() {}  ///< wait cursor on
+    virtual void EndWait() {}    ///< and off again
+};
+
+/// The ExifTool language code of an index of the DataLanguage setting; "en" for an index outside the table. The
+/// spelling "ce" of the first is kept.
+std::string_view LanguageCode(int dataLanguage);
+
+/// The command texts, as the reads run them. Exact to the blank; separate from the running so that they can be
+/// compared.
+platform::CommandText PanelReadCommand(const app::AppContext& context, const std::filesystem::path& file,
+                                       const std::filesystem::path& output);
+platform::CommandText GroupAllCommand(const app::AppContext& context, const std::filesystem::path& file,
+                                      const std::filesystem::path& output, std::string_view groupName);
+platform::CommandText CategoryCommand(const app::AppContext& context, const std::filesystem::path& file,
+                                      const std::filesystem::path& output, int categoryId);
+platform::CommandText OneValueCommand(const app::AppContext& context, const std::filesystem::path& file,
+                                      const std::filesystem::path& output, std::string_view tagName, bool numeric);
+platform::CommandText GpsPositionCommand(const app::AppContext& context, const std::filesystem::path& file,
+                                         const std::filesystem::path& output);
+platform::CommandText DumpHtmlCommand(const app::AppContext& context, const std::filesystem::path& file,
+                                      const std::filesystem::path& output);
+platform::CommandText DumpVerboseCommand(const app::AppContext& context, const std::filesystem::path& file,
+                                         const std::filesystem::path& output);
+/// fileArgument and output are put in as the caller quoted them.
+platform::CommandText ExportValuesCommand(const app::AppContext& context, const platform::CommandText& fileArgument,
+                                          const platform::CommandText& output,
+                                          const platform::CommandText& extraArguments);
+
+/// Everything the program asks ExifTool about a file: each a run of its own, the answer in a file. GUI thread; each
+/// call blocks until the tool has ended or the runner's wait was stopped.
+class ReadCommands {
+public:
+    ReadCommands(const app::AppContext& context, ToolRunner& runner, ReadFeedback& feedback);
+
+    /// 1 when the batch file was written and run, else 0. An empty path gives 0 and no batch file.
+    int ReadForPanel(const std::filesystem::path& file, const std::filesystem::path& output, bool showStatus);
+    int ReadGroupAll(const std::filesystem::path& file, const std::filesystem::path& output,
+                     std::string_view groupName);
+    int ReadCategory(const std::filesystem::path& file, const std::filesystem::path& output, int categoryId);
+    /// The value as text, or empty.
+    QString ReadOneValue(const std::filesystem::path& file, std::string_view tagName, bool numeric);
+    int ReadGpsPosition(const std::filesystem::path& file, const std::filesystem::path& output);
+    int DumpHtml(const std::filesystem::path& file, const std::filesystem::path& output);
+    int DumpVerbose(const std::filesystem::path& file, const std::filesystem::path& output);
+    int ExportValues(const platform::CommandText& fileArgument, const platform::CommandText& output,
+                     const platform::CommandText& extraArguments);
+
+private:
+    int RunNamedAfter(const std::filesystem::path& file, const platform::CommandText& command);
+
+    const app::AppContext& context_;
+    ToolRunner& runner_;
+    ReadFeedback& feedback_;
+};
+
+}  // namespace exiftool
