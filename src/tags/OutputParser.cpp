@@ -1,0 +1,288 @@
+#include "tags/OutputParser.h"
+
+#include "platform/Text.h"
+
+#include <cstring>
+#include <fstream>
+#include <string>
+
+namespace tags {
+
+namespace {
+
+constexpr qsizetype kShortestBinaryLine = 8;
+constexpr QStringView kBinaryHint = u", use -b";
+/// Column 2 is a field of ten wide characters with a zero at its end.
+constexpr qsizetype kLongestId = 9;
+
+/// Reads a file by blocks and hands out its lines without their LF. A last line without LF counts.
+class LineReader {
+public:
+    explicit LineReader(const std::filesystem::path& file) : stream_(file, std::ios::binary) {}
+    bool isOpen() const { return stream_.is_open(); }
+
+    template <typename Call>
+    void forEachLine(Call&& call) {
+        std::string carried;
+        std::vector<char> block(1 << 16);
+        while (stream_.read(block.data(), static_cast<std::streamsize>(block.size())) || stream_.gcount() > 0) {
+            const char* begin = block.data();
+            const char* end = begin + stream_.gcount();
+            while (const void* found = std::memchr(begin, '\n', static_cast<std::size_t>(end - begin))) {
+                const char* feed = static_cast<const char*>(found);
+                const std::string_view rest(begin, static_cast<std::size_t>(feed - begin));
+                begin = feed + 1;
+                if (carried.empty()) {
+                    if (!call(rest)) return;
+                } else {
+                    carried += rest;
+                    if (!call(std::string_view(carried))) return;
+                    carried.clear();
+                }
+            }
+            carried.append(begin, end);
+        }
+        if (!carried.empty()) call(std::string_view(carried));
+    }
+
+private:
+    std::ifstream stream_;
+};
+
+QStringView takeToken(QStringView& rest) {
+    const qsizetype blank = rest.indexOf(u' ');
+    const QStringView token = blank < 0 ? rest : rest.first(blank);
+    rest = blank < 0 ? QStringView() : rest.sliced(blank + 1);
+    return token;
+}
+
+QStringView withoutBrackets(QStringView token) {
+    if (token.startsWith(u'[')) token = token.sliced(1);
+    const qsizetype close = token.indexOf(u']');
+    return close < 0 ? token : token.first(close);
+}
+
+bool startsWithoutCase(QStringView text, QStringView start) { return text.startsWith(start, Qt::CaseInsensitive); }
+
+struct RatingSource {
+    std::uint32_t groupId;
+    int tagId;
+};
+
+/// The groups whose rating is remembered, and under which tag.
+const std::array<RatingSource, 6>& ratingSources() {
+    static const std::array<RatingSource, 6> sources = {{
+        {*FindGroup(u"[IFD0]"), 1142},
+        {*FindGroup(u"[Sony]"), 6345},
+        {*FindGroup(u"[XMP-Acdsee]"), 7426},
+        {*FindGroup(u"[XMP-dex]"), 7874},
+        {*FindGroup(u"[XMP-iptcExt]"), 8433},
+        {*FindGroup(u"[XMP-xmp]"), 8849},
+    }};
+    return sources;
+}
+
+constexpr int kIfd0Rating = 1142;
+constexpr int kIptcExtRating = 8433;
+constexpr int kIptcExtRatingValue = 8434;
+
+/// All rows of these are inserted at index 0: their counters are read and never moved.
+bool counterStandsStill(std::uint32_t groupId) {
+    static const std::array<std::uint32_t, 2> still = {*FindGroup(u"[XMP-camera]"), *FindGroup(u"[XMP-camera_1_]")};
+    return groupId == still[0] || groupId == still[1];
+}
+
+}  // namespace
+
+void ShortenBinaryHint(QString& line) {
+    if (line.size() < kShortestBinaryLine) return;
+    const qsizetype hint = line.indexOf(kBinaryHint);
+    if (hint < 0) return;
+    line.truncate(hint);
+    line += u')';
+}
+
+OutputLine SplitOutputLine(QStringView line) {
+    OutputLine parts;
+    QStringView rest = line;
+    parts.group = takeToken(rest);
+    parts.id = takeToken(rest);
+    const QStringView tagAndColon = takeToken(rest);
+    parts.tag = tagAndColon.isEmpty() ? tagAndColon : tagAndColon.chopped(1);
+    parts.value = rest;
+    return parts;
+}
+
+int LeadingInteger(QStringView text) {
+    qsizetype at = 0;
+    while (at < text.size() && text[at].isSpace()) ++at;
+    bool negative = false;
+    if (at < text.size() && (text[at] == u'-' || text[at] == u'+')) negative = text[at++] == u'-';
+    constexpr qint64 kLimit = std::numeric_limits<int>::max();
+    qint64 number = 0;
+    for (; at < text.size() && text[at] >= u'0' && text[at] <= u'9'; ++at)
+        number = std::min(number * 10 + (text[at].unicode() - u'0'), kLimit);
+    return static_cast<int>(negative ? -number : number);
+}
+
+OutputParser::OutputParser(const TagDictionary& dictionary, const app::Settings& settings, RatingMemory& memory,
+                           RatingLog& log)
+    : dictionary_(dictionary), settings_(settings), memory_(memory), log_(log) {}
+
+void OutputParser::Begin() {
+    memory_.Clear();
+    counts_.fill(0);
+    extraGroups_.clear();
+    extraCounts_.clear();
+}
+
+bool OutputParser::ParseExifToolOutput(const std::filesystem::path& outputFile, const InsertMetadataRow& insert) {
+    LineReader reader(outputFile);
+    if (!reader.isOpen()) return false;
+    reader.forEachLine([&](std::string_view line) {
+        ParseLine(line, insert);
+        return true;
+    });
+    return true;
+}
+
+void OutputParser::ParseLine(std::string_view bytes, const InsertMetadataRow& insert) {
+    QString text = platform::wide(bytes);
+    ShortenBinaryHint(text);
+    const OutputLine line = SplitOutputLine(text);
+    const std::optional<Place> place = placeOf(line);
+    if (!place) return;
+
+    MetadataRow row;
+    row.groupId = place->groupId;
+    row.tagId = place->tagId;
+    row.itemIndex = nextItemIndex(place->groupId);
+    row.group = groupName(place->groupId);
+    row.tag = line.tag.toString();
+    row.id = (line.id.startsWith(u'-') ? line.id : line.id.mid(2)).left(kLongestId).toString();
+    if (row.tagId != kUnknownTag) noteRating(place->groupId, line.tag, line.value);
+    if (row.tagId != kUnknownTag && line.tag == u"Rating")
+        row.stars = line.value.isEmpty() ? 1 : LeadingInteger(line.value);
+    else
+        row.value = line.value.toString();
+    insert(std::move(row));
+}
+
+std::optional<OutputParser::Place> OutputParser::placeOf(const OutputLine& line) {
+    const std::optional<std::uint32_t> found = FindGroup(line.group);
+    const bool showUnknown = settings_.metadataList.showUnknown;
+    if (!found && showUnknown) return placeWithoutRecord(line, found);
+    // A group that the catalogue lacks leaves the row in the first one.
+    const std::uint32_t groupId = found.value_or(0);
+    const int tagId = dictionary_.FindTagId(groupId, line.tag);
+    if (tagId == kUnknownTag) return showUnknown ? placeWithoutRecord(line, found) : std::nullopt;
+    if (!GroupIsShown(groupId, settings_)) return std::nullopt;
+    if (!GroupHasRows(groupId) && !showUnknown) return std::nullopt;
+    return Place{groupId, tagId};
+}
+
+/// Where ShowUnknown puts a line: in its group, or under a header of its own. Text that is no tag line has no place.
+std::optional<OutputParser::Place> OutputParser::placeWithoutRecord(const OutputLine& line,
+                                                                    std::optional<std::uint32_t> groupId) {
+    const bool isTagLine = line.group.size() > 2 && line.group.startsWith(u'[') && line.group.endsWith(u']') &&
+                           !line.id.isEmpty() && !line.tag.isEmpty();
+    if (!isTagLine) return std::nullopt;
+    if (!groupId) return Place{extraGroup(line.group), kUnknownTag};
+    if (!GroupIsShown(*groupId, settings_)) return std::nullopt;
+    return Place{*groupId, kUnknownTag};
+}
+
+std::uint32_t OutputParser::extraGroup(QStringView token) {
+    const QStringView name = withoutBrackets(token);
+    for (qsizetype at = 0; at < extraGroups_.size(); ++at)
+        if (name.compare(extraGroups_[at], Qt::CaseInsensitive) == 0) return static_cast<std::uint32_t>(kGroupCount + at);
+    extraGroups_.append(name.toString());
+    extraCounts_.push_back(0);
+    return static_cast<std::uint32_t>(kGroupCount + extraGroups_.size() - 1);
+}
+
+QString OutputParser::groupName(std::uint32_t groupId) const {
+    if (groupId >= kGroupCount) return extraGroups_[static_cast<qsizetype>(groupId) - kGroupCount];
+    static const std::vector<QString> names = [] {
+        std::vector<QString> byId(kGroupCount);
+        for (const GroupEntry& entry : GroupTable())
+            byId[entry.groupId] = withoutBrackets(QStringView(entry.key)).toString();
+        return byId;
+    }();
+    return names[groupId];
+}
+
+int OutputParser::nextItemIndex(std::uint32_t groupId) {
+    if (groupId >= kGroupCount) return extraCounts_[groupId - kGroupCount]++;
+    if (counterStandsStill(groupId)) return counts_[groupId];
+    return counts_[groupId]++;
+}
+
+int OutputParser::GroupCount(std::uint32_t groupId) const {
+    if (groupId < kGroupCount) return counts_[groupId];
+    const std::size_t extra = groupId - kGroupCount;
+    return extra < extraCounts_.size() ? extraCounts_[extra] : 0;
+}
+
+void OutputParser::ForEachShownCount(const std::function<void(std::uint32_t, int)>& call) const {
+    for (std::uint32_t groupId = 0; groupId < kGroupCount; ++groupId)
+        if (counts_[groupId] > 0 && GroupShowsCount(groupId)) call(groupId, counts_[groupId]);
+    for (std::size_t extra = 0; extra < extraCounts_.size(); ++extra)
+        call(static_cast<std::uint32_t>(kGroupCount + extra), extraCounts_[extra]);
+}
+
+void OutputParser::noteRating(std::uint32_t groupId, QStringView tag, QStringView value) {
+    if (!startsWithoutCase(tag, u"Rating")) return;
+    for (const RatingSource& source : ratingSources()) {
+        if (source.groupId != groupId) continue;
+        const int rating = LeadingInteger(value);
+        if (source.tagId == kIfd0Rating && tag.size() != 6) return;
+        memory_.Store(source.tagId, rating);
+        if (source.tagId == kIptcExtRating && startsWithoutCase(tag, u"RatingValue")) {
+            // It has a slot of its own as well, and is not logged.
+            memory_.Store(kIptcExtRatingValue, rating);
+            return;
+        }
+        log_.Append(source.tagId, rating);
+        return;
+    }
+}
+
+QString FindTagValue(const std::filesystem::path& outputFile, QStringView group, QStringView tagName) {
+    QString found;
+    LineReader reader(outputFile);
+    if (!reader.isOpen()) return found;
+    reader.forEachLine([&](std::string_view bytes) {
+        QString line = platform::wide(bytes);
+        ShortenBinaryHint(line);
+        if (startsWithoutCase(line, u"[ExifTool]")) return true;
+        const QStringView view(line);
+        const qsizetype close = view.indexOf(u']');
+        if (!view.startsWith(u'[') || close < 0 || view.sliced(1, close - 1) != group) return true;
+        const qsizetype colon = view.indexOf(u':', close);
+        if (colon < 0 || view.sliced(close + 1, colon - close - 1).trimmed() != tagName) return true;
+        found = view.mid(colon + 2).toString();
+        return false;
+    });
+    return found;
+}
+
+std::optional<QString> ReadReport(const std::filesystem::path& reportFile, const std::filesystem::path& cleanedCopy) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(reportFile, error);
+    if (error || size == 0) return std::nullopt;
+    LineReader reader(reportFile);
+    std::ofstream copy(cleanedCopy, std::ios::binary | std::ios::trunc);
+    if (!reader.isOpen() || !copy.is_open()) return std::nullopt;
+    QString text;
+    reader.forEachLine([&](std::string_view bytes) {
+        const QString line = platform::wide(bytes);
+        if (startsWithoutCase(line, u"---- ExifTool")) return true;
+        copy << bytes << '\n';
+        text += line + u'\n';
+        return true;
+    });
+    return text;
+}
+
+}  // namespace tags
