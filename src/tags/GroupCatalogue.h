@@ -23,14 +23,14 @@ enum class GroupGate { None, Exif, Iptc, Xmp, Icc, MakerNotes, Gps, Composite };
 /// One row of the catalogue. Its position in the table is the list group that shows it.
 struct GroupEntry {
     std::u16string_view key;  ///< with its brackets: "[IFD0]"
-    std::uint32_t groupId;    ///< equal to the position, but for SR2DataIFD12 and SR2DataIFD, which are crossed
+    std::uint32_t groupId;  ///< equal to the position, but for SR2DataIFD12 and SR2DataIFD, which are crossed
 };
 
 /// The 330 rows in table order.
 std::span<const GroupEntry> GroupTable();
 
-/// The GroupId of a bracketed token such as "[IFD0]", blind to case; the first row in table order that matches.
-/// Nothing when the catalogue lacks it. Cost: a hash look-up.
+/// The GroupId of a bracketed token such as "[IFD0]", blind to case; the first row in table order that
+/// matches. Nothing when the catalogue lacks it. Cost: a hash look-up.
 std::optional<std::uint32_t> FindGroup(QStringView bracketedToken);
 
 /// The name of the row at that position, without brackets.

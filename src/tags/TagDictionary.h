@@ -20,7 +20,8 @@ enum class ValueKind : std::uint32_t {
     Rational = 7,
 };
 
-/// One tag that the program knows, in one group. The texts stand in static storage and live as long as the process.
+/// One tag that the program knows, in one group. The texts stand in static storage and live as long as the
+/// process.
 struct TagRecord {
     std::uint32_t id;           ///< program-wide number of the tag; some stand on more than one row
     std::u16string_view name;   ///< as ExifTool prints it with -S
@@ -38,15 +39,15 @@ constexpr std::size_t kTagCount = 13741;
 /// The run-time copy of the constant table, in table order. Every look-up takes the first row in that order.
 /// Made once by the main window (or the tool) that owns it; GUI thread only.
 class TagDictionary {
-public:
+ public:
     TagDictionary();
 
     /// A copy of the first row with that id; nothing when there is none. Cost: constant.
     std::optional<TagRecord> FindTagById(std::uint32_t id) const;
 
-    /// The id of the first row of the group whose name matches, or -1. The first two characters must be equal to the
-    /// letter, the lengths equal, the rest equal without case. Cost: an index over the groups, same answers as the
-    /// plain scan.
+    /// The id of the first row of the group whose name matches, or -1. The first two characters must be equal
+    /// to the letter, the lengths equal, the rest equal without case. Cost: an index over the groups, same
+    /// answers as the plain scan.
     int FindTagId(std::uint32_t groupIndex, QStringView name) const;
 
     /// The plain scan over the whole table that FindTagId must agree with; for tests and benchmarks.
@@ -58,11 +59,13 @@ public:
     std::span<const TagRecord> records() const { return records_; }
     std::span<TagRecord> records() { return records_; }
 
-private:
+ private:
     std::vector<TagRecord> records_;
-    std::vector<std::uint32_t> rowsByGroup_;    ///< row numbers, grouped by groupIndex, in table order within a group
-    std::vector<std::uint32_t> groupStart_;     ///< first entry of each group in rowsByGroup_, one more at the end
-    std::vector<std::int32_t> firstRowOfId_;    ///< -1 where an id is not used
+    std::vector<std::uint32_t>
+        rowsByGroup_;  ///< row numbers, grouped by groupIndex, in table order within a group
+    std::vector<std::uint32_t>
+        groupStart_;  ///< first entry of each group in rowsByGroup_, one more at the end
+    std::vector<std::int32_t> firstRowOfId_;  ///< -1 where an id is not used
 };
 
 }  // namespace tags
