@@ -26,8 +26,8 @@ int MetadataLoad::LoadMetadata(const fs::path& file, LoadTarget& target, LoadFee
         return 0;
     }
     feedback.ShowSorting();
-    const bool parsed =
-        parser_.ParseExifToolOutput(output, [&](tags::MetadataRow&& row) { target.InsertMetadataRow(std::move(row)); });
+    const bool parsed = parser_.ParseExifToolOutput(
+        output, [&](tags::MetadataRow&& row) { target.InsertMetadataRow(std::move(row)); });
     if (!parsed) {
         feedback.HideProgress();
         feedback.ShowError(QStringLiteral("An error occured!"));
@@ -35,7 +35,8 @@ int MetadataLoad::LoadMetadata(const fs::path& file, LoadTarget& target, LoadFee
         return 0;
     }
     feedback.ShowStatus(QStringLiteral("Ready"));
-    parser_.ForEachShownCount([&](std::uint32_t groupId, int count) { target.SetGroupCount(groupId, count); });
+    parser_.ForEachShownCount(
+        [&](std::uint32_t groupId, int count) { target.SetGroupCount(groupId, count); });
     feedback.HideProgress();
     feedback.FocusFileList();
     return 1;

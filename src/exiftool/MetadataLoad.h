@@ -7,9 +7,10 @@
 
 namespace exiftool {
 
-/// What a load tells the window about itself. The default does nothing, as the programs without a window want.
+/// What a load tells the window about itself. The default does nothing, as the programs without a window
+/// want.
 class LoadFeedback {
-public:
+ public:
     virtual ~LoadFeedback() = default;
     virtual void ShowReading(const std::filesystem::path& file) { static_cast<void>(file); }
     virtual void ShowSorting() {}
@@ -21,24 +22,24 @@ public:
 
 /// Where the rows of a load go: the panel's list, or the output of a program.
 class LoadTarget {
-public:
+ public:
     virtual ~LoadTarget() = default;
     virtual void InsertMetadataRow(tags::MetadataRow&& row) = 0;
     /// After the last row, once for each group whose header shows a count.
     virtual void SetGroupCount(std::uint32_t groupId, int count) = 0;
 };
 
-/// The road from a clicked file to rows: read through ExifTool into Metadata.txt, parse, insert, count. Blocks until
-/// the tool has ended or its wait was stopped. The caller has emptied the target. GUI thread.
+/// The road from a clicked file to rows: read through ExifTool into Metadata.txt, parse, insert, count.
+/// Blocks until the tool has ended or its wait was stopped. The caller has emptied the target. GUI thread.
 class MetadataLoad {
-public:
+ public:
     MetadataLoad(const app::AppContext& context, ToolRunner& runner, ReadCommands& commands,
                  tags::OutputParser& parser);
 
     /// 1, or 0 when the path is empty, the read could not be run or its output not be opened.
     int LoadMetadata(const std::filesystem::path& file, LoadTarget& target, LoadFeedback& feedback);
 
-private:
+ private:
     const app::AppContext& context_;
     ToolRunner& runner_;
     ReadCommands& commands_;

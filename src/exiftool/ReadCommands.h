@@ -11,21 +11,22 @@
 
 namespace exiftool {
 
-/// What the reads tell the window about themselves. The default does nothing, as the programs without a window want.
+/// What the reads tell the window about themselves. The default does nothing, as the programs without a
+/// window want.
 class ReadFeedback {
-public:
+ public:
     virtual ~ReadFeedback() = default;
     virtual void ShowStatus(const QString& text) { static_cast<void>(text); }
     virtual void BeginWait() {}  ///< wait cursor on
     virtual void EndWait() {}    ///< and off again
 };
 
-/// The ExifTool language code of an index of the DataLanguage setting; "en" for an index outside the table. The
-/// spelling "ce" of the first is kept.
+/// The ExifTool language code of an index of the DataLanguage setting; "en" for an index outside the table.
+/// The spelling "ce" of the first is kept.
 std::string_view LanguageCode(int dataLanguage);
 
-/// The command texts, as the reads run them. Exact to the blank; separate from the running so that they can be
-/// compared.
+/// The command texts, as the reads run them. Exact to the blank; separate from the running so that they can
+/// be compared.
 platform::CommandText PanelReadCommand(const app::AppContext& context, const std::filesystem::path& file,
                                        const std::filesystem::path& output);
 platform::CommandText GroupAllCommand(const app::AppContext& context, const std::filesystem::path& file,
@@ -33,7 +34,8 @@ platform::CommandText GroupAllCommand(const app::AppContext& context, const std:
 platform::CommandText CategoryCommand(const app::AppContext& context, const std::filesystem::path& file,
                                       const std::filesystem::path& output, int categoryId);
 platform::CommandText OneValueCommand(const app::AppContext& context, const std::filesystem::path& file,
-                                      const std::filesystem::path& output, std::string_view tagName, bool numeric);
+                                      const std::filesystem::path& output, std::string_view tagName,
+                                      bool numeric);
 platform::CommandText GpsPositionCommand(const app::AppContext& context, const std::filesystem::path& file,
                                          const std::filesystem::path& output);
 platform::CommandText DumpHtmlCommand(const app::AppContext& context, const std::filesystem::path& file,
@@ -41,14 +43,15 @@ platform::CommandText DumpHtmlCommand(const app::AppContext& context, const std:
 platform::CommandText DumpVerboseCommand(const app::AppContext& context, const std::filesystem::path& file,
                                          const std::filesystem::path& output);
 /// fileArgument and output are put in as the caller quoted them.
-platform::CommandText ExportValuesCommand(const app::AppContext& context, const platform::CommandText& fileArgument,
+platform::CommandText ExportValuesCommand(const app::AppContext& context,
+                                          const platform::CommandText& fileArgument,
                                           const platform::CommandText& output,
                                           const platform::CommandText& extraArguments);
 
-/// Everything the program asks ExifTool about a file: each a run of its own, the answer in a file. GUI thread; each
-/// call blocks until the tool has ended or the runner's wait was stopped.
+/// Everything the program asks ExifTool about a file: each a run of its own, the answer in a file. GUI
+/// thread; each call blocks until the tool has ended or the runner's wait was stopped.
 class ReadCommands {
-public:
+ public:
     ReadCommands(const app::AppContext& context, ToolRunner& runner, ReadFeedback& feedback);
 
     /// 1 when the batch file was written and run, else 0. An empty path gives 0 and no batch file.
@@ -64,7 +67,7 @@ public:
     int ExportValues(const platform::CommandText& fileArgument, const platform::CommandText& output,
                      const platform::CommandText& extraArguments);
 
-private:
+ private:
     int RunNamedAfter(const std::filesystem::path& file, const platform::CommandText& command);
 
     const app::AppContext& context_;

@@ -17,7 +17,7 @@ constexpr qsizetype kLongestId = 9;
 
 /// Reads a file by blocks and hands out its lines without their LF. A last line without LF counts.
 class LineReader {
-public:
+ public:
     explicit LineReader(const std::filesystem::path& file) : stream_(file, std::ios::binary) {}
     bool isOpen() const { return stream_.is_open(); }
 
@@ -25,7 +25,8 @@ public:
     void forEachLine(Call&& call) {
         std::string carried;
         std::vector<char> block(1 << 16);
-        while (stream_.read(block.data(), static_cast<std::streamsize>(block.size())) || stream_.gcount() > 0) {
+        while (stream_.read(block.data(), static_cast<std::streamsize>(block.size())) ||
+               stream_.gcount() > 0) {
             const char* begin = block.data();
             const char* end = begin + stream_.gcount();
             while (const void* found = std::memchr(begin, '\n', static_cast<std::size_t>(end - begin))) {
@@ -45,7 +46,7 @@ public:
         if (!carried.empty()) call(std::string_view(carried));
     }
 
-private:
+ private:
     std::ifstream stream_;
 };
 
@@ -62,7 +63,9 @@ QStringView withoutBrackets(QStringView token) {
     return close < 0 ? token : token.first(close);
 }
 
-bool startsWithoutCase(QStringView text, QStringView start) { return text.startsWith(start, Qt::CaseInsensitive); }
+bool startsWithoutCase(QStringView text, QStringView start) {
+    return text.startsWith(start, Qt::CaseInsensitive);
+}
 
 struct RatingSource {
     std::uint32_t groupId;
@@ -88,7 +91,8 @@ constexpr int kIptcExtRatingValue = 8434;
 
 /// All rows of these are inserted at index 0: their counters are read and never moved.
 bool counterStandsStill(std::uint32_t groupId) {
-    static const std::array<std::uint32_t, 2> still = {*FindGroup(u"[XMP-camera]"), *FindGroup(u"[XMP-camera_1_]")};
+    static const std::array<std::uint32_t, 2> still = {*FindGroup(u"[XMP-camera]"),
+                                                       *FindGroup(u"[XMP-camera_1_]")};
     return groupId == still[0] || groupId == still[1];
 }
 
@@ -125,8 +129,8 @@ int LeadingInteger(QStringView text) {
     return static_cast<int>(negative ? -number : number);
 }
 
-OutputParser::OutputParser(const TagDictionary& dictionary, const app::Settings& settings, RatingMemory& memory,
-                           RatingLog& log)
+OutputParser::OutputParser(const TagDictionary& dictionary, const app::Settings& settings,
+                           RatingMemory& memory, RatingLog& log)
     : dictionary_(dictionary), settings_(settings), memory_(memory), log_(log) {}
 
 void OutputParser::Begin() {
@@ -136,7 +140,8 @@ void OutputParser::Begin() {
     extraCounts_.clear();
 }
 
-bool OutputParser::ParseExifToolOutput(const std::filesystem::path& outputFile, const InsertMetadataRow& insert) {
+bool OutputParser::ParseExifToolOutput(const std::filesystem::path& outputFile,
+                                       const InsertMetadataRow& insert) {
     LineReader reader(outputFile);
     if (!reader.isOpen()) return false;
     reader.forEachLine([&](std::string_view line) {
@@ -181,11 +186,12 @@ std::optional<OutputParser::Place> OutputParser::placeOf(const OutputLine& line)
     return Place{groupId, tagId};
 }
 
-/// Where ShowUnknown puts a line: in its group, or under a header of its own. Text that is no tag line has no place.
+/// Where ShowUnknown puts a line: in its group, or under a header of its own. Text that is no tag line has no
+/// place.
 std::optional<OutputParser::Place> OutputParser::placeWithoutRecord(const OutputLine& line,
                                                                     std::optional<std::uint32_t> groupId) {
-    const bool isTagLine = line.group.size() > 2 && line.group.startsWith(u'[') && line.group.endsWith(u']') &&
-                           !line.id.isEmpty() && !line.tag.isEmpty();
+    const bool isTagLine = line.group.size() > 2 && line.group.startsWith(u'[') &&
+                           line.group.endsWith(u']') && !line.id.isEmpty() && !line.tag.isEmpty();
     if (!isTagLine) return std::nullopt;
     if (!groupId) return Place{extraGroup(line.group), kUnknownTag};
     if (!GroupIsShown(*groupId, settings_)) return std::nullopt;
@@ -195,7 +201,8 @@ std::optional<OutputParser::Place> OutputParser::placeWithoutRecord(const Output
 std::uint32_t OutputParser::extraGroup(QStringView token) {
     const QStringView name = withoutBrackets(token);
     for (qsizetype at = 0; at < extraGroups_.size(); ++at)
-        if (name.compare(extraGroups_[at], Qt::CaseInsensitive) == 0) return static_cast<std::uint32_t>(kGroupCount + at);
+        if (name.compare(extraGroups_[at], Qt::CaseInsensitive) == 0)
+            return static_cast<std::uint32_t>(kGroupCount + at);
     extraGroups_.append(name.toString());
     extraCounts_.push_back(0);
     return static_cast<std::uint32_t>(kGroupCount + extraGroups_.size() - 1);
@@ -267,7 +274,8 @@ QString FindTagValue(const std::filesystem::path& outputFile, QStringView group,
     return found;
 }
 
-std::optional<QString> ReadReport(const std::filesystem::path& reportFile, const std::filesystem::path& cleanedCopy) {
+std::optional<QString> ReadReport(const std::filesystem::path& reportFile,
+                                  const std::filesystem::path& cleanedCopy) {
     std::error_code error;
     const auto size = std::filesystem::file_size(reportFile, error);
     if (error || size == 0) return std::nullopt;

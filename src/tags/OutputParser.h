@@ -20,17 +20,19 @@ constexpr int kUnknownTag = -1;
 
 /// One row of the metadata panel, which is its only store.
 struct MetadataRow {
-    int itemIndex = 0;          ///< running count of the rows of its group, at the time of insertion
-    std::uint32_t groupId = 0;  ///< list group that shows the row; kGroupCount and above: see ParsedOutput::extraGroups
-    int tagId = kUnknownTag;    ///< id of the TagRecord
-    QString group;              ///< name of the group without brackets, in the catalogue's spelling
-    QString tag;                ///< as ExifTool printed it
-    QString id;                 ///< hexadecimal without "0x", or "-"
-    QString value;              ///< empty for a rating that shows as stars
-    std::optional<int> stars;   ///< star count in place of the value
+    int itemIndex = 0;  ///< running count of the rows of its group, at the time of insertion
+    std::uint32_t groupId =
+        0;  ///< list group that shows the row; kGroupCount and above: see ParsedOutput::extraGroups
+    int tagId = kUnknownTag;   ///< id of the TagRecord
+    QString group;             ///< name of the group without brackets, in the catalogue's spelling
+    QString tag;               ///< as ExifTool printed it
+    QString id;                ///< hexadecimal without "0x", or "-"
+    QString value;             ///< empty for a rating that shows as stars
+    std::optional<int> stars;  ///< star count in place of the value
 };
 
-/// One line of ExifTool's output taken apart: `[Group] 0xHHHH TagName: value`. The views point into the line given.
+/// One line of ExifTool's output taken apart: `[Group] 0xHHHH TagName: value`. The views point into the line
+/// given.
 struct OutputLine {
     QStringView group;  ///< with its brackets
     QStringView id;
@@ -45,16 +47,18 @@ void ShortenBinaryHint(QString& line);
 /// Splits at blanks; what is missing is empty.
 OutputLine SplitOutputLine(QStringView line);
 
-/// The leading integer of a text, after blanks and with a sign, as the platform's conversion reads it; 0 without one.
+/// The leading integer of a text, after blanks and with a sign, as the platform's conversion reads it; 0
+/// without one.
 int LeadingInteger(QStringView text);
 
-/// Turns what ExifTool printed about one file into rows. Looks up group and tag, drops what the show settings hide,
-/// counts, and notes ratings. GUI thread; keeps references to what it is given.
+/// Turns what ExifTool printed about one file into rows. Looks up group and tag, drops what the show settings
+/// hide, counts, and notes ratings. GUI thread; keeps references to what it is given.
 class OutputParser {
-public:
+ public:
     using InsertMetadataRow = std::function<void(MetadataRow&&)>;
 
-    OutputParser(const TagDictionary& dictionary, const app::Settings& settings, RatingMemory& memory, RatingLog& log);
+    OutputParser(const TagDictionary& dictionary, const app::Settings& settings, RatingMemory& memory,
+                 RatingLog& log);
 
     /// Starts a load: all counters 0, the rating memory cleared, extra groups forgotten.
     void Begin();
@@ -68,13 +72,14 @@ public:
     /// The counters of the catalogue's groups and, behind them, of the extra ones.
     int GroupCount(std::uint32_t groupId) const;
 
-    /// Groups that the catalogue lacks, in the order met; the first has the id kGroupCount. Only with ShowUnknown.
+    /// Groups that the catalogue lacks, in the order met; the first has the id kGroupCount. Only with
+    /// ShowUnknown.
     const QStringList& extraGroups() const { return extraGroups_; }
 
     /// Calls back for each group whose header shows a count, with a counter above 0; in catalogue order.
     void ForEachShownCount(const std::function<void(std::uint32_t groupId, int count)>& call) const;
 
-private:
+ private:
     struct Place {
         std::uint32_t groupId;
         int tagId;
@@ -95,12 +100,13 @@ private:
     std::vector<int> extraCounts_;
 };
 
-/// The value of the first line of the group and tag in output without ids (`[Group] TagName: value`); empty when
-/// absent.
+/// The value of the first line of the group and tag in output without ids (`[Group] TagName: value`); empty
+/// when absent.
 QString FindTagValue(const std::filesystem::path& outputFile, QStringView group, QStringView tagName);
 
-/// What a batch left in its report, without the headings ExifTool writes over each file. Absent: the report is
-/// missing or empty, and nothing was wrong.
-std::optional<QString> ReadReport(const std::filesystem::path& reportFile, const std::filesystem::path& cleanedCopy);
+/// What a batch left in its report, without the headings ExifTool writes over each file. Absent: the report
+/// is missing or empty, and nothing was wrong.
+std::optional<QString> ReadReport(const std::filesystem::path& reportFile,
+                                  const std::filesystem::path& cleanedCopy);
 
 }  // namespace tags

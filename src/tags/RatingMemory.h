@@ -13,22 +13,23 @@ constexpr std::array<int, 8> kRatingTagIds = {1142, 2674, 6345, 7426, 7874, 8433
 
 /// The ratings last read: one value for each tag of kRatingTagIds. GUI thread.
 class RatingMemory {
-public:
-    /// At the start of a load: every slot 0 but Sony's (6345), which keeps its value until the next Sony rating.
+ public:
+    /// At the start of a load: every slot 0 but Sony's (6345), which keeps its value until the next Sony
+    /// rating.
     void Clear();
     void Store(int tagId, int rating);
     /// Nothing for an id that has no slot.
     std::optional<int> Rating(int tagId) const;
 
-private:
+ private:
     std::array<int, kRatingTagIds.size()> values_{};
 };
 
-/// The ratings in the order in which they were read, over the life of the process. It holds ten pairs; when it is
-/// full, the oldest pair that a later one of the same tag has made obsolete goes first, so that the last rating of
-/// every tag stays known.
+/// The ratings in the order in which they were read, over the life of the process. It holds ten pairs; when
+/// it is full, the oldest pair that a later one of the same tag has made obsolete goes first, so that the
+/// last rating of every tag stays known.
 class RatingLog {
-public:
+ public:
     struct Entry {
         int tagId;
         int rating;
@@ -40,7 +41,7 @@ public:
     int LastRating(int tagId) const;
     std::span<const Entry> entries() const { return entries_; }
 
-private:
+ private:
     std::vector<Entry> entries_;
 };
 

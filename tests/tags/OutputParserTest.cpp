@@ -17,7 +17,7 @@ const tags::TagDictionary& dictionary() {
 
 /// A parser with every family shown, and what it has inserted so far.
 class OutputParserTest : public ::testing::Test {
-protected:
+ protected:
     OutputParserTest() {
         auto& show = settings.metadataList;
         show.showExif = show.showComposite = show.showGps = show.showIptc = true;
@@ -38,20 +38,23 @@ protected:
     std::vector<MetadataRow> rows;
 };
 
-std::uint32_t group(QStringView token) { return *tags::FindGroup(token); }
+std::uint32_t group(QStringView token) {
+    return *tags::FindGroup(token);
+}
 
 }  // namespace
 
 TEST_F(OutputParserTest, ALineBecomesARowOfItsGroup) {
     struct Case {
         const char* line;
-        const char16_t* group;
-        const char16_t* tag;
-        const char16_t* id;
-        const char16_t* value;
+        QStringView group;
+        QStringView tag;
+        QStringView id;
+        QStringView value;
     };
     const Case cases[] = {
-        {"[IFD0] 0x0112 Orientation: Horizontal (normal)", u"IFD0", u"Orientation", u"0112", u"Horizontal (normal)"},
+        {"[IFD0] 0x0112 Orientation: Horizontal (normal)", u"IFD0", u"Orientation", u"0112",
+         u"Horizontal (normal)"},
         {"[ifd0] 0x010f Make: a  b ", u"IFD0", u"Make", u"010f", u"a  b "},
         {"[Composite] - ImageSize: 640x480", u"Composite", u"ImageSize", u"-", u"640x480"},
         {"[IFD0] 0x0110 Model: cr kept\r", u"IFD0", u"Model", u"0110", u"cr kept\r"},
@@ -67,10 +70,10 @@ TEST_F(OutputParserTest, ALineBecomesARowOfItsGroup) {
         SCOPED_TRACE(expected.line);
         rows.clear();
         ASSERT_EQ(parse({expected.line}).size(), 1U);
-        EXPECT_EQ(rows[0].group, QString(expected.group));
-        EXPECT_EQ(rows[0].tag, QString(expected.tag));
-        EXPECT_EQ(rows[0].id, QString(expected.id));
-        EXPECT_EQ(rows[0].value, QString(expected.value));
+        EXPECT_EQ(rows[0].group, expected.group);
+        EXPECT_EQ(rows[0].tag, expected.tag);
+        EXPECT_EQ(rows[0].id, expected.id);
+        EXPECT_EQ(rows[0].value, expected.value);
         EXPECT_FALSE(rows[0].stars);
     }
 }
@@ -95,7 +98,7 @@ TEST_F(OutputParserTest, WithShowUnknownNothingThatIsPrintedIsHidden) {
     EXPECT_EQ(rows[2].groupId, rows[1].groupId);
     EXPECT_EQ(rows[2].itemIndex, 1);
     EXPECT_EQ(rows[3].groupId, group(u"[IFD3]"));
-    EXPECT_EQ(rows[4].group, u"ExifTool");
+    EXPECT_EQ(rows[4].group, "ExifTool");
     EXPECT_EQ(rows[5].value, u"text");
     EXPECT_EQ(parser.extraGroups(), QStringList({"NoSuchGroup", "ExifTool"}));
 
@@ -144,7 +147,8 @@ TEST_F(OutputParserTest, CountsRunForEachGroupAndTwoStandStill) {
     // Any record of the camera group will do: its counter is read and never moved.
     for (const tags::TagRecord& record : dictionary().records()) {
         if (record.groupIndex != group(u"[XMP-camera]") || record.name.empty()) continue;
-        const QString name = QString::fromUtf16(record.name.data(), static_cast<qsizetype>(record.name.size()));
+        const QString name =
+            QString::fromUtf16(record.name.data(), static_cast<qsizetype>(record.name.size()));
         const std::string line = "[XMP-camera] - " + name.toStdString() + ": 1";
         rows.clear();
         parse({line, line});
@@ -159,7 +163,8 @@ TEST_F(OutputParserTest, CountsRunForEachGroupAndTwoStandStill) {
 TEST_F(OutputParserTest, TheCrossedGroupsExchangeTheirRows) {
     for (const tags::TagRecord& record : dictionary().records()) {
         if (record.groupIndex != group(u"[SR2DataIFD]")) continue;
-        const QString name = QString::fromUtf16(record.name.data(), static_cast<qsizetype>(record.name.size()));
+        const QString name =
+            QString::fromUtf16(record.name.data(), static_cast<qsizetype>(record.name.size()));
         parse({"[SR2DataIFD] 0x0001 " + name.toStdString() + ": 1"});
         ASSERT_EQ(rows.size(), 1U);
         EXPECT_EQ(tags::GroupName(rows[0].groupId), u"SR2DataIFD12");
@@ -169,7 +174,8 @@ TEST_F(OutputParserTest, TheCrossedGroupsExchangeTheirRows) {
 }
 
 TEST_F(OutputParserTest, RatingsShowAsStarsAndAreRemembered) {
-    parse({"[IFD0] 0x4746 Rating: 3", "[XMP-xmp] - Rating: 4", "[XMP-xmp] - Rating: ", "[IFD0] 0x4746 Rating: 5"});
+    parse({"[IFD0] 0x4746 Rating: 3", "[XMP-xmp] - Rating: 4",
+           "[XMP-xmp] - Rating: ", "[IFD0] 0x4746 Rating: 5"});
     ASSERT_EQ(rows.size(), 4U);
     EXPECT_EQ(rows[0].stars, 3);
     EXPECT_TRUE(rows[0].value.isEmpty());
@@ -203,16 +209,18 @@ TEST(RatingLog, AFullLogKeepsTheLastRatingOfEveryTag) {
 }
 
 TEST(LeadingInteger, ReadsWhatStandsInFront) {
-    const std::pair<const char16_t*, int> cases[] = {
-        {u"3", 3}, {u" -2 stars", -2}, {u"+7", 7}, {u"", 0}, {u"good", 0}, {u"4.8", 4}, {u"99999999999", 2147483647}};
-    for (const auto& [text, number] : cases) EXPECT_EQ(LeadingInteger(QStringView(text)), number);
+    const std::pair<QStringView, int> cases[] = {
+        {u"3", 3},   {u" -2 stars", -2},          {u"+7", 7}, {u"", 0}, {u"good", 0},
+        {u"4.8", 4}, {u"99999999999", 2147483647}};
+    for (const auto& [text, number] : cases) EXPECT_EQ(LeadingInteger(text), number);
 }
 
 TEST(OutputFiles, AreReadByLinesOfAnyLength) {
     const support::TemporaryFolder folder;
     const auto file = folder / "Metadata.txt";
     const std::string longValue(1 << 20, 'x');
-    support::WriteBytes(file, "[IFD0] 0x010f Make: " + longValue + "\n\n[IFD0] 0x0110 Model: last line without feed");
+    support::WriteBytes(
+        file, "[IFD0] 0x010f Make: " + longValue + "\n\n[IFD0] 0x0110 Model: last line without feed");
     const app::Settings settings;
     tags::RatingMemory memory;
     tags::RatingLog log;
@@ -230,9 +238,10 @@ TEST(OutputFiles, AreReadByLinesOfAnyLength) {
 TEST(FindTagValue, TakesTheFirstLineOfGroupAndTag) {
     const support::TemporaryFolder folder;
     const auto file = folder / "Metadata.txt";
-    support::WriteBytes(file,
-                        "[ExifTool] Title: no\n[XMP-dc] Titles: no\n[XMP-xmp] Title: no\n[XMP-dc] Title: a: b\n"
-                        "[XMP-dc] Title: second\n");
+    support::WriteBytes(
+        file,
+        "[ExifTool] Title: no\n[XMP-dc] Titles: no\n[XMP-xmp] Title: no\n[XMP-dc] Title: a: b\n"
+        "[XMP-dc] Title: second\n");
     EXPECT_EQ(tags::FindTagValue(file, u"XMP-dc", u"Title"), u"a: b");
     EXPECT_EQ(tags::FindTagValue(file, u"XMP-dc", u"Absent"), QString());
     EXPECT_EQ(tags::FindTagValue(folder / "absent", u"XMP-dc", u"Title"), QString());
