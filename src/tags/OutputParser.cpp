@@ -181,8 +181,7 @@ std::optional<OutputParser::Place> OutputParser::placeOf(const OutputLine& line)
     const std::uint32_t groupId = found.value_or(0);
     const int tagId = dictionary_.FindTagId(groupId, line.tag);
     if (tagId == kUnknownTag) return showUnknown ? placeWithoutRecord(line, found) : std::nullopt;
-    if (!GroupIsShown(groupId, settings_)) return std::nullopt;
-    if (!GroupHasRows(groupId) && !showUnknown) return std::nullopt;
+    if (isHidden(groupId)) return std::nullopt;
     return Place{groupId, tagId};
 }
 
@@ -194,8 +193,14 @@ std::optional<OutputParser::Place> OutputParser::placeWithoutRecord(const Output
                            line.group.endsWith(u']') && !line.id.isEmpty() && !line.tag.isEmpty();
     if (!isTagLine) return std::nullopt;
     if (!groupId) return Place{extraGroup(line.group), kUnknownTag};
-    if (!GroupIsShown(*groupId, settings_)) return std::nullopt;
+    if (isHidden(*groupId)) return std::nullopt;
     return Place{*groupId, kUnknownTag};
+}
+
+/// A group that has no rows of its own shows them nevertheless where nothing is to be hidden.
+bool OutputParser::isHidden(std::uint32_t groupId) const {
+    if (!GroupHasRows(groupId)) return !settings_.metadataList.showUnknown;
+    return !GroupIsShown(groupId, settings_);
 }
 
 std::uint32_t OutputParser::extraGroup(QStringView token) {

@@ -86,6 +86,7 @@ class OutputParser {
     };
     std::optional<Place> placeOf(const OutputLine& line);
     std::optional<Place> placeWithoutRecord(const OutputLine& line, std::optional<std::uint32_t> groupId);
+    bool isHidden(std::uint32_t groupId) const;
     std::uint32_t extraGroup(QStringView token);
     QString groupName(std::uint32_t groupId) const;
     int nextItemIndex(std::uint32_t groupId);
