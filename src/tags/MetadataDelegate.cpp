@@ -1,0 +1,132 @@
+#include "tags/MetadataDelegate.h"
+
+#include "controls/Icons.h"
+#include "tags/MetadataListView.h"
+
+#include <QPainter>
+
+namespace tags {
+
+namespace {
+
+constexpr int kTextMargin = 6;
+constexpr QSize kKindIcon(12, 12);
+constexpr int kKindIconLeft = 5;
+constexpr QSize kStar(15, 13);
+constexpr int kStarLeft = 2;
+
+QString kindIconName(ValueKind kind) {
+    switch (kind) {
+        case ValueKind::Date:
+            return QStringLiteral("kind-date");
+        case ValueKind::Integer:
+            return QStringLiteral("kind-integer");
+        case ValueKind::Text:
+            return QStringLiteral("kind-text");
+        case ValueKind::Rating:
+            return QStringLiteral("kind-rating");
+        case ValueKind::List:
+            return QStringLiteral("kind-list");
+        case ValueKind::Binary:
+            return QStringLiteral("kind-binary");
+        case ValueKind::Rational:
+            return QStringLiteral("kind-rational");
+    }
+    return {};
+}
+
+QColor paletteColour(const PanelColour& colour, const QPalette& palette) {
+    const QColor ground = palette.color(QPalette::Base);
+    switch (colour.source) {
+        case PanelColour::Source::Text:
+            return palette.color(QPalette::Text);
+        case PanelColour::Source::Link:
+            return readableOn(palette.color(QPalette::Link), ground);
+        case PanelColour::Source::Setting:
+            break;
+    }
+    return readableOn(colourFromBgr(colour.bgr), ground);
+}
+
+void paintPicture(QPainter* painter, const QRect& place, const QString& name) {
+    painter->drawPixmap(place, controls::iconPixmap(name, place.size(), painter->device()->devicePixelRatioF()));
+}
+
+void paintKind(QPainter* painter, const QRect& cell, const RowAppearance& look) {
+    const QRect place(QPoint(cell.left() + kKindIconLeft, cell.center().y() - kKindIcon.height() / 2 + 1), kKindIcon);
+    if (look.kindIcon)
+        paintPicture(painter, place, kindIconName(*look.kindIcon));
+    else if (look.unknownMark)
+        paintPicture(painter, place, QStringLiteral("unknown-tag"));
+}
+
+void paintStars(QPainter* painter, const QRect& cell, int rating) {
+    const StarCounts stars = StarsOf(rating);
+    QRect place(QPoint(cell.left() + kStarLeft + kTextMargin - 2, cell.center().y() - kStar.height() / 2 + 1), kStar);
+    // No more than fit: a rating is a number from the file and may be anything.
+    const int most = cell.width() / kStar.width() + 1;
+    for (int drawn = 0; drawn < std::min(stars.filled + stars.empty, most); ++drawn) {
+        paintPicture(painter, place, drawn < stars.filled ? QStringLiteral("star-filled") : QStringLiteral("star-empty"));
+        place.translate(kStar.width(), 0);
+    }
+}
+
+/// Line ends and other controls would break the row; they show as a blank.
+QString oneLine(QString text) {
+    for (QChar& character : text)
+        if (character.category() == QChar::Other_Control) character = u' ';
+    return text;
+}
+
+/// A row shows no more of a value than a wide screen holds.
+constexpr qsizetype kLongestShown = 2048;
+
+}  // namespace
+
+MetadataDelegate::MetadataDelegate(const MetadataListModel& model, const TagDictionary& dictionary,
+                                   const RatingMemory& memory, const app::Settings& settings, QObject* parent)
+    : QStyledItemDelegate(parent), model_(model), dictionary_(dictionary), memory_(memory), settings_(settings) {}
+
+RowAppearance MetadataDelegate::appearanceOf(const MetadataRow& row) const {
+    std::optional<TagRecord> record;
+    if (row.tagId >= 0) record = dictionary_.FindTagById(static_cast<std::uint32_t>(row.tagId));
+    return AppearanceOf(row, record, settings_.colors, memory_);
+}
+
+void MetadataDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    const MetadataRow& row = model_.row(index.row());
+    const RowAppearance look = appearanceOf(row);
+    const QRect& cell = option.rect;
+    PanelColour colour = look.tagColour;
+    QString text;
+    switch (static_cast<PanelColumn>(index.column())) {
+        case PanelColumn::Item:
+            return;
+        case PanelColumn::Kind:
+            paintKind(painter, cell, look);
+            return;
+        case PanelColumn::Tag:
+            text = row.tag;
+            break;
+        case PanelColumn::Id:
+            colour = look.idColour;
+            text = row.id;
+            break;
+        case PanelColumn::Value:
+            if (look.stars) {
+                paintStars(painter, cell, *look.stars);
+                return;
+            }
+            colour = look.valueColour;
+            text = row.value.first(std::min(row.value.size(), kLongestShown));
+            break;
+    }
+    painter->setPen(paletteColour(colour, option.palette));
+    painter->setFont(option.font);
+    const QRect place = cell.adjusted(kTextMargin, 0, -kTextMargin, 0);
+    const auto alignment = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
+    painter->drawText(place, static_cast<int>(alignment) | Qt::TextSingleLine,
+                      QFontMetrics(option.font).elidedText(oneLine(text), Qt::ElideRight, place.width()));
+}
+
+}  // namespace tags

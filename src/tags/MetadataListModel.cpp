@@ -1,0 +1,110 @@
+#include "tags/MetadataListModel.h"
+
+#include "controls/GroupedListView.h"
+
+#include <algorithm>
+
+namespace tags {
+
+MetadataListModel::MetadataListModel(const app::Settings& settings, QObject* parent)
+    : QAbstractTableModel(parent), settings_(settings) {}
+
+void MetadataListModel::Clear() {
+    loading_.clear();
+    if (rows_.empty()) return;
+    beginResetModel();
+    rows_.clear();
+    endResetModel();
+}
+
+void MetadataListModel::InsertMetadataRow(MetadataRow&& row) {
+    // Lines of a group come together and nearly all take the next index; only the groups whose counter stands
+    // still insert in front of their own rows.
+    const auto inSameGroup = [&](const MetadataRow& other) { return other.groupId == row.groupId; };
+    if (row.itemIndex == 0 && !loading_.empty()) {
+        const auto first = std::find_if(loading_.begin(), loading_.end(), inSameGroup);
+        if (first != loading_.end()) {
+            loading_.insert(first, std::move(row));
+            return;
+        }
+    }
+    loading_.push_back(std::move(row));
+}
+
+void MetadataListModel::Commit() {
+    beginResetModel();
+    rows_ = std::move(loading_);
+    loading_.clear();
+    endResetModel();
+}
+
+int MetadataListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+int MetadataListModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : kPanelColumnCount; }
+
+QVariant MetadataListModel::data(const QModelIndex& index, int role) const {
+    if (!index.isValid()) return {};
+    const MetadataRow& shown = row(index.row());
+    const auto column = static_cast<PanelColumn>(index.column());
+    switch (role) {
+        case Qt::DisplayRole:
+            return textOf(shown, column);
+        case Qt::TextAlignmentRole:
+            return alignmentOf(column);
+        case controls::GroupedListView::GroupIdRole:
+            return static_cast<int>(shown.groupId);
+        default:
+            return {};
+    }
+}
+
+QVariant MetadataListModel::textOf(const MetadataRow& row, PanelColumn column) const {
+    switch (column) {
+        case PanelColumn::Item:  // too narrow to be seen; what is typed ahead is sought here
+        case PanelColumn::Tag:
+            return row.tag;
+        case PanelColumn::Id:
+            return row.id;
+        case PanelColumn::Kind:
+            return {};
+        case PanelColumn::Value:
+            return row.value;
+    }
+    return {};
+}
+
+QVariant MetadataListModel::alignmentOf(PanelColumn column) const {
+    const auto centred = QVariant::fromValue(Qt::Alignment(Qt::AlignCenter));
+    switch (column) {
+        case PanelColumn::Tag:
+            return QVariant::fromValue(
+                Qt::Alignment((settings_.listViewMetadata.rightAligned ? Qt::AlignRight : Qt::AlignLeft) |
+                              Qt::AlignVCenter));
+        case PanelColumn::Id:
+        case PanelColumn::Kind:
+            return centred;
+        default:
+            return QVariant::fromValue(Qt::Alignment(Qt::AlignLeft | Qt::AlignVCenter));
+    }
+}
+
+QVariant MetadataListModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal) return {};
+    const auto column = static_cast<PanelColumn>(section);
+    if (role == Qt::TextAlignmentRole) return alignmentOf(column);
+    if (role != Qt::DisplayRole) return {};
+    switch (column) {
+        case PanelColumn::Tag:
+            return QStringLiteral("Tag");
+        case PanelColumn::Id:
+            return QStringLiteral("Id");
+        case PanelColumn::Value:
+            return valueTitle_;
+        default:
+            return QString();
+    }
+}
+
+}  // namespace tags

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "tags/OutputParser.h"
+#include "tags/RowAppearance.h"
+
+#include <QAbstractTableModel>
+#include <optional>
+#include <vector>
+
+namespace tags {
+
+/// The rows of the metadata panel; they have no other copy. Rows are collected during a load and shown at its end,
+/// at once. GUI thread.
+class MetadataListModel : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    explicit MetadataListModel(const app::Settings& settings, QObject* parent = nullptr);
+
+    void Clear();
+    /// Takes its place at itemIndex within its group. Not shown before Commit.
+    void InsertMetadataRow(MetadataRow&& row);
+    void Commit();
+
+    const MetadataRow& row(int position) const { return rows_[static_cast<std::size_t>(position)]; }
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+    /// The text over the value column.
+    void setValueTitle(const QString& title) { valueTitle_ = title; }
+
+private:
+    QVariant textOf(const MetadataRow& row, PanelColumn column) const;
+    QVariant alignmentOf(PanelColumn column) const;
+
+    const app::Settings& settings_;
+    std::vector<MetadataRow> rows_;
+    std::vector<MetadataRow> loading_;
+    QString valueTitle_;
+};
+
+}  // namespace tags

@@ -1,0 +1,117 @@
+#include "tags/MetadataListView.h"
+
+#include <QLinearGradient>
+#include <QPainter>
+#include <QPainterPath>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tags {
+
+namespace {
+
+constexpr double kReadableContrast = 4.5;
+constexpr int kTitleLeft = 25;
+constexpr int kTitleTop = 2;
+constexpr int kPictureSide = 16;
+constexpr int kPictureLeft = 5;
+constexpr int kChevronSide = 8;
+constexpr int kChevronRight = 12;
+
+double channelLight(double channel) {
+    return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+}
+
+/// Relative luminance and contrast as WCAG 2.1 defines them.
+double luminance(const QColor& colour) {
+    return 0.2126 * channelLight(colour.redF()) + 0.7152 * channelLight(colour.greenF()) +
+           0.0722 * channelLight(colour.blueF());
+}
+
+double contrast(const QColor& one, const QColor& other) {
+    const double a = luminance(one);
+    const double b = luminance(other);
+    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+}
+
+bool isDark(const QColor& ground) { return luminance(ground) < 0.18; }
+
+/// A user's light header colours would shine out of a dark list; there they keep their hue alone.
+QColor onGround(const QColor& colour, const QColor& ground) {
+    if (!isDark(ground) || luminance(colour) < 0.25) return colour;
+    return QColor::fromHslF(colour.hslHueF() < 0 ? 0 : colour.hslHueF(), std::min(0.25F, colour.hslSaturationF()),
+                            static_cast<float>(ground.lightnessF()) + 0.09F);
+}
+
+void paintChevron(QPainter& painter, const QRectF& box, bool collapsed, const QColor& colour) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPen pen(colour, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
+    painter.setPen(pen);
+    painter.translate(box.center());
+    if (collapsed) painter.rotate(-90);
+    const double half = box.width() / 2;
+    painter.drawPolyline(QPolygonF({{-half, -half / 2}, {0, half / 2}, {half, -half / 2}}));
+    painter.restore();
+}
+
+}  // namespace
+
+QColor colourFromBgr(std::uint32_t bgr) {
+    return {static_cast<int>(bgr & 0xFF), static_cast<int>((bgr >> 8) & 0xFF), static_cast<int>((bgr >> 16) & 0xFF)};
+}
+
+QColor readableOn(const QColor& colour, const QColor& ground) {
+    if (!isDark(ground)) return colour;
+    QColor best = colour;
+    for (float lightness = colour.lightnessF(); contrast(best, ground) < kReadableContrast && lightness < 1.0F;) {
+        lightness = std::min(1.0F, lightness + 0.04F);
+        best = QColor::fromHslF(colour.hslHueF() < 0 ? 0 : colour.hslHueF(), colour.hslSaturationF(), lightness);
+    }
+    return best;
+}
+
+MetadataListView::MetadataListView(const app::Settings& settings, QWidget* parent)
+    : GroupedListView(parent), settings_(settings) {}
+
+void MetadataListView::paintGroupHeader(QPainter& painter, const QRect& rect, const Group& group, bool collapsed,
+                                        bool hovered) const {
+    const app::Settings::Colors& colours = settings_.colors;
+    const QColor ground = palette().color(QPalette::Base);
+    const bool solid = colours.groupHeaderUseSolid;
+    const QColor high = onGround(colourFromBgr(solid ? colours.groupHeaderSolid : colours.groupHeaderHigh), ground);
+    const QColor low = onGround(colourFromBgr(solid ? colours.groupHeaderSolid : colours.groupHeaderLow), ground);
+    QLinearGradient gradient(rect.topLeft(), colours.groupHeaderVerticalGradient ? rect.bottomLeft() : rect.topRight());
+    gradient.setColorAt(0, hovered ? high.darker(103) : high);
+    gradient.setColorAt(1, hovered ? low.darker(103) : low);
+    painter.fillRect(rect, gradient);
+
+    const QRect picture(rect.left() + kPictureLeft, rect.top() + (rect.height() - kPictureSide) / 2, kPictureSide,
+                        kPictureSide);
+    group.image.paint(&painter, picture);
+
+    const QColor text = readableOn(colourFromBgr(colours.groupHeaderText), low);
+    const QRect title = rect.adjusted(kTitleLeft, kTitleTop, -2 * kChevronRight - kChevronSide, -kTitleTop);
+    const qsizetype countAt = group.title.lastIndexOf(u" (");
+    const QString name = countAt < 0 ? group.title : group.title.first(countAt);
+    QFont bold = font();
+    bold.setBold(true);
+    painter.setFont(bold);
+    painter.setPen(text);
+    painter.drawText(title, Qt::AlignVCenter | Qt::AlignLeft, name);
+    if (countAt >= 0) {
+        const int nameWidth = QFontMetrics(bold).horizontalAdvance(name);
+        painter.setFont(font());
+        QColor faint = text;
+        faint.setAlphaF(0.78F);
+        painter.setPen(faint);
+        painter.drawText(title.adjusted(nameWidth, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
+                         group.title.sliced(countAt));
+    }
+    const QRectF chevron(rect.right() - kChevronRight - kChevronSide, rect.center().y() - kChevronSide / 2.0 + 0.5,
+                         kChevronSide, kChevronSide);
+    paintChevron(painter, chevron, collapsed, text);
+}
+
+}  // namespace tags

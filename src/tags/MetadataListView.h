@@ -1,0 +1,32 @@
+#pragma once
+
+#include "app/Settings.h"
+#include "controls/GroupedListView.h"
+
+#include <QColor>
+
+namespace tags {
+
+/// The colour of a 0xBBGGRR integer.
+QColor colourFromBgr(std::uint32_t bgr);
+
+/// The colour itself where it reads on the ground (contrast 4.5:1), else the nearest lighter or darker one that does.
+/// Light mode keeps what the user has set; the dark grounds need it.
+QColor readableOn(const QColor& colour, const QColor& ground);
+
+/// The panel's list: its group headers are drawn whole, gradient, picture and title.
+class MetadataListView : public controls::GroupedListView {
+    Q_OBJECT
+
+public:
+    explicit MetadataListView(const app::Settings& settings, QWidget* parent = nullptr);
+
+protected:
+    void paintGroupHeader(QPainter& painter, const QRect& rect, const Group& group, bool collapsed,
+                          bool hovered) const override;
+
+private:
+    const app::Settings& settings_;
+};
+
+}  // namespace tags

@@ -1,0 +1,242 @@
+#include "tags/MetadataPanel.h"
+
+#include "controls/Icons.h"
+#include "platform/Text.h"
+#include "tags/MetadataDelegate.h"
+
+#include <QClipboard>
+#include <QDesktopServices>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QMenu>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QUrl>
+#include <QVBoxLayout>
+
+namespace tags {
+
+namespace {
+
+constexpr int kTagWidth = 250;
+constexpr int kIdWidth = 50;
+constexpr int kKindWidth = 22;
+constexpr int kLeastValueWidth = 200;
+constexpr qsizetype kLongestGroupTitle = 80;
+constexpr int kValueTitleText = 474;
+constexpr int kOpenAddress = 40011;
+constexpr int kOpenAddressText = 40012;
+constexpr int kCopy = 40063;
+/// Entries of our own in the menu of a group header.
+constexpr int kCollapseAll = 40201;
+constexpr int kExpandAll = 40202;
+
+QString groupIconName(GroupImage image) {
+    switch (image) {
+        case GroupImage::Exif:
+            return QStringLiteral("group-exif");
+        case GroupImage::Iptc:
+            return QStringLiteral("group-iptc");
+        case GroupImage::File:
+            return QStringLiteral("group-file");
+        case GroupImage::Maker:
+            return QStringLiteral("group-maker");
+        case GroupImage::Composite:
+            return QStringLiteral("group-composite");
+        case GroupImage::Media:
+            return QStringLiteral("group-media");
+        case GroupImage::Icc:
+            return QStringLiteral("group-icc");
+        case GroupImage::Gps:
+            return QStringLiteral("group-gps");
+        case GroupImage::Other:
+            break;
+    }
+    return QStringLiteral("group-other");
+}
+
+controls::GroupedListView::Group panelGroup(int id, const QString& name, GroupImage image) {
+    return {id, QStringLiteral(" ") + name.left(kLongestGroupTitle), controls::icon(groupIconName(image)), true};
+}
+
+QAction* addEntry(QMenu& menu, int id, const QString& text, const QString& iconName = {}) {
+    QAction* entry = menu.addAction(iconName.isEmpty() ? QIcon() : controls::icon(iconName), text);
+    entry->setData(id);
+    return entry;
+}
+
+int chosenIn(QMenu& menu, const QPoint& position) {
+    const QAction* chosen = menu.exec(position);
+    return chosen == nullptr ? 0 : chosen->data().toInt();
+}
+
+}  // namespace
+
+MetadataPanel::MetadataPanel(const Parts& parts, QWidget* parent)
+    : QWidget(parent),
+      parts_(parts),
+      title_(new QLabel(this)),
+      model_(new MetadataListModel(parts.context.settings, this)),
+      list_(new MetadataListView(parts.context.settings, this)) {
+    setObjectName(QStringLiteral("RIGHT_HOLDER"));
+    list_->setObjectName(QStringLiteral("metadataList"));
+    title_->setObjectName(QStringLiteral("metadataTitle"));
+    title_->setTextFormat(Qt::PlainText);
+    title_->setContentsMargins(8, 6, 8, 6);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(title_);
+    layout->addWidget(list_, 1);
+
+    model_->setValueTitle(parts_.text(kValueTitleText));
+    list_->setModel(model_);
+    list_->setItemDelegate(
+        new MetadataDelegate(*model_, parts_.dictionary, parts_.memory, parts_.context.settings, this));
+    list_->setSelectionMode(QAbstractItemView::SingleSelection);
+    list_->setGridLines(true);
+    list_->setGroupsEnabled(true);
+    createColumns();
+    CreatePanelGroups();
+    Clear();
+
+    connect(list_, &controls::GroupedListView::CellMenuRequested, this, &MetadataPanel::showRowMenu);
+    connect(list_, &controls::GroupedListView::GroupHeaderMenuRequested, this, &MetadataPanel::showGroupMenu);
+    auto* copy = new QShortcut(QKeySequence::Copy, list_);
+    copy->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(copy, &QShortcut::activated, this, &MetadataPanel::Copy);
+}
+
+void MetadataPanel::createColumns() {
+    QHeaderView* header = list_->header();
+    header->setMinimumSectionSize(1);
+    header->setSectionsMovable(false);
+    header->setStretchLastSection(true);
+    const int stored = parts_.context.settings.metadataValueColumnWidth;
+    const int widths[kPanelColumnCount] = {1, kTagWidth, kIdWidth, kKindWidth, stored < 1 ? kLeastValueWidth : stored};
+    for (int column = 0; column < kPanelColumnCount; ++column) header->resizeSection(column, widths[column]);
+    for (const PanelColumn fixed : {PanelColumn::Item, PanelColumn::Id, PanelColumn::Kind})
+        header->setSectionResizeMode(static_cast<int>(fixed), QHeaderView::Fixed);
+}
+
+void MetadataPanel::CreatePanelGroups() {
+    std::vector<controls::GroupedListView::Group> groups;
+    groups.reserve(kGroupCount);
+    for (std::uint32_t position = 0; position < kGroupCount; ++position)
+        groups.push_back(panelGroup(static_cast<int>(position), GroupName(position), GroupIconClass(position)));
+    // Below the catalogue's: what the file holds beyond it.
+    const QStringList& extra = parts_.parser.extraGroups();
+    for (int at = 0; at < extra.size(); ++at) groups.push_back(panelGroup(kGroupCount + at, extra[at], GroupImage::Other));
+    list_->setGroups(std::move(groups));
+}
+
+void MetadataPanel::Clear() {
+    file_.clear();
+    model_->Clear();
+    title_->setText(QStringLiteral("Metadata"));
+    title_->setToolTip({});
+    list_->setEmptyText(QStringLiteral("Click a file to read its tags"));
+}
+
+void MetadataPanel::NewSelection(const std::filesystem::path& file) {
+    Clear();
+    if (!file.empty()) load(file);
+}
+
+void MetadataPanel::load(const std::filesystem::path& file) {
+    file_ = file;
+    title_->setText(platform::display(file.filename()));
+    title_->setToolTip(platform::display(file));
+    counts_.clear();
+    const bool loaded = parts_.load.LoadMetadata(file, *this, parts_.feedback) != 0;
+    CreatePanelGroups();
+    model_->Commit();
+    for (const auto& [groupId, count] : counts_) {
+        const int id = static_cast<int>(groupId);
+        list_->setGroupTitle(id, GroupTitleWithCount(list_->groupTitle(id), count));
+    }
+    list_->setEmptyText(loaded ? QStringLiteral("No tags to show in this file")
+                               : QStringLiteral("The tags of this file could not be read"));
+}
+
+void MetadataPanel::Refresh() {
+    if (file_.empty()) return;
+    const QModelIndex current = list_->currentIndex();
+    const MetadataRow before = current.isValid() ? model_->row(current.row()) : MetadataRow();
+    const int scrolled = list_->verticalScrollBar()->value();
+    model_->Clear();
+    load(std::filesystem::path(file_));
+    for (int position = 0; current.isValid() && position < model_->rowCount(); ++position) {
+        const MetadataRow& row = model_->row(position);
+        if (row.groupId != before.groupId || row.tag != before.tag || row.itemIndex != before.itemIndex) continue;
+        list_->setCurrentIndex(model_->index(position, current.column()));
+        break;
+    }
+    list_->verticalScrollBar()->setValue(scrolled);
+}
+
+void MetadataPanel::InsertMetadataRow(MetadataRow&& row) { model_->InsertMetadataRow(std::move(row)); }
+
+void MetadataPanel::SetGroupCount(std::uint32_t groupId, int count) { counts_.emplace_back(groupId, count); }
+
+int MetadataPanel::valueColumnWidth() const {
+    return list_->header()->sectionSize(static_cast<int>(PanelColumn::Value));
+}
+
+void MetadataPanel::Copy() const {
+    const QModelIndex current = list_->currentIndex();
+    if (!current.isValid()) return;
+    const MetadataRow& row = model_->row(current.row());
+    const auto column = static_cast<PanelColumn>(current.column());
+    QString text = column == PanelColumn::Tag ? row.tag : column == PanelColumn::Id ? row.id : row.value;
+    if (column != PanelColumn::Tag && column != PanelColumn::Id && row.stars) text = QString::number(*row.stars);
+    QGuiApplication::clipboard()->setText(text);
+}
+
+void MetadataPanel::showRowMenu(const QModelIndex& index, const QPoint& position) {
+    if (!index.isValid()) return;
+    list_->setCurrentIndex(index);
+    const MetadataRow row = model_->row(index.row());
+    QMenu menu(this);
+    addEntry(menu, kCopy, QStringLiteral("Copy"), QStringLiteral("edit-copy"));
+    const bool onValue = index.column() == static_cast<int>(PanelColumn::Value);
+    if (onValue && LooksLikeAddress(row.value)) {
+        menu.addSeparator();
+        addEntry(menu, kOpenAddress, parts_.text(kOpenAddressText), QStringLiteral("internet-services"));
+    }
+    switch (chosenIn(menu, position)) {
+        case kCopy:
+            Copy();
+            break;
+        case kOpenAddress:
+            openAddress(row.value);
+            break;
+        default:
+            break;
+    }
+}
+
+void MetadataPanel::showGroupMenu(int groupId, const QPoint& position) {
+    static_cast<void>(groupId);
+    QMenu menu(this);
+    addEntry(menu, kCollapseAll, QStringLiteral("Collapse all groups"), QStringLiteral("view-list-tree"));
+    addEntry(menu, kExpandAll, QStringLiteral("Expand all groups"), QStringLiteral("view-list-details"));
+    const int chosen = chosenIn(menu, position);
+    if (chosen == kCollapseAll || chosen == kExpandAll) collapseAll(chosen == kCollapseAll);
+}
+
+void MetadataPanel::collapseAll(bool collapsed) {
+    for (const int groupId : list_->shownGroups()) list_->setGroupCollapsed(groupId, collapsed);
+}
+
+void MetadataPanel::openAddress(const QString& value) {
+    // The value comes out of a file: it may name a web page, never a program or a local file.
+    const QUrl address(value.trimmed(), QUrl::StrictMode);
+    const QString scheme = address.scheme();
+    if (scheme == u"http" || scheme == u"https" || scheme == u"vnd.youtube") QDesktopServices::openUrl(address);
+}
+
+}  // namespace tags

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "app/AppContext.h"
+#include "exiftool/MetadataLoad.h"
+#include "tags/MetadataListModel.h"
+#include "tags/MetadataListView.h"
+
+#include <QWidget>
+#include <filesystem>
+#include <functional>
+
+class QLabel;
+class QMenu;
+
+namespace tags {
+
+/// The right-hand pane that shows the tags of the current file, in the groups of the catalogue. It owns the list, its
+/// painting and its menus; the reading is MetadataLoad's. GUI thread.
+class MetadataPanel : public QWidget, public exiftool::LoadTarget {
+    Q_OBJECT
+
+public:
+    /// What the panel needs of others; all outlive it.
+    struct Parts {
+        const app::AppContext& context;
+        const TagDictionary& dictionary;
+        const RatingMemory& memory;
+        OutputParser& parser;
+        exiftool::MetadataLoad& load;
+        exiftool::LoadFeedback& feedback;
+        std::function<QString(int)> text;  ///< string by number of the language file
+    };
+
+    explicit MetadataPanel(const Parts& parts, QWidget* parent = nullptr);
+
+    /// Command 40108: clears the list and reads the file; an empty path only clears it.
+    void NewSelection(const std::filesystem::path& file);
+    /// Command 8056: reads the shown file again; row and scroll position stay.
+    void Refresh();
+    /// Command 8003.
+    void Clear();
+
+    /// Copies the current cell, or the whole selected row where no cell is current.
+    void Copy() const;
+
+    const std::filesystem::path& file() const { return file_; }
+    MetadataListView& list() { return *list_; }
+    const MetadataListModel& model() const { return *model_; }
+    /// Width of the value column in pixels, for the settings.
+    int valueColumnWidth() const;
+
+    // --- exiftool::LoadTarget
+    void InsertMetadataRow(MetadataRow&& row) override;
+    void SetGroupCount(std::uint32_t groupId, int count) override;
+
+Q_SIGNALS:
+    /// A menu entry was chosen that is a command of the main window.
+    void CommandChosen(int commandId);
+
+private:
+    void createColumns();
+    void CreatePanelGroups();
+    void showRowMenu(const QModelIndex& index, const QPoint& position);
+    void showGroupMenu(int groupId, const QPoint& position);
+    void collapseAll(bool collapsed);
+    void openAddress(const QString& value);
+    void load(const std::filesystem::path& file);
+
+    Parts parts_;
+    std::filesystem::path file_;
+    QLabel* title_;
+    MetadataListModel* model_;
+    MetadataListView* list_;
+    std::vector<std::pair<std::uint32_t, int>> counts_;
+};
+
+}  // namespace tags

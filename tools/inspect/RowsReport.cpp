@@ -1,0 +1,169 @@
+#include "inspect/RowsReport.h"
+
+#include "app/SettingsStore.h"
+#include "app/StartUp.h"
+#include "exiftool/MetadataLoad.h"
+#include "inspect/JsonLines.h"
+#include "platform/Text.h"
+
+#include <stdlib.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <system_error>
+
+namespace inspect {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// A temp folder of this run's own, so that several runs do not meet.
+class WorkFolder {
+public:
+    WorkFolder() {
+        std::string name = (fs::temp_directory_path() / "tagwright-inspect-XXXXXX").string();
+        if (mkdtemp(name.data()) != nullptr) path_ = name;
+    }
+    ~WorkFolder() {
+        std::error_code error;
+        if (!path_.empty()) fs::remove_all(path_, error);
+    }
+    WorkFolder(const WorkFolder&) = delete;
+    WorkFolder& operator=(const WorkFolder&) = delete;
+
+    const fs::path& path() const { return path_; }
+
+private:
+    fs::path path_;
+};
+
+/// Why the file cannot be read, or nothing. Devices and pipes are never opened.
+std::optional<std::string> refusal(const fs::path& file) {
+    struct stat status {};
+    if (stat(file.c_str(), &status) != 0) return std::generic_category().message(errno);
+    if (S_ISDIR(status.st_mode)) return "is a folder";
+    if (!S_ISREG(status.st_mode)) return "is no regular file";
+    if (access(file.c_str(), R_OK) != 0) return std::generic_category().message(errno);
+    return std::nullopt;
+}
+
+class RowPrinter : public exiftool::LoadTarget {
+public:
+    RowPrinter(std::ostream& output, const QString& file) : output_(output), file_(file) {}
+
+    void InsertMetadataRow(tags::MetadataRow&& row) override {
+        JsonLine line;
+        line.text("file", file_).number("groupId", row.groupId).text("group", row.group);
+        line.number("itemIndex", row.itemIndex).number("tagId", row.tagId).text("tag", row.tag);
+        line.text("id", row.id).text("value", row.value);
+        if (row.stars)
+            line.number("image", *row.stars);
+        else
+            line.null("image");
+        output_ << line.finish() << '\n';
+    }
+
+    void SetGroupCount(std::uint32_t groupId, int count) override { counts_.emplace_back(groupId, count); }
+
+    void finish(const tags::OutputParser& parser, const tags::RatingLog& log) {
+        JsonLine counts;
+        for (const auto& [groupId, count] : counts_)
+            counts.number(headerOf(parser, groupId).toUtf8().constData(), count);
+        std::string ratings;
+        for (const tags::RatingLog::Entry& entry : log.entries()) {
+            if (!ratings.empty()) ratings += ',';
+            ratings += "[" + std::to_string(entry.tagId) + "," + std::to_string(entry.rating) + "]";
+        }
+        JsonLine line;
+        line.text("file", file_).json("counts", counts.finish()).json("ratings", "[" + ratings + "]");
+        output_ << line.finish() << '\n';
+    }
+
+private:
+    static QString headerOf(const tags::OutputParser& parser, std::uint32_t groupId) {
+        if (groupId < tags::kGroupCount) return tags::GroupName(groupId);
+        return parser.extraGroups().at(static_cast<qsizetype>(groupId) - tags::kGroupCount);
+    }
+
+    std::ostream& output_;
+    QString file_;
+    std::vector<std::pair<std::uint32_t, int>> counts_;
+};
+
+app::AppContext contextFor(const RowsRequest& request, const fs::path& workFolder) {
+    app::AppContext context;
+    context.installPath = request.installPath;
+    context.tempPath = workFolder;
+    if (request.settingsFile) {
+        app::AppContext given;
+        given.iniPath = *request.settingsFile;
+        app::LoadSettingsOrDefaults(given);
+        context.settings.metadataList = given.settings.metadataList;
+        context.settings.exifTool = given.settings.exifTool;
+    }
+    app::ResolveTools(context);
+    return context;
+}
+
+class RowsReport {
+public:
+    explicit RowsReport(const app::AppContext& context)
+        : context_(context), runner_(context), commands_(context, runner_, readFeedback_) {}
+
+    std::optional<std::string> report(const fs::path& file, RowsFrom from, std::ostream& output) {
+        if (const auto refused = refusal(file)) return refused;
+        tags::RatingMemory memory;
+        tags::RatingLog log;
+        tags::OutputParser parser(dictionary_, context_.settings, memory, log);
+        RowPrinter printer(output, platform::display(file));
+        const auto insert = [&](tags::MetadataRow&& row) { printer.InsertMetadataRow(std::move(row)); };
+        if (from == RowsFrom::SavedOutput) {
+            parser.Begin();
+            if (!parser.ParseExifToolOutput(file, insert)) return "cannot be opened";
+            parser.ForEachShownCount([&](std::uint32_t group, int count) { printer.SetGroupCount(group, count); });
+        } else {
+            if (context_.exifToolPath.empty()) return "ExifTool was not found";
+            exiftool::LoadFeedback silent;
+            exiftool::MetadataLoad load(context_, runner_, commands_, parser);
+            if (load.LoadMetadata(fs::absolute(file), printer, silent) == 0) return "cannot be read";
+        }
+        printer.finish(parser, log);
+        return std::nullopt;
+    }
+
+private:
+    const app::AppContext& context_;
+    tags::TagDictionary dictionary_;
+    exiftool::ToolRunner runner_;
+    exiftool::ReadFeedback readFeedback_;
+    exiftool::ReadCommands commands_;
+};
+
+}  // namespace
+
+bool reportRows(const RowsRequest& request, std::ostream& output, std::ostream& errors) {
+    if (request.settingsFile) {
+        if (const auto refused = refusal(*request.settingsFile)) {
+            errors << request.settingsFile->native() << ": " << *refused << '\n';
+            return false;
+        }
+    }
+    const WorkFolder work;
+    if (work.path().empty()) {
+        errors << "no folder for temporary files\n";
+        return false;
+    }
+    const app::AppContext context = contextFor(request, work.path());
+    RowsReport report(context);
+    bool allRead = true;
+    for (const fs::path& file : request.files) {
+        const auto failure = report.report(file, request.from, output);
+        if (!failure) continue;
+        errors << file.native() << ": " << *failure << '\n';
+        allRead = false;
+    }
+    return allRead;
+}
+
+}  // namespace inspect

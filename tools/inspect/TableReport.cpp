@@ -1,0 +1,61 @@
+#include "inspect/TableReport.h"
+
+#include "tags/GroupCatalogue.h"
+#include "tags/TagDictionary.h"
+
+#include <QString>
+
+namespace inspect {
+
+namespace {
+
+std::string utf8(std::u16string_view text) {
+    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())).toStdString();
+}
+
+const char* gateName(tags::GroupGate gate) {
+    switch (gate) {
+        case tags::GroupGate::None:
+            return "-";
+        case tags::GroupGate::Exif:
+            return "ShowExif";
+        case tags::GroupGate::Iptc:
+            return "ShowIptc";
+        case tags::GroupGate::Xmp:
+            return "ShowXmp";
+        case tags::GroupGate::Icc:
+            return "ShowIcc";
+        case tags::GroupGate::MakerNotes:
+            return "ShowMakerNotes";
+        case tags::GroupGate::Gps:
+            return "ShowGps";
+        case tags::GroupGate::Composite:
+            return "ShowComposite";
+    }
+    return "-";
+}
+
+}  // namespace
+
+void reportDictionary(std::ostream& output) {
+    const tags::TagDictionary dictionary;
+    output << "id\tname\ttableId\tgroup\tgroupIndex\tvalueKind\twritable\tcategoryId\n";
+    for (const tags::TagRecord& record : dictionary.records())
+        output << record.id << '\t' << utf8(record.name) << '\t' << record.tableId << '\t' << utf8(record.group)
+               << '\t' << record.groupIndex << '\t' << static_cast<std::uint32_t>(record.valueKind) << '\t'
+               << (record.writable ? 1 : 0) << '\t' << record.categoryId << '\n';
+}
+
+void reportCatalogue(std::ostream& output) {
+    output << "position\tgroupId\tkey\timage\tgate\tcounted\n";
+    std::uint32_t position = 0;
+    for (const tags::GroupEntry& entry : tags::GroupTable()) {
+        output << position << '\t' << entry.groupId << '\t' << utf8(entry.key) << '\t'
+               << static_cast<int>(tags::GroupIconClass(position)) << '\t'
+               << gateName(tags::GroupGateOf(entry.groupId)) << '\t' << (tags::GroupHasRows(entry.groupId) ? 1 : 0)
+               << '\n';
+        ++position;
+    }
+}
+
+}  // namespace inspect
