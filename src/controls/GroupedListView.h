@@ -10,14 +10,14 @@ class QHeaderView;
 
 namespace controls {
 
-/// The one list of the program: the file list and the metadata panel are both made of it. It stands on an ordinary
-/// flat item model (rows and columns, no children) and shows it as details with a header, as tiles or as icons, with
-/// or without collapsible group headers. Virtual: only what is visible is asked for and painted; 100,000 rows are
-/// laid out at once. It knows nothing of files or metadata. GUI thread.
+/// The one list of the program: the file list and the metadata panel are both made of it. It stands on an
+/// ordinary flat item model (rows and columns, no children) and shows it as details with a header, as tiles
+/// or as icons, with or without collapsible group headers. Virtual: only what is visible is asked for and
+/// painted; 100,000 rows are laid out at once. It knows nothing of files or metadata. GUI thread.
 class GroupedListView : public QAbstractItemView {
     Q_OBJECT
 
-public:
+ public:
     enum class Layout { Details, Tiles, Icons };
 
     /// What a model may answer beside Qt's own roles.
@@ -48,8 +48,8 @@ public:
     int pictureSide() const;
 
     // --- groups
-    /// Replaces all groups; they are shown in this order, those without rows not at all. Rows keep the model's order
-    /// within their group. Rows of an id that is not among them are shown nowhere.
+    /// Replaces all groups; they are shown in this order, those without rows not at all. Rows keep the
+    /// model's order within their group. Rows of an id that is not among them are shown nowhere.
     void setGroups(std::vector<Group> groups);
     void setGroupsEnabled(bool enabled);
     bool groupsEnabled() const;
@@ -81,20 +81,22 @@ public:
     void setModel(QAbstractItemModel* model) override;
     void reset() override;
 
-Q_SIGNALS:
-    /// A click on a cell (released where it was pressed), after the selection has changed. A click on a check box or
-    /// on a group header is none.
+ Q_SIGNALS:
+    /// A click on a cell (released where it was pressed), after the selection has changed. A click on a check
+    /// box or on a group header is none.
     void CellClicked(const QModelIndex& index, Qt::MouseButton button, Qt::KeyboardModifiers modifiers);
     /// A left click on the free area.
     void FreeAreaClicked();
-    /// The context menu is asked for, on a cell (by mouse or key) or, with an invalid index, on the free area.
+    /// The context menu is asked for, on a cell (by mouse or key) or, with an invalid index, on the free
+    /// area.
     void CellMenuRequested(const QModelIndex& index, const QPoint& globalPosition);
     void GroupHeaderMenuRequested(int groupId, const QPoint& globalPosition);
     /// Invalid when the mouse is on no cell.
     void CellHovered(const QModelIndex& index);
 
-protected:
-    /// Paints a whole group header. The default: title in bold, image, a line; a descendant may paint its own.
+ protected:
+    /// Paints a whole group header. The default: title in bold, image, a line; a descendant may paint its
+    /// own.
     virtual void paintGroupHeader(QPainter& painter, const QRect& rect, const Group& group, bool collapsed,
                                   bool hovered) const;
 
@@ -105,7 +107,7 @@ protected:
     void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags flags) override;
     QRegion visualRegionForSelection(const QItemSelection& selection) const override;
 
-private:
+ private:
     struct Private;
     std::unique_ptr<Private> d_;
 };

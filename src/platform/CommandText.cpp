@@ -12,7 +12,8 @@ CommandText& CommandText::append(std::string_view bytes, Origin origin) {
 CommandText& CommandText::append(const CommandText& other) {
     const std::size_t shift = text_.size();
     pieces_.reserve(pieces_.size() + other.pieces_.size());
-    for (const Piece& piece : other.pieces_) pieces_.push_back({piece.begin + shift, piece.end + shift, piece.origin});
+    for (const Piece& piece : other.pieces_)
+        pieces_.push_back({piece.begin + shift, piece.end + shift, piece.origin});
     text_ += other.text_;
     return *this;
 }

@@ -6,11 +6,11 @@
 
 namespace platform {
 
-/// The text of one or more command lines together with the bounds of the pieces that it was put together from. The
-/// text alone is what stands in a batch file; CommandInterpreter gets both, so that a piece from outside can never
-/// be read as anything but part of its one argument. Bytes, UTF-8 where they are text.
+/// The text of one or more command lines together with the bounds of the pieces that it was put together
+/// from. The text alone is what stands in a batch file; CommandInterpreter gets both, so that a piece from
+/// outside can never be read as anything but part of its one argument. Bytes, UTF-8 where they are text.
 class CommandText {
-public:
+ public:
     enum class Origin {
         Literal,  ///< text of the program: quotes, blanks and redirections mean what they say
         Typed,    ///< typed by the user: read like a literal
@@ -37,7 +37,7 @@ public:
     const std::vector<Piece>& pieces() const { return pieces_; }
     bool empty() const { return text_.empty(); }
 
-private:
+ private:
     CommandText& append(std::string_view bytes, Origin origin);
 
     std::string text_;

@@ -10,7 +10,8 @@ namespace platform {
 /// The path's own bytes, which are UTF-8 on nearly every system but need not be. What command lines carry.
 std::string narrow(const std::filesystem::path& path);
 
-/// The path as it is shown to people: bytes that are no UTF-8 become replacement characters. Never used to open.
+/// The path as it is shown to people: bytes that are no UTF-8 become replacement characters. Never used to
+/// open.
 QString display(const std::filesystem::path& path);
 
 /// The path that the user typed or a settings file holds.

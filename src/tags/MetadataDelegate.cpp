@@ -49,11 +49,13 @@ QColor paletteColour(const PanelColour& colour, const QPalette& palette) {
 }
 
 void paintPicture(QPainter* painter, const QRect& place, const QString& name) {
-    painter->drawPixmap(place, controls::iconPixmap(name, place.size(), painter->device()->devicePixelRatioF()));
+    painter->drawPixmap(place,
+                        controls::iconPixmap(name, place.size(), painter->device()->devicePixelRatioF()));
 }
 
 void paintKind(QPainter* painter, const QRect& cell, const RowAppearance& look) {
-    const QRect place(QPoint(cell.left() + kKindIconLeft, cell.center().y() - kKindIcon.height() / 2 + 1), kKindIcon);
+    const QRect place(QPoint(cell.left() + kKindIconLeft, cell.center().y() - kKindIcon.height() / 2 + 1),
+                      kKindIcon);
     if (look.kindIcon)
         paintPicture(painter, place, kindIconName(*look.kindIcon));
     else if (look.unknownMark)
@@ -62,11 +64,13 @@ void paintKind(QPainter* painter, const QRect& cell, const RowAppearance& look) 
 
 void paintStars(QPainter* painter, const QRect& cell, int rating) {
     const StarCounts stars = StarsOf(rating);
-    QRect place(QPoint(cell.left() + kStarLeft + kTextMargin - 2, cell.center().y() - kStar.height() / 2 + 1), kStar);
+    QRect place(QPoint(cell.left() + kStarLeft + kTextMargin - 2, cell.center().y() - kStar.height() / 2 + 1),
+                kStar);
     // No more than fit: a rating is a number from the file and may be anything.
     const int most = cell.width() / kStar.width() + 1;
     for (int drawn = 0; drawn < std::min(stars.filled + stars.empty, most); ++drawn) {
-        paintPicture(painter, place, drawn < stars.filled ? QStringLiteral("star-filled") : QStringLiteral("star-empty"));
+        paintPicture(painter, place,
+                     drawn < stars.filled ? QStringLiteral("star-filled") : QStringLiteral("star-empty"));
         place.translate(kStar.width(), 0);
     }
 }
@@ -85,7 +89,11 @@ constexpr qsizetype kLongestShown = 2048;
 
 MetadataDelegate::MetadataDelegate(const MetadataListModel& model, const TagDictionary& dictionary,
                                    const RatingMemory& memory, const app::Settings& settings, QObject* parent)
-    : QStyledItemDelegate(parent), model_(model), dictionary_(dictionary), memory_(memory), settings_(settings) {}
+    : QStyledItemDelegate(parent),
+      model_(model),
+      dictionary_(dictionary),
+      memory_(memory),
+      settings_(settings) {}
 
 RowAppearance MetadataDelegate::appearanceOf(const MetadataRow& row) const {
     std::optional<TagRecord> record;
@@ -93,7 +101,8 @@ RowAppearance MetadataDelegate::appearanceOf(const MetadataRow& row) const {
     return AppearanceOf(row, record, settings_.colors, memory_);
 }
 
-void MetadataDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+void MetadataDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) const {
     const MetadataRow& row = model_.row(index.row());
     const RowAppearance look = appearanceOf(row);
     const QRect& cell = option.rect;

@@ -7,19 +7,20 @@
 
 namespace tags {
 
-/// Paints the cells of the panel: colours by kind of tag, the kind's icon, stars for ratings. The list has painted
-/// the row's ground before.
+/// Paints the cells of the panel: colours by kind of tag, the kind's icon, stars for ratings. The list has
+/// painted the row's ground before.
 class MetadataDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
-public:
+ public:
     /// All references outlive the delegate.
-    MetadataDelegate(const MetadataListModel& model, const TagDictionary& dictionary, const RatingMemory& memory,
-                     const app::Settings& settings, QObject* parent = nullptr);
+    MetadataDelegate(const MetadataListModel& model, const TagDictionary& dictionary,
+                     const RatingMemory& memory, const app::Settings& settings, QObject* parent = nullptr);
 
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
 
-private:
+ private:
     RowAppearance appearanceOf(const MetadataRow& row) const;
 
     const MetadataListModel& model_;

@@ -42,7 +42,9 @@ int MetadataListModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(rows_.size());
 }
 
-int MetadataListModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : kPanelColumnCount; }
+int MetadataListModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : kPanelColumnCount;
+}
 
 QVariant MetadataListModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid()) return {};

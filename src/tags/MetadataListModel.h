@@ -9,12 +9,12 @@
 
 namespace tags {
 
-/// The rows of the metadata panel; they have no other copy. Rows are collected during a load and shown at its end,
-/// at once. GUI thread.
+/// The rows of the metadata panel; they have no other copy. Rows are collected during a load and shown at its
+/// end, at once. GUI thread.
 class MetadataListModel : public QAbstractTableModel {
     Q_OBJECT
 
-public:
+ public:
     explicit MetadataListModel(const app::Settings& settings, QObject* parent = nullptr);
 
     void Clear();
@@ -32,7 +32,7 @@ public:
     /// The text over the value column.
     void setValueTitle(const QString& title) { valueTitle_ = title; }
 
-private:
+ private:
     QVariant textOf(const MetadataRow& row, PanelColumn column) const;
     QVariant alignmentOf(PanelColumn column) const;
 

@@ -35,12 +35,15 @@ double contrast(const QColor& one, const QColor& other) {
     return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 
-bool isDark(const QColor& ground) { return luminance(ground) < 0.18; }
+bool isDark(const QColor& ground) {
+    return luminance(ground) < 0.18;
+}
 
 /// A user's light header colours would shine out of a dark list; there they keep their hue alone.
 QColor onGround(const QColor& colour, const QColor& ground) {
     if (!isDark(ground) || luminance(colour) < 0.25) return colour;
-    return QColor::fromHslF(colour.hslHueF() < 0 ? 0 : colour.hslHueF(), std::min(0.25F, colour.hslSaturationF()),
+    return QColor::fromHslF(colour.hslHueF() < 0 ? 0 : colour.hslHueF(),
+                            std::min(0.25F, colour.hslSaturationF()),
                             static_cast<float>(ground.lightnessF()) + 0.09F);
 }
 
@@ -59,15 +62,18 @@ void paintChevron(QPainter& painter, const QRectF& box, bool collapsed, const QC
 }  // namespace
 
 QColor colourFromBgr(std::uint32_t bgr) {
-    return {static_cast<int>(bgr & 0xFF), static_cast<int>((bgr >> 8) & 0xFF), static_cast<int>((bgr >> 16) & 0xFF)};
+    return {static_cast<int>(bgr & 0xFF), static_cast<int>((bgr >> 8) & 0xFF),
+            static_cast<int>((bgr >> 16) & 0xFF)};
 }
 
 QColor readableOn(const QColor& colour, const QColor& ground) {
     if (!isDark(ground)) return colour;
     QColor best = colour;
-    for (float lightness = colour.lightnessF(); contrast(best, ground) < kReadableContrast && lightness < 1.0F;) {
+    for (float lightness = colour.lightnessF();
+         contrast(best, ground) < kReadableContrast && lightness < 1.0F;) {
         lightness = std::min(1.0F, lightness + 0.04F);
-        best = QColor::fromHslF(colour.hslHueF() < 0 ? 0 : colour.hslHueF(), colour.hslSaturationF(), lightness);
+        best =
+            QColor::fromHslF(colour.hslHueF() < 0 ? 0 : colour.hslHueF(), colour.hslSaturationF(), lightness);
     }
     return best;
 }
@@ -75,20 +81,23 @@ QColor readableOn(const QColor& colour, const QColor& ground) {
 MetadataListView::MetadataListView(const app::Settings& settings, QWidget* parent)
     : GroupedListView(parent), settings_(settings) {}
 
-void MetadataListView::paintGroupHeader(QPainter& painter, const QRect& rect, const Group& group, bool collapsed,
-                                        bool hovered) const {
+void MetadataListView::paintGroupHeader(QPainter& painter, const QRect& rect, const Group& group,
+                                        bool collapsed, bool hovered) const {
     const app::Settings::Colors& colours = settings_.colors;
     const QColor ground = palette().color(QPalette::Base);
     const bool solid = colours.groupHeaderUseSolid;
-    const QColor high = onGround(colourFromBgr(solid ? colours.groupHeaderSolid : colours.groupHeaderHigh), ground);
-    const QColor low = onGround(colourFromBgr(solid ? colours.groupHeaderSolid : colours.groupHeaderLow), ground);
-    QLinearGradient gradient(rect.topLeft(), colours.groupHeaderVerticalGradient ? rect.bottomLeft() : rect.topRight());
+    const QColor high =
+        onGround(colourFromBgr(solid ? colours.groupHeaderSolid : colours.groupHeaderHigh), ground);
+    const QColor low =
+        onGround(colourFromBgr(solid ? colours.groupHeaderSolid : colours.groupHeaderLow), ground);
+    QLinearGradient gradient(rect.topLeft(),
+                             colours.groupHeaderVerticalGradient ? rect.bottomLeft() : rect.topRight());
     gradient.setColorAt(0, hovered ? high.darker(103) : high);
     gradient.setColorAt(1, hovered ? low.darker(103) : low);
     painter.fillRect(rect, gradient);
 
-    const QRect picture(rect.left() + kPictureLeft, rect.top() + (rect.height() - kPictureSide) / 2, kPictureSide,
-                        kPictureSide);
+    const QRect picture(rect.left() + kPictureLeft, rect.top() + (rect.height() - kPictureSide) / 2,
+                        kPictureSide, kPictureSide);
     group.image.paint(&painter, picture);
 
     const QColor text = readableOn(colourFromBgr(colours.groupHeaderText), low);
@@ -109,8 +118,8 @@ void MetadataListView::paintGroupHeader(QPainter& painter, const QRect& rect, co
         painter.drawText(title.adjusted(nameWidth, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
                          group.title.sliced(countAt));
     }
-    const QRectF chevron(rect.right() - kChevronRight - kChevronSide, rect.center().y() - kChevronSide / 2.0 + 0.5,
-                         kChevronSide, kChevronSide);
+    const QRectF chevron(rect.right() - kChevronRight - kChevronSide,
+                         rect.center().y() - kChevronSide / 2.0 + 0.5, kChevronSide, kChevronSide);
     paintChevron(painter, chevron, collapsed, text);
 }
 

@@ -10,22 +10,22 @@ namespace tags {
 /// The colour of a 0xBBGGRR integer.
 QColor colourFromBgr(std::uint32_t bgr);
 
-/// The colour itself where it reads on the ground (contrast 4.5:1), else the nearest lighter or darker one that does.
-/// Light mode keeps what the user has set; the dark grounds need it.
+/// The colour itself where it reads on the ground (contrast 4.5:1), else the nearest lighter or darker one
+/// that does. Light mode keeps what the user has set; the dark grounds need it.
 QColor readableOn(const QColor& colour, const QColor& ground);
 
 /// The panel's list: its group headers are drawn whole, gradient, picture and title.
 class MetadataListView : public controls::GroupedListView {
     Q_OBJECT
 
-public:
+ public:
     explicit MetadataListView(const app::Settings& settings, QWidget* parent = nullptr);
 
-protected:
+ protected:
     void paintGroupHeader(QPainter& painter, const QRect& rect, const Group& group, bool collapsed,
                           bool hovered) const override;
 
-private:
+ private:
     const app::Settings& settings_;
 };
 

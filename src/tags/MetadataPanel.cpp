@@ -58,7 +58,8 @@ QString groupIconName(GroupImage image) {
 }
 
 controls::GroupedListView::Group panelGroup(int id, const QString& name, GroupImage image) {
-    return {id, QStringLiteral(" ") + name.left(kLongestGroupTitle), controls::icon(groupIconName(image)), true};
+    return {id, QStringLiteral(" ") + name.left(kLongestGroupTitle), controls::icon(groupIconName(image)),
+            true};
 }
 
 QAction* addEntry(QMenu& menu, int id, const QString& text, const QString& iconName = {}) {
@@ -116,7 +117,8 @@ void MetadataPanel::createColumns() {
     header->setSectionsMovable(false);
     header->setStretchLastSection(true);
     const int stored = parts_.context.settings.metadataValueColumnWidth;
-    const int widths[kPanelColumnCount] = {1, kTagWidth, kIdWidth, kKindWidth, stored < 1 ? kLeastValueWidth : stored};
+    const int widths[kPanelColumnCount] = {1, kTagWidth, kIdWidth, kKindWidth,
+                                           stored < 1 ? kLeastValueWidth : stored};
     for (int column = 0; column < kPanelColumnCount; ++column) header->resizeSection(column, widths[column]);
     for (const PanelColumn fixed : {PanelColumn::Item, PanelColumn::Id, PanelColumn::Kind})
         header->setSectionResizeMode(static_cast<int>(fixed), QHeaderView::Fixed);
@@ -126,10 +128,12 @@ void MetadataPanel::CreatePanelGroups() {
     std::vector<controls::GroupedListView::Group> groups;
     groups.reserve(kGroupCount);
     for (std::uint32_t position = 0; position < kGroupCount; ++position)
-        groups.push_back(panelGroup(static_cast<int>(position), GroupName(position), GroupIconClass(position)));
+        groups.push_back(
+            panelGroup(static_cast<int>(position), GroupName(position), GroupIconClass(position)));
     // Below the catalogue's: what the file holds beyond it.
     const QStringList& extra = parts_.parser.extraGroups();
-    for (int at = 0; at < extra.size(); ++at) groups.push_back(panelGroup(kGroupCount + at, extra[at], GroupImage::Other));
+    for (int at = 0; at < extra.size(); ++at)
+        groups.push_back(panelGroup(kGroupCount + at, extra[at], GroupImage::Other));
     list_->setGroups(std::move(groups));
 }
 
@@ -171,16 +175,21 @@ void MetadataPanel::Refresh() {
     load(std::filesystem::path(file_));
     for (int position = 0; current.isValid() && position < model_->rowCount(); ++position) {
         const MetadataRow& row = model_->row(position);
-        if (row.groupId != before.groupId || row.tag != before.tag || row.itemIndex != before.itemIndex) continue;
+        if (row.groupId != before.groupId || row.tag != before.tag || row.itemIndex != before.itemIndex)
+            continue;
         list_->setCurrentIndex(model_->index(position, current.column()));
         break;
     }
     list_->verticalScrollBar()->setValue(scrolled);
 }
 
-void MetadataPanel::InsertMetadataRow(MetadataRow&& row) { model_->InsertMetadataRow(std::move(row)); }
+void MetadataPanel::InsertMetadataRow(MetadataRow&& row) {
+    model_->InsertMetadataRow(std::move(row));
+}
 
-void MetadataPanel::SetGroupCount(std::uint32_t groupId, int count) { counts_.emplace_back(groupId, count); }
+void MetadataPanel::SetGroupCount(std::uint32_t groupId, int count) {
+    counts_.emplace_back(groupId, count);
+}
 
 int MetadataPanel::valueColumnWidth() const {
     return list_->header()->sectionSize(static_cast<int>(PanelColumn::Value));
@@ -192,7 +201,8 @@ void MetadataPanel::Copy() const {
     const MetadataRow& row = model_->row(current.row());
     const auto column = static_cast<PanelColumn>(current.column());
     QString text = column == PanelColumn::Tag ? row.tag : column == PanelColumn::Id ? row.id : row.value;
-    if (column != PanelColumn::Tag && column != PanelColumn::Id && row.stars) text = QString::number(*row.stars);
+    if (column != PanelColumn::Tag && column != PanelColumn::Id && row.stars)
+        text = QString::number(*row.stars);
     QGuiApplication::clipboard()->setText(text);
 }
 
@@ -236,7 +246,8 @@ void MetadataPanel::openAddress(const QString& value) {
     // The value comes out of a file: it may name a web page, never a program or a local file.
     const QUrl address(value.trimmed(), QUrl::StrictMode);
     const QString scheme = address.scheme();
-    if (scheme == u"http" || scheme == u"https" || scheme == u"vnd.youtube") QDesktopServices::openUrl(address);
+    if (scheme == u"http" || scheme == u"https" || scheme == u"vnd.youtube")
+        QDesktopServices::openUrl(address);
 }
 
 }  // namespace tags

@@ -14,12 +14,12 @@ class QMenu;
 
 namespace tags {
 
-/// The right-hand pane that shows the tags of the current file, in the groups of the catalogue. It owns the list, its
-/// painting and its menus; the reading is MetadataLoad's. GUI thread.
+/// The right-hand pane that shows the tags of the current file, in the groups of the catalogue. It owns the
+/// list, its painting and its menus; the reading is MetadataLoad's. GUI thread.
 class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     Q_OBJECT
 
-public:
+ public:
     /// What the panel needs of others; all outlive it.
     struct Parts {
         const app::AppContext& context;
@@ -53,11 +53,11 @@ public:
     void InsertMetadataRow(MetadataRow&& row) override;
     void SetGroupCount(std::uint32_t groupId, int count) override;
 
-Q_SIGNALS:
+ Q_SIGNALS:
     /// A menu entry was chosen that is a command of the main window.
     void CommandChosen(int commandId);
 
-private:
+ private:
     void createColumns();
     void CreatePanelGroups();
     void showRowMenu(const QModelIndex& index, const QPoint& position);

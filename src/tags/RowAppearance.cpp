@@ -8,7 +8,9 @@ namespace {
 
 constexpr int kMostEmptyStars = 5;
 
-PanelColour setting(std::uint32_t bgr) { return {PanelColour::Source::Setting, bgr}; }
+PanelColour setting(std::uint32_t bgr) {
+    return {PanelColour::Source::Setting, bgr};
+}
 
 PanelColour valueColour(const MetadataRow& row, const std::optional<TagRecord>& record,
                         const app::Settings::Colors& colours) {
@@ -32,7 +34,8 @@ RowAppearance AppearanceOf(const MetadataRow& row, const std::optional<TagRecord
     look.idColour = setting(colours.tagId);
     look.valueColour = valueColour(row, record, colours);
     look.unknownMark = !record;
-    if (record && (record->writable || record->valueKind == ValueKind::Binary)) look.kindIcon = record->valueKind;
+    if (record && (record->writable || record->valueKind == ValueKind::Binary))
+        look.kindIcon = record->valueKind;
     look.stars = memory.Rating(row.tagId);
     if (!look.stars) look.stars = row.stars;
     return look;

@@ -74,7 +74,8 @@ const std::vector<std::string>& HostileNames() {
         "-if.jpg",
         "@argfile.jpg",
         "back\\slash.jpg",
-        "gr\xC3\xBC\xC3\x9F" "e \xE6\x97\xA5\xE6\x9C\xAC\xE8\xAA\x9E \xF0\x9F\x93\xB7.jpg",
+        "gr\xC3\xBC\xC3\x9F"
+        "e \xE6\x97\xA5\xE6\x9C\xAC\xE8\xAA\x9E \xF0\x9F\x93\xB7.jpg",
         "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D.jpg",
         "latin1 \xE9\xFC.jpg",
         "{curly} #hash =equals.jpg",

@@ -20,7 +20,8 @@ TemporaryFolder::TemporaryFolder() {
 TemporaryFolder::~TemporaryFolder() {
     std::error_code error;
     fs::permissions(path_, fs::perms::owner_all, error);
-    for (fs::recursive_directory_iterator it(path_, fs::directory_options::skip_permission_denied, error), end;
+    for (fs::recursive_directory_iterator it(path_, fs::directory_options::skip_permission_denied, error),
+         end;
          it != end; it.increment(error)) {
         if (it->is_directory(error) && !it->is_symlink(error))
             fs::permissions(it->path(), fs::perms::owner_all, fs::perm_options::add, error);

@@ -20,10 +20,16 @@ JsonLine& JsonLine::json(const char* name, const std::string& value) {
     return *this;
 }
 
-JsonLine& JsonLine::text(const char* name, const QString& value) { return json(name, jsonText(value)); }
+JsonLine& JsonLine::text(const char* name, const QString& value) {
+    return json(name, jsonText(value));
+}
 
-JsonLine& JsonLine::number(const char* name, qint64 value) { return json(name, std::to_string(value)); }
+JsonLine& JsonLine::number(const char* name, qint64 value) {
+    return json(name, std::to_string(value));
+}
 
-JsonLine& JsonLine::null(const char* name) { return json(name, "null"); }
+JsonLine& JsonLine::null(const char* name) {
+    return json(name, "null");
+}
 
 }  // namespace inspect

@@ -9,7 +9,7 @@ namespace inspect {
 
 /// One JSON object on one line, its members in the order in which they are added. UTF-8.
 class JsonLine {
-public:
+ public:
     JsonLine& text(const char* name, const QString& value);
     JsonLine& number(const char* name, qint64 value);
     JsonLine& null(const char* name);
@@ -18,7 +18,7 @@ public:
 
     std::string finish() const { return "{" + members_ + "}"; }
 
-private:
+ private:
     std::string members_;
 };
 

@@ -20,7 +20,7 @@ namespace {
 
 /// A temp folder of this run's own, so that several runs do not meet.
 class WorkFolder {
-public:
+ public:
     WorkFolder() {
         std::string name = (fs::temp_directory_path() / "tagwright-inspect-XXXXXX").string();
         if (mkdtemp(name.data()) != nullptr) path_ = name;
@@ -34,7 +34,7 @@ public:
 
     const fs::path& path() const { return path_; }
 
-private:
+ private:
     fs::path path_;
 };
 
@@ -49,7 +49,7 @@ std::optional<std::string> refusal(const fs::path& file) {
 }
 
 class RowPrinter : public exiftool::LoadTarget {
-public:
+ public:
     RowPrinter(std::ostream& output, const QString& file) : output_(output), file_(file) {}
 
     void InsertMetadataRow(tags::MetadataRow&& row) override {
@@ -80,7 +80,7 @@ public:
         output_ << line.finish() << '\n';
     }
 
-private:
+ private:
     static QString headerOf(const tags::OutputParser& parser, std::uint32_t groupId) {
         if (groupId < tags::kGroupCount) return tags::GroupName(groupId);
         return parser.extraGroups().at(static_cast<qsizetype>(groupId) - tags::kGroupCount);
@@ -107,7 +107,7 @@ app::AppContext contextFor(const RowsRequest& request, const fs::path& workFolde
 }
 
 class RowsReport {
-public:
+ public:
     explicit RowsReport(const app::AppContext& context)
         : context_(context), runner_(context), commands_(context, runner_, readFeedback_) {}
 
@@ -121,7 +121,8 @@ public:
         if (from == RowsFrom::SavedOutput) {
             parser.Begin();
             if (!parser.ParseExifToolOutput(file, insert)) return "cannot be opened";
-            parser.ForEachShownCount([&](std::uint32_t group, int count) { printer.SetGroupCount(group, count); });
+            parser.ForEachShownCount(
+                [&](std::uint32_t group, int count) { printer.SetGroupCount(group, count); });
         } else {
             if (context_.exifToolPath.empty()) return "ExifTool was not found";
             exiftool::LoadFeedback silent;
@@ -132,7 +133,7 @@ public:
         return std::nullopt;
     }
 
-private:
+ private:
     const app::AppContext& context_;
     tags::TagDictionary dictionary_;
     exiftool::ToolRunner runner_;

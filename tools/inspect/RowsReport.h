@@ -20,8 +20,8 @@ struct RowsRequest {
     std::filesystem::path installPath;  ///< where tools are looked for first
 };
 
-/// Prints the rows and counts of each file as JSON lines. A file that cannot be read is named on `errors` and the next
-/// one follows. True when every file was read.
+/// Prints the rows and counts of each file as JSON lines. A file that cannot be read is named on `errors` and
+/// the next one follows. True when every file was read.
 bool reportRows(const RowsRequest& request, std::ostream& output, std::ostream& errors);
 
 }  // namespace inspect

@@ -41,9 +41,10 @@ void reportDictionary(std::ostream& output) {
     const tags::TagDictionary dictionary;
     output << "id\tname\ttableId\tgroup\tgroupIndex\tvalueKind\twritable\tcategoryId\n";
     for (const tags::TagRecord& record : dictionary.records())
-        output << record.id << '\t' << utf8(record.name) << '\t' << record.tableId << '\t' << utf8(record.group)
-               << '\t' << record.groupIndex << '\t' << static_cast<std::uint32_t>(record.valueKind) << '\t'
-               << (record.writable ? 1 : 0) << '\t' << record.categoryId << '\n';
+        output << record.id << '\t' << utf8(record.name) << '\t' << record.tableId << '\t'
+               << utf8(record.group) << '\t' << record.groupIndex << '\t'
+               << static_cast<std::uint32_t>(record.valueKind) << '\t' << (record.writable ? 1 : 0) << '\t'
+               << record.categoryId << '\n';
 }
 
 void reportCatalogue(std::ostream& output) {
@@ -52,8 +53,8 @@ void reportCatalogue(std::ostream& output) {
     for (const tags::GroupEntry& entry : tags::GroupTable()) {
         output << position << '\t' << entry.groupId << '\t' << utf8(entry.key) << '\t'
                << static_cast<int>(tags::GroupIconClass(position)) << '\t'
-               << gateName(tags::GroupGateOf(entry.groupId)) << '\t' << (tags::GroupHasRows(entry.groupId) ? 1 : 0)
-               << '\n';
+               << gateName(tags::GroupGateOf(entry.groupId)) << '\t'
+               << (tags::GroupHasRows(entry.groupId) ? 1 : 0) << '\n';
         ++position;
     }
 }

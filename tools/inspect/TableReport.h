@@ -7,8 +7,8 @@ namespace inspect {
 /// The tag dictionary as TSV, in table order: id name tableId group groupIndex valueKind writable categoryId.
 void reportDictionary(std::ostream& output);
 
-/// The group catalogue as TSV: position groupId key image gate counted. gate is the settings key that hides the group
-/// or "-"; counted is 0 for the groups whose rows are dropped.
+/// The group catalogue as TSV: position groupId key image gate counted. gate is the settings key that hides
+/// the group or "-"; counted is 0 for the groups whose rows are dropped.
 void reportCatalogue(std::ostream& output);
 
 }  // namespace inspect

@@ -20,7 +20,8 @@ int usage() {
     return 2;
 }
 
-int rows(inspect::RowsFrom from, std::vector<std::string_view> words, const std::filesystem::path& installPath) {
+int rows(inspect::RowsFrom from, std::vector<std::string_view> words,
+         const std::filesystem::path& installPath) {
     inspect::RowsRequest request;
     request.from = from;
     request.installPath = installPath;
