@@ -20,9 +20,10 @@ struct CurrentEdit {
     QString group;
 };
 
-/// State of the one running program: where things are and what the user has set. Owned by the program's entry and
-/// passed by reference; changed on the GUI thread only. The paths are set before any other thread starts, and only
-/// the tool paths change later. A narrow (UTF-8) form of a path is a function of it: platform::narrow().
+/// State of the one running program: where things are and what the user has set. Owned by the program's entry
+/// and passed by reference; changed on the GUI thread only. The paths are set before any other thread starts,
+/// and only the tool paths change later. A narrow (UTF-8) form of a path is a function of it:
+/// platform::narrow().
 struct AppContext {
     std::filesystem::path installPath;  ///< folder of the executable
     std::filesystem::path cachePath;

@@ -7,8 +7,8 @@
 namespace app {
 
 /// Everything the user can set, held in memory between start and exit. Loading and saving, with the keys, the
-/// defaults and the corrections, stand in SettingsStore.h. The initialisers here are the defaults of missing keys.
-/// Colours are 0xBBGGRR integers, as the settings file stores them. GUI thread only.
+/// defaults and the corrections, stand in SettingsStore.h. The initialisers here are the defaults of missing
+/// keys. Colours are 0xBBGGRR integers, as the settings file stores them. GUI thread only.
 struct Settings {
     struct Main {
         int language = 9;  ///< number of the language file; 9 is English
