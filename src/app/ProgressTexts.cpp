@@ -1,0 +1,66 @@
+#include "app/ProgressTexts.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+
+namespace app {
+
+namespace {
+
+enum Language { kEnglish, kFrench, kGerman, kSpanish, kLanguageCount };
+
+constexpr int kPrimaryLanguageMask = 0x3FF;
+
+Language languageOf(int number) {
+    switch (number & kPrimaryLanguageMask) {
+        case 12:
+            return kFrench;
+        case 7:
+            return kGerman;
+        case 10:
+            return kSpanish;
+        default:
+            return kEnglish;
+    }
+}
+
+struct StepTexts {
+    ProgressStep step;
+    std::array<const char16_t*, kLanguageCount> texts;
+};
+
+constexpr StepTexts kSteps[] = {
+    {ProgressStep::Initializing,
+     {u"Initializing ...", u"Initialisation ...", u"Initialisieren ...", u"Inicializando ..."}},
+    {ProgressStep::Reading, {u"Reading ", u"Lecture de ", u"Lesen ", u"Leyendo "}},
+    {ProgressStep::ExtractingThumbnail,
+     {u"Extracting thumbnail ...", u"Extraction de la vignette ...", u"Miniaturansicht extrahieren ...",
+      u"Extrayendo la miniatura ..."}},
+    {ProgressStep::Sorting,
+     {u"Metadata sorting ...", u"Tri des metadonn\u00E9es ...", u"Sortierung von Metadaten ...",
+      u"Clasificaci\u00F3n de matadatos ..."}},
+};
+
+constexpr std::array<const char16_t*, kLanguageCount> kStopWaiting = {
+    u"Stop waiting", u"Ne plus attendre", u"Nicht mehr warten", u"No esperar m\u00E1s"};
+
+}  // namespace
+
+QString ProgressText(int language, ProgressStep step, const QString& fileName) {
+    const auto* found = std::ranges::find(kSteps, step, &StepTexts::step);
+    QString text = QString::fromUtf16(found->texts[languageOf(language)]);
+    if (step == ProgressStep::Reading) text += fileName;
+    return text;
+}
+
+std::optional<ProgressStep> ProgressStepOf(int number) {
+    const auto* found = std::ranges::find(kSteps, static_cast<ProgressStep>(number), &StepTexts::step);
+    return found == std::end(kSteps) ? std::nullopt : std::optional(found->step);
+}
+
+QString StopWaitingText(int language) {
+    return QString::fromUtf16(kStopWaiting[languageOf(language)]);
+}
+
+}  // namespace app

@@ -1,0 +1,53 @@
+#pragma once
+
+#include "app/AppContext.h"
+
+#include <QString>
+#include <filesystem>
+#include <string_view>
+
+/// Loading and saving of the settings file, context.iniPath. Settings are read at start, in three steps, and
+/// written at exit; what the file holds beyond the known keys stays in it. A missing or unreadable file gives
+/// the defaults. GUI thread only. A save answers an empty text, or why the file could not be written, for the
+/// user.
+namespace app {
+
+/// Only the number of the language file, which the first texts on the screen need.
+void LoadLanguage(AppContext& context);
+
+/// Sections Dark, Colors and WINDOWS_SIZES, with the corrections of the pane sizes.
+void LoadEarlySettings(AppContext& context);
+
+/// Section MainWindow-Position.
+void LoadWindowPosition(AppContext& context);
+
+/// Everything else but the start folder. Throws InvalidEnumeration at a SortMode or a ViewMode, in this
+/// order, that is none of the enumeration's numbers: "SortMode::_from_integral: invalid argument" or
+/// "ViewMode::_from_integral: invalid argument". A missing ViewMode is such a number (0). The settings behind
+/// the faulty key keep their defaults then.
+void LoadSettings(AppContext& context);
+
+/// LoadSettings for a program that goes on with a damaged file: a SortMode or ViewMode without meaning
+/// becomes Name or Details, and all other settings are loaded. Gives the text of the first fault, or an empty
+/// one.
+QString LoadSettingsOrDefaults(AppContext& context);
+
+/// Section Nodes, the folder shown last.
+void LoadStartFolder(AppContext& context);
+
+/// Each writes its section from the values given and takes them into the context.
+QString SaveWindowPosition(AppContext& context, const Settings::WindowPosition& position);
+QString SaveWindowSizes(AppContext& context, const Settings::WindowSizes& sizes);
+
+/// All other sections, with the folder shown last, context.settings.startFolder. A tool that no key names and
+/// that was merely found in its usual place is not written, so that the next start looks for it again.
+QString SaveSettings(const AppContext& context);
+
+/// One number, in decimal; the file's other keys stay as they are.
+QString WriteIntSetting(std::string_view section, std::string_view key, const std::filesystem::path& iniPath,
+                        int value);
+/// The same for a path, whose bytes are written as they are.
+QString WritePathSetting(std::string_view section, std::string_view key, const std::filesystem::path& iniPath,
+                         const std::filesystem::path& value);
+
+}  // namespace app
