@@ -1,0 +1,101 @@
+#include "drive/CommandServer.h"
+
+#include "drive/CommandLineWords.h"
+
+#include <errno.h>
+#include <unistd.h>
+
+#include <QApplication>
+#include <QJsonDocument>
+#include <QWidget>
+
+namespace drive {
+
+namespace {
+
+constexpr int kWatchMilliseconds = 5;
+
+void writeAll(int descriptor, const QByteArray& bytes) {
+    for (qsizetype done = 0; done < bytes.size();) {
+        const ssize_t written = write(descriptor, bytes.constData() + done, static_cast<std::size_t>(bytes.size() - done));
+        if (written < 0 && errno != EINTR) return;
+        if (written > 0) done += written;
+    }
+}
+
+}  // namespace
+
+CommandServer::CommandServer(int inputDescriptor, int outputDescriptor, Execute execute, QObject* parent)
+    : QObject(parent),
+      output_(outputDescriptor),
+      execute_(std::move(execute)),
+      notifier_(inputDescriptor, QSocketNotifier::Read) {
+    next_.setSingleShot(true);
+    connect(&notifier_, &QSocketNotifier::activated, this, &CommandServer::readInput);
+    connect(&next_, &QTimer::timeout, this, &CommandServer::executeNext);
+    connect(&watch_, &QTimer::timeout, this, &CommandServer::watchForNewWindow);
+}
+
+void CommandServer::readInput() {
+    char block[65536];
+    const ssize_t got = read(static_cast<int>(notifier_.socket()), block, sizeof block);
+    if (got < 0 && errno == EINTR) return;
+    if (got <= 0) {
+        notifier_.setEnabled(false);
+        ended_ = true;
+        if (!buffer_.isEmpty()) lines_.push_back(buffer_);
+        buffer_.clear();
+    } else {
+        buffer_.append(block, got);
+    }
+    for (qsizetype feed = 0; (feed = buffer_.indexOf('\n')) >= 0;) {
+        lines_.push_back(buffer_.left(feed));
+        buffer_.remove(0, feed + 1);
+    }
+    next_.start(0);
+}
+
+void CommandServer::executeNext() {
+    // The command before has to be answered first; its answer starts the next one.
+    if (!running_.empty() && !running_.back().answered) return;
+    if (lines_.empty()) {
+        if (ended_) Q_EMIT InputEnded();
+        return;
+    }
+    const QByteArray line = lines_.front();
+    lines_.pop_front();
+    if (line.trimmed().isEmpty()) {
+        next_.start(0);
+        return;
+    }
+    running_.push_back({QApplication::activeModalWidget(), QApplication::activePopupWidget(), false});
+    watch_.start(kWatchMilliseconds);
+    const std::optional<QStringList> words = splitWords(line);
+    const Answer given = !words || words->isEmpty() ? Answer::failed(QStringLiteral("the line is no command"))
+                                                    : execute_(*words);
+    if (!running_.back().answered) answer(given);
+    running_.pop_back();
+    if (running_.empty()) watch_.stop();
+    next_.start(0);
+}
+
+void CommandServer::watchForNewWindow() {
+    if (running_.empty() || running_.back().answered) return;
+    const Running& current = running_.back();
+    QWidget* modal = QApplication::activeModalWidget();
+    QWidget* popup = QApplication::activePopupWidget();
+    const bool newModal = modal != nullptr && modal != current.modal && modal->isVisible();
+    const bool newPopup = popup != nullptr && popup != current.popup && popup->isVisible();
+    if (newModal || newPopup) answer({});
+}
+
+void CommandServer::answer(const Answer& given) {
+    QJsonObject object = given.members;
+    object.insert(QStringLiteral("ok"), given.error.isEmpty());
+    if (!given.error.isEmpty()) object.insert(QStringLiteral("error"), given.error);
+    running_.back().answered = true;
+    writeAll(output_, QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n');
+    next_.start(0);
+}
+
+}  // namespace drive

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QByteArray>
+#include <QJsonObject>
+#include <QObject>
+#include <QPointer>
+#include <QSocketNotifier>
+#include <QStringList>
+#include <QTimer>
+#include <deque>
+#include <functional>
+#include <optional>
+#include <vector>
+
+namespace drive {
+
+/// What a command answers: {"ok":true,...} with these members, or {"ok":false,"error":...}.
+struct Answer {
+    QJsonObject members;
+    QString error;  ///< empty: the command succeeded
+
+    static Answer failed(const QString& why) { return {{}, why}; }
+};
+
+/// Reads commands from a descriptor, one a line, and answers each with one line of JSON as soon as its effect has
+/// happened. A command that opens a modal dialog, a message box or a menu does not return before that is closed; it
+/// is answered when the new window stands, and the commands that follow run in the window's own event loop. GUI
+/// thread.
+class CommandServer : public QObject {
+    Q_OBJECT
+
+public:
+    using Execute = std::function<Answer(const QStringList& words)>;
+
+    CommandServer(int inputDescriptor, int outputDescriptor, Execute execute, QObject* parent = nullptr);
+
+Q_SIGNALS:
+    /// The input has ended and the last command was answered.
+    void InputEnded();
+
+private:
+    /// A command that is being executed, with what was on the screen when it began.
+    struct Running {
+        QPointer<QWidget> modal;
+        QPointer<QWidget> popup;
+        bool answered = false;
+    };
+
+    void readInput();
+    void executeNext();
+    void watchForNewWindow();
+    void answer(const Answer& given);
+
+    int output_;
+    Execute execute_;
+    QSocketNotifier notifier_;
+    QTimer next_;
+    QTimer watch_;
+    QByteArray buffer_;
+    std::deque<QByteArray> lines_;
+    std::vector<Running> running_;
+    bool ended_ = false;
+};
+
+}  // namespace drive
