@@ -38,7 +38,8 @@ QString privateRoot() {
     return QStringLiteral("/tagwright-language-%1").arg(next++);
 }
 
-MenuEntry readEntry(QXmlStreamReader& xml) {
+// An entry without a text of its own says what its command's string says.
+MenuEntry readEntry(QXmlStreamReader& xml, const QHash<int, QString>& texts) {
     MenuEntry entry;
     if (xml.name() == u"separator") {
         xml.skipCurrentElement();
@@ -46,7 +47,8 @@ MenuEntry readEntry(QXmlStreamReader& xml) {
     }
     entry.commandId = xml.attributes().value(QLatin1StringView("command")).toInt();
     entry.text = xml.attributes().value(QLatin1StringView("text")).toString();
-    while (xml.readNextStartElement()) entry.children.push_back(readEntry(xml));
+    if (entry.text.isEmpty()) entry.text = texts.value(entry.commandId);
+    while (xml.readNextStartElement()) entry.children.push_back(readEntry(xml, texts));
     return entry;
 }
 
@@ -113,7 +115,7 @@ bool LanguageFile::readMenus() {
     while (xml.readNextStartElement()) {
         const int number = xml.attributes().value(QLatin1StringView("number")).toInt();
         std::vector<MenuEntry> entries;
-        while (xml.readNextStartElement()) entries.push_back(readEntry(xml));
+        while (xml.readNextStartElement()) entries.push_back(readEntry(xml, texts_));
         menus_.insert(number, entries);
     }
     return !xml.hasError();

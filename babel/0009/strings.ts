@@ -1,0 +1,463 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name></name>
+    <message id="6">
+        <source>Help</source>
+        <translation></translation>
+    </message>
+    <message id="8">
+        <source>Folder tree</source>
+        <translation></translation>
+    </message>
+    <message id="9">
+        <source>Status bar</source>
+        <translation></translation>
+    </message>
+    <message id="10">
+        <source>Quick view</source>
+        <translation></translation>
+    </message>
+    <message id="12">
+        <source>Details</source>
+        <translation></translation>
+    </message>
+    <message id="13">
+        <source>Tiles</source>
+        <translation></translation>
+    </message>
+    <message id="14">
+        <source>Thumbnails</source>
+        <translation></translation>
+    </message>
+    <message id="15">
+        <source>Jumbo</source>
+        <translation></translation>
+    </message>
+    <message id="17">
+        <source>Metadata</source>
+        <translation></translation>
+    </message>
+    <message id="18">
+        <source>Map</source>
+        <translation></translation>
+    </message>
+    <message id="19">
+        <source>Hex dump</source>
+        <translation></translation>
+    </message>
+    <message id="20">
+        <source>Help panel</source>
+        <translation></translation>
+    </message>
+    <message id="165">
+        <source>Delete the group "%s" ...</source>
+        <translation></translation>
+    </message>
+    <message id="166">
+        <source>Delete this tag ...</source>
+        <translation></translation>
+    </message>
+    <message id="167">
+        <source>Remove this group from the selected files ...</source>
+        <translation></translation>
+    </message>
+    <message id="168">
+        <source>Remove several groups ...</source>
+        <translation></translation>
+    </message>
+    <message id="224">
+        <source>No file is ticked.</source>
+        <translation></translation>
+    </message>
+    <message id="225">
+        <source>Type the arguments first.</source>
+        <translation></translation>
+    </message>
+    <message id="234">
+        <source>Size of the folder</source>
+        <translation></translation>
+    </message>
+    <message id="245">
+        <source>Open folder</source>
+        <translation></translation>
+    </message>
+    <message id="246">
+        <source>Select none</source>
+        <translation></translation>
+    </message>
+    <message id="247">
+        <source>Go to the list</source>
+        <translation></translation>
+    </message>
+    <message id="248">
+        <source>Refresh</source>
+        <translation></translation>
+    </message>
+    <message id="264">
+        <source>Unspecified</source>
+        <translation></translation>
+    </message>
+    <message id="265">
+        <source>Done. ExifTool had nothing to report.</source>
+        <translation></translation>
+    </message>
+    <message id="279">
+        <source>Columns ...</source>
+        <translation></translation>
+    </message>
+    <message id="284">
+        <source>About Tagwright</source>
+        <translation></translation>
+    </message>
+    <message id="298">
+        <source>Tiles ...</source>
+        <translation></translation>
+    </message>
+    <message id="299">
+        <source>Map ...</source>
+        <translation></translation>
+    </message>
+    <message id="302">
+        <source>Metadata panel ...</source>
+        <translation></translation>
+    </message>
+    <message id="360">
+        <source>Folder</source>
+        <translation></translation>
+    </message>
+    <message id="361">
+        <source>Other</source>
+        <translation></translation>
+    </message>
+    <message id="461">
+        <source>Tag</source>
+        <translation></translation>
+    </message>
+    <message id="474">
+        <source>Value</source>
+        <translation></translation>
+    </message>
+    <message id="478">
+        <source>Value</source>
+        <translation></translation>
+    </message>
+    <message id="480">
+        <source>Group</source>
+        <translation></translation>
+    </message>
+    <message id="481">
+        <source>Group</source>
+        <translation></translation>
+    </message>
+    <message id="809">
+        <source>selected</source>
+        <translation></translation>
+    </message>
+    <message id="810">
+        <source>free</source>
+        <translation></translation>
+    </message>
+    <message id="900">
+        <source>File</source>
+        <translation></translation>
+    </message>
+    <message id="902">
+        <source>Files</source>
+        <translation></translation>
+    </message>
+    <message id="905">
+        <source>Size</source>
+        <translation></translation>
+    </message>
+    <message id="907">
+        <source>Folders</source>
+        <translation></translation>
+    </message>
+    <message id="938">
+        <source>File with tags:</source>
+        <translation></translation>
+    </message>
+    <message id="939">
+        <source>item</source>
+        <translation></translation>
+    </message>
+    <message id="940">
+        <source>items</source>
+        <translation></translation>
+    </message>
+    <message id="1829">
+        <source>Add tags to this group ...</source>
+        <translation></translation>
+    </message>
+    <message id="1830">
+        <source>Remove tags of this group ...</source>
+        <translation></translation>
+    </message>
+    <message id="1831">
+        <source>Add a tag ...</source>
+        <translation></translation>
+    </message>
+    <message id="2049">
+        <source>Rating:</source>
+        <translation></translation>
+    </message>
+    <message id="2050">
+        <source>Kind</source>
+        <translation></translation>
+    </message>
+    <message id="2118">
+        <source>Computer</source>
+        <translation></translation>
+    </message>
+    <message id="2119">
+        <source>Trash</source>
+        <translation></translation>
+    </message>
+    <message id="2154">
+        <source>Choose the destination folder</source>
+        <translation></translation>
+    </message>
+    <message id="2182">
+        <source>Choose a file with tags</source>
+        <translation></translation>
+    </message>
+    <message id="5033">
+        <source>Back</source>
+        <translation></translation>
+    </message>
+    <message id="5034">
+        <source>Forward</source>
+        <translation></translation>
+    </message>
+    <message id="5035">
+        <source>Up</source>
+        <translation></translation>
+    </message>
+    <message id="5037">
+        <source>Select none</source>
+        <translation></translation>
+    </message>
+    <message id="5040">
+        <source>Check boxes</source>
+        <translation></translation>
+    </message>
+    <message id="5050">
+        <source>Smart details</source>
+        <translation></translation>
+    </message>
+    <message id="5052">
+        <source>Invert selection</source>
+        <translation></translation>
+    </message>
+    <message id="8003">
+        <source>Clear the panel</source>
+        <translation></translation>
+    </message>
+    <message id="8056">
+        <source>Read again</source>
+        <translation></translation>
+    </message>
+    <message id="8175">
+        <source>folder selected</source>
+        <translation></translation>
+    </message>
+    <message id="8176">
+        <source>folders selected</source>
+        <translation></translation>
+    </message>
+    <message id="8177">
+        <source>file selected</source>
+        <translation></translation>
+    </message>
+    <message id="8178">
+        <source>files selected</source>
+        <translation></translation>
+    </message>
+    <message id="8183">
+        <source>items</source>
+        <translation></translation>
+    </message>
+    <message id="10004">
+        <source>HTML dump</source>
+        <translation></translation>
+    </message>
+    <message id="10007">
+        <source>Verbose dump</source>
+        <translation></translation>
+    </message>
+    <message id="40012">
+        <source>Open</source>
+        <translation></translation>
+    </message>
+    <message id="40074">
+        <source>Select all</source>
+        <translation></translation>
+    </message>
+    <message id="40075">
+        <source>Invert selection</source>
+        <translation></translation>
+    </message>
+    <message id="40076">
+        <source>Select none</source>
+        <translation></translation>
+    </message>
+    <message id="40089">
+        <source>Ascending</source>
+        <translation></translation>
+    </message>
+    <message id="40090">
+        <source>Descending</source>
+        <translation></translation>
+    </message>
+    <message id="40092">
+        <source>Exit</source>
+        <translation></translation>
+    </message>
+    <message id="40106">
+        <source>Hidden files</source>
+        <translation></translation>
+    </message>
+    <message id="40107">
+        <source>Refresh</source>
+        <translation></translation>
+    </message>
+    <message id="40110">
+        <source>Restart</source>
+        <translation></translation>
+    </message>
+    <message id="40115">
+        <source>Back</source>
+        <translation></translation>
+    </message>
+    <message id="40116">
+        <source>Forward</source>
+        <translation></translation>
+    </message>
+    <message id="40117">
+        <source>Up</source>
+        <translation></translation>
+    </message>
+    <message id="50001">
+        <source>Sort by name</source>
+        <translation></translation>
+    </message>
+    <message id="50002">
+        <source>Sort by date modified</source>
+        <translation></translation>
+    </message>
+    <message id="50003">
+        <source>Sort by size</source>
+        <translation></translation>
+    </message>
+    <message id="50004">
+        <source>Sort by type</source>
+        <translation></translation>
+    </message>
+    <message id="50101">
+        <source>Group by name</source>
+        <translation></translation>
+    </message>
+    <message id="50102">
+        <source>Group by date modified</source>
+        <translation></translation>
+    </message>
+    <message id="50103">
+        <source>Group by size</source>
+        <translation></translation>
+    </message>
+    <message id="50104">
+        <source>Group by type</source>
+        <translation></translation>
+    </message>
+    <message id="70304">
+        <source>ExifTool ...</source>
+        <translation></translation>
+    </message>
+    <message id="70305">
+        <source>FFmpeg ...</source>
+        <translation></translation>
+    </message>
+    <message id="70306">
+        <source>ImageMagick ...</source>
+        <translation></translation>
+    </message>
+    <message id="70307">
+        <source>Dark mode ...</source>
+        <translation></translation>
+    </message>
+    <message id="70501">
+        <source>Click a file to read its tags</source>
+        <translation></translation>
+    </message>
+    <message id="70502">
+        <source>This folder is empty</source>
+        <translation></translation>
+    </message>
+    <message id="70503">
+        <source>Metadata</source>
+        <translation></translation>
+    </message>
+    <message id="70504">
+        <source>Map</source>
+        <translation></translation>
+    </message>
+    <message id="70505">
+        <source>Hex dump</source>
+        <translation></translation>
+    </message>
+    <message id="70506">
+        <source>Help</source>
+        <translation></translation>
+    </message>
+    <message id="70507">
+        <source>Folders</source>
+        <translation></translation>
+    </message>
+    <message id="70508">
+        <source>Type a folder and press Enter</source>
+        <translation></translation>
+    </message>
+    <message id="70509">
+        <source>The folder %s cannot be read: %s</source>
+        <translation></translation>
+    </message>
+    <message id="70510">
+        <source>Select a file first.</source>
+        <translation></translation>
+    </message>
+    <message id="70511">
+        <source>ExifTool found no tags that this panel shows</source>
+        <translation></translation>
+    </message>
+    <message id="70512">
+        <source>Copy</source>
+        <translation></translation>
+    </message>
+    <message id="70513">
+        <source>The settings could not be saved: %s</source>
+        <translation></translation>
+    </message>
+    <message id="70514">
+        <source>Version %s</source>
+        <translation></translation>
+    </message>
+    <message id="70515">
+        <source>ExifTool: %s</source>
+        <translation></translation>
+    </message>
+    <message id="70516">
+        <source>Expand all groups</source>
+        <translation></translation>
+    </message>
+    <message id="70517">
+        <source>Collapse all groups</source>
+        <translation></translation>
+    </message>
+    <message id="70518">
+        <source>The folder %s is gone.</source>
+        <translation></translation>
+    </message>
+</context>
+</TS>
