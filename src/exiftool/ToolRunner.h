@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppContext.h"
+#include "platform/CommandInterpreter.h"
 #include "platform/CommandText.h"
 
 #include <chrono>
@@ -10,7 +11,7 @@
 namespace exiftool {
 
 /// Asked about every 20 ms on the calling thread while a tool runs; may repaint. False ends the child.
-using KeepWaiting = std::function<bool(std::chrono::milliseconds sinceStart)>;
+using KeepWaiting = platform::KeepWaiting;
 
 /// The one way to run a tool: write the line into a batch file of the temp folder, run it, wait for its end.
 /// What comes back stands in the files that the line's redirections name; no exit code is looked at. Blocks
@@ -23,20 +24,26 @@ class ToolRunner {
     void setKeepWaiting(KeepWaiting keepWaiting);
 
     /// True when the last run was ended by the KeepWaiting answer.
-    bool wasStopped() const;
+    bool wasStopped() const { return outcome_.wasStopped(); }
 
-    /// Writes <temp>/Metadata.bat, runs it and leaves it there. 1 when the run happened, else 0.
+    /// What became of the last run's lines, for those who want to tell more than 1 or 0. Empty when the batch
+    /// file could not be written.
+    const platform::CommandOutcome& lastOutcome() const { return outcome_; }
+
+    /// Writes <temp>/Metadata.bat, runs it and leaves it there. 1 when the run happened, else 0: when the
+    /// batch file cannot be written, a redirection's file cannot be opened, the tool is missing or no
+    /// program, or the wait was stopped. How the tool ended does not matter.
     int RunToolLine(const platform::CommandText& command);
 
-    /// Writes the batch file, runs it and deletes it. 1 when it was written and run, else 0.
+    /// Writes the batch file, runs it and deletes it in either case. The same answer.
     int RunBatchFile(const std::filesystem::path& batchFile, const platform::CommandText& command);
 
  private:
-    int run(const platform::CommandText& command);
+    int run(const std::filesystem::path& batchFile, const platform::CommandText& command);
 
     const app::AppContext& context_;
     KeepWaiting keepWaiting_;
-    bool wasStopped_ = false;
+    platform::CommandOutcome outcome_;
 };
 
 }  // namespace exiftool

@@ -1,0 +1,117 @@
+#include "exiftool/ReadCommands.h"
+
+#include "platform/AtomicFile.h"
+#include "platform/Text.h"
+
+#include <array>
+#include <fstream>
+
+namespace exiftool {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* kBatchExtension = ".bat";
+constexpr std::size_t kLongestFileName = 255;
+/// The reader of one value keeps one byte of its buffer for a closing zero.
+constexpr std::size_t kLongestValue = 255;
+const QString kReady = QStringLiteral("Ready");
+
+/// The batch file carries the base name of the file that is read; a base name that leaves no room for the
+/// extension comes out empty.
+std::string batchFileName(const fs::path& file) {
+    std::string base = file.filename().native();
+    base.resize(std::min(base.rfind('.'), base.size()));
+    if (base.size() + std::string_view(kBatchExtension).size() > kLongestFileName) base.clear();
+    return base + kBatchExtension;
+}
+
+class Waiting {
+ public:
+    explicit Waiting(ReadFeedback& feedback) : feedback_(feedback) { feedback_.BeginWait(); }
+    ~Waiting() { feedback_.EndWait(); }
+    Waiting(const Waiting&) = delete;
+    Waiting& operator=(const Waiting&) = delete;
+
+ private:
+    ReadFeedback& feedback_;
+};
+
+QString readingText(const fs::path& file) {
+    return QStringLiteral("Reading ") + platform::display(file);
+}
+
+}  // namespace
+
+ReadCommands::ReadCommands(const app::AppContext& context, ToolRunner& runner, ReadFeedback& feedback)
+    : context_(context), runner_(runner), feedback_(feedback) {}
+
+int ReadCommands::RunNamedAfter(const fs::path& file, const platform::CommandText& command) {
+    if (runner_.RunBatchFile(context_.tempPath / batchFileName(file), command) == 1) return 1;
+    feedback_.ShowStatus(kReady);
+    return 0;
+}
+
+int ReadCommands::ReadForPanel(const fs::path& file, const fs::path& output, bool showStatus) {
+    if (file.empty()) return 0;
+    const Waiting waiting(feedback_);
+    if (showStatus) feedback_.ShowStatus(readingText(file));
+    return RunNamedAfter(file, PanelReadCommand(context_, file, output));
+}
+
+int ReadCommands::ReadGroupAll(const fs::path& file, const fs::path& output, std::string_view groupName) {
+    if (file.empty()) return 0;
+    return RunNamedAfter(file, GroupAllCommand(context_, file, output, groupName));
+}
+
+int ReadCommands::ReadCategory(const fs::path& file, const fs::path& output, int categoryId) {
+    if (file.empty()) return 0;
+    const Waiting waiting(feedback_);
+    feedback_.ShowStatus(readingText(file));
+    return RunNamedAfter(file, CategoryCommand(context_, file, output, categoryId));
+}
+
+QString ReadCommands::ReadOneValue(const fs::path& file, std::string_view tagName, bool numeric) {
+    if (file.empty()) return {};
+    // No separator: the answer lies beside the temp folder.
+    fs::path output = context_.tempPath;
+    output += "Metadata.txt";
+    if (runner_.RunToolLine(OneValueCommand(context_, file, output, tagName, numeric)) == 0) return {};
+    std::ifstream stream(output, std::ios::binary);
+    std::string line;
+    std::getline(stream, line);
+    const std::size_t colon = line.find(':');
+    if (colon == std::string::npos || colon + 2 > line.size()) return {};
+    std::string value = line.substr(colon + 2, kLongestValue);
+    const std::size_t end = value.find('\r');
+    // The designed reader takes only a line that ends in CR, and here none does.
+    if (end == std::string::npos && !context_.settings.exifTool.correctedCommands) return {};
+    value.resize(std::min(end, value.size()));
+    return platform::wide(value);
+}
+
+int ReadCommands::ReadGpsPosition(const fs::path& file, const fs::path& output) {
+    if (file.empty()) return 0;
+    return runner_.RunBatchFile(context_.tempPath / "MetaData.bat",
+                                GpsPositionCommand(context_, file, output));
+}
+
+int ReadCommands::DumpHtml(const fs::path& file, const fs::path& output) {
+    if (file.empty()) return 0;
+    const Waiting waiting(feedback_);
+    return runner_.RunToolLine(DumpHtmlCommand(context_, file, output));
+}
+
+int ReadCommands::DumpVerbose(const fs::path& file, const fs::path& output) {
+    if (file.empty()) return 0;
+    return runner_.RunToolLine(DumpVerboseCommand(context_, file, output));
+}
+
+int ReadCommands::ExportValues(const platform::CommandText& fileArgument, const platform::CommandText& output,
+                               const platform::CommandText& extraArguments) {
+    return runner_.RunBatchFile(context_.tempPath / "Metadata.bat",
+                                ExportValuesCommand(context_, fileArgument, output, extraArguments));
+}
+
+}  // namespace exiftool
