@@ -1,0 +1,1684 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<!-- The texts of the ribbon. The sentence that the tool tip of text N says beside it has the number 100000 + N. -->
+<TS version="2.1" language="en" sourcelanguage="en">
+<context>
+    <name></name>
+    <message id="6">
+        <source>Help</source>
+        <translation></translation>
+    </message>
+    <message id="8">
+        <source>Folders</source>
+        <translation></translation>
+    </message>
+    <message id="9">
+        <source>Status bar</source>
+        <translation></translation>
+    </message>
+    <message id="10">
+        <source>Quick view</source>
+        <translation></translation>
+    </message>
+    <message id="12">
+        <source>Details</source>
+        <translation></translation>
+    </message>
+    <message id="13">
+        <source>Tiles</source>
+        <translation></translation>
+    </message>
+    <message id="14">
+        <source>Thumbnails</source>
+        <translation></translation>
+    </message>
+    <message id="15">
+        <source>Jumbo</source>
+        <translation></translation>
+    </message>
+    <message id="17">
+        <source>Metadata</source>
+        <translation></translation>
+    </message>
+    <message id="18">
+        <source>GPS map</source>
+        <translation></translation>
+    </message>
+    <message id="19">
+        <source>Hex dump</source>
+        <translation></translation>
+    </message>
+    <message id="20">
+        <source>Help</source>
+        <translation></translation>
+    </message>
+    <message id="22">
+        <source>Modify EXIF</source>
+        <translation></translation>
+    </message>
+    <message id="23">
+        <source>IFD0 (image)</source>
+        <translation></translation>
+    </message>
+    <message id="24">
+        <source>IFD1 (thumbnail)</source>
+        <translation></translation>
+    </message>
+    <message id="25">
+        <source>IFD2</source>
+        <translation></translation>
+    </message>
+    <message id="26">
+        <source>InteropIFD</source>
+        <translation></translation>
+    </message>
+    <message id="27">
+        <source>SubIFD</source>
+        <translation></translation>
+    </message>
+    <message id="28">
+        <source>SubIFD1</source>
+        <translation></translation>
+    </message>
+    <message id="29">
+        <source>SubIFD2</source>
+        <translation></translation>
+    </message>
+    <message id="30">
+        <source>ExifIFD (photo)</source>
+        <translation></translation>
+    </message>
+    <message id="31">
+        <source>Modify IPTC</source>
+        <translation></translation>
+    </message>
+    <message id="32">
+        <source>Application record</source>
+        <translation></translation>
+    </message>
+    <message id="33">
+        <source>Envelope record</source>
+        <translation></translation>
+    </message>
+    <message id="34">
+        <source>NewsPhoto record</source>
+        <translation></translation>
+    </message>
+    <message id="35">
+        <source>Modify XMP</source>
+        <translation></translation>
+    </message>
+    <message id="36">
+        <source>XMP (all)</source>
+        <translation></translation>
+    </message>
+    <message id="57">
+        <source>XMP-aas</source>
+        <translation></translation>
+    </message>
+    <message id="58">
+        <source>XMP-acdsee</source>
+        <translation></translation>
+    </message>
+    <message id="59">
+        <source>XMP-album</source>
+        <translation></translation>
+    </message>
+    <message id="60">
+        <source>XMP-AnalogExif</source>
+        <translation></translation>
+    </message>
+    <message id="61">
+        <source>XMP-APDI</source>
+        <translation></translation>
+    </message>
+    <message id="62">
+        <source>XMP-AppleFI</source>
+        <translation></translation>
+    </message>
+    <message id="63">
+        <source>XMP-art</source>
+        <translation></translation>
+    </message>
+    <message id="64">
+        <source>XMP-attr</source>
+        <translation></translation>
+    </message>
+    <message id="65">
+        <source>XMP-aux</source>
+        <translation></translation>
+    </message>
+    <message id="66">
+        <source>XMP-xmpBJ</source>
+        <translation></translation>
+    </message>
+    <message id="67">
+        <source>XMP-Camera</source>
+        <translation></translation>
+    </message>
+    <message id="68">
+        <source>XMP-Camera_1_</source>
+        <translation></translation>
+    </message>
+    <message id="69">
+        <source>XMP-Cc</source>
+        <translation></translation>
+    </message>
+    <message id="70">
+        <source>XMP-Cell</source>
+        <translation></translation>
+    </message>
+    <message id="71">
+        <source>XMP-Claro</source>
+        <translation></translation>
+    </message>
+    <message id="72">
+        <source>XMP-Crd</source>
+        <translation></translation>
+    </message>
+    <message id="73">
+        <source>XMP-CreatorAtom</source>
+        <translation></translation>
+    </message>
+    <message id="74">
+        <source>XMP-crs</source>
+        <translation></translation>
+    </message>
+    <message id="75">
+        <source>XMP-dc</source>
+        <translation></translation>
+    </message>
+    <message id="76">
+        <source>XMP-DepthBlueEffect</source>
+        <translation></translation>
+    </message>
+    <message id="77">
+        <source>XMP-DepthData</source>
+        <translation></translation>
+    </message>
+    <message id="78">
+        <source>XMP-Dex</source>
+        <translation></translation>
+    </message>
+    <message id="79">
+        <source>XMP-Dicom</source>
+        <translation></translation>
+    </message>
+    <message id="80">
+        <source>XMP-Digikam</source>
+        <translation></translation>
+    </message>
+    <message id="81">
+        <source>XMP-Drone-Dji</source>
+        <translation></translation>
+    </message>
+    <message id="82">
+        <source>XMP-Drone-Parrot</source>
+        <translation></translation>
+    </message>
+    <message id="83">
+        <source>XMP-Dwc</source>
+        <translation></translation>
+    </message>
+    <message id="84">
+        <source>XMP-exif</source>
+        <translation></translation>
+    </message>
+    <message id="85">
+        <source>XMP-exifEX</source>
+        <translation></translation>
+    </message>
+    <message id="86">
+        <source>XMP-expressionmedia</source>
+        <translation></translation>
+    </message>
+    <message id="87">
+        <source>XMP-extensis</source>
+        <translation></translation>
+    </message>
+    <message id="88">
+        <source>XMP-fpv</source>
+        <translation></translation>
+    </message>
+    <message id="89">
+        <source>XMP-GAudio</source>
+        <translation></translation>
+    </message>
+    <message id="90">
+        <source>XMP-GCamera</source>
+        <translation></translation>
+    </message>
+    <message id="91">
+        <source>XMP-GCreations</source>
+        <translation></translation>
+    </message>
+    <message id="92">
+        <source>XMP-GDepth</source>
+        <translation></translation>
+    </message>
+    <message id="93">
+        <source>XMP-Getty</source>
+        <translation></translation>
+    </message>
+    <message id="94">
+        <source>XMP-GFocus</source>
+        <translation></translation>
+    </message>
+    <message id="95">
+        <source>XMP-GImage</source>
+        <translation></translation>
+    </message>
+    <message id="96">
+        <source>XMP-Gml</source>
+        <translation></translation>
+    </message>
+    <message id="97">
+        <source>XMP-GPano</source>
+        <translation></translation>
+    </message>
+    <message id="98">
+        <source>XMP-GSpherical</source>
+        <translation></translation>
+    </message>
+    <message id="99">
+        <source>XMP-ics</source>
+        <translation></translation>
+    </message>
+    <message id="100">
+        <source>XMP-idpriv</source>
+        <translation></translation>
+    </message>
+    <message id="101">
+        <source>XMP-illustrator</source>
+        <translation></translation>
+    </message>
+    <message id="102">
+        <source>XMP-iptcCore</source>
+        <translation></translation>
+    </message>
+    <message id="103">
+        <source>XMP-iptcExt</source>
+        <translation></translation>
+    </message>
+    <message id="104">
+        <source>XMP-leaf</source>
+        <translation></translation>
+    </message>
+    <message id="105">
+        <source>XMP-lfaschema</source>
+        <translation></translation>
+    </message>
+    <message id="106">
+        <source>XMP-lightroom</source>
+        <translation></translation>
+    </message>
+    <message id="108">
+        <source>XMP-mets</source>
+        <translation></translation>
+    </message>
+    <message id="109">
+        <source>XMP-mediapro</source>
+        <translation></translation>
+    </message>
+    <message id="110">
+        <source>XMP-microsoft</source>
+        <translation></translation>
+    </message>
+    <message id="111">
+        <source>XMP-mp1</source>
+        <translation></translation>
+    </message>
+    <message id="112">
+        <source>XMP-Mp</source>
+        <translation></translation>
+    </message>
+    <message id="113">
+        <source>XMP-mwg-rs</source>
+        <translation></translation>
+    </message>
+    <message id="114">
+        <source>XMP-opmedia</source>
+        <translation></translation>
+    </message>
+    <message id="115">
+        <source>XMP-pdf</source>
+        <translation></translation>
+    </message>
+    <message id="116">
+        <source>XMP-pdfx</source>
+        <translation></translation>
+    </message>
+    <message id="117">
+        <source>XMP-photomech</source>
+        <translation></translation>
+    </message>
+    <message id="118">
+        <source>XMP-photoshop</source>
+        <translation></translation>
+    </message>
+    <message id="119">
+        <source>XMP-pixellive</source>
+        <translation></translation>
+    </message>
+    <message id="120">
+        <source>XMP-plus</source>
+        <translation></translation>
+    </message>
+    <message id="121">
+        <source>XMP-pmtm-1</source>
+        <translation></translation>
+    </message>
+    <message id="122">
+        <source>XMP-prism</source>
+        <translation></translation>
+    </message>
+    <message id="123">
+        <source>XMP-rdf</source>
+        <translation></translation>
+    </message>
+    <message id="124">
+        <source>XMP-silverfast</source>
+        <translation></translation>
+    </message>
+    <message id="125">
+        <source>XMP-subversion</source>
+        <translation></translation>
+    </message>
+    <message id="126">
+        <source>XMP-swf</source>
+        <translation></translation>
+    </message>
+    <message id="127">
+        <source>XMP-tiff</source>
+        <translation></translation>
+    </message>
+    <message id="129">
+        <source>XMP-vrae</source>
+        <translation></translation>
+    </message>
+    <message id="130">
+        <source>XMP-webdam</source>
+        <translation></translation>
+    </message>
+    <message id="131">
+        <source>XMP-x</source>
+        <translation></translation>
+    </message>
+    <message id="132">
+        <source>XMP-xmp</source>
+        <translation></translation>
+    </message>
+    <message id="133">
+        <source>XMP-xmpDM</source>
+        <translation></translation>
+    </message>
+    <message id="134">
+        <source>XMP-xmpNote</source>
+        <translation></translation>
+    </message>
+    <message id="135">
+        <source>XMP-xmpMM</source>
+        <translation></translation>
+    </message>
+    <message id="136">
+        <source>XMP-xmpRights</source>
+        <translation></translation>
+    </message>
+    <message id="137">
+        <source>XMP-xmpTpg</source>
+        <translation></translation>
+    </message>
+    <message id="138">
+        <source>XMP-xmpXs</source>
+        <translation></translation>
+    </message>
+    <message id="139">
+        <source>XMP-xmpXsd</source>
+        <translation></translation>
+    </message>
+    <message id="140">
+        <source>XMP-xmpXsi</source>
+        <translation></translation>
+    </message>
+    <message id="141">
+        <source>XMP-xmpXsl</source>
+        <translation></translation>
+    </message>
+    <message id="142">
+        <source>GPS</source>
+        <translation></translation>
+    </message>
+    <message id="146">
+        <source>Comment</source>
+        <translation></translation>
+    </message>
+    <message id="147">
+        <source>From file...</source>
+        <translation></translation>
+    </message>
+    <message id="148">
+        <source>Remove...</source>
+        <translation></translation>
+    </message>
+    <message id="150">
+        <source>Copyright</source>
+        <translation></translation>
+    </message>
+    <message id="151">
+        <source>Remove copyright...</source>
+        <translation></translation>
+    </message>
+    <message id="152">
+        <source>Full copyright...</source>
+        <translation></translation>
+    </message>
+    <message id="154">
+        <source>Shift dates</source>
+        <translation></translation>
+    </message>
+    <message id="155">
+        <source>Reset...</source>
+        <translation></translation>
+    </message>
+    <message id="156">
+        <source>Set...</source>
+        <translation></translation>
+    </message>
+    <message id="157">
+        <source>File date</source>
+        <translation></translation>
+    </message>
+    <message id="159">
+        <source>Description</source>
+        <translation></translation>
+    </message>
+    <message id="160">
+        <source>Remove description...</source>
+        <translation></translation>
+    </message>
+    <message id="162">
+        <source>From CSV...</source>
+        <translation></translation>
+    </message>
+    <message id="163">
+        <source>Track log</source>
+        <translation></translation>
+    </message>
+    <message id="164">
+        <source>Remove...</source>
+        <translation></translation>
+    </message>
+    <message id="169">
+        <source>Rating...</source>
+        <translation></translation>
+    </message>
+    <message id="171">
+        <source>By date</source>
+        <translation></translation>
+    </message>
+    <message id="172">
+        <source>Shutter count</source>
+        <translation></translation>
+    </message>
+    <message id="173">
+        <source>Date and maker</source>
+        <translation></translation>
+    </message>
+    <message id="174">
+        <source>Date and model</source>
+        <translation></translation>
+    </message>
+    <message id="177">
+        <source>Remove tags</source>
+        <translation></translation>
+    </message>
+    <message id="178">
+        <source>Groups...</source>
+        <translation></translation>
+    </message>
+    <message id="180">
+        <source>Validate</source>
+        <translation></translation>
+    </message>
+    <message id="181">
+        <source>Validate fully</source>
+        <translation></translation>
+    </message>
+    <message id="183">
+        <source>Embed</source>
+        <translation></translation>
+    </message>
+    <message id="185">
+        <source>Remove</source>
+        <translation></translation>
+    </message>
+    <message id="187">
+        <source>Title</source>
+        <translation></translation>
+    </message>
+    <message id="188">
+        <source>Remove title...</source>
+        <translation></translation>
+    </message>
+    <message id="191">
+        <source>Any tag</source>
+        <translation></translation>
+    </message>
+    <message id="192">
+        <source>EXIF</source>
+        <translation></translation>
+    </message>
+    <message id="193">
+        <source>IPTC</source>
+        <translation></translation>
+    </message>
+    <message id="194">
+        <source>XMP</source>
+        <translation></translation>
+    </message>
+    <message id="195">
+        <source>GPS</source>
+        <translation></translation>
+    </message>
+    <message id="196">
+        <source>ICC</source>
+        <translation></translation>
+    </message>
+    <message id="197">
+        <source>Maker notes</source>
+        <translation></translation>
+    </message>
+    <message id="198">
+        <source>Composite</source>
+        <translation></translation>
+    </message>
+    <message id="199">
+        <source>File</source>
+        <translation></translation>
+    </message>
+    <message id="200">
+        <source>Audio and video</source>
+        <translation></translation>
+    </message>
+    <message id="201">
+        <source>Documents</source>
+        <translation></translation>
+    </message>
+    <message id="202">
+        <source>Others</source>
+        <translation></translation>
+    </message>
+    <message id="203">
+        <source>Find text</source>
+        <translation></translation>
+    </message>
+    <message id="204">
+        <source>Without tags...</source>
+        <translation></translation>
+    </message>
+    <message id="206">
+        <source>Export</source>
+        <translation></translation>
+    </message>
+    <message id="208">
+        <source>By set</source>
+        <translation></translation>
+    </message>
+    <message id="209">
+        <source>Create set...</source>
+        <translation></translation>
+    </message>
+    <message id="210">
+        <source>Delete sets...</source>
+        <translation></translation>
+    </message>
+    <message id="211">
+        <source>EXIF</source>
+        <translation></translation>
+    </message>
+    <message id="212">
+        <source>IPTC</source>
+        <translation></translation>
+    </message>
+    <message id="213">
+        <source>XMP</source>
+        <translation></translation>
+    </message>
+    <message id="214">
+        <source>GPS</source>
+        <translation></translation>
+    </message>
+    <message id="215">
+        <source>MakerNotes</source>
+        <translation></translation>
+    </message>
+    <message id="216">
+        <source>ICC profile</source>
+        <translation></translation>
+    </message>
+    <message id="217">
+        <source>Thumbnail</source>
+        <translation></translation>
+    </message>
+    <message id="219">
+        <source>EXIF</source>
+        <translation></translation>
+    </message>
+    <message id="220">
+        <source>IPTC</source>
+        <translation></translation>
+    </message>
+    <message id="221">
+        <source>XMP</source>
+        <translation></translation>
+    </message>
+    <message id="222">
+        <source>Anonymous CSV</source>
+        <translation></translation>
+    </message>
+    <message id="223">
+        <source>ICC profile</source>
+        <translation></translation>
+    </message>
+    <message id="226">
+        <source>Web rights...</source>
+        <translation></translation>
+    </message>
+    <message id="227">
+        <source>Watermark...</source>
+        <translation></translation>
+    </message>
+    <message id="228">
+        <source>MyBatch</source>
+        <translation></translation>
+    </message>
+    <message id="235">
+        <source>Documents</source>
+        <translation></translation>
+    </message>
+    <message id="236">
+        <source>Downloads</source>
+        <translation></translation>
+    </message>
+    <message id="237">
+        <source>Music</source>
+        <translation></translation>
+    </message>
+    <message id="238">
+        <source>Pictures</source>
+        <translation></translation>
+    </message>
+    <message id="239">
+        <source>Videos</source>
+        <translation></translation>
+    </message>
+    <message id="240">
+        <source>Home folder</source>
+        <translation></translation>
+    </message>
+    <message id="241">
+        <source>Computer</source>
+        <translation></translation>
+    </message>
+    <message id="242">
+        <source>Trash</source>
+        <translation></translation>
+    </message>
+    <message id="245">
+        <source>Open</source>
+        <translation></translation>
+    </message>
+    <message id="246">
+        <source>Select none</source>
+        <translation></translation>
+    </message>
+    <message id="248">
+        <source>Refresh</source>
+        <translation></translation>
+    </message>
+    <message id="279">
+        <source>Columns</source>
+        <translation></translation>
+    </message>
+    <message id="284">
+        <source>About</source>
+        <translation></translation>
+    </message>
+    <message id="298">
+        <source>Tile lines...</source>
+        <translation></translation>
+    </message>
+    <message id="299">
+        <source>GPS map...</source>
+        <translation></translation>
+    </message>
+    <message id="302">
+        <source>Tag list</source>
+        <translation></translation>
+    </message>
+    <message id="1819">
+        <source>Remove tags...</source>
+        <translation></translation>
+    </message>
+    <message id="1821">
+        <source>Remove group...</source>
+        <translation></translation>
+    </message>
+    <message id="1824">
+        <source>Add tags</source>
+        <translation></translation>
+    </message>
+    <message id="5033">
+        <source>Back</source>
+        <translation></translation>
+    </message>
+    <message id="5034">
+        <source>Forward</source>
+        <translation></translation>
+    </message>
+    <message id="5035">
+        <source>Up</source>
+        <translation></translation>
+    </message>
+    <message id="5038">
+        <source>Import set...</source>
+        <translation></translation>
+    </message>
+    <message id="5039">
+        <source>Export set...</source>
+        <translation></translation>
+    </message>
+    <message id="5040">
+        <source>Check boxes</source>
+        <translation></translation>
+    </message>
+    <message id="5041">
+        <source>Selected files...</source>
+        <translation></translation>
+    </message>
+    <message id="5050">
+        <source>Smart details</source>
+        <translation></translation>
+    </message>
+    <message id="10004">
+        <source>HTML dump</source>
+        <translation></translation>
+    </message>
+    <message id="10007">
+        <source>Text dump</source>
+        <translation></translation>
+    </message>
+    <message id="10044">
+        <source>Everything...</source>
+        <translation></translation>
+    </message>
+    <message id="10062">
+        <source>From a file...</source>
+        <translation></translation>
+    </message>
+    <message id="10065">
+        <source>Copy tags</source>
+        <translation></translation>
+    </message>
+    <message id="10066">
+        <source>EXIF</source>
+        <translation></translation>
+    </message>
+    <message id="10067">
+        <source>IPTC</source>
+        <translation></translation>
+    </message>
+    <message id="10068">
+        <source>XMP</source>
+        <translation></translation>
+    </message>
+    <message id="10069">
+        <source>ICC profile</source>
+        <translation></translation>
+    </message>
+    <message id="10071">
+        <source>GPS</source>
+        <translation></translation>
+    </message>
+    <message id="10072">
+        <source>All metadata</source>
+        <translation></translation>
+    </message>
+    <message id="30001">
+        <source>Web site</source>
+        <translation></translation>
+    </message>
+    <message id="40013">
+        <source>Open with...</source>
+        <translation></translation>
+    </message>
+    <message id="40014">
+        <source>Place on web</source>
+        <translation></translation>
+    </message>
+    <message id="40063">
+        <source>Copy</source>
+        <translation></translation>
+    </message>
+    <message id="40064">
+        <source>Rename</source>
+        <translation></translation>
+    </message>
+    <message id="40065">
+        <source>Properties</source>
+        <translation></translation>
+    </message>
+    <message id="40071">
+        <source>Paste</source>
+        <translation></translation>
+    </message>
+    <message id="40072">
+        <source>Copy to...</source>
+        <translation></translation>
+    </message>
+    <message id="40073">
+        <source>Move to...</source>
+        <translation></translation>
+    </message>
+    <message id="40074">
+        <source>Select all</source>
+        <translation></translation>
+    </message>
+    <message id="40075">
+        <source>Invert</source>
+        <translation></translation>
+    </message>
+    <message id="40089">
+        <source>Ascending</source>
+        <translation></translation>
+    </message>
+    <message id="40090">
+        <source>Descending</source>
+        <translation></translation>
+    </message>
+    <message id="40091">
+        <source>Cut</source>
+        <translation></translation>
+    </message>
+    <message id="40092">
+        <source>Quit</source>
+        <translation></translation>
+    </message>
+    <message id="40093">
+        <source>Undo</source>
+        <translation></translation>
+    </message>
+    <message id="40106">
+        <source>Auto arrange</source>
+        <translation></translation>
+    </message>
+    <message id="40110">
+        <source>Restart</source>
+        <translation></translation>
+    </message>
+    <message id="50001">
+        <source>Name</source>
+        <translation></translation>
+    </message>
+    <message id="50002">
+        <source>Date modified</source>
+        <translation></translation>
+    </message>
+    <message id="50003">
+        <source>Size</source>
+        <translation></translation>
+    </message>
+    <message id="50004">
+        <source>Type</source>
+        <translation></translation>
+    </message>
+    <message id="50013">
+        <source>Rating</source>
+        <translation></translation>
+    </message>
+    <message id="50021">
+        <source>Extension</source>
+        <translation></translation>
+    </message>
+    <message id="50022">
+        <source>Date created</source>
+        <translation></translation>
+    </message>
+    <message id="50024">
+        <source>Title</source>
+        <translation></translation>
+    </message>
+    <message id="50027">
+        <source>Keywords</source>
+        <translation></translation>
+    </message>
+    <message id="50029">
+        <source>Camera model</source>
+        <translation></translation>
+    </message>
+    <message id="50030">
+        <source>Date taken</source>
+        <translation></translation>
+    </message>
+    <message id="50031">
+        <source>Width</source>
+        <translation></translation>
+    </message>
+    <message id="50032">
+        <source>Height</source>
+        <translation></translation>
+    </message>
+    <message id="50037">
+        <source>Duration</source>
+        <translation></translation>
+    </message>
+    <message id="50101">
+        <source>Name</source>
+        <translation></translation>
+    </message>
+    <message id="50102">
+        <source>Date modified</source>
+        <translation></translation>
+    </message>
+    <message id="50103">
+        <source>Size</source>
+        <translation></translation>
+    </message>
+    <message id="50104">
+        <source>Type</source>
+        <translation></translation>
+    </message>
+    <message id="50113">
+        <source>Rating</source>
+        <translation></translation>
+    </message>
+    <message id="50121">
+        <source>Extension</source>
+        <translation></translation>
+    </message>
+    <message id="50122">
+        <source>Date created</source>
+        <translation></translation>
+    </message>
+    <message id="50124">
+        <source>Title</source>
+        <translation></translation>
+    </message>
+    <message id="50127">
+        <source>Keywords</source>
+        <translation></translation>
+    </message>
+    <message id="50129">
+        <source>Camera model</source>
+        <translation></translation>
+    </message>
+    <message id="50130">
+        <source>Date taken</source>
+        <translation></translation>
+    </message>
+    <message id="50131">
+        <source>Width</source>
+        <translation></translation>
+    </message>
+    <message id="50132">
+        <source>Height</source>
+        <translation></translation>
+    </message>
+    <message id="50137">
+        <source>Duration</source>
+        <translation></translation>
+    </message>
+    <message id="70012">
+        <source>Open file</source>
+        <translation></translation>
+    </message>
+    <message id="71166">
+        <source>Add keywords</source>
+        <translation></translation>
+    </message>
+    <message id="71167">
+        <source>From file...</source>
+        <translation></translation>
+    </message>
+    <message id="71168">
+        <source>Remove...</source>
+        <translation></translation>
+    </message>
+    <message id="71234">
+        <source>Desktop</source>
+        <translation></translation>
+    </message>
+    <message id="71304">
+        <source>ExifTool</source>
+        <translation></translation>
+    </message>
+    <message id="71305">
+        <source>FFmpeg...</source>
+        <translation></translation>
+    </message>
+    <message id="71306">
+        <source>ImageMagick...</source>
+        <translation></translation>
+    </message>
+    <message id="71307">
+        <source>Dark mode...</source>
+        <translation></translation>
+    </message>
+    <message id="72000">
+        <source>Show or hide the buttons</source>
+        <translation></translation>
+    </message>
+    <message id="72001">
+        <source>Home</source>
+        <translation></translation>
+    </message>
+    <message id="72002">
+        <source>View</source>
+        <translation></translation>
+    </message>
+    <message id="72003">
+        <source>Metadata</source>
+        <translation></translation>
+    </message>
+    <message id="72004">
+        <source>Batch</source>
+        <translation></translation>
+    </message>
+    <message id="72005">
+        <source>Export</source>
+        <translation></translation>
+    </message>
+    <message id="72006">
+        <source>Search</source>
+        <translation></translation>
+    </message>
+    <message id="72007">
+        <source>Setup</source>
+        <translation></translation>
+    </message>
+    <message id="72008">
+        <source>Help</source>
+        <translation></translation>
+    </message>
+    <message id="72101">
+        <source>Navigate</source>
+        <translation></translation>
+    </message>
+    <message id="72102">
+        <source>Open</source>
+        <translation></translation>
+    </message>
+    <message id="72103">
+        <source>Places</source>
+        <translation></translation>
+    </message>
+    <message id="72104">
+        <source>Clipboard</source>
+        <translation></translation>
+    </message>
+    <message id="72105">
+        <source>Organize</source>
+        <translation></translation>
+    </message>
+    <message id="72106">
+        <source>Select</source>
+        <translation></translation>
+    </message>
+    <message id="72107">
+        <source>File list</source>
+        <translation></translation>
+    </message>
+    <message id="72108">
+        <source>Right panel</source>
+        <translation></translation>
+    </message>
+    <message id="72109">
+        <source>Show</source>
+        <translation></translation>
+    </message>
+    <message id="72110">
+        <source>Columns</source>
+        <translation></translation>
+    </message>
+    <message id="72111">
+        <source>Arrange</source>
+        <translation></translation>
+    </message>
+    <message id="72112">
+        <source>Modify</source>
+        <translation></translation>
+    </message>
+    <message id="72113">
+        <source>Add tags</source>
+        <translation></translation>
+    </message>
+    <message id="72114">
+        <source>One file</source>
+        <translation></translation>
+    </message>
+    <message id="72115">
+        <source>Copy</source>
+        <translation></translation>
+    </message>
+    <message id="72116">
+        <source>Remove</source>
+        <translation></translation>
+    </message>
+    <message id="72117">
+        <source>Dump</source>
+        <translation></translation>
+    </message>
+    <message id="72118">
+        <source>Keywords</source>
+        <translation></translation>
+    </message>
+    <message id="72119">
+        <source>Texts</source>
+        <translation></translation>
+    </message>
+    <message id="72120">
+        <source>Dates</source>
+        <translation></translation>
+    </message>
+    <message id="72121">
+        <source>Geotag</source>
+        <translation></translation>
+    </message>
+    <message id="72122">
+        <source>Rename</source>
+        <translation></translation>
+    </message>
+    <message id="72123">
+        <source>Thumbnail</source>
+        <translation></translation>
+    </message>
+    <message id="72124">
+        <source>Check</source>
+        <translation></translation>
+    </message>
+    <message id="72125">
+        <source>Rights and own</source>
+        <translation></translation>
+    </message>
+    <message id="72126">
+        <source>Export metadata</source>
+        <translation></translation>
+    </message>
+    <message id="72127">
+        <source>Export sets</source>
+        <translation></translation>
+    </message>
+    <message id="72128">
+        <source>Embedded data</source>
+        <translation></translation>
+    </message>
+    <message id="72129">
+        <source>Import</source>
+        <translation></translation>
+    </message>
+    <message id="72130">
+        <source>Find</source>
+        <translation></translation>
+    </message>
+    <message id="72131">
+        <source>Find files with a tag</source>
+        <translation></translation>
+    </message>
+    <message id="72132">
+        <source>Look</source>
+        <translation></translation>
+    </message>
+    <message id="72133">
+        <source>Tools</source>
+        <translation></translation>
+    </message>
+    <message id="72134">
+        <source>Program</source>
+        <translation></translation>
+    </message>
+    <message id="72135">
+        <source>Help</source>
+        <translation></translation>
+    </message>
+    <message id="72301">
+        <source>Sort by</source>
+        <translation></translation>
+    </message>
+    <message id="72302">
+        <source>Group by</source>
+        <translation></translation>
+    </message>
+    <message id="72303">
+        <source>EXIF</source>
+        <translation></translation>
+    </message>
+    <message id="72304">
+        <source>IPTC</source>
+        <translation></translation>
+    </message>
+    <message id="72305">
+        <source>XMP</source>
+        <translation></translation>
+    </message>
+    <message id="72306">
+        <source>A to C</source>
+        <translation></translation>
+    </message>
+    <message id="72307">
+        <source>D to F</source>
+        <translation></translation>
+    </message>
+    <message id="72308">
+        <source>G to H</source>
+        <translation></translation>
+    </message>
+    <message id="72309">
+        <source>I to L</source>
+        <translation></translation>
+    </message>
+    <message id="72310">
+        <source>M to O</source>
+        <translation></translation>
+    </message>
+    <message id="72311">
+        <source>P to R</source>
+        <translation></translation>
+    </message>
+    <message id="72312">
+        <source>S to X</source>
+        <translation></translation>
+    </message>
+    <message id="72313">
+        <source>Family</source>
+        <translation></translation>
+    </message>
+    <message id="100006">
+        <source>Opens the help in the browser.</source>
+        <translation></translation>
+    </message>
+    <message id="100008">
+        <source>Shows the tree of folders at the left.</source>
+        <translation></translation>
+    </message>
+    <message id="100012">
+        <source>One line for each file, with columns.</source>
+        <translation></translation>
+    </message>
+    <message id="100013">
+        <source>A picture with lines of text for each file.</source>
+        <translation></translation>
+    </message>
+    <message id="100014">
+        <source>Pictures of the files.</source>
+        <translation></translation>
+    </message>
+    <message id="100015">
+        <source>Large pictures of the files.</source>
+        <translation></translation>
+    </message>
+    <message id="100017">
+        <source>Shows the tags of the selected file.</source>
+        <translation></translation>
+    </message>
+    <message id="100018">
+        <source>Shows where the selected file was taken.</source>
+        <translation></translation>
+    </message>
+    <message id="100019">
+        <source>Shows the bytes of the selected file.</source>
+        <translation></translation>
+    </message>
+    <message id="100020">
+        <source>Shows the help panel.</source>
+        <translation></translation>
+    </message>
+    <message id="100022">
+        <source>Changes the EXIF tags of the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100031">
+        <source>Changes the IPTC tags of the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100035">
+        <source>Changes the XMP tags of the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100142">
+        <source>Adds GPS tags to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100146">
+        <source>Adds a comment to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100150">
+        <source>Adds a copyright notice to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100154">
+        <source>Moves the dates of the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100155">
+        <source>Sets the dates back.</source>
+        <translation></translation>
+    </message>
+    <message id="100156">
+        <source>Sets date and time.</source>
+        <translation></translation>
+    </message>
+    <message id="100157">
+        <source>Sets the file date to the date of the photo.</source>
+        <translation></translation>
+    </message>
+    <message id="100159">
+        <source>Adds a description to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100162">
+        <source>Adds positions from a CSV file.</source>
+        <translation></translation>
+    </message>
+    <message id="100163">
+        <source>Adds positions from a track log.</source>
+        <translation></translation>
+    </message>
+    <message id="100164">
+        <source>Removes the positions.</source>
+        <translation></translation>
+    </message>
+    <message id="100169">
+        <source>Rates the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100171">
+        <source>Renames the selected files by their dates.</source>
+        <translation></translation>
+    </message>
+    <message id="100172">
+        <source>Renames by the shutter count.</source>
+        <translation></translation>
+    </message>
+    <message id="100173">
+        <source>Renames by date and camera maker.</source>
+        <translation></translation>
+    </message>
+    <message id="100174">
+        <source>Renames by date and camera model.</source>
+        <translation></translation>
+    </message>
+    <message id="100177">
+        <source>Removes chosen tags from the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100178">
+        <source>Removes chosen groups from the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100180">
+        <source>Checks the metadata of the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100181">
+        <source>Checks the metadata in every detail.</source>
+        <translation></translation>
+    </message>
+    <message id="100183">
+        <source>Embeds a thumbnail in the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100185">
+        <source>Removes the embedded thumbnails.</source>
+        <translation></translation>
+    </message>
+    <message id="100187">
+        <source>Adds a title to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100191">
+        <source>Finds files that hold chosen tags.</source>
+        <translation></translation>
+    </message>
+    <message id="100203">
+        <source>Finds a text in the metadata of the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100204">
+        <source>Finds files that lack tags.</source>
+        <translation></translation>
+    </message>
+    <message id="100206">
+        <source>Writes the metadata of the selected files to text files.</source>
+        <translation></translation>
+    </message>
+    <message id="100208">
+        <source>Exports the tags of a chosen set.</source>
+        <translation></translation>
+    </message>
+    <message id="100209">
+        <source>Makes an export set.</source>
+        <translation></translation>
+    </message>
+    <message id="100210">
+        <source>Deletes export sets.</source>
+        <translation></translation>
+    </message>
+    <message id="100216">
+        <source>Writes the embedded colour profile to a file.</source>
+        <translation></translation>
+    </message>
+    <message id="100217">
+        <source>Writes the embedded pictures to files.</source>
+        <translation></translation>
+    </message>
+    <message id="100219">
+        <source>Takes EXIF tags out of a file.</source>
+        <translation></translation>
+    </message>
+    <message id="100220">
+        <source>Takes IPTC tags out of a file.</source>
+        <translation></translation>
+    </message>
+    <message id="100221">
+        <source>Takes XMP tags out of a file.</source>
+        <translation></translation>
+    </message>
+    <message id="100222">
+        <source>Takes tags out of a CSV without file names.</source>
+        <translation></translation>
+    </message>
+    <message id="100223">
+        <source>Takes a colour profile out of a file.</source>
+        <translation></translation>
+    </message>
+    <message id="100226">
+        <source>Writes all rights and licensing fields.</source>
+        <translation></translation>
+    </message>
+    <message id="100227">
+        <source>Writes the short form of the rights fields.</source>
+        <translation></translation>
+    </message>
+    <message id="100228">
+        <source>Runs ExifTool arguments of your own.</source>
+        <translation></translation>
+    </message>
+    <message id="100245">
+        <source>Opens the selected folder in the list.</source>
+        <translation></translation>
+    </message>
+    <message id="100248">
+        <source>Reads the folder again.</source>
+        <translation></translation>
+    </message>
+    <message id="100279">
+        <source>Chooses the columns of the list.</source>
+        <translation></translation>
+    </message>
+    <message id="100298">
+        <source>Chooses the lines that stand beside a tile.</source>
+        <translation></translation>
+    </message>
+    <message id="100299">
+        <source>Settings of the map.</source>
+        <translation></translation>
+    </message>
+    <message id="100302">
+        <source>How the metadata panel looks and what it shows.</source>
+        <translation></translation>
+    </message>
+    <message id="101819">
+        <source>Removes tags from the file shown.</source>
+        <translation></translation>
+    </message>
+    <message id="101821">
+        <source>Removes a whole group from the file shown.</source>
+        <translation></translation>
+    </message>
+    <message id="101824">
+        <source>Adds tags to the file shown.</source>
+        <translation></translation>
+    </message>
+    <message id="105033">
+        <source>To the folder shown before.</source>
+        <translation></translation>
+    </message>
+    <message id="105034">
+        <source>To the folder shown after this one.</source>
+        <translation></translation>
+    </message>
+    <message id="105035">
+        <source>To the folder that holds this one.</source>
+        <translation></translation>
+    </message>
+    <message id="105038">
+        <source>Reads a set of columns from a file.</source>
+        <translation></translation>
+    </message>
+    <message id="105039">
+        <source>Writes the set of columns to a file.</source>
+        <translation></translation>
+    </message>
+    <message id="105040">
+        <source>Shows a check box in front of each item.</source>
+        <translation></translation>
+    </message>
+    <message id="105041">
+        <source>Lists the files that a batch operation works on.</source>
+        <translation></translation>
+    </message>
+    <message id="105050">
+        <source>A click into a column edits its value.</source>
+        <translation></translation>
+    </message>
+    <message id="110004">
+        <source>Writes a dump of the file as a web page and opens it.</source>
+        <translation></translation>
+    </message>
+    <message id="110007">
+        <source>Writes a dump of the file as text and opens it.</source>
+        <translation></translation>
+    </message>
+    <message id="110044">
+        <source>Removes all metadata from the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="110062">
+        <source>Copies tags out of one file into the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="110065">
+        <source>Copies tags from another file to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="140013">
+        <source>Asks for the program that opens the selected file.</source>
+        <translation></translation>
+    </message>
+    <message id="140014">
+        <source>Opens a public map service at the position of the file.</source>
+        <translation></translation>
+    </message>
+    <message id="140065">
+        <source>Shows the properties of the selected items.</source>
+        <translation></translation>
+    </message>
+    <message id="140071">
+        <source>Puts the files of the clipboard into this folder.</source>
+        <translation></translation>
+    </message>
+    <message id="140072">
+        <source>Copies the selected items to a folder.</source>
+        <translation></translation>
+    </message>
+    <message id="140073">
+        <source>Moves the selected items to a folder.</source>
+        <translation></translation>
+    </message>
+    <message id="140075">
+        <source>Selects what is not selected, and the other way round.</source>
+        <translation></translation>
+    </message>
+    <message id="140093">
+        <source>Takes the last file operation back.</source>
+        <translation></translation>
+    </message>
+    <message id="140110">
+        <source>Saves the settings and starts the program again.</source>
+        <translation></translation>
+    </message>
+    <message id="170012">
+        <source>Opens the selected file in its program.</source>
+        <translation></translation>
+    </message>
+    <message id="171167">
+        <source>Adds keywords out of text files.</source>
+        <translation></translation>
+    </message>
+    <message id="171168">
+        <source>Removes the keywords.</source>
+        <translation></translation>
+    </message>
+    <message id="171304">
+        <source>Where ExifTool is and how it works.</source>
+        <translation></translation>
+    </message>
+    <message id="171305">
+        <source>Where FFmpeg is.</source>
+        <translation></translation>
+    </message>
+    <message id="171306">
+        <source>Where ImageMagick is.</source>
+        <translation></translation>
+    </message>
+    <message id="171307">
+        <source>Chooses the look and its tones.</source>
+        <translation></translation>
+    </message>
+    <message id="172000">
+        <source>A double click on a tab does the same.</source>
+        <translation></translation>
+    </message>
+    <message id="172302">
+        <source>Shows the files in groups.</source>
+        <translation></translation>
+    </message>
+    <message id="172303">
+        <source>Adds EXIF tags to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="172304">
+        <source>Adds IPTC tags to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="172305">
+        <source>Adds XMP tags to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="172313">
+        <source>Removes a family of tags from the selected files.</source>
+        <translation></translation>
+    </message>
+</context>
+</TS>

@@ -1,0 +1,330 @@
+#include "controls/Ribbon.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QMenu>
+#include <QPainter>
+#include <QSignalBlocker>
+#include <QStackedWidget>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "controls/RibbonButton.h"
+#include "controls/RibbonColors.h"
+#include "controls/RibbonGroup.h"
+#include "controls/RibbonKeyboard.h"
+#include "controls/RibbonPage.h"
+#include "controls/RibbonTabStrip.h"
+
+namespace controls {
+namespace {
+
+constexpr char kCommandProperty[] = "commandId";
+
+QString escaped(QString text) {
+    return text.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+QString shortcutText(int command, const RibbonSource& source) {
+    return source.shortcut(command).toString(QKeySequence::NativeText);
+}
+
+QString tipOf(const RibbonItem& item, const RibbonSource& source) {
+    QString tip = source.text(item.text);
+    const QString keys = item.command > 0 ? shortcutText(item.command, source) : QString();
+    if (!keys.isEmpty()) tip += QStringLiteral(" (%1)").arg(keys);
+    const QString more = source.tip(item.text);
+    if (!more.isEmpty()) tip += QLatin1Char('\n') + more;
+    return tip;
+}
+
+/// Folds the ribbon away; the arrow points to where the body goes.
+class FoldButton : public QToolButton {
+ public:
+    explicit FoldButton(QWidget* parent) : QToolButton(parent) {
+        setObjectName(QStringLiteral("fold"));
+        setFocusPolicy(Qt::NoFocus);
+        setAttribute(Qt::WA_Hover);
+        setFixedWidth(30);
+        setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Expanding);
+    }
+    bool pointsDown = false;
+
+ protected:
+    void paintEvent(QPaintEvent*) override {
+        const RibbonColors colors(palette());
+        QPainter painter(this);
+        painter.fillRect(rect(), underMouse() ? colors.hover : colors.strip);
+        painter.fillRect(QRect(0, height() - 1, width(), 1), colors.line);
+        painter.setRenderHint(QPainter::Antialiasing);
+        QPen pen(colors.secondaryText, 1.4);
+        pen.setCapStyle(Qt::RoundCap);
+        painter.setPen(pen);
+        const QPointF center = QRectF(rect()).center();
+        const qreal tip = pointsDown ? 2 : -2;
+        painter.drawLine(center + QPointF(-4, -tip), center + QPointF(0, tip));
+        painter.drawLine(center + QPointF(0, tip), center + QPointF(4, -tip));
+    }
+};
+
+}  // namespace
+
+Ribbon::Ribbon(QWidget* parent)
+    : QWidget(parent),
+      tabs_(new RibbonTabStrip(this)),
+      foldButton_(new FoldButton(this)),
+      pages_(new QStackedWidget(this)),
+      keyboard_(std::make_unique<RibbonKeyboard>(*this, *tabs_)) {
+    setObjectName(QStringLiteral("ribbon"));
+    tabs_->setObjectName(QStringLiteral("ribbonTabs"));
+    pages_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    auto* strip = new QHBoxLayout;
+    strip->setContentsMargins(0, 0, 0, 0);
+    strip->setSpacing(0);
+    strip->addWidget(tabs_, 1);
+    strip->addWidget(foldButton_);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addLayout(strip);
+    layout->addWidget(pages_);
+    connect(tabs_, &QTabBar::currentChanged, pages_, &QStackedWidget::setCurrentIndex);
+    connect(tabs_, &QTabBar::tabBarClicked, this, &Ribbon::tabClicked);
+    connect(tabs_, &QTabBar::tabBarDoubleClicked, this, &Ribbon::tabDoubleClicked);
+    connect(foldButton_, &QAbstractButton::clicked, this, [this] { setFolded(!isFolded()); });
+}
+
+Ribbon::~Ribbon() = default;
+
+bool Ribbon::setMarkup(const QByteArray& xml, const RibbonSource& source, QString* error) {
+    RibbonMarkupResult result = readRibbonMarkup(xml);
+    if (!result.markup) {
+        if (error) *error = result.error;
+        return false;
+    }
+    const RibbonMarkup markup = keepAvailable(std::move(*result.markup), source);
+    const QString shown = currentTab();
+    clear();
+    foldButton_->setToolTip(markup.foldText > 0 ? source.text(markup.foldText) : QString());
+    for (const RibbonTabMarkup& tab : markup.tabs) buildTab(tab, source);
+    setCurrentTab(shown);
+    return true;
+}
+
+void Ribbon::clear() {
+    keyboard_->leave();
+    buttons_.clear();
+    actions_.clear();
+    tabIds_.clear();
+    const QSignalBlocker quiet(tabs_);
+    while (tabs_->count() > 0) tabs_->removeTab(0);
+    while (QWidget* page = pages_->widget(0)) {
+        pages_->removeWidget(page);
+        // The call may come out of one of its own buttons.
+        page->hide();
+        page->setParent(nullptr);
+        page->deleteLater();
+    }
+}
+
+void Ribbon::buildTab(const RibbonTabMarkup& tab, const RibbonSource& source) {
+    auto* page = new RibbonPage(pages_);
+    page->setObjectName(QStringLiteral("tab-%1").arg(tab.id));
+    for (const RibbonGroupMarkup& group : tab.groups) page->addGroup(buildGroup(group, source));
+    tabIds_.append(tab.id);
+    pages_->addWidget(page);
+    tabs_->addTab(escaped(source.text(tab.text)));
+}
+
+RibbonGroup* Ribbon::buildGroup(const RibbonGroupMarkup& markup, const RibbonSource& source) {
+    QString icon = markup.icon;
+    for (const RibbonItem& item : markup.items) {
+        if (!icon.isEmpty()) break;
+        icon = item.icon;
+    }
+    auto* group = new RibbonGroup(markup.id, source.text(markup.text), source.icon(icon), markup.priority);
+    for (const RibbonItem& item : markup.items) {
+        RibbonButton* button = buildButton(item, source);
+        group->addButton(button);
+        // After the group's own connection, so that its pop-up is closed when the command runs.
+        if (item.kind == RibbonItem::Kind::Menu) continue;
+        connect(button, &QAbstractButton::clicked, this, [this, command = item.command] { run(command); });
+        applyState(item.command);
+    }
+    return group;
+}
+
+RibbonButton* Ribbon::buildButton(const RibbonItem& item, const RibbonSource& source) {
+    using Kind = RibbonItem::Kind;
+    auto* button = new RibbonButton(item.large ? RibbonButton::Shape::Large : RibbonButton::Shape::Small);
+    button->setLabel(source.text(item.text));
+    button->setIcon(source.icon(item.icon));
+    button->setToolTip(tipOf(item, source));
+    if (item.kind != Kind::Button)
+        button->setButtonMenu(buildMenu(item.entries, source), item.kind == Kind::Split
+                                                                   ? RibbonButton::MenuPart::Arrow
+                                                                   : RibbonButton::MenuPart::Whole);
+    if (item.kind == Kind::Menu) {
+        button->setObjectName(QStringLiteral("menu-%1").arg(item.id));
+        return button;
+    }
+    button->setProperty(kCommandProperty, item.command);
+    button->setObjectName(QStringLiteral("command-%1").arg(item.command));
+    button->setCheckable(source.isToggle(item.command));
+    buttons_.insert(item.command, button);
+    return button;
+}
+
+QMenu* Ribbon::buildMenu(const std::vector<RibbonItem>& entries, const RibbonSource& source) {
+    auto* menu = new QMenu(this);
+    menu->setToolTipsVisible(true);
+    for (const RibbonItem& entry : entries) {
+        if (entry.kind == RibbonItem::Kind::Separator) {
+            menu->addSeparator();
+        } else if (entry.kind == RibbonItem::Kind::Menu) {
+            QMenu* inner = buildMenu(entry.entries, source);
+            inner->setParent(menu, inner->windowFlags());
+            inner->setTitle(escaped(source.text(entry.text)));
+            inner->setIcon(source.icon(entry.icon));
+            inner->setObjectName(QStringLiteral("menu-%1").arg(entry.id));
+            menu->addMenu(inner);
+        } else {
+            QAction* action = buildAction(entry, source);
+            action->setParent(menu);
+            menu->addAction(action);
+            applyState(entry.command);
+        }
+    }
+    return menu;
+}
+
+QAction* Ribbon::buildAction(const RibbonItem& item, const RibbonSource& source) {
+    const int command = item.command;
+    QString text = escaped(source.text(item.text));
+    const QString keys = shortcutText(command, source);
+    // What stands behind a tab is shown in the column of the shortcuts, and nothing listens to it.
+    if (!keys.isEmpty()) text += QLatin1Char('\t') + keys;
+    auto* action = new QAction(source.icon(item.icon), text, this);
+    action->setToolTip(tipOf(item, source));
+    action->setProperty(kCommandProperty, command);
+    action->setObjectName(QStringLiteral("action-%1").arg(command));
+    action->setCheckable(source.isToggle(command));
+    actions_.insert(command, action);
+    connect(action, &QAction::triggered, this, [this, command] {
+        applyState(command);  // undoes the toggling that comes with the click
+        run(command);
+    });
+    return action;
+}
+
+void Ribbon::applyState(int commandId) {
+    const State state = states_.value(commandId);
+    if (RibbonButton* found = button(commandId)) {
+        found->setChecked(state.checked);
+        found->setEnabled(state.enabled);
+    }
+    if (QAction* action = actions_.value(commandId)) {
+        action->setChecked(state.checked);
+        action->setEnabled(state.enabled);
+    }
+}
+
+void Ribbon::run(int commandId) {
+    // A command of the focused list needs the list to have the focus.
+    keyboard_->leave();
+    Q_EMIT CommandTriggered(commandId);
+}
+
+void Ribbon::setChecked(int commandId, bool checked) {
+    states_[commandId].checked = checked;
+    applyState(commandId);
+}
+
+bool Ribbon::isChecked(int commandId) const {
+    return states_.value(commandId).checked;
+}
+
+void Ribbon::setEnabled(int commandId, bool enabled) {
+    states_[commandId].enabled = enabled;
+    applyState(commandId);
+}
+
+bool Ribbon::isEnabled(int commandId) const {
+    return states_.value(commandId).enabled;
+}
+
+bool Ribbon::contains(int commandId) const {
+    return buttons_.contains(commandId) || actions_.contains(commandId);
+}
+
+RibbonButton* Ribbon::button(int commandId) const {
+    return buttons_.value(commandId);
+}
+
+bool Ribbon::trigger(int commandId) {
+    if (!contains(commandId) || !isEnabled(commandId)) return false;
+    run(commandId);
+    return true;
+}
+
+QStringList Ribbon::tabIds() const {
+    return tabIds_;
+}
+
+QString Ribbon::currentTab() const {
+    return tabIds_.value(tabs_->currentIndex());
+}
+
+bool Ribbon::setCurrentTab(const QString& id) {
+    const auto index = tabIds_.indexOf(id);
+    if (index < 0) return false;
+    tabs_->setCurrentIndex(static_cast<int>(index));
+    pages_->setCurrentIndex(static_cast<int>(index));
+    return true;
+}
+
+RibbonPage* Ribbon::page(const QString& tabId) const {
+    return qobject_cast<RibbonPage*>(pages_->widget(static_cast<int>(tabIds_.indexOf(tabId))));
+}
+
+bool Ribbon::isFolded() const {
+    return pages_->isHidden();
+}
+
+void Ribbon::setFolded(bool folded) {
+    if (folded == isFolded()) return;
+    if (folded && !tabs_->hasFocus()) keyboard_->leave();
+    pages_->setVisible(!folded);
+    tabs_->setFolded(folded);
+    static_cast<FoldButton*>(foldButton_)->pointsDown = folded;
+    foldButton_->update();
+    Q_EMIT FoldedChanged(folded);
+}
+
+void Ribbon::tabClicked(int index) {
+    unfoldedByClick_ = index >= 0 && isFolded();
+    if (unfoldedByClick_) setFolded(false);
+}
+
+void Ribbon::tabDoubleClicked(int index) {
+    // The first press of this double click has unfolded; the second shall not fold again.
+    if (index >= 0 && !unfoldedByClick_) setFolded(true);
+    unfoldedByClick_ = false;
+}
+
+void Ribbon::focusTabs() {
+    keyboard_->enter();
+}
+
+void Ribbon::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange) update();
+}
+
+void Ribbon::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), RibbonColors(palette()).strip);
+}
+
+}  // namespace controls

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <QToolButton>
+
+class QMenu;
+
+namespace controls {
+
+/// A button of the ribbon: large (icon 32 over the text) or small (icon 16 and the text), with or without a
+/// menu. A click does not change the checked state; the program does that when the command has worked.
+class RibbonButton : public QToolButton {
+    Q_OBJECT
+
+ public:
+    enum class Shape { Large, Small };
+    /// What the menu, if there is one, takes of the button.
+    enum class MenuPart { None, Arrow, Whole };
+
+    explicit RibbonButton(Shape shape, QWidget* parent = nullptr);
+
+    Shape shape() const { return shape_; }
+    /// The text as it is to be read; an ampersand in it is one.
+    void setLabel(const QString& label);
+    QString label() const { return label_; }
+    /// The menu becomes a child of the button.
+    void setButtonMenu(QMenu* menu, MenuPart part);
+    /// Looks like a menu button; whoever made it opens something when it is clicked.
+    void showAsDropDown();
+    MenuPart menuPart() const { return menuPart_; }
+    /// The arrow of a split button, in the button's coordinates; empty for others.
+    QRect arrowRect() const;
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+    /// Height of a small button, three of which stand over each other, in the given font.
+    static int smallHeight(const QFontMetrics& metrics);
+
+ protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void nextCheckState() override {}
+
+ private:
+    void paintGround(QPainter& painter) const;
+    void paintLarge(QPainter& painter) const;
+    void paintSmall(QPainter& painter) const;
+    void paintIcon(QPainter& painter, QPoint topLeft, int side) const;
+    void paintChevron(QPainter& painter, QPointF center) const;
+    QColor textColor() const;
+
+    Shape shape_;
+    MenuPart menuPart_ = MenuPart::None;
+    QString label_;
+    bool overArrow_ = false;
+};
+
+}  // namespace controls

@@ -1,0 +1,177 @@
+#include "controls/RibbonKeyboard.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <cstdlib>
+#include <limits>
+
+#include "controls/Ribbon.h"
+#include "controls/RibbonButton.h"
+#include "controls/RibbonPage.h"
+
+namespace controls {
+namespace {
+
+/// How far a button lies in the direction of the arrow key; a step aside counts threefold. None when it lies
+/// elsewhere.
+std::optional<int> distance(const QRect& from, const QRect& target, int key) {
+    const QPoint step = target.center() - from.center();
+    switch (key) {
+        case Qt::Key_Left:
+            return target.right() <= from.left() ? std::optional(-step.x() + 3 * std::abs(step.y()))
+                                                 : std::nullopt;
+        case Qt::Key_Right:
+            return target.left() >= from.right() ? std::optional(step.x() + 3 * std::abs(step.y()))
+                                                 : std::nullopt;
+        case Qt::Key_Up:
+            return target.bottom() <= from.top() ? std::optional(-step.y() + 3 * std::abs(step.x()))
+                                                 : std::nullopt;
+        case Qt::Key_Down:
+            return target.top() >= from.bottom() ? std::optional(step.y() + 3 * std::abs(step.x()))
+                                                 : std::nullopt;
+        default:
+            return std::nullopt;
+    }
+}
+
+QRect globalRect(const QWidget& widget) {
+    return {widget.mapToGlobal(QPoint(0, 0)), widget.size()};
+}
+
+bool isArrow(int key) {
+    return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
+}
+
+}  // namespace
+
+RibbonKeyboard::RibbonKeyboard(Ribbon& ribbon, QWidget& tabs) : ribbon_(ribbon), tabs_(tabs) {
+    qApp->installEventFilter(this);
+}
+
+bool RibbonKeyboard::focusIsInside() const {
+    const QWidget* focus = QApplication::focusWidget();
+    return focus && (focus == &tabs_ || ribbon_.isAncestorOf(focus));
+}
+
+void RibbonKeyboard::enter() {
+    if (focusIsInside()) return;
+    before_ = QApplication::focusWidget();
+    tabs_.setFocus(Qt::ShortcutFocusReason);
+}
+
+void RibbonKeyboard::leave() {
+    if (!focusIsInside()) return;
+    if (before_ && before_->isVisible())
+        before_->setFocus(Qt::OtherFocusReason);
+    else if (QWidget* focus = QApplication::focusWidget())
+        focus->clearFocus();
+    before_.clear();
+}
+
+bool RibbonKeyboard::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::MouseButtonPress:
+        case QEvent::WindowDeactivate:
+            altAlone_ = false;
+            return false;
+        case QEvent::KeyPress:
+        case QEvent::KeyRelease:
+            break;
+        default:
+            return false;
+    }
+    auto* widget = qobject_cast<QWidget*>(watched);
+    if (!widget || widget != QApplication::focusWidget() || QApplication::activePopupWidget()) {
+        // Without a focus widget the keys come to the window.
+        if (!widget || QApplication::focusWidget() || widget != ribbon_.window()) return false;
+    }
+    auto* key = static_cast<QKeyEvent*>(event);
+    if (watchAlt(watched, key)) return true;
+    if (event->type() != QEvent::KeyPress) return false;
+    if (widget == &tabs_) return tabKey(*key);
+    if (ribbon_.isAncestorOf(widget) && qobject_cast<RibbonButton*>(widget)) return buttonKey(*widget, *key);
+    return false;
+}
+
+bool RibbonKeyboard::watchAlt(QObject* watched, QKeyEvent* event) {
+    const auto* widget = static_cast<QWidget*>(watched);
+    if (!ribbon_.isVisible() || widget->window() != ribbon_.window()) return false;
+    const bool press = event->type() == QEvent::KeyPress;
+    if (press && event->key() == Qt::Key_F10 && event->modifiers() == Qt::NoModifier) {
+        focusIsInside() ? leave() : enter();
+        return true;
+    }
+    if (press) {
+        altAlone_ = event->key() == Qt::Key_Alt && (event->modifiers() & ~Qt::AltModifier) == 0;
+        return false;
+    }
+    if (event->key() != Qt::Key_Alt || !altAlone_) return false;
+    altAlone_ = false;
+    focusIsInside() ? leave() : enter();
+    return true;
+}
+
+bool RibbonKeyboard::tabKey(const QKeyEvent& event) {
+    switch (event.key()) {
+        case Qt::Key_Escape:
+            leave();
+            return true;
+        case Qt::Key_Down:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+        case Qt::Key_Space:
+            ribbon_.setFolded(false);
+            focusFirstButton();
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool RibbonKeyboard::buttonKey(QWidget& button, const QKeyEvent& event) {
+    if (event.key() == Qt::Key_Escape) {
+        tabs_.setFocus(Qt::OtherFocusReason);
+        return true;
+    }
+    if (!isArrow(event.key()) || (event.modifiers() & Qt::AltModifier)) return false;
+    moveFocus(button, event.key());
+    return true;
+}
+
+void RibbonKeyboard::focusFirstButton() {
+    RibbonPage* page = ribbon_.page(ribbon_.currentTab());
+    if (!page) return;
+    QWidget* first = nullptr;
+    for (RibbonButton* button : page->findChildren<RibbonButton*>()) {
+        if (!button->isVisible() || !button->isEnabled() || button->window() != ribbon_.window()) continue;
+        const QPoint place = button->mapTo(page, QPoint(0, 0));
+        const QPoint best =
+            first ? first->mapTo(page, QPoint(0, 0)) : QPoint(std::numeric_limits<int>::max(), 0);
+        if (place.x() < best.x() || (place.x() == best.x() && place.y() < best.y())) first = button;
+    }
+    if (!first) return;
+    first->setFocus(Qt::OtherFocusReason);
+    page->ensureVisible(first);
+}
+
+void RibbonKeyboard::moveFocus(QWidget& from, int key) {
+    RibbonPage* page = ribbon_.page(ribbon_.currentTab());
+    if (!page) return;
+    QWidget* nearest = nullptr;
+    int best = std::numeric_limits<int>::max();
+    for (RibbonButton* button : page->findChildren<RibbonButton*>()) {
+        if (!button->isVisible() || !button->isEnabled() || button->window() != from.window()) continue;
+        const std::optional<int> far = distance(globalRect(from), globalRect(*button), key);
+        if (!far || *far >= best) continue;
+        best = *far;
+        nearest = button;
+    }
+    if (nearest) {
+        nearest->setFocus(Qt::OtherFocusReason);
+        page->ensureVisible(nearest);
+    } else if (key == Qt::Key_Up && from.window() == ribbon_.window()) {
+        tabs_.setFocus(Qt::OtherFocusReason);
+    }
+}
+
+}  // namespace controls
