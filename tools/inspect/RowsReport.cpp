@@ -70,13 +70,12 @@ class RowPrinter : public exiftool::LoadTarget {
         JsonLine counts;
         for (const auto& [groupId, count] : counts_)
             counts.number(headerOf(parser, groupId).toUtf8().constData(), count);
-        std::string ratings;
-        for (const tags::RatingLog::Entry& entry : log.entries()) {
-            if (!ratings.empty()) ratings += ',';
-            ratings += "[" + std::to_string(entry.tagId) + "," + std::to_string(entry.rating) + "]";
-        }
+        QStringList ratings;
+        for (const tags::RatingLog::Entry& entry : log.entries())
+            ratings.append(QStringLiteral("[%1,%2]").arg(entry.tagId).arg(entry.rating));
         JsonLine line;
-        line.text("file", file_).json("counts", counts.finish()).json("ratings", "[" + ratings + "]");
+        line.text("file", file_).json("counts", counts.finish());
+        line.json("ratings", QStringLiteral("[%1]").arg(ratings.join(u',')).toStdString());
         output_ << line.finish() << '\n';
     }
 
