@@ -1,0 +1,52 @@
+#pragma once
+
+#include "app/Settings.h"
+
+#include <QColor>
+#include <QPalette>
+#include <cstdint>
+
+class QApplication;
+
+namespace app {
+
+/// A colour as the settings file stores it, 0xBBGGRR, and back.
+QColor ColorFromStored(std::uint32_t stored);
+std::uint32_t StoredFromColor(const QColor& color);
+
+/// How well a text reads on a ground: 1 (not at all) to 21; 4.5 is enough for running text.
+double ContrastRatio(const QColor& one, const QColor& other);
+
+/// The colour itself when it reads on the ground, else moved towards white or black until it does.
+QColor ReadableOn(const QColor& color, const QColor& ground);
+
+/// The colours of the window by their role, light or dark. Every text role reads on every ground role with a
+/// contrast of at least 4.5. The colours of the metadata panel are settings of their own.
+struct Theme {
+    bool dark = false;
+    QColor window;
+    QColor base;  ///< lists and edits
+    QColor alternateBase;
+    QColor button;
+    QColor text;
+    QColor secondaryText;
+    QColor accent;
+    QColor accentText;  ///< on the accent
+    QColor line;
+    QColor link;
+
+    static Theme Light();
+    /// The tones by number: 1 to 6, 8 and 9; all others are the first tone.
+    static Theme Dark(int darkTone);
+    static Theme Of(const Settings::Dark& settings);
+
+    QPalette palette() const;
+};
+
+/// The background of a dark tone.
+QColor DarkBackground(int darkTone);
+
+/// Gives the application its look: the Fusion style, the palette, and the icon theme that fits it.
+void ApplyTheme(QApplication& application, const Theme& theme);
+
+}  // namespace app
