@@ -1,0 +1,47 @@
+#pragma once
+
+#include "app/AppContext.h"
+#include "app/LanguageFile.h"
+
+#include <QIcon>
+#include <filesystem>
+#include <memory>
+#include <optional>
+
+class QApplication;
+
+namespace app {
+
+class MainWindow;
+class ProgressDialog;
+
+/// The one running program, from the first path to the last setting: derives the paths, loads the settings, finds
+/// the tools, builds the main window and keeps what it needs. Made and ended by main(); GUI thread.
+class Program {
+ public:
+    /// executable: whose folder is the install folder; the settings, the language files and the temp folder
+    /// stand in it.
+    Program(QApplication& application, const std::filesystem::path& executable);
+    ~Program();
+    Program(const Program&) = delete;
+    Program& operator=(const Program&) = delete;
+
+    /// Opens the window. An exit status when the program cannot go on; the user has been told why.
+    std::optional<int> start();
+
+    MainWindow& window() { return *window_; }
+    ProgressDialog& progress() { return *progress_; }
+    AppContext& context() { return context_; }
+
+ private:
+    bool askForExifTool();
+    void applyLook();
+
+    QApplication& application_;
+    AppContext context_;
+    std::unique_ptr<ProgressDialog> progress_;
+    std::unique_ptr<LanguageFile> language_;
+    std::unique_ptr<MainWindow> window_;
+};
+
+}  // namespace app

@@ -1,0 +1,15 @@
+#include "app/MainWindow.h"
+#include "app/Program.h"
+
+#include <QApplication>
+
+#include <filesystem>
+#include <system_error>
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    std::error_code error;
+    app::Program program(application, std::filesystem::read_symlink("/proc/self/exe", error));
+    if (const std::optional<int> status = program.start()) return *status;
+    return QApplication::exec();
+}
