@@ -7,6 +7,7 @@
 #include <vector>
 
 class QHeaderView;
+class QHelpEvent;
 
 namespace controls {
 
@@ -26,6 +27,10 @@ class GroupedListView : public QAbstractItemView {
         GroupIdRole = Qt::UserRole + 100,
         /// In column 0: bool, the row is shown as a ghost (a hidden file).
         GhostRole,
+        /// In column 0: QStringList, the lines under the name of a tile. Where the model answers nothing, the
+        /// texts
+        /// of the next columns stand there.
+        TileLinesRole,
     };
 
     struct Group {
@@ -38,6 +43,8 @@ class GroupedListView : public QAbstractItemView {
     explicit GroupedListView(QWidget* parent = nullptr);
     ~GroupedListView() override;
 
+    /// Owned by the view. A right click on it is told by its customContextMenuRequested(); columns are
+    /// clicked (sectionClicked), and moved when setSectionsMovable() is set.
     QHeaderView* header() const;
 
     void setViewLayout(Layout layout);
@@ -70,9 +77,18 @@ class GroupedListView : public QAbstractItemView {
     void setRowHeight(int pixels);
     /// Texts shown in the middle of an empty list.
     void setEmptyText(const QString& text);
+    QString emptyText() const;
+    /// The column whose display texts typing looks through; 0 at first.
+    void setSearchColumn(int column);
 
     /// Rows in the order in which they are shown, top to bottom; rows of collapsed groups included.
     std::vector<int> rowsInViewOrder() const;
+    /// The rows that are at least partly in the viewport, top to bottom.
+    std::vector<int> visibleRows() const;
+    /// Where the check box of a row stands, in viewport coordinates; empty when there is none.
+    QRect checkBoxRect(const QModelIndex& index) const;
+    /// Selects what is not selected and the other way round; rows that no group shows are left out.
+    void invertSelection();
 
     // --- QAbstractItemView
     QRect visualRect(const QModelIndex& index) const override;
@@ -80,6 +96,10 @@ class GroupedListView : public QAbstractItemView {
     QModelIndex indexAt(const QPoint& point) const override;
     void setModel(QAbstractItemModel* model) override;
     void reset() override;
+    void keyboardSearch(const QString& text) override;
+    void selectAll() override;
+    /// From the rows in sight and some around them only.
+    int sizeHintForColumn(int column) const override;
 
  Q_SIGNALS:
     /// A click on a cell (released where it was pressed), after the selection has changed. A click on a check
@@ -99,6 +119,11 @@ class GroupedListView : public QAbstractItemView {
     /// own.
     virtual void paintGroupHeader(QPainter& painter, const QRect& rect, const Group& group, bool collapsed,
                                   bool hovered) const;
+    /// Where the chevron of a group header is painted and clicked.
+    virtual QRect groupChevronRect(const QRect& headerRect) const;
+    /// The chevron itself, for descendants that paint their own headers.
+    void paintGroupChevron(QPainter& painter, const QRect& headerRect, bool collapsed,
+                           const QColor& color) const;
 
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     int horizontalOffset() const override;
@@ -106,10 +131,35 @@ class GroupedListView : public QAbstractItemView {
     bool isIndexHidden(const QModelIndex& index) const override;
     void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags flags) override;
     QRegion visualRegionForSelection(const QItemSelection& selection) const override;
+    void updateGeometries() override;
+    void scrollContentsBy(int dx, int dy) override;
+
+    void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                     const QList<int>& roles = QList<int>()) override;
+    void rowsInserted(const QModelIndex& parent, int start, int end) override;
+
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
  private:
-    struct Private;
-    std::unique_ptr<Private> d_;
+    void showToolTip(QHelpEvent& event);
+
+    class Contents;
+    class Painting;
+    class Input;
+    std::unique_ptr<Contents> contents_;
+    std::unique_ptr<Painting> painting_;
+    std::unique_ptr<Input> input_;
 };
 
 }  // namespace controls
