@@ -89,7 +89,7 @@ constexpr qsizetype kLongestShown = 2048;
 
 MetadataDelegate::MetadataDelegate(const MetadataListModel& model, const TagDictionary& dictionary,
                                    const RatingMemory& memory, const app::Settings& settings, QObject* parent)
-    : QStyledItemDelegate(parent),
+    : GroupedListDelegate(parent),
       model_(model),
       dictionary_(dictionary),
       memory_(memory),
@@ -101,41 +101,34 @@ RowAppearance MetadataDelegate::appearanceOf(const MetadataRow& row) const {
     return AppearanceOf(row, record, settings_.colors, memory_);
 }
 
-void MetadataDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
-                             const QModelIndex& index) const {
-    const MetadataRow& row = model_.row(index.row());
-    const RowAppearance look = appearanceOf(row);
-    const QRect& cell = option.rect;
+void MetadataDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    GroupedListDelegate::initStyleOption(option, index);
+    const RowAppearance look = appearanceOf(model_.row(index.row()));
     PanelColour colour = look.tagColour;
-    QString text;
     switch (static_cast<PanelColumn>(index.column())) {
-        case PanelColumn::Item:
-            return;
-        case PanelColumn::Kind:
-            paintKind(painter, cell, look);
-            return;
-        case PanelColumn::Tag:
-            text = row.tag;
-            break;
         case PanelColumn::Id:
             colour = look.idColour;
-            text = row.id;
             break;
         case PanelColumn::Value:
-            if (look.stars) {
-                paintStars(painter, cell, *look.stars);
-                return;
-            }
             colour = look.valueColour;
-            text = row.value.first(std::min(row.value.size(), kLongestShown));
+            break;
+        default:
             break;
     }
-    painter->setPen(paletteColour(colour, option.palette));
-    painter->setFont(option.font);
-    const QRect place = cell.adjusted(kTextMargin, 0, -kTextMargin, 0);
-    const auto alignment = index.data(Qt::TextAlignmentRole).value<Qt::Alignment>();
-    painter->drawText(place, static_cast<int>(alignment) | Qt::TextSingleLine,
-                      QFontMetrics(option.font).elidedText(oneLine(text), Qt::ElideRight, place.width()));
+    option->text = oneLine(option->text.left(kLongestShown));
+    option->palette.setColor(QPalette::Text, paletteColour(colour, option->palette));
+}
+
+void MetadataDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    const auto column = static_cast<PanelColumn>(index.column());
+    if (column == PanelColumn::Item) return;
+    const RowAppearance look = appearanceOf(model_.row(index.row()));
+    if (column == PanelColumn::Kind)
+        paintKind(painter, option.rect, look);
+    else if (column == PanelColumn::Value && look.stars)
+        paintStars(painter, option.rect, *look.stars);
+    else
+        GroupedListDelegate::paint(painter, option, index);
 }
 
 }  // namespace tags

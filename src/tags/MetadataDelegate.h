@@ -1,15 +1,14 @@
 #pragma once
 
 #include "app/Settings.h"
+#include "controls/GroupedListDelegate.h"
 #include "tags/MetadataListModel.h"
-
-#include <QStyledItemDelegate>
 
 namespace tags {
 
 /// Paints the cells of the panel: colours by kind of tag, the kind's icon, stars for ratings. The list has
 /// painted the row's ground before.
-class MetadataDelegate : public QStyledItemDelegate {
+class MetadataDelegate : public controls::GroupedListDelegate {
     Q_OBJECT
 
  public:
@@ -19,6 +18,9 @@ class MetadataDelegate : public QStyledItemDelegate {
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
+
+ protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
  private:
     RowAppearance appearanceOf(const MetadataRow& row) const;

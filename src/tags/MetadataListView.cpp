@@ -16,8 +16,7 @@ constexpr int kTitleLeft = 25;
 constexpr int kTitleTop = 2;
 constexpr int kPictureSide = 16;
 constexpr int kPictureLeft = 5;
-constexpr int kChevronSide = 8;
-constexpr int kChevronRight = 12;
+constexpr int kChevronRoom = 28;
 
 double channelLight(double channel) {
     return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
@@ -47,18 +46,6 @@ QColor onGround(const QColor& colour, const QColor& ground) {
                             static_cast<float>(ground.lightnessF()) + 0.09F);
 }
 
-void paintChevron(QPainter& painter, const QRectF& box, bool collapsed, const QColor& colour) {
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    QPen pen(colour, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-    painter.setPen(pen);
-    painter.translate(box.center());
-    if (collapsed) painter.rotate(-90);
-    const double half = box.width() / 2;
-    painter.drawPolyline(QPolygonF({{-half, -half / 2}, {0, half / 2}, {half, -half / 2}}));
-    painter.restore();
-}
-
 }  // namespace
 
 QColor colourFromBgr(std::uint32_t bgr) {
@@ -81,6 +68,11 @@ QColor readableOn(const QColor& colour, const QColor& ground) {
 MetadataListView::MetadataListView(const app::Settings& settings, QWidget* parent)
     : GroupedListView(parent), settings_(settings) {}
 
+QRect MetadataListView::groupChevronRect(const QRect& headerRect) const {
+    // The picture stands at the left edge, so the chevron stands at the right one.
+    return {headerRect.right() - kChevronRoom + 1, headerRect.top(), kChevronRoom, headerRect.height()};
+}
+
 void MetadataListView::paintGroupHeader(QPainter& painter, const QRect& rect, const Group& group,
                                         bool collapsed, bool hovered) const {
     const app::Settings::Colors& colours = settings_.colors;
@@ -101,7 +93,7 @@ void MetadataListView::paintGroupHeader(QPainter& painter, const QRect& rect, co
     group.image.paint(&painter, picture);
 
     const QColor text = readableOn(colourFromBgr(colours.groupHeaderText), low);
-    const QRect title = rect.adjusted(kTitleLeft, kTitleTop, -2 * kChevronRight - kChevronSide, -kTitleTop);
+    const QRect title = rect.adjusted(kTitleLeft, kTitleTop, -kChevronRoom, -kTitleTop);
     const qsizetype countAt = group.title.lastIndexOf(u" (");
     const QString name = countAt < 0 ? group.title : group.title.first(countAt);
     QFont bold = font();
@@ -118,9 +110,7 @@ void MetadataListView::paintGroupHeader(QPainter& painter, const QRect& rect, co
         painter.drawText(title.adjusted(nameWidth, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
                          group.title.sliced(countAt));
     }
-    const QRectF chevron(rect.right() - kChevronRight - kChevronSide,
-                         rect.center().y() - kChevronSide / 2.0 + 0.5, kChevronSide, kChevronSide);
-    paintChevron(painter, chevron, collapsed, text);
+    paintGroupChevron(painter, rect, collapsed, text);
 }
 
 }  // namespace tags

@@ -24,6 +24,7 @@ class MetadataListView : public controls::GroupedListView {
  protected:
     void paintGroupHeader(QPainter& painter, const QRect& rect, const Group& group, bool collapsed,
                           bool hovered) const override;
+    QRect groupChevronRect(const QRect& headerRect) const override;
 
  private:
     const app::Settings& settings_;

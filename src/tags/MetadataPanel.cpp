@@ -1,5 +1,6 @@
 #include "tags/MetadataPanel.h"
 
+#include "app/TextNumbers.h"
 #include "controls/Icons.h"
 #include "platform/Text.h"
 #include "tags/MetadataDelegate.h"
@@ -25,7 +26,6 @@ constexpr int kIdWidth = 50;
 constexpr int kKindWidth = 22;
 constexpr int kLeastValueWidth = 200;
 constexpr qsizetype kLongestGroupTitle = 80;
-constexpr int kValueTitleText = 474;
 constexpr int kOpenAddress = 40011;
 constexpr int kOpenAddressText = 40012;
 constexpr int kCopy = 40063;
@@ -93,7 +93,7 @@ MetadataPanel::MetadataPanel(const Parts& parts, QWidget* parent)
     layout->addWidget(title_);
     layout->addWidget(list_, 1);
 
-    model_->setValueTitle(parts_.text(kValueTitleText));
+    model_->setValueTitle(parts_.text(app::text::kValueColumn));
     list_->setModel(model_);
     list_->setItemDelegate(
         new MetadataDelegate(*model_, parts_.dictionary, parts_.memory, parts_.context.settings, this));
@@ -140,9 +140,9 @@ void MetadataPanel::CreatePanelGroups() {
 void MetadataPanel::Clear() {
     file_.clear();
     model_->Clear();
-    title_->setText(QStringLiteral("Metadata"));
+    title_->setText(parts_.text(app::text::kMetadataTitle));
     title_->setToolTip({});
-    list_->setEmptyText(QStringLiteral("Click a file to read its tags"));
+    list_->setEmptyText(parts_.text(app::text::kClickAFile));
 }
 
 void MetadataPanel::NewSelection(const std::filesystem::path& file) {
@@ -162,7 +162,7 @@ void MetadataPanel::load(const std::filesystem::path& file) {
         const int id = static_cast<int>(groupId);
         list_->setGroupTitle(id, GroupTitleWithCount(list_->groupTitle(id), count));
     }
-    list_->setEmptyText(loaded ? QStringLiteral("No tags to show in this file")
+    list_->setEmptyText(loaded ? parts_.text(app::text::kNoTags)
                                : QStringLiteral("The tags of this file could not be read"));
 }
 
@@ -211,7 +211,7 @@ void MetadataPanel::showRowMenu(const QModelIndex& index, const QPoint& position
     list_->setCurrentIndex(index);
     const MetadataRow row = model_->row(index.row());
     QMenu menu(this);
-    addEntry(menu, kCopy, QStringLiteral("Copy"), QStringLiteral("edit-copy"));
+    addEntry(menu, kCopy, parts_.text(app::text::kCopyCell), QStringLiteral("edit-copy"));
     const bool onValue = index.column() == static_cast<int>(PanelColumn::Value);
     if (onValue && LooksLikeAddress(row.value)) {
         menu.addSeparator();
@@ -232,8 +232,8 @@ void MetadataPanel::showRowMenu(const QModelIndex& index, const QPoint& position
 void MetadataPanel::showGroupMenu(int groupId, const QPoint& position) {
     static_cast<void>(groupId);
     QMenu menu(this);
-    addEntry(menu, kCollapseAll, QStringLiteral("Collapse all groups"), QStringLiteral("view-list-tree"));
-    addEntry(menu, kExpandAll, QStringLiteral("Expand all groups"), QStringLiteral("view-list-details"));
+    addEntry(menu, kCollapseAll, parts_.text(app::text::kCollapseAll), QStringLiteral("view-list-tree"));
+    addEntry(menu, kExpandAll, parts_.text(app::text::kExpandAll), QStringLiteral("view-list-details"));
     const int chosen = chosenIn(menu, position);
     if (chosen == kCollapseAll || chosen == kExpandAll) collapseAll(chosen == kCollapseAll);
 }
