@@ -22,7 +22,8 @@ constexpr int kStatusOfFailure = 0;
 
 }  // namespace
 
-Program::Program(QApplication& application, const std::filesystem::path& executable) : application_(application) {
+Program::Program(QApplication& application, const std::filesystem::path& executable)
+    : application_(application) {
     QApplication::setApplicationName(QStringLiteral("Tagwright"));
     QApplication::setApplicationDisplayName(QStringLiteral("Tagwright"));
     DerivePaths(context_, executable);
@@ -67,8 +68,8 @@ bool Program::askForExifTool() {
     ShowMessage(nullptr, {QStringLiteral("Could not find the ExifTool path!\n"
                                          "Please tell Tagwright where ExifTool.exe is installed."),
                           MessageIcon::Stop});
-    const QString chosen =
-        QFileDialog::getOpenFileName(nullptr, QStringLiteral("ExifTool"), platform::display(context_.installPath));
+    const QString chosen = QFileDialog::getOpenFileName(nullptr, QStringLiteral("ExifTool"),
+                                                        platform::display(context_.installPath));
     if (!chosen.isEmpty()) ChooseExifTool(context_, platform::pathFromText(chosen));
     if (FindExifTool(context_)) return true;
     ShowMessage(nullptr, {QStringLiteral("Could not find the ExifTool path!\nAborting."), MessageIcon::Stop});

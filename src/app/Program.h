@@ -15,8 +15,8 @@ namespace app {
 class MainWindow;
 class ProgressDialog;
 
-/// The one running program, from the first path to the last setting: derives the paths, loads the settings, finds
-/// the tools, builds the main window and keeps what it needs. Made and ended by main(); GUI thread.
+/// The one running program, from the first path to the last setting: derives the paths, loads the settings,
+/// finds the tools, builds the main window and keeps what it needs. Made and ended by main(); GUI thread.
 class Program {
  public:
     /// executable: whose folder is the install folder; the settings, the language files and the temp folder

@@ -6,8 +6,8 @@
 
 namespace drive {
 
-/// The words of one command line: separated by blanks; a word that begins with a double quote is a JSON string.
-/// Nothing when a quoted word does not end or is no valid JSON string.
+/// The words of one command line: separated by blanks; a word that begins with a double quote is a JSON
+/// string. Nothing when a quoted word does not end or is no valid JSON string.
 std::optional<QStringList> splitWords(const QByteArray& line);
 
 }  // namespace drive

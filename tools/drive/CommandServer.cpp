@@ -17,7 +17,8 @@ constexpr int kWatchMilliseconds = 5;
 
 void writeAll(int descriptor, const QByteArray& bytes) {
     for (qsizetype done = 0; done < bytes.size();) {
-        const ssize_t written = write(descriptor, bytes.constData() + done, static_cast<std::size_t>(bytes.size() - done));
+        const ssize_t written =
+            write(descriptor, bytes.constData() + done, static_cast<std::size_t>(bytes.size() - done));
         if (written < 0 && errno != EINTR) return;
         if (written > 0) done += written;
     }

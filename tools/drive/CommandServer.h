@@ -22,23 +22,23 @@ struct Answer {
     static Answer failed(const QString& why) { return {{}, why}; }
 };
 
-/// Reads commands from a descriptor, one a line, and answers each with one line of JSON as soon as its effect has
-/// happened. A command that opens a modal dialog, a message box or a menu does not return before that is closed; it
-/// is answered when the new window stands, and the commands that follow run in the window's own event loop. GUI
-/// thread.
+/// Reads commands from a descriptor, one a line, and answers each with one line of JSON as soon as its effect
+/// has happened. A command that opens a modal dialog, a message box or a menu does not return before that is
+/// closed; it is answered when the new window stands, and the commands that follow run in the window's own
+/// event loop. GUI thread.
 class CommandServer : public QObject {
     Q_OBJECT
 
-public:
+ public:
     using Execute = std::function<Answer(const QStringList& words)>;
 
     CommandServer(int inputDescriptor, int outputDescriptor, Execute execute, QObject* parent = nullptr);
 
-Q_SIGNALS:
+ Q_SIGNALS:
     /// The input has ended and the last command was answered.
     void InputEnded();
 
-private:
+ private:
     /// A command that is being executed, with what was on the screen when it began.
     struct Running {
         QPointer<QWidget> modal;

@@ -1,0 +1,175 @@
+#pragma once
+
+#include "app/AppContext.h"
+#include "app/CommandTable.h"
+#include "app/LanguageFile.h"
+#include "exiftool/ExifToolSession.h"
+#include "exiftool/MetadataLoad.h"
+#include "tags/OutputParser.h"
+#include "tags/PropertyCatalogue.h"
+
+#include <QWidget>
+#include <boost/signals2/connection.hpp>
+#include <filesystem>
+#include <memory>
+#include <vector>
+
+class QLabel;
+
+namespace browser {
+class AddressBar;
+class PlacesPanel;
+class ShellBrowser;
+class Tab;
+class TabContainer;
+}  // namespace browser
+
+namespace controls {
+class PaneHandle;
+class Ribbon;
+}  // namespace controls
+
+namespace tags {
+class MetadataPanel;
+}
+
+namespace app {
+
+class ProgressDialog;
+
+/// The one top-level window: ribbon, left holder, tabs with the file lists, one of four right holders, status
+/// bar. It owns what the window works with (dictionary, parser, ExifTool) and is the place where all commands
+/// end. The context, the language file and the progress dialog outlive it. GUI thread.
+class MainWindow : public QWidget {
+    Q_OBJECT
+
+ public:
+    MainWindow(AppContext& context, const LanguageFile& language, ProgressDialog& progress);
+    ~MainWindow() override;
+
+    /// Starts the ExifTool that lives as long as the window. False when it cannot; the program then ends.
+    bool StartSession();
+    /// Everything inside the window, and the start folder. False when the ribbon cannot be made: the language
+    /// file is missing or damaged.
+    bool BuildContents();
+    /// On the screen, where the settings tell; the focus on the file list.
+    void Show();
+
+    /// Where every command ends: ribbon, menus, keys and scripts. An id that is not built does nothing.
+    void Dispatch(CommandId id);
+
+    void SetRightHolderWidth(int pixels);
+    void SetLeftHolderWidth(int pixels);
+    void Relayout();
+    void RefreshStatusBar();
+    void ShowStatus(const QString& text);
+    void TellSettingsProblem(const QString& why);
+
+    // --- what scripts look at
+    QString StatusText() const;
+    browser::ShellBrowser& activeBrowser();
+    browser::TabContainer& tabs() { return *tabs_; }
+    tags::MetadataPanel& metadataPanel() { return *metadataPanel_; }
+    controls::Ribbon& ribbon() { return *ribbon_; }
+    /// Opens the folder in the active tab, as an address typed in the bar does. False when it is no folder.
+    bool OpenFolder(const std::filesystem::path& folder);
+
+ protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+ private:
+    class Feedback;
+    using Handler = void (MainWindow::*)(CommandId);
+    struct HandledCommand {
+        CommandId first;
+        CommandId last;  ///< the same as first for most
+        Handler handler;
+    };
+    static const std::vector<HandledCommand>& handledCommands();
+
+    bool createRibbon();
+    void createStatusBar();
+    void createHolders();
+    void createBrowser();
+    void createShortcuts();
+    void connectBrowser();
+    void openStartFolder();
+    void loadColumns();
+
+    void updateToggles();
+    void updateTitle();
+    void tabSelected();
+    void navigationCompleted();
+    void fileClicked(const std::filesystem::path& file);
+    void openPath(const std::filesystem::path& path);
+    void focusFileList();
+    void setRightPanel(bool Settings::Lists::*flag, bool shown);
+    std::filesystem::path selectedFile();
+
+    // Commands.
+    void toggleFolders(CommandId id);
+    void toggleStatusBar(CommandId id);
+    void setView(CommandId id);
+    void toggleMetadataPanel(CommandId id);
+    void goToKnownFolder(CommandId id);
+    void openSelected(CommandId id);
+    void clearSelection(CommandId id);
+    void selectAll(CommandId id);
+    void invertSelection(CommandId id);
+    void focusList(CommandId id);
+    void refresh(CommandId id);
+    void goBack(CommandId id);
+    void goForward(CommandId id);
+    void goUp(CommandId id);
+    void toggleCheckBoxes(CommandId id);
+    void toggleHidden(CommandId id);
+    void sortBy(CommandId id);
+    void sortDirection(CommandId id);
+    void clearMetadata(CommandId id);
+    void readSelection(CommandId id);
+    void refreshPanel(CommandId id);
+    void showAbout(CommandId id);
+    void closeWindow(CommandId id);
+    void restart(CommandId id);
+
+    // Stopping.
+    void saveEverything();
+    void writeColumns();
+
+    AppContext& context_;
+    const LanguageFile& language_;
+    ProgressDialog& progress_;
+
+    tags::TagDictionary dictionary_;
+    tags::PropertyCatalogue properties_;
+    tags::RatingMemory ratingMemory_;
+    tags::RatingLog ratingLog_;
+    tags::OutputParser parser_;
+    exiftool::ToolRunner runner_;
+    std::unique_ptr<Feedback> feedback_;
+    exiftool::ReadCommands readCommands_;
+    exiftool::MetadataLoad load_;
+    exiftool::ExifToolSession session_;
+
+    bool ready_ = false;
+    bool closed_ = false;
+    controls::Ribbon* ribbon_ = nullptr;
+    QWidget* client_ = nullptr;
+    QLabel* leftTitle_ = nullptr;
+    browser::PlacesPanel* places_ = nullptr;
+    controls::PaneHandle* leftHandle_ = nullptr;
+    QWidget* middle_ = nullptr;
+    browser::TabContainer* tabs_ = nullptr;
+    browser::AddressBar* addressBar_ = nullptr;
+    controls::PaneHandle* rightHandle_ = nullptr;
+    tags::MetadataPanel* metadataPanel_ = nullptr;
+    std::vector<QWidget*> emptyHolders_;
+    QWidget* statusBar_ = nullptr;
+    QLabel* statusText_ = nullptr;
+    QLabel* selectionText_ = nullptr;
+    std::vector<boost::signals2::scoped_connection> connections_;
+};
+
+}  // namespace app

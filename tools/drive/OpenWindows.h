@@ -1,0 +1,34 @@
+#pragma once
+
+#include "drive/CommandServer.h"
+
+class QDialog;
+class QMenu;
+class QMessageBox;
+
+namespace drive {
+
+/// What is open over the main window, and commands for it. GUI thread.
+
+/// The front message box, dialog or menu; null when there is none.
+QMessageBox* openMessage();
+QDialog* openDialog();
+QMenu* openMenu();
+
+Answer describeMessage();
+/// Template number, title and every control of the open dialog that has an id.
+Answer describeDialog();
+Answer describeMenu();
+
+/// Chooses the entry of the open menu as a click on it does.
+Answer chooseEntry(int id);
+/// Sets the state of a control of the open dialog by what a user would do to it.
+Answer setControl(int id, const QString& value);
+/// Ticks or unticks a row of a list or tree of the open dialog.
+Answer checkRow(int id, int row, bool checked);
+/// Presses a button of the open dialog or message box; 1 is OK (or Yes), 2 Cancel (or No).
+Answer pressButton(int id);
+/// A key or a combination such as "Ctrl+D", to whatever has the keyboard.
+Answer pressKey(const QString& keys);
+
+}  // namespace drive
