@@ -909,7 +909,7 @@
         <translation></translation>
     </message>
     <message id="40106">
-        <source>Auto arrange</source>
+        <source>Hidden files</source>
         <translation></translation>
     </message>
     <message id="40110">

@@ -3,54 +3,6 @@
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
     <name></name>
-    <message id="6">
-        <source>Help</source>
-        <translation></translation>
-    </message>
-    <message id="8">
-        <source>Folder tree</source>
-        <translation></translation>
-    </message>
-    <message id="9">
-        <source>Status bar</source>
-        <translation></translation>
-    </message>
-    <message id="10">
-        <source>Quick view</source>
-        <translation></translation>
-    </message>
-    <message id="12">
-        <source>Details</source>
-        <translation></translation>
-    </message>
-    <message id="13">
-        <source>Tiles</source>
-        <translation></translation>
-    </message>
-    <message id="14">
-        <source>Thumbnails</source>
-        <translation></translation>
-    </message>
-    <message id="15">
-        <source>Jumbo</source>
-        <translation></translation>
-    </message>
-    <message id="17">
-        <source>Metadata</source>
-        <translation></translation>
-    </message>
-    <message id="18">
-        <source>Map</source>
-        <translation></translation>
-    </message>
-    <message id="19">
-        <source>Hex dump</source>
-        <translation></translation>
-    </message>
-    <message id="20">
-        <source>Help panel</source>
-        <translation></translation>
-    </message>
     <message id="165">
         <source>Delete the group "%s" ...</source>
         <translation></translation>
@@ -79,20 +31,8 @@
         <source>Size of the folder</source>
         <translation></translation>
     </message>
-    <message id="245">
-        <source>Open folder</source>
-        <translation></translation>
-    </message>
-    <message id="246">
-        <source>Select none</source>
-        <translation></translation>
-    </message>
     <message id="247">
         <source>Go to the list</source>
-        <translation></translation>
-    </message>
-    <message id="248">
-        <source>Refresh</source>
         <translation></translation>
     </message>
     <message id="264">
@@ -101,26 +41,6 @@
     </message>
     <message id="265">
         <source>Done. ExifTool had nothing to report.</source>
-        <translation></translation>
-    </message>
-    <message id="279">
-        <source>Columns ...</source>
-        <translation></translation>
-    </message>
-    <message id="284">
-        <source>About Tagwright</source>
-        <translation></translation>
-    </message>
-    <message id="298">
-        <source>Tiles ...</source>
-        <translation></translation>
-    </message>
-    <message id="299">
-        <source>Map ...</source>
-        <translation></translation>
-    </message>
-    <message id="302">
-        <source>Metadata panel ...</source>
         <translation></translation>
     </message>
     <message id="360">
@@ -223,28 +143,8 @@
         <source>Choose a file with tags</source>
         <translation></translation>
     </message>
-    <message id="5033">
-        <source>Back</source>
-        <translation></translation>
-    </message>
-    <message id="5034">
-        <source>Forward</source>
-        <translation></translation>
-    </message>
-    <message id="5035">
-        <source>Up</source>
-        <translation></translation>
-    </message>
     <message id="5037">
         <source>Select none</source>
-        <translation></translation>
-    </message>
-    <message id="5040">
-        <source>Check boxes</source>
-        <translation></translation>
-    </message>
-    <message id="5050">
-        <source>Smart details</source>
         <translation></translation>
     </message>
     <message id="5052">
@@ -279,52 +179,16 @@
         <source>items</source>
         <translation></translation>
     </message>
-    <message id="10004">
-        <source>HTML dump</source>
-        <translation></translation>
-    </message>
-    <message id="10007">
-        <source>Verbose dump</source>
-        <translation></translation>
-    </message>
     <message id="40012">
         <source>Open</source>
-        <translation></translation>
-    </message>
-    <message id="40074">
-        <source>Select all</source>
-        <translation></translation>
-    </message>
-    <message id="40075">
-        <source>Invert selection</source>
         <translation></translation>
     </message>
     <message id="40076">
         <source>Select none</source>
         <translation></translation>
     </message>
-    <message id="40089">
-        <source>Ascending</source>
-        <translation></translation>
-    </message>
-    <message id="40090">
-        <source>Descending</source>
-        <translation></translation>
-    </message>
-    <message id="40092">
-        <source>Exit</source>
-        <translation></translation>
-    </message>
-    <message id="40106">
-        <source>Hidden files</source>
-        <translation></translation>
-    </message>
     <message id="40107">
         <source>Refresh</source>
-        <translation></translation>
-    </message>
-    <message id="40110">
-        <source>Restart</source>
         <translation></translation>
     </message>
     <message id="40115">
@@ -337,54 +201,6 @@
     </message>
     <message id="40117">
         <source>Up</source>
-        <translation></translation>
-    </message>
-    <message id="50001">
-        <source>Sort by name</source>
-        <translation></translation>
-    </message>
-    <message id="50002">
-        <source>Sort by date modified</source>
-        <translation></translation>
-    </message>
-    <message id="50003">
-        <source>Sort by size</source>
-        <translation></translation>
-    </message>
-    <message id="50004">
-        <source>Sort by type</source>
-        <translation></translation>
-    </message>
-    <message id="50101">
-        <source>Group by name</source>
-        <translation></translation>
-    </message>
-    <message id="50102">
-        <source>Group by date modified</source>
-        <translation></translation>
-    </message>
-    <message id="50103">
-        <source>Group by size</source>
-        <translation></translation>
-    </message>
-    <message id="50104">
-        <source>Group by type</source>
-        <translation></translation>
-    </message>
-    <message id="70304">
-        <source>ExifTool ...</source>
-        <translation></translation>
-    </message>
-    <message id="70305">
-        <source>FFmpeg ...</source>
-        <translation></translation>
-    </message>
-    <message id="70306">
-        <source>ImageMagick ...</source>
-        <translation></translation>
-    </message>
-    <message id="70307">
-        <source>Dark mode ...</source>
         <translation></translation>
     </message>
     <message id="70501">

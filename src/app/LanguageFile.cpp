@@ -1,9 +1,11 @@
 #include "app/LanguageFile.h"
 
 #include <QCryptographicHash>
+#include <QDir>
 #include <QFile>
 #include <QResource>
 #include <QXmlStreamReader>
+#include <algorithm>
 #include <atomic>
 #include <fstream>
 #include <iterator>
@@ -77,7 +79,10 @@ bool LanguageFile::load(const fs::path& file) {
     if (!QResource::registerResource(reinterpret_cast<const uchar*>(collection_.constData()), root))
         return false;
     root_ = root;
-    return readTexts() && readMenus();
+    const QStringList names =
+        QDir(QStringLiteral(":") + root_).entryList({QStringLiteral("*.ts")}, QDir::Files, QDir::Name);
+    const bool readAll = std::ranges::all_of(names, [this](const QString& name) { return readTexts(name); });
+    return readAll && !texts_.isEmpty() && readMenus();
 }
 
 QByteArray LanguageFile::read(const QString& name) const {
@@ -87,8 +92,8 @@ QByteArray LanguageFile::read(const QString& name) const {
 }
 
 // A Linguist file whose message ids are the numbers: an untranslated message speaks its source text.
-bool LanguageFile::readTexts() {
-    QXmlStreamReader xml(read(QStringLiteral("strings.ts")));
+bool LanguageFile::readTexts(const QString& name) {
+    QXmlStreamReader xml(read(name));
     int number = -1;
     while (!xml.atEnd()) {
         xml.readNext();
@@ -104,7 +109,7 @@ bool LanguageFile::readTexts() {
             if (!translation.isEmpty()) texts_.insert(number, translation);
         }
     }
-    return !xml.hasError() && !texts_.isEmpty();
+    return !xml.hasError();
 }
 
 bool LanguageFile::readMenus() {

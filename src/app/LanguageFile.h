@@ -9,6 +9,9 @@
 
 namespace app {
 
+/// Added to a text's number, this gives the number of its tool tip.
+inline constexpr int kTipNumbers = 100'000;
+
 /// One entry of a menu of the language file.
 struct MenuEntry {
     int commandId = 0;  ///< 0 is a separator, or the head of a submenu when children are there
@@ -40,6 +43,10 @@ class LanguageFile {
     QString text(int number) const { return texts_.value(number); }
     bool hasText(int number) const { return texts_.contains(number); }
 
+    /// The sentence that a tool tip says beside the text; empty when there is none. It is the string 100000 +
+    /// number.
+    QString tip(int number) const { return text(kTipNumbers + number); }
+
     /// The text with its "%s" replaced in order by the values; a "%d" or "%u" takes a value too. A place
     /// without a value becomes empty, and "%%" is a percent sign.
     QString formatted(int number, std::initializer_list<QString> values) const;
@@ -56,7 +63,7 @@ class LanguageFile {
  private:
     bool load(const std::filesystem::path& file);
     QByteArray read(const QString& name) const;
-    bool readTexts();
+    bool readTexts(const QString& name);
     bool readMenus();
 
     QByteArray collection_;  // what is registered points into it

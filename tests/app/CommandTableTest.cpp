@@ -1,0 +1,72 @@
+#include "app/CommandTable.h"
+
+#include "app/LanguageFile.h"
+#include "app/SortMode.h"
+
+#include <set>
+
+namespace {
+
+TEST(CommandTable, EveryIdAndNameStandsOnce) {
+    std::set<int> ids;
+    std::set<std::string_view> names;
+    for (const app::Command& command : app::CommandTable()) {
+        EXPECT_TRUE(ids.insert(command.id).second) << command.id;
+        EXPECT_TRUE(names.insert(command.name).second) << command.name;
+        EXPECT_EQ(app::FindCommand(command.id), &command);
+    }
+    EXPECT_EQ(app::FindCommand(0), nullptr);
+    EXPECT_EQ(app::FindCommand(7), nullptr);
+    EXPECT_EQ(app::FindCommand(1 << 30), nullptr);
+}
+
+TEST(CommandTable, EveryCommandOfAMenuHasAText) {
+    const app::LanguageFile english(TAGWRIGHT_BIN_DIR, 9);
+    for (const app::Command& command : app::CommandTable()) {
+        if (command.textNumber != 0) EXPECT_TRUE(english.hasText(command.textNumber)) << command.name;
+    }
+}
+
+TEST(CommandTable, WhatIsNotBuiltIsNotOffered) {
+    for (const int built :
+         {8, 9, 12, 17, 248, 284, 5033, 5034, 5035, 5040, 40012, 40074, 40075, 40092, 40108, 50001})
+        EXPECT_TRUE(app::IsBuilt(built)) << built;
+    for (const int missing : {0, 13, 14, 15, 22, 166, 279, 361, 99999})
+        EXPECT_FALSE(app::IsBuilt(missing)) << missing;
+}
+
+TEST(CommandTable, SortCommandsCarryTheirSortMode) {
+    for (const app::Command& command : app::CommandTable()) {
+        if (command.id < app::command::kSortBy || command.id > app::command::kGroupBy + 99) continue;
+        const bool groups = command.id >= app::command::kGroupBy;
+        const int mode = command.id - (groups ? app::command::kGroupBy : app::command::kSortBy);
+        EXPECT_EQ(QString::fromLatin1(command.name), QLatin1StringView(groups ? "GroupBy" : "SortBy") +
+                                                         ToString(app::SortModeFromIntegral(mode)));
+    }
+}
+
+TEST(CommandTable, TheEightHotKeysDoWhatTheirKeysSay) {
+    struct Expected {
+        int id;
+        Qt::Key key;
+        int command;
+        int viewMode;
+    };
+    constexpr Expected kExpected[] = {
+        {8, Qt::Key_F2, 8, 0},  {9, Qt::Key_F3, 9, 0},    {17, Qt::Key_F4, 17, 0}, {12, Qt::Key_D, 12, 1},
+        {13, Qt::Key_L, 13, 2}, {361, Qt::Key_T, 361, 3}, {15, Qt::Key_J, 15, 4},  {248, Qt::Key_F5, 0, 0}};
+    ASSERT_EQ(app::HotKeys().size(), std::size(kExpected));
+    for (std::size_t row = 0; row < std::size(kExpected); ++row) {
+        const app::HotKey& key = app::HotKeys()[row];
+        EXPECT_EQ(key.id, kExpected[row].id);
+        EXPECT_EQ(key.key, kExpected[row].key);
+        EXPECT_EQ(key.command, kExpected[row].command);
+        EXPECT_EQ(key.viewMode, kExpected[row].viewMode);
+        EXPECT_TRUE(key.modifiers.testFlag(Qt::ControlModifier));
+        EXPECT_EQ(key.modifiers.testFlag(Qt::ShiftModifier), key.id == 17);
+        if (key.command != 0) EXPECT_NE(app::FindCommand(key.command), nullptr);
+    }
+    for (const app::Shortcut& shortcut : app::Shortcuts()) EXPECT_TRUE(app::IsBuilt(shortcut.command));
+}
+
+}  // namespace

@@ -1,0 +1,525 @@
+#include "app/SettingsStore.h"
+
+#include "app/NumberedNames.h"
+#include "app/SettingsTable.h"
+#include "platform/IniFile.h"
+#include "support/TemporaryFolder.h"
+
+#include <set>
+
+namespace {
+
+using app::AppContext;
+using app::ReadAt;
+using app::SettingRow;
+using platform::IniFile;
+
+// What every key holds when the file does not name it, told anew here: a slip in the table or in an
+// initialiser shows.
+struct Default {
+    const char* section;
+    const char* key;
+    int value;
+};
+
+constexpr Default kDefaults[] = {
+    {"Main", "SizeDisplayFormat", 2},
+    {"Main", "ShowFolders", 1},
+    {"Main", "ShowFoldersSizes", 0},
+    {"Main", "ShowFullTitlePath", 1},
+    {"Main", "ShowStatusBar", 1},
+    {"Main", "ShowQuickView", 1},
+    {"Main", "ExportAllTo", 0},
+    {"Main", "ExportAllWhat", 0},
+    {"Main", "Language", 9},
+    {"Main", "ShowSmartDetails", 0},
+    {"Main", "SortMode", 1},
+    {"Main", "SortAscending", 1},
+    {"Main", "ViewMode", 0},
+    {"Main", "HeightAddModify", 500},
+    {"Main", "WidthAddModify", 500},
+    {"ListView", "ShowCheckBox", 1},
+    {"ListView", "DisplayMixedFilesAndFolders", 1},
+    {"ListView", "FullRow", 1},
+    {"ListView", "HideSystemFiles", 1},
+    {"ListView", "InsertSorted", 1},
+    {"ListView", "TileSize", 150},
+    {"ListView", "ShowGridlines", 1},
+    {"ListView", "ShowInGroups", 0},
+    {"ListView", "ShowInfoTips", 10},
+    {"ListView", "UseNaturalSortOrder", 10},
+    {"ListViewMetadata", "RightAligned", 1},
+    {"ListViewMetadata", "LibelleHelp", 1},
+    {"ExifTool", "DataLanguage", 2},
+    {"ExifTool", "DisplayUnknownTags", 1},
+    {"ExifTool", "PreserveDateTime", 1},
+    {"ExifTool", "IgnoreMinorErrors", 1},
+    {"ExifTool", "IgnoreComposite", 1},
+    {"ExifTool", "IgnoreXML", 1},
+    {"ExifTool", "IgnoreFILE", 1},
+    {"ExifTool", "OverwriteExistingFilesConfirmation", 0},
+    {"ExifTool", "UseMWG", 1},
+    {"ExifTool", "CorrectedCommands", 0},
+    {"MetadataList", "ShowFileDefault", 1},
+    {"MetadataList", "ShowExif", 1},
+    {"MetadataList", "ShowComposite", 0},
+    {"MetadataList", "ShowGps", 0},
+    {"MetadataList", "ShowIptc", 0},
+    {"MetadataList", "ShowIcc", 0},
+    {"MetadataList", "ShowMakerNotes", 0},
+    {"MetadataList", "ShowXmp", 0},
+    {"MetadataList", "ShowUnknown", 0},
+    {"Misc", "ShowReportOnError", 0},
+    {"Lists", "ShowMetadataWindow", 0},
+    {"Lists", "ShowGpsWindow", 0},
+    {"Lists", "ShowHexaDumpWindow", 0},
+    {"Lists", "ShowHelpWindow", 0},
+    {"Metadata_Panel", "COL_DATA", 250},
+    {"Tiles", "ShowRating", 0},
+    {"Tiles", "showAperture", 0},
+    {"Tiles", "showDateTimeOriginal", 1},
+    {"Tiles", "showFlash", 1},
+    {"Tiles", "showFocalLength", 0},
+    {"Tiles", "showISO", 0},
+    {"Tiles", "showImageSize", 1},
+    {"Tiles", "showModel", 1},
+    {"Tiles", "showShutterSpeed", 0},
+    {"Tiles", "showWhiteBalance", 0},
+    {"GPS", "GpsViewType", 1},
+    {"GPS", "GpsViewTraffic", 0},
+    {"GPS", "GpsZoomLevel", 3},
+    {"TreeView", "CheckPinnedToNamespaceTreeProperty", 1},
+    {"TreeView", "TreeViewDelayEnabled", 1},
+    {"TreeView", "OneClickActivate", 1},
+    {"TreeView", "TreeViewAutoExpandSelected", 1},
+    {"TreeView", "ShowSystemFolders", 0},
+    {"TreeView", "ShowHiddenFolders", 0},
+    {"TreeView", "SynchronizeTreeview", 1},
+    {"Dark", "EnableDarkMode", 0},
+    {"Dark", "DarkTone", 0},
+    {"Dark", "DarkToneButtonLeft", 0},
+    {"Dark", "DarkToneHighlight", 0},
+    {"Colors", "colorHeaderListMain", 255},
+    {"Colors", "colorHeader_ListMetadata", 155},
+    {"Colors", "colorLibelle", 255},
+    {"Colors", "colorDefault", 0},
+    {"Colors", "colorSystem", 0x4080FF},
+    {"Colors", "colorUnknownTag", 6146048},
+    {"Colors", "colorTagHexa", 0xFF0000},
+    {"Colors", "colorTagId", 255},
+    {"Colors", "colorCanBeModifiedTag", 65535},
+    {"Colors", "iHighLight", 0},
+    {"Colors", "boldHeader_ListMain", 1},
+    {"Colors", "boldHeader_ListMetadata", 1},
+    {"Colors", "colorGroupHeaderIUseSolid", 0},
+    {"Colors", "colorGroupHeaderVerticalGradient", 1},
+    {"Colors", "colorGroupHeaderText", 255},
+    {"Colors", "colorGroupHeaderHigh", 255},
+    {"Colors", "colorGroupHeaderLow", 155},
+    {"Colors", "colorGroupHeaderSolid", 155},
+    {"WINDOWS_SIZES", "Holder_Left_Width", 300},
+    {"WINDOWS_SIZES", "Middle_List_Width", 300},
+    {"WINDOWS_SIZES", "Holder_Right_Width", 300},
+    {"WINDOWS_SIZES", "Main_Width", 0},
+    {"MainWindow-Position", "Left", 0},
+    {"MainWindow-Position", "Top", 0},
+    {"MainWindow-Position", "Right", 0},
+    {"MainWindow-Position", "Bottom", 0},
+};
+
+const SettingRow* readRow(std::string_view section, std::string_view key) {
+    for (const SettingRow& row : app::SettingsTable()) {
+        if (row.readAt != ReadAt::Never && row.section == section && row.readKey == key) return &row;
+    }
+    return nullptr;
+}
+
+// The number a member holds; the table has strings and paths besides.
+std::optional<std::int64_t> number(const SettingRow& row, AppContext& context) {
+    return std::visit(
+        [&](auto field) -> std::optional<std::int64_t> {
+            const auto& value = field(context);
+            if constexpr (std::is_convertible_v<decltype(value), std::int64_t>)
+                return static_cast<std::int64_t>(value);
+            return std::nullopt;
+        },
+        row.field);
+}
+
+bool isBoolean(const SettingRow& row) {
+    return std::holds_alternative<bool& (*)(AppContext&)>(row.field);
+}
+
+class SettingsStoreTest : public ::testing::Test {
+ protected:
+    SettingsStoreTest() {
+        context_.installPath = folder_.path();
+        context_.cachePath = folder_.path();
+        context_.iniPath = folder_ / "Tagwright.ini";
+    }
+
+    void write(std::string_view text) { support::WriteBytes(context_.iniPath, text); }
+    std::string written() { return support::ReadBytes(context_.iniPath); }
+    std::string value(std::string_view section, std::string_view key) {
+        return IniFile(context_.iniPath).find(section, key).value_or("(none)");
+    }
+
+    void loadAll(AppContext& context) {
+        app::LoadLanguage(context);
+        app::LoadEarlySettings(context);
+        app::LoadWindowPosition(context);
+        app::LoadSettings(context);
+        app::LoadStartFolder(context);
+    }
+
+    support::TemporaryFolder folder_;
+    AppContext context_;
+};
+
+TEST_F(SettingsStoreTest, EveryReadKeyHasItsDefaultAndNoKeyIsForgotten) {
+    std::set<const SettingRow*> seen;
+    AppContext fresh;
+    for (const Default& expected : kDefaults) {
+        SCOPED_TRACE(expected.key);
+        const SettingRow* row = readRow(expected.section, expected.key);
+        ASSERT_NE(row, nullptr);
+        seen.insert(row);
+        EXPECT_EQ(number(*row, fresh), expected.value);
+    }
+    for (const SettingRow& row : app::SettingsTable()) {
+        if (row.readAt == ReadAt::Never || !number(row, fresh)) continue;
+        EXPECT_TRUE(seen.contains(&row)) << row.section << ' ' << row.readKey;
+    }
+}
+
+TEST_F(SettingsStoreTest, MissingKeysBecomeTheirDefaultsWhateverWasInMemory) {
+    write("[Main]\nViewMode=1\n[WINDOWS_SIZES]\nMain_Width=4000\n");
+    AppContext fresh;
+    for (const SettingRow& row : app::SettingsTable()) {
+        if (row.readAt == ReadAt::Never) continue;
+        if (auto* field = std::get_if<int& (*)(AppContext&)>(&row.field)) (*field)(context_) = -77;
+        if (auto* field = std::get_if<bool& (*)(AppContext&)>(&row.field))
+            (*field)(context_) = !(*field)(fresh);
+    }
+    loadAll(context_);
+    for (const Default& expected : kDefaults) {
+        const std::string_view key = expected.key;
+        if (key == "ViewMode" || key == "Main_Width") continue;
+        EXPECT_EQ(number(*readRow(expected.section, key), context_), expected.value) << key;
+    }
+}
+
+TEST_F(SettingsStoreTest, EveryKeyIsReadFromItsPlace) {
+    for (const Default& expected : kDefaults) {
+        const std::string_view key = expected.key;
+        const std::string_view section = expected.section;
+        if (section == "Lists" || section == "WINDOWS_SIZES" || key == "ViewMode" || key == "SortMode")
+            continue;
+        SCOPED_TRACE(expected.key);
+        const SettingRow& row = *readRow(section, key);
+        const int other = isBoolean(row) ? 1 - expected.value : expected.value + 3;
+        write("[Main]\nViewMode=2\n[" + std::string(section) + "]\n" + std::string(key) + "=" +
+              std::to_string(other) + "\n");
+        AppContext context = context_;
+        loadAll(context);
+        EXPECT_EQ(number(row, context), other);
+    }
+}
+
+TEST_F(SettingsStoreTest, AnyNumberButZeroIsTrue) {
+    for (const auto& [text, expected] : std::vector<std::pair<std::string, bool>>{
+             {"0", false}, {"1", true}, {"7", true}, {"-1", true}, {"yes", false}}) {
+        write("[Main]\nViewMode=1\n[MetadataList]\nShowGps=" + text + "\n");
+        app::LoadSettings(context_);
+        EXPECT_EQ(context_.settings.metadataList.showGps, expected) << text;
+    }
+}
+
+TEST_F(SettingsStoreTest, WhatIsSavedComesBack) {
+    const auto change = [](const SettingRow& row, AppContext& context, int step) {
+        if (auto* flag = std::get_if<bool& (*)(AppContext&)>(&row.field))
+            (*flag)(context) = !(*flag)(context);
+        if (auto* count = std::get_if<int& (*)(AppContext&)>(&row.field)) (*count)(context) += step;
+        if (auto* color = std::get_if<std::uint32_t& (*)(AppContext&)>(&row.field))
+            (*color)(context) = 0x010203u * 7;
+        if (auto* text = std::get_if<QString& (*)(AppContext&)>(&row.field))
+            (*text)(context) = QStringLiteral("W\u00F6rter %1").arg(step);
+        if (auto* path = std::get_if<std::filesystem::path& (*)(AppContext&)>(&row.field))
+            (*path)(context) = "/opt/t\xF6ol" + std::to_string(step);
+    };
+    int step = 10;
+    for (const SettingRow& row : app::SettingsTable()) {
+        if (row.readAt == ReadAt::Never || std::string_view(row.section) == "Lists") continue;
+        change(row, context_, ++step);
+    }
+    context_.settings.main.sortMode = 13;
+    context_.settings.main.viewMode = 4;
+    context_.settings.windowSizes = {.holderLeftWidth = 210,
+                                     .middleListWidth = 640,
+                                     .holderRightWidth = 420,
+                                     .mainWidth = 1400,
+                                     .mainHeight = 900};
+    context_.settings.batch.exifUserComment = QStringLiteral("short");
+    AppContext saving = context_;
+    EXPECT_EQ(app::SaveWindowPosition(saving, context_.settings.windowPosition), QString());
+    EXPECT_EQ(app::SaveWindowSizes(saving, context_.settings.windowSizes), QString());
+    EXPECT_EQ(app::SaveSettings(saving), QString());
+
+    AppContext loaded;
+    loaded.iniPath = context_.iniPath;
+    loadAll(loaded);
+    for (const SettingRow& row : app::SettingsTable()) {
+        if (row.readAt == ReadAt::Never || std::string_view(row.readKey) != row.writtenKey) continue;
+        std::visit(
+            [&](auto field) {
+                EXPECT_EQ(field(loaded), field(context_)) << row.section << ' ' << row.readKey;
+            },
+            row.field);
+    }
+}
+
+TEST_F(SettingsStoreTest, TheSolidHeaderFlagNeverSurvivesARestart) {
+    context_.settings.colors.groupHeaderUseSolid = true;
+    app::SaveSettings(context_);
+    EXPECT_EQ(value("Colors", "colorGroupHeaderUseSolid"), "1");
+    EXPECT_EQ(value("Colors", "colorGroupHeaderIUseSolid"), "(none)");
+    app::LoadEarlySettings(context_);
+    EXPECT_FALSE(context_.settings.colors.groupHeaderUseSolid);
+}
+
+TEST_F(SettingsStoreTest, TheReportFlagIsWrittenUnderTwoNamesAndReadUnderOne) {
+    context_.settings.showReportOnError = true;
+    app::SaveSettings(context_);
+    EXPECT_EQ(value("Misc", "ShowReportOnError"), "1");
+    EXPECT_EQ(value("Main", "showReportOnError"), "1");
+    write("[Main]\nViewMode=1\nshowReportOnError=1\n");
+    app::LoadSettings(context_);
+    EXPECT_FALSE(context_.settings.showReportOnError);
+}
+
+TEST_F(SettingsStoreTest, TwoSpellingsOfMainAreOneSection) {
+    context_.settings.main.forceSize = true;
+    app::SaveSettings(context_);
+    EXPECT_EQ(value("Main", "ForceSize"), "1");
+    EXPECT_EQ(value("MAIN", "ViewMode"), "0");
+    EXPECT_EQ(written().find("[MAIN]"), std::string::npos);
+}
+
+TEST_F(SettingsStoreTest, KeysThatAreOnlyWrittenAreNotRead) {
+    write(
+        "[Main]\nViewMode=1\nCheckForNewVersionAtStart=1\nForceSize=1\nHideLinkExtensionGlobal=1\n"
+        "[ListView]\nShowExtensions=0\nShowFolderSizes=1\n[WINDOWS_SIZES]\nMain_Height=99\n");
+    loadAll(context_);
+    EXPECT_FALSE(context_.settings.main.checkForNewVersionAtStart);
+    EXPECT_FALSE(context_.settings.main.forceSize);
+    EXPECT_FALSE(context_.settings.main.hideLinkExtensionGlobal);
+    EXPECT_TRUE(context_.settings.listView.showExtensions);
+    EXPECT_FALSE(context_.settings.listView.showFolderSizes);
+    EXPECT_EQ(context_.settings.windowSizes.mainHeight, 0);
+}
+
+TEST_F(SettingsStoreTest, SectionsAreSavedInTheirOrder) {
+    const std::vector<std::string> expected = {"Nodes",
+                                               "Main",
+                                               "MetadataList",
+                                               "Misc",
+                                               "Lists",
+                                               "ListView",
+                                               "ListViewMetadata",
+                                               "Metadata_Panel",
+                                               "MAIN",
+                                               "Main",
+                                               "Tiles",
+                                               "Dark",
+                                               "PATHS",
+                                               "ExifTool",
+                                               "GPS",
+                                               "TreeView",
+                                               "Main",
+                                               "Colors",
+                                               "BATCH"};
+    std::vector<std::string> sections;
+    for (const SettingRow& row : app::SettingsTable()) {
+        const std::string section = row.section;
+        if (section == "WINDOWS_SIZES" || section == "MainWindow-Position") continue;
+        if (sections.empty() || sections.back() != section) sections.push_back(section);
+    }
+    EXPECT_EQ(sections, expected);
+}
+
+struct Panels {
+    std::string_view set;
+    std::array<bool, 4> shown;
+};
+
+TEST_F(SettingsStoreTest, OnlyTheFirstPanelStaysOn) {
+    constexpr const char* kKeys[] = {"ShowMetadataWindow", "ShowGpsWindow", "ShowHexaDumpWindow",
+                                     "ShowHelpWindow"};
+    for (const Panels& panels :
+         {Panels{"0000", {}}, Panels{"1000", {true}}, Panels{"1111", {true}}, Panels{"0111", {false, true}},
+          Panels{"0011", {false, false, true}}, Panels{"0001", {false, false, false, true}}}) {
+        std::string text = "[Main]\nViewMode=1\n[Lists]\n";
+        for (std::size_t key = 0; key < 4; ++key)
+            text += std::string(kKeys[key]) + "=" + panels.set[key] + "\n";
+        write(text);
+        app::LoadSettings(context_);
+        const app::Settings::Lists& lists = context_.settings.lists;
+        EXPECT_EQ((std::array{lists.showMetadataWindow, lists.showGpsWindow, lists.showHexaDumpWindow,
+                              lists.showHelpWindow}),
+                  panels.shown)
+            << panels.set;
+    }
+}
+
+struct PaneCase {
+    const char* text;
+    int left, middle, right;
+};
+
+TEST_F(SettingsStoreTest, PaneSizesAreCorrected) {
+    for (const PaneCase& pane :
+         {PaneCase{"Main_Width=2000\nHolder_Left_Width=0", 300, 300, 300},
+          PaneCase{"Main_Width=2000\nMiddle_List_Width=0", 300, 600, 300},
+          PaneCase{"Main_Width=2000\nHolder_Right_Width=-5", 300, 300, 500},
+          PaneCase{"Main_Width=2000\nHolder_Left_Width=1\nMiddle_List_Width=1\nHolder_Right_Width=1", 1, 1,
+                   1},
+          PaneCase{"Main_Width=1001\nHolder_Left_Width=400\nHolder_Right_Width=500\nMiddle_List_Width=7", 400,
+                   7, 500},
+          PaneCase{"Main_Width=1000\nHolder_Left_Width=400\nHolder_Right_Width=500\nMiddle_List_Width=7", 300,
+                   400, 300},
+          PaneCase{"", 300, -600, 300},
+          PaneCase{"Holder_Left_Width=2147483647\nHolder_Right_Width=2147483647\nMain_Width=-2147483648", 300,
+                   INT32_MIN, 300}}) {
+        write(std::string("[WINDOWS_SIZES]\n") + pane.text + "\n");
+        app::LoadEarlySettings(context_);
+        const app::Settings::WindowSizes& sizes = context_.settings.windowSizes;
+        EXPECT_EQ(sizes.holderLeftWidth, pane.left) << pane.text;
+        EXPECT_EQ(sizes.middleListWidth, pane.middle) << pane.text;
+        EXPECT_EQ(sizes.holderRightWidth, pane.right) << pane.text;
+    }
+}
+
+struct CommentCase {
+    const char* comment;
+    const char* savePath;
+    const char* kept;
+};
+
+TEST_F(SettingsStoreTest, ASavePathOverwritesTheTailOfTheComment) {
+    for (const CommentCase& row :
+         {CommentCase{"A long comment", "", "A long comment"},
+          CommentCase{"A long comment", "/save", "A long co"}, CommentCase{"Nine char", "/save", "Nine char"},
+          CommentCase{"Short", "/save", "Short"}, CommentCase{"", "/save", ""}}) {
+        write("[Main]\nViewMode=1\n[BATCH]\nExifUserComment=" + std::string(row.comment) +
+              "\nDefaultSavePath=" + row.savePath + "\n");
+        app::LoadSettings(context_);
+        EXPECT_EQ(context_.settings.batch.exifUserComment.toStdString(), row.kept);
+        EXPECT_EQ(context_.settings.batch.defaultSavePath.toStdString(), row.savePath);
+    }
+}
+
+TEST_F(SettingsStoreTest, TextsAreCutToTheirRoom) {
+    write("[Main]\nViewMode=1\n[BATCH]\nDefaultSavePath=" + std::string(400, 'x') +
+          "\n[Nodes]\n1=" + std::string(400, 'y') + "\n");
+    loadAll(context_);
+    EXPECT_EQ(context_.settings.batch.defaultSavePath.size(), 259);
+    EXPECT_EQ(context_.settings.startFolder.size(), 259);
+}
+
+struct FaultCase {
+    const char* mainSection;
+    const char* fault;
+    int sortMode, viewMode;
+};
+
+TEST_F(SettingsStoreTest, ANumberOutsideAnEnumerationEndsTheLoad) {
+    for (const FaultCase& row :
+         {FaultCase{"SortMode=1\n", "ViewMode::_from_integral: invalid argument", 1, 1},
+          FaultCase{"ViewMode=5\n", "ViewMode::_from_integral: invalid argument", 1, 1},
+          FaultCase{"ViewMode=x\n", "ViewMode::_from_integral: invalid argument", 1, 1},
+          FaultCase{"ViewMode=2\nSortMode=19\n", "SortMode::_from_integral: invalid argument", 1, 2},
+          FaultCase{"ViewMode=9\nSortMode=0\n", "SortMode::_from_integral: invalid argument", 1, 1},
+          FaultCase{"ViewMode=9\nSortMode=59\n", "ViewMode::_from_integral: invalid argument", 59, 1}}) {
+        SCOPED_TRACE(row.mainSection);
+        write(std::string("[Main]\nHeightAddModify=640\n") + row.mainSection + "[ListView]\nTileSize=99\n");
+        AppContext ended = context_;
+        try {
+            app::LoadSettings(ended);
+            ADD_FAILURE() << "no exception";
+        } catch (const app::InvalidEnumeration& invalid) {
+            EXPECT_STREQ(invalid.what(), row.fault);
+        }
+        EXPECT_EQ(ended.settings.main.heightAddModify, 500);
+        EXPECT_EQ(ended.settings.listView.tileSize, 150);
+
+        AppContext repaired = context_;
+        EXPECT_EQ(app::LoadSettingsOrDefaults(repaired), QString::fromLatin1(row.fault));
+        EXPECT_EQ(repaired.settings.main.sortMode, row.sortMode);
+        EXPECT_EQ(repaired.settings.main.viewMode, row.viewMode);
+        EXPECT_EQ(repaired.settings.main.heightAddModify, 640);
+        EXPECT_EQ(repaired.settings.listView.tileSize, 99);
+    }
+}
+
+TEST_F(SettingsStoreTest, GarbageGivesDefaults) {
+    std::string noise = "[[[\n]=\n=5\n[Main\nSortMode\n;x\n\xFF\xFE\x01";
+    for (int byte = 0; byte < 20000; ++byte) noise += static_cast<char>(byte * 7919 % 251);
+    for (const std::string& garbage :
+         {std::string(), noise, std::string(100000, '['), std::string(5000, '\0')}) {
+        write(garbage);
+        AppContext context = context_;
+        app::LoadLanguage(context);
+        app::LoadEarlySettings(context);
+        app::LoadWindowPosition(context);
+        app::LoadStartFolder(context);
+        EXPECT_EQ(app::LoadSettingsOrDefaults(context),
+                  QStringLiteral("ViewMode::_from_integral: invalid argument"));
+        EXPECT_EQ(context.settings.main.language, 9);
+        EXPECT_EQ(context.settings.metadataValueColumnWidth, 250);
+        EXPECT_EQ(context.settings.colors.system, 0x4080FFu);
+    }
+}
+
+TEST_F(SettingsStoreTest, ForeignKeysAndSectionsStay) {
+    write("; mine\n[Other]\nkey = value \n[Main]\nUnknown=5\nViewMode=1\n");
+    app::SaveSettings(context_);
+    EXPECT_NE(written().find("; mine\n[Other]\nkey = value \n"), std::string::npos);
+    EXPECT_EQ(value("Main", "Unknown"), "5");
+    EXPECT_EQ(value("Main", "ViewMode"), "0");
+}
+
+TEST_F(SettingsStoreTest, ToolPathsReplaceOnlyWhenTheyAreNamed) {
+    context_.exifToolPath = "/found/exiftool";
+    context_.ffmpegPath = "/found/ffmpeg";
+    write("[Main]\nViewMode=1\n[PATHS]\nExifToolPath=\nFFMpegPath=/named/ffm\xFFpeg\n");
+    app::LoadSettings(context_);
+    EXPECT_EQ(context_.exifToolPath, "/found/exiftool");
+    EXPECT_EQ(context_.ffmpegPath, std::filesystem::path("/named/ffm\xFFpeg"));
+    EXPECT_TRUE(context_.imageMagickPath.empty());
+}
+
+TEST_F(SettingsStoreTest, AToolThatWasMerelyFoundIsNotNamed) {
+    context_.exifToolPath = folder_ / "exiftool";
+    support::WriteBytes(context_.exifToolPath, "#!/bin/sh\n");
+    context_.ffmpegPath = "/chosen/ffmpeg";
+    app::SaveSettings(context_);
+    EXPECT_EQ(value("PATHS", "ExifToolPath"), "(none)");
+    EXPECT_EQ(value("PATHS", "FFMpegPath"), "/chosen/ffmpeg");
+    write("[PATHS]\nExifToolPath=/elsewhere/exiftool\n");
+    app::SaveSettings(context_);
+    EXPECT_EQ(value("PATHS", "ExifToolPath"), context_.exifToolPath.string());
+}
+
+TEST_F(SettingsStoreTest, OneNumberIsWrittenInDecimal) {
+    EXPECT_EQ(app::WriteIntSetting("Anything", "key", context_.iniPath, -42), QString());
+    EXPECT_EQ(value("anything", "KEY"), "-42");
+}
+
+TEST_F(SettingsStoreTest, AFileThatCannotBeWrittenIsTold) {
+    context_.iniPath = folder_ / "missing" / "Tagwright.ini";
+    EXPECT_NE(app::SaveSettings(context_), QString());
+    EXPECT_NE(app::SaveWindowSizes(context_, {}), QString());
+    EXPECT_NE(app::WriteIntSetting("A", "b", context_.iniPath, 1), QString());
+}
+
+}  // namespace

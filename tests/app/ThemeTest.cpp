@@ -1,0 +1,67 @@
+#include "app/Theme.h"
+
+namespace {
+
+using app::ContrastRatio;
+using app::Theme;
+
+TEST(Theme, StoredColoursHaveBlueAbove) {
+    EXPECT_EQ(app::ColorFromStored(0x4080FF), QColor(0xFF, 0x80, 0x40));
+    EXPECT_EQ(app::StoredFromColor(QColor(0x0B, 0x57, 0xA8)), 0xA8570Bu);
+    EXPECT_EQ(app::ColorFromStored(0xFF000000u | 0x010203u), QColor(3, 2, 1));
+}
+
+TEST(Theme, ContrastRunsFromOneToTwentyOne) {
+    EXPECT_NEAR(ContrastRatio(Qt::white, Qt::black), 21.0, 0.001);
+    EXPECT_NEAR(ContrastRatio(Qt::red, Qt::red), 1.0, 0.001);
+    EXPECT_NEAR(ContrastRatio(QColor(0x77, 0x77, 0x77), Qt::white), 4.48, 0.01);
+}
+
+TEST(Theme, DarkTonesHaveTheirBackgrounds) {
+    const std::pair<int, std::uint32_t> tones[] = {{0, 2894867},  {1, 3343929}, {2, 16183},    {3, 0x0F3F00},
+                                                   {4, 3869700},  {5, 11840},   {6, 0x400037}, {7, 2894867},
+                                                   {8, 0x202020}, {9, 4079166}, {99, 2894867}, {-1, 2894867}};
+    for (const auto& [tone, stored] : tones)
+        EXPECT_EQ(app::StoredFromColor(app::DarkBackground(tone)), stored) << tone;
+}
+
+std::vector<Theme> allThemes() {
+    std::vector<Theme> themes = {Theme::Light()};
+    for (int tone = 0; tone < 10; ++tone) themes.push_back(Theme::Dark(tone));
+    return themes;
+}
+
+TEST(Theme, EveryTextReadsOnEveryGround) {
+    for (const Theme& theme : allThemes()) {
+        for (const QColor& ground : {theme.window, theme.base, theme.alternateBase, theme.button}) {
+            EXPECT_GE(ContrastRatio(theme.text, ground), 4.5) << ground.name().toStdString();
+            EXPECT_GE(ContrastRatio(theme.secondaryText, ground), 4.5) << ground.name().toStdString();
+        }
+        EXPECT_GE(ContrastRatio(theme.link, theme.base), 4.5);
+        EXPECT_GE(ContrastRatio(theme.accentText, theme.accent), 4.5);
+    }
+}
+
+TEST(Theme, ThePanelsColoursCanBeMadeToReadOnDarkTones) {
+    for (int tone = 0; tone < 10; ++tone) {
+        const QColor ground = app::DarkBackground(tone);
+        for (const QRgb color : {0x24324Au, 0x0B57A8u, 0x7B3FA0u, 0x8A4B08u, 0x6E6A00u, 0x000000u})
+            EXPECT_GE(ContrastRatio(app::ReadableOn(QColor(color), ground), ground), 4.5);
+    }
+    EXPECT_EQ(app::ReadableOn(QColor(0x0B, 0x57, 0xA8), Qt::white), QColor(0x0B, 0x57, 0xA8));
+    EXPECT_GE(ContrastRatio(app::ReadableOn(Qt::yellow, Qt::white), Qt::white), 4.5);
+}
+
+TEST(Theme, ThePaletteCarriesTheRoles) {
+    const QPalette palette = Theme::Light().palette();
+    EXPECT_EQ(palette.color(QPalette::Window), QColor(0xF2, 0xF3, 0xF5));
+    EXPECT_EQ(palette.color(QPalette::Highlight), QColor(0x2A, 0x67, 0xC9));
+    EXPECT_EQ(palette.color(QPalette::AlternateBase), QColor(0xF8, 0xF9, 0xFA));
+    app::Settings::Dark dark;
+    EXPECT_FALSE(Theme::Of(dark).dark);
+    dark.enableDarkMode = true;
+    dark.darkTone = 8;
+    EXPECT_EQ(Theme::Of(dark).base, QColor(0x20, 0x20, 0x20));
+}
+
+}  // namespace
