@@ -1153,7 +1153,7 @@
         <translation></translation>
     </message>
     <message id="72114">
-        <source>One file</source>
+        <source>Shown file</source>
         <translation></translation>
     </message>
     <message id="72115">
