@@ -545,11 +545,11 @@
         <translation></translation>
     </message>
     <message id="183">
-        <source>Embed</source>
+        <source>Embed thumbnail</source>
         <translation></translation>
     </message>
     <message id="185">
-        <source>Remove</source>
+        <source>Remove thumbnail</source>
         <translation></translation>
     </message>
     <message id="187">
@@ -681,7 +681,7 @@
         <translation></translation>
     </message>
     <message id="226">
-        <source>Web rights...</source>
+        <source>Web rights</source>
         <translation></translation>
     </message>
     <message id="227">
@@ -1153,7 +1153,7 @@
         <translation></translation>
     </message>
     <message id="72114">
-        <source>One file</source>
+        <source>Shown file</source>
         <translation></translation>
     </message>
     <message id="72115">
@@ -1189,54 +1189,50 @@
         <translation></translation>
     </message>
     <message id="72123">
-        <source>Thumbnail</source>
+        <source>Rights</source>
         <translation></translation>
     </message>
     <message id="72124">
-        <source>Check</source>
+        <source>More</source>
         <translation></translation>
     </message>
     <message id="72125">
-        <source>Rights and own</source>
-        <translation></translation>
-    </message>
-    <message id="72126">
         <source>Export metadata</source>
         <translation></translation>
     </message>
-    <message id="72127">
+    <message id="72126">
         <source>Export sets</source>
         <translation></translation>
     </message>
-    <message id="72128">
+    <message id="72127">
         <source>Embedded data</source>
         <translation></translation>
     </message>
-    <message id="72129">
+    <message id="72128">
         <source>Import</source>
         <translation></translation>
     </message>
-    <message id="72130">
+    <message id="72129">
         <source>Find</source>
         <translation></translation>
     </message>
-    <message id="72131">
+    <message id="72130">
         <source>Find files with a tag</source>
         <translation></translation>
     </message>
-    <message id="72132">
+    <message id="72131">
         <source>Look</source>
         <translation></translation>
     </message>
-    <message id="72133">
+    <message id="72132">
         <source>Tools</source>
         <translation></translation>
     </message>
-    <message id="72134">
+    <message id="72133">
         <source>Program</source>
         <translation></translation>
     </message>
-    <message id="72135">
+    <message id="72134">
         <source>Help</source>
         <translation></translation>
     </message>

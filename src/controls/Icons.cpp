@@ -10,6 +10,7 @@
 #include <QStandardPaths>
 #include <QSvgRenderer>
 #include <QWidget>
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -103,15 +104,22 @@ QPixmap drawOwn(const QString& name, QSize pixels, qreal ratio) {
     return picture;
 }
 
-/// The theme has many pictures in 16 and 22 only. At 32 the 16 drawn twice as large falls on whole pixels,
-/// where 22 would be blurred.
+/// The theme's pictures of actions are lines; elsewhere it paints in colours.
+bool isLineDrawing(const QString& name) {
+    const QStringList folders = QIcon::themeSearchPaths();
+    return std::any_of(folders.begin(), folders.end(), [&](const QString& folder) {
+        return QFile::exists(QStringLiteral("%1/%2/actions/16/%3.svg").arg(folder, QIcon::themeName(), name));
+    });
+}
+
+/// Most actions are drawn for 16 and 22 only. At 32 the 16 drawn twice as large falls on whole pixels, where
+/// 22 would be blurred; it is taken for all of them, since the few drawn for 32 have thinner lines than their
+/// neighbours.
 QPixmap drawFromTheme(const QString& name, QSize pixels, qreal ratio) {
     const QIcon themed = QIcon::fromTheme(name);
     const int side = static_cast<int>(std::lround(std::min(pixels.width(), pixels.height()) / ratio));
-    const QList<QSize> sizes = themed.availableSizes();
-    const bool hasSide = sizes.contains(QSize(side, side));
     QPixmap found;
-    if (!hasSide && side == 32 && sizes.contains(QSize(16, 16)))
+    if (side == 32 && isLineDrawing(name))
         found = themed.pixmap(QSize(16, 16), ratio * 2);
     else
         found = themed.pixmap(QSize(side, side), ratio);

@@ -167,7 +167,11 @@ void RibbonGroup::openPopup() {
         corner.setX(std::clamp(corner.x(), area.left(), std::max(area.left(), area.right() - width)));
     }
     popup_->move(corner);
+    const bool byKeyboard = dropDown_->hasFocus();
     popup_->show();
+    const auto first = std::find_if(buttons_.begin(), buttons_.end(),
+                                    [](const RibbonButton* button) { return button->isEnabled(); });
+    if (byKeyboard && first != buttons_.end()) (*first)->setFocus(Qt::PopupFocusReason);
 }
 
 void RibbonGroup::closePopup() {

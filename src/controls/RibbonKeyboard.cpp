@@ -49,8 +49,22 @@ RibbonKeyboard::RibbonKeyboard(Ribbon& ribbon, QWidget& tabs) : ribbon_(ribbon),
 }
 
 bool RibbonKeyboard::focusIsInside() const {
+    return belongsToRibbon(QApplication::focusWidget());
+}
+
+bool RibbonKeyboard::belongsToRibbon(const QWidget* widget) const {
+    // Not isAncestorOf(): the pop-up of a group is a window of its own.
+    while (widget && widget != &ribbon_) widget = widget->parentWidget();
+    return widget != nullptr;
+}
+
+bool RibbonKeyboard::listensTo(const QWidget* widget) const {
+    if (!widget) return false;
+    const QWidget* popup = QApplication::activePopupWidget();
+    if (popup) return widget->window() == popup && belongsToRibbon(widget);
+    // Without a focus widget the keys come to the window.
     const QWidget* focus = QApplication::focusWidget();
-    return focus && (focus == &tabs_ || ribbon_.isAncestorOf(focus));
+    return focus ? widget == focus : widget == ribbon_.window();
 }
 
 void RibbonKeyboard::enter() {
@@ -81,31 +95,27 @@ bool RibbonKeyboard::eventFilter(QObject* watched, QEvent* event) {
             return false;
     }
     auto* widget = qobject_cast<QWidget*>(watched);
-    if (!widget || widget != QApplication::focusWidget() || QApplication::activePopupWidget()) {
-        // Without a focus widget the keys come to the window.
-        if (!widget || QApplication::focusWidget() || widget != ribbon_.window()) return false;
-    }
+    if (!listensTo(widget)) return false;
     auto* key = static_cast<QKeyEvent*>(event);
-    if (watchAlt(watched, key)) return true;
+    if (watchAlt(*widget, *key)) return true;
     if (event->type() != QEvent::KeyPress) return false;
     if (widget == &tabs_) return tabKey(*key);
-    if (ribbon_.isAncestorOf(widget) && qobject_cast<RibbonButton*>(widget)) return buttonKey(*widget, *key);
+    if (belongsToRibbon(widget) && qobject_cast<RibbonButton*>(widget)) return buttonKey(*widget, *key);
     return false;
 }
 
-bool RibbonKeyboard::watchAlt(QObject* watched, QKeyEvent* event) {
-    const auto* widget = static_cast<QWidget*>(watched);
-    if (!ribbon_.isVisible() || widget->window() != ribbon_.window()) return false;
-    const bool press = event->type() == QEvent::KeyPress;
-    if (press && event->key() == Qt::Key_F10 && event->modifiers() == Qt::NoModifier) {
+bool RibbonKeyboard::watchAlt(const QWidget& widget, const QKeyEvent& event) {
+    if (!ribbon_.isVisible() || widget.window() != ribbon_.window()) return false;
+    const bool press = event.type() == QEvent::KeyPress;
+    if (press && event.key() == Qt::Key_F10 && event.modifiers() == Qt::NoModifier) {
         focusIsInside() ? leave() : enter();
         return true;
     }
     if (press) {
-        altAlone_ = event->key() == Qt::Key_Alt && (event->modifiers() & ~Qt::AltModifier) == 0;
+        altAlone_ = event.key() == Qt::Key_Alt && (event.modifiers() & ~Qt::AltModifier) == 0;
         return false;
     }
-    if (event->key() != Qt::Key_Alt || !altAlone_) return false;
+    if (event.key() != Qt::Key_Alt || !altAlone_) return false;
     altAlone_ = false;
     focusIsInside() ? leave() : enter();
     return true;
@@ -130,7 +140,10 @@ bool RibbonKeyboard::tabKey(const QKeyEvent& event) {
 
 bool RibbonKeyboard::buttonKey(QWidget& button, const QKeyEvent& event) {
     if (event.key() == Qt::Key_Escape) {
-        tabs_.setFocus(Qt::OtherFocusReason);
+        if (button.window() != ribbon_.window())
+            button.window()->close();
+        else
+            tabs_.setFocus(Qt::OtherFocusReason);
         return true;
     }
     if (!isArrow(event.key()) || (event.modifiers() & Qt::AltModifier)) return false;

@@ -26,12 +26,14 @@ class RibbonKeyboard : public QObject {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-    bool watchAlt(QObject* watched, QKeyEvent* event);
+    bool watchAlt(const QWidget& widget, const QKeyEvent& event);
     bool tabKey(const QKeyEvent& event);
     bool buttonKey(QWidget& button, const QKeyEvent& event);
     void focusFirstButton();
     void moveFocus(QWidget& from, int key);
     bool focusIsInside() const;
+    bool belongsToRibbon(const QWidget* widget) const;
+    bool listensTo(const QWidget* widget) const;
 
     Ribbon& ribbon_;
     QWidget& tabs_;

@@ -1,0 +1,144 @@
+#include "controls/Icons.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QXmlStreamReader>
+#include <cmath>
+
+#include "controls/RibbonFixture.h"
+
+namespace {
+
+/// The share of the picture that is painted at all.
+double coverage(const QPixmap& picture) {
+    const QImage image = picture.toImage().convertToFormat(QImage::Format_ARGB32);
+    int painted = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            if (qAlpha(image.pixel(x, y)) > 40) ++painted;
+    return image.isNull() ? 0.0 : static_cast<double>(painted) / (image.width() * image.height());
+}
+
+double luminance(QRgb color) {
+    const auto linear = [](int channel) {
+        const double share = channel / 255.0;
+        return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(qRed(color)) + 0.7152 * linear(qGreen(color)) + 0.0722 * linear(qBlue(color));
+}
+
+/// The best contrast that any opaque pixel has with the ground.
+double contrast(const QPixmap& picture, const QColor& ground) {
+    const QImage image = picture.toImage().convertToFormat(QImage::Format_ARGB32);
+    const double behind = luminance(ground.rgb());
+    double best = 1;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(image.pixel(x, y)) < 200) continue;
+            const double front = luminance(image.pixel(x, y));
+            best = std::max(best, (std::max(front, behind) + 0.05) / (std::min(front, behind) + 0.05));
+        }
+    }
+    return best;
+}
+
+QSet<QString> iconsOfTheRibbon() {
+    QSet<QString> names;
+    QXmlStreamReader xml(englishFile("ribbon.xml"));
+    while (!xml.atEnd()) {
+        if (xml.readNext() != QXmlStreamReader::StartElement) continue;
+        const QString name = xml.attributes().value(QLatin1String("icon")).toString();
+        if (!name.isEmpty()) names.insert(name);
+    }
+    return names;
+}
+
+class IconsTest : public testing::TestWithParam<bool> {
+ protected:
+    void SetUp() override { controls::setDarkIcons(GetParam()); }
+    void TearDown() override { controls::setDarkIcons(false); }
+    QColor ground() const { return GetParam() ? QColor(0x2b, 0x2d, 0x2f) : QColor(Qt::white); }
+};
+
+TEST_P(IconsTest, EveryDrawingOfOursShowsOnItsGround) {
+    EXPECT_GE(controls::ownIconNames().size(), 20);
+    for (const QString& name : controls::ownIconNames()) {
+        const QPixmap picture = controls::iconPixmap(name, QSize(16, 16), 2);
+        EXPECT_EQ(picture.size(), QSize(32, 32)) << name.toStdString();
+        EXPECT_GT(coverage(picture), 0.10) << name.toStdString();
+        EXPECT_GE(contrast(picture, ground()), 3.0) << name.toStdString();
+    }
+}
+
+TEST_P(IconsTest, EveryIconOfTheRibbonShowsInBothSizes) {
+    const QSet<QString> names = iconsOfTheRibbon();
+    EXPECT_GT(names.size(), 50);
+    for (const QString& name : names) {
+        for (const int side : {16, 32}) {
+            const QPixmap picture = controls::icon(name).pixmap(QSize(side, side), 1.0);
+            EXPECT_EQ(picture.size(), QSize(side, side)) << name.toStdString();
+            EXPECT_GT(coverage(picture), 0.04) << name.toStdString();
+            EXPECT_GE(contrast(picture, ground()), 1.9) << name.toStdString();
+        }
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Looks, IconsTest, testing::Values(false, true),
+                         [](const testing::TestParamInfo<bool>& info) {
+                             return info.param ? "Dark" : "Light";
+                         });
+
+TEST(IconTest, TheNamesThatTheListsPaintExist) {
+    const QStringList own = controls::ownIconNames();
+    for (const char* name :
+         {"kind-date",     "kind-integer",    "kind-text",   "kind-rating", "kind-list",  "kind-binary",
+          "kind-rational", "star-filled",     "star-empty",  "group-exif",  "group-iptc", "group-file",
+          "group-maker",   "group-composite", "group-media", "group-other", "group-icc",  "group-gps",
+          "help-mark",     "unknown-tag",     "tagwright"})
+        EXPECT_TRUE(own.contains(QLatin1String(name))) << name;
+}
+
+TEST(IconTest, KeepsTheProportionsOfAStar) {
+    const QPixmap star = controls::iconPixmap(QStringLiteral("star-filled"), QSize(15, 13), 1.5);
+    EXPECT_EQ(star.devicePixelRatio(), 1.5);
+    EXPECT_EQ(star.size(), QSize(23, 20));
+    EXPECT_GT(coverage(star), 0.25);
+    EXPECT_LT(coverage(controls::iconPixmap(QStringLiteral("star-empty"), QSize(15, 13), 1.5)),
+              coverage(star));
+}
+
+TEST(IconTest, AnIconHandedOutFollowsTheLook) {
+    controls::setDarkIcons(false);
+    for (const char* name : {"edit-copy", "kind-text"}) {
+        const QIcon icon = controls::icon(QLatin1String(name));
+        const QImage light = icon.pixmap(QSize(16, 16), 1.0).toImage();
+        controls::setDarkIcons(true);
+        const QImage dark = icon.pixmap(QSize(16, 16), 1.0).toImage();
+        controls::setDarkIcons(false);
+        EXPECT_NE(light, dark) << name;
+        EXPECT_EQ(light, icon.pixmap(QSize(16, 16), 1.0).toImage()) << name;
+    }
+}
+
+TEST(IconTest, ADisabledIconIsPaler) {
+    const QIcon icon = controls::icon(QStringLiteral("group-exif"));
+    EXPECT_LT(contrast(icon.pixmap(QSize(16, 16), 1.0, QIcon::Disabled), Qt::white), 3.0);
+}
+
+TEST(IconTest, AnUnknownNameGivesNoIcon) {
+    for (const char* name : {"", "no-such-picture-anywhere", "../controls_icons", "kind-"}) {
+        EXPECT_FALSE(controls::hasIcon(QLatin1String(name))) << name;
+        EXPECT_TRUE(controls::icon(QLatin1String(name)).isNull()) << name;
+        EXPECT_TRUE(controls::iconPixmap(QLatin1String(name), QSize(16, 16), 1).isNull()) << name;
+    }
+}
+
+TEST(IconTest, TheSmallMarkIsSimpler) {
+    const QImage small = controls::iconPixmap(QStringLiteral("tagwright"), QSize(16, 16), 1).toImage();
+    const QImage form = controls::iconPixmap(QStringLiteral("tagwright-small"), QSize(16, 16), 1).toImage();
+    EXPECT_EQ(small, form);
+    EXPECT_GT(coverage(controls::iconPixmap(QStringLiteral("tagwright"), QSize(256, 256), 1)), 0.4);
+}
+
+}  // namespace
