@@ -1,0 +1,99 @@
+#include "browser/ShellNavigationController.h"
+
+#include "platform/Text.h"
+
+#include <QUrl>
+
+namespace browser {
+namespace {
+
+long resultOf(const std::error_code& failure) {
+    if (failure == std::errc::permission_denied) return kPathDenied;
+    return kPathNotFound;
+}
+
+}  // namespace
+
+QString navigationFailureText(long result, const QString& path) {
+    switch (result) {
+        case kNavigationOk:
+            return {};
+        case kPathNotFound:
+            return QStringLiteral("There is no folder \"%1\"").arg(path);
+        case kPathDenied:
+            return QStringLiteral("You do not have the permission to open \"%1\"").arg(path);
+        case kPathIsNoFolder:
+            return QStringLiteral("\"%1\" is not a folder").arg(path);
+        default:
+            return QStringLiteral("\"%1\" cannot be opened").arg(path);
+    }
+}
+
+ShellNavigationController::ShellNavigationController(NavigatorInterface& navigator, IconFetcher& iconFetcher)
+    : navigator_(navigator), iconFetcher_(iconFetcher), alive_(std::make_shared<int>(0)) {
+    connections_.emplace_back(navigator_.AddNavigationCompletedObserver(
+        [this](const std::filesystem::path& folder, bool addHistoryEntry) {
+            OnNavigationCompleted(folder, addHistoryEntry);
+        }));
+}
+
+ShellNavigationController::~ShellNavigationController() = default;
+
+bool ShellNavigationController::canGoUp() const {
+    return currentEntry() != nullptr && currentEntry()->path().has_relative_path();
+}
+
+long ShellNavigationController::GoUp() {
+    if (!canGoUp()) return kNavigationFailed;
+    const std::filesystem::path parent = currentEntry()->path().parent_path();
+    return navigator_.BrowseFolder(parent, true);
+}
+
+long ShellNavigationController::Refresh() {
+    if (currentEntry() == nullptr) return kNavigationFailed;
+    const std::filesystem::path folder = currentEntry()->path();
+    return navigator_.BrowseFolder(folder, false);
+}
+
+long ShellNavigationController::BrowseFolder(const std::filesystem::path& path) {
+    std::error_code failure;
+    const std::filesystem::file_status status = std::filesystem::status(path, failure);
+    if (failure || !std::filesystem::exists(status)) return resultOf(failure);
+    if (!std::filesystem::is_directory(status)) return kPathIsNoFolder;
+    return navigator_.BrowseFolder(path, true);
+}
+
+long ShellNavigationController::BrowseFolder(const QString& path) {
+    if (path.isEmpty()) return kPathNotFound;
+    if (path.startsWith(u"file://", Qt::CaseInsensitive))
+        return BrowseFolder(platform::pathFromText(QUrl(path).toLocalFile()));
+    return BrowseFolder(platform::pathFromText(path));
+}
+
+long ShellNavigationController::Navigate(const HistoryEntry& entry, bool addHistoryEntry) {
+    const std::filesystem::path folder = entry.path();
+    return navigator_.BrowseFolder(folder, addHistoryEntry);
+}
+
+long ShellNavigationController::HandleInvalidIndex() {
+    return kNavigationFailed;
+}
+
+void ShellNavigationController::OnNavigationCompleted(const std::filesystem::path& folder,
+                                                      bool addHistoryEntry) {
+    if (!addHistoryEntry) return;
+    const auto entry = std::make_shared<HistoryEntry>(folder, folderDisplayName(folder));
+    const int index = addEntry(entry);
+    iconFetcher_.QueueIconTask(
+        folder, [this, alive = std::weak_ptr(alive_), index, entryId = entry->id()](int iconIndex) {
+            if (!alive.expired()) OnIconFetched(index, entryId, iconIndex);
+        });
+}
+
+void ShellNavigationController::OnIconFetched(int index, int entryId, int iconIndex) {
+    HistoryEntry* entry = entryAt(index);
+    // Another entry may stand there by now: gone back and on to somewhere else.
+    if (entry != nullptr && entry->id() == entryId) entry->setSystemIconIndex(iconIndex);
+}
+
+}  // namespace browser
