@@ -60,8 +60,9 @@ TEST_F(LanguageFileTest, EveryMenuSpeaksAndSendsKnownCommands) {
             for (const app::MenuEntry& entry : menu) {
                 if (entry.commandId != 0)
                     EXPECT_NE(app::FindCommand(entry.commandId), nullptr) << entry.commandId;
-                if (entry.commandId != 0 || !entry.children.empty())
-                    EXPECT_FALSE(entry.text.isEmpty()) << entry.commandId;
+                if (entry.commandId != 0 || !entry.children.empty()) {
+                EXPECT_FALSE(entry.text.isEmpty()) << entry.commandId;
+            }
                 check(entry.children);
             }
         };
