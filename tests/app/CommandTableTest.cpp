@@ -23,7 +23,9 @@ TEST(CommandTable, EveryIdAndNameStandsOnce) {
 TEST(CommandTable, EveryCommandOfAMenuHasAText) {
     const app::LanguageFile english(TAGWRIGHT_BIN_DIR, 9);
     for (const app::Command& command : app::CommandTable()) {
-        if (command.textNumber != 0) EXPECT_TRUE(english.hasText(command.textNumber)) << command.name;
+        if (command.textNumber != 0) {
+            EXPECT_TRUE(english.hasText(command.textNumber)) << command.name;
+        }
     }
 }
 
@@ -64,7 +66,9 @@ TEST(CommandTable, TheEightHotKeysDoWhatTheirKeysSay) {
         EXPECT_EQ(key.viewMode, kExpected[row].viewMode);
         EXPECT_TRUE(key.modifiers.testFlag(Qt::ControlModifier));
         EXPECT_EQ(key.modifiers.testFlag(Qt::ShiftModifier), key.id == 17);
-        if (key.command != 0) EXPECT_NE(app::FindCommand(key.command), nullptr);
+        if (key.command != 0) {
+            EXPECT_NE(app::FindCommand(key.command), nullptr);
+        }
     }
     for (const app::Shortcut& shortcut : app::Shortcuts()) EXPECT_TRUE(app::IsBuilt(shortcut.command));
 }

@@ -58,10 +58,9 @@ TEST_F(LanguageFileTest, EveryMenuSpeaksAndSendsKnownCommands) {
     const std::function<void(const std::vector<app::MenuEntry>&)> check =
         [&](const std::vector<app::MenuEntry>& menu) {
             for (const app::MenuEntry& entry : menu) {
-                if (entry.commandId != 0)
-                    EXPECT_NE(app::FindCommand(entry.commandId), nullptr) << entry.commandId;
-                if (entry.commandId != 0 || !entry.children.empty())
-                    EXPECT_FALSE(entry.text.isEmpty()) << entry.commandId;
+                const bool sends = entry.commandId != 0;
+                EXPECT_EQ(sends, app::FindCommand(entry.commandId) != nullptr) << entry.commandId;
+                EXPECT_EQ(sends || !entry.children.empty(), !entry.text.isEmpty()) << entry.commandId;
                 check(entry.children);
             }
         };

@@ -48,7 +48,9 @@ TEST(PaneLayout, NoWindowIsTooSmall) {
             EXPECT_GE(rect.width(), 0);
             EXPECT_GE(rect.height(), 0);
         }
-        if (width >= 300) EXPECT_GE(rects.middle.width(), 120) << width;
+        if (width >= 300) {
+            EXPECT_GE(rects.middle.width(), 120) << width;
+        }
     }
 }
 
