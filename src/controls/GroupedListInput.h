@@ -57,7 +57,10 @@ class GroupedListView::Input {
     void finishPressOnRow(const Hit& hit);
     void tellClick(const Hit& hit, Qt::MouseButton button, Qt::KeyboardModifiers modifiers,
                    QPoint globalPosition);
+    void tellCellClick(const QPersistentModelIndex& index, Qt::MouseButton button,
+                       Qt::KeyboardModifiers modifiers, QPoint globalPosition);
     void toggleGroup(int groupId);
+    void hover(const Hit& hit);
     void startItemDrag();
     void growRubberBand(QPoint viewportPoint);
     void scrollWhileBanding();

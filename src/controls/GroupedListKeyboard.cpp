@@ -77,6 +77,7 @@ bool GroupedListView::Input::key(QKeyEvent& event) {
 }
 
 bool GroupedListView::Input::moveKey(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    searchText_.clear();
     const QModelIndex index = neighbour(action);
     if (!index.isValid()) return view_.contents_->geometry().positionCount() > 0;
     const bool several = view_.selectionMode() == ExtendedSelection;

@@ -1,6 +1,7 @@
 // The mouse half of GroupedListView::Input; the keys are in GroupedListKeyboard.cpp.
 #include <QApplication>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QScrollBar>
 #include <QStyle>
 
@@ -74,6 +75,7 @@ void GroupedListView::Input::press(QMouseEvent& event) {
     pressedModifiers_ = event.modifiers();
     pressedAt_ = point;
     selectOnRelease_ = false;
+    searchText_.clear();
     drag_ = event.button() == Qt::LeftButton ? Drag::Waiting : Drag::None;
     if (event.button() != Qt::LeftButton && event.button() != Qt::RightButton) return;
     if (selectsWith(pressed_))
@@ -188,37 +190,45 @@ void GroupedListView::Input::finishPressOnRow(const Hit& hit) {
 void GroupedListView::Input::tellClick(const Hit& hit, Qt::MouseButton button,
                                        Qt::KeyboardModifiers modifiers, QPoint globalPosition) {
     const bool left = button == Qt::LeftButton;
+    const bool right = button == Qt::RightButton;
     const QPersistentModelIndex index = hit.index;
     switch (hit.place) {
         case Place::FreeArea:
             if (left) Q_EMIT view_.FreeAreaClicked();
-            if (button == Qt::RightButton) Q_EMIT view_.CellMenuRequested({}, globalPosition);
+            if (right) Q_EMIT view_.CellMenuRequested({}, globalPosition);
             break;
         case Place::GroupChevron:
         case Place::GroupHeader:
             if (left && hit.place == Place::GroupChevron) toggleGroup(hit.groupId);
-            if (button == Qt::RightButton) Q_EMIT view_.GroupHeaderMenuRequested(hit.groupId, globalPosition);
+            if (right) Q_EMIT view_.GroupHeaderMenuRequested(hit.groupId, globalPosition);
             break;
         case Place::CheckBox:
             if (left) {
                 makeCurrent(hit.index);
-                toggle(hit.index);
+                toggle(index);
                 anchor_ = index;
-            } else if (button == Qt::RightButton) {
-                Q_EMIT view_.CellMenuRequested(index, globalPosition);
             }
+            if (right) Q_EMIT view_.CellMenuRequested(index, globalPosition);
             break;
         case Place::Cell:
-            Q_EMIT view_.CellClicked(index, button, modifiers);
-            // The listeners may have changed the model.
-            if (index.isValid() && left) Q_EMIT view_.clicked(index);
-            if (index.isValid() && button == Qt::RightButton)
-                Q_EMIT view_.CellMenuRequested(index, globalPosition);
-            if (index.isValid() && left &&
-                view_.style()->styleHint(QStyle::SH_ItemView_ActivateItemOnSingleClick, nullptr, &view_) != 0)
-                Q_EMIT view_.activated(index);
+            tellCellClick(index, button, modifiers, globalPosition);
             break;
     }
+}
+
+void GroupedListView::Input::tellCellClick(const QPersistentModelIndex& index, Qt::MouseButton button,
+                                           Qt::KeyboardModifiers modifiers, QPoint globalPosition) {
+    // Every listener may take the row away, or the whole view, and with it this object.
+    const QPointer<GroupedListView> view = &view_;
+    const auto goesOn = [&] { return view != nullptr && index.isValid(); };
+    Q_EMIT view->CellClicked(index, button, modifiers);
+    if (!goesOn()) return;
+    if (button == Qt::RightButton) Q_EMIT view->CellMenuRequested(index, globalPosition);
+    if (button != Qt::LeftButton) return;
+    Q_EMIT view->clicked(index);
+    if (goesOn() &&
+        view->style()->styleHint(QStyle::SH_ItemView_ActivateItemOnSingleClick, nullptr, view) != 0)
+        Q_EMIT view->activated(index);
 }
 
 void GroupedListView::Input::doubleClick(QMouseEvent& event) {
@@ -237,10 +247,11 @@ void GroupedListView::Input::doubleClick(QMouseEvent& event) {
         return;
     }
     const QPersistentModelIndex index = hit.index;
-    Q_EMIT view_.doubleClicked(index);
-    if (index.isValid() &&
-        view_.style()->styleHint(QStyle::SH_ItemView_ActivateItemOnSingleClick, nullptr, &view_) == 0)
-        Q_EMIT view_.activated(index);
+    const QPointer<GroupedListView> view = &view_;
+    Q_EMIT view->doubleClicked(index);
+    if (view != nullptr && index.isValid() &&
+        view->style()->styleHint(QStyle::SH_ItemView_ActivateItemOnSingleClick, nullptr, view) == 0)
+        Q_EMIT view->activated(index);
 }
 
 void GroupedListView::Input::toggleGroup(int groupId) {
@@ -298,7 +309,10 @@ void GroupedListView::Input::scrollWhileBanding() {
 // --- hover
 
 void GroupedListView::Input::hoverAt(QPoint viewportPoint) {
-    const Hit hit = hitTest(viewportPoint);
+    hover(hitTest(viewportPoint));
+}
+
+void GroupedListView::Input::hover(const Hit& hit) {
     const bool onGroup = hit.place == Place::GroupHeader || hit.place == Place::GroupChevron;
     const std::optional<int> group = onGroup ? std::optional(hit.groupId) : std::nullopt;
     if (group != hoveredGroup_) {

@@ -374,6 +374,18 @@ void GroupedListView::rowsInserted(const QModelIndex& parent, int start, int end
     QAbstractItemView::rowsInserted(parent, start, end);
 }
 
+void GroupedListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QAbstractItemView::currentChanged(current, previous);
+    if (contents_->isOutdated()) return;
+    // The frame is around the whole row, or around the header of its collapsed group.
+    for (const QModelIndex& index : {current, previous}) {
+        if (!index.isValid()) continue;
+        viewport()->update(contents_->rowRect(index.row()).intersected(viewport()->rect()));
+        const Group* group = contents_->groupOfRow(index.row());
+        if (group != nullptr && isGroupCollapsed(group->id)) viewport()->update(groupHeaderRect(group->id));
+    }
+}
+
 void GroupedListView::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
                                   const QList<int>& roles) {
     if (!topLeft.isValid() || !bottomRight.isValid()) return;
