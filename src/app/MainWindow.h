@@ -67,6 +67,7 @@ class MainWindow : public QWidget {
 
     // --- what scripts look at
     QString StatusText() const;
+    QString SelectionText() const;
     browser::ShellBrowser& activeBrowser();
     browser::TabContainer& tabs() { return *tabs_; }
     tags::MetadataPanel& metadataPanel() { return *metadataPanel_; }

@@ -30,7 +30,9 @@ class Program {
     std::optional<int> start();
 
     MainWindow& window() { return *window_; }
-    ProgressDialog& progress() { return *progress_; }
+    bool hasWindow() const { return window_ != nullptr; }
+    /// Whether a tool is being waited for and the button that ends the wait is there.
+    bool canStopWaiting() const;
     AppContext& context() { return context_; }
 
  private:

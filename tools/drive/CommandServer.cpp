@@ -87,7 +87,8 @@ void CommandServer::watchForNewWindow() {
     QWidget* popup = QApplication::activePopupWidget();
     const bool newModal = modal != nullptr && modal != current.modal && modal->isVisible();
     const bool newPopup = popup != nullptr && popup != current.popup && popup->isVisible();
-    if (newModal || newPopup) answer({});
+    const bool blocked = blockedByProgress_ && blockedByProgress_();
+    if (newModal || newPopup || blocked) answer({});
 }
 
 void CommandServer::answer(const Answer& given) {

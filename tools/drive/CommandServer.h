@@ -34,7 +34,10 @@ class CommandServer : public QObject {
 
     CommandServer(int inputDescriptor, int outputDescriptor, Execute execute, QObject* parent = nullptr);
 
- Q_SIGNALS:
+     /// Tells whether a command waits for a tool and the user can end the wait: it is answered then, too.
+    void setBlockedByProgress(std::function<bool()> blocked) { blockedByProgress_ = std::move(blocked); }
+
+Q_SIGNALS:
     /// The input has ended and the last command was answered.
     void InputEnded();
 
@@ -53,6 +56,7 @@ class CommandServer : public QObject {
 
     int output_;
     Execute execute_;
+    std::function<bool()> blockedByProgress_;
     QSocketNotifier notifier_;
     QTimer next_;
     QTimer watch_;

@@ -1,0 +1,192 @@
+#include "app/AboutDialog.h"
+#include "app/MainWindow.h"
+#include "app/Messages.h"
+#include "app/ProgressDialog.h"
+#include "app/TextNumbers.h"
+#include "browser/AddressBar.h"
+#include "browser/ShellBrowser.h"
+#include "browser/TabContainer.h"
+#include "controls/Ribbon.h"
+#include "platform/Text.h"
+#include "tags/MetadataPanel.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QLabel>
+#include <QProcess>
+#include <QUrl>
+
+namespace app {
+
+const std::vector<MainWindow::HandledCommand>& MainWindow::handledCommands() {
+    using namespace command;
+    static const std::vector<HandledCommand> commands = {
+        {kShowFolders, kShowFolders, &MainWindow::toggleFolders},
+        {kShowStatusBar, kShowStatusBar, &MainWindow::toggleStatusBar},
+        {kViewDetails, kViewJumbo, &MainWindow::setView},
+        {kMetadataPanel, kMetadataPanel, &MainWindow::toggleMetadataPanel},
+        {kOpenSelectedFolder, kOpenSelectedFolder, &MainWindow::openSelected},
+        {kDeselectAll, kDeselectAll, &MainWindow::clearSelection},
+        {kFocusList, kFocusList, &MainWindow::focusList},
+        {kRefresh, kRefresh, &MainWindow::refresh},
+        {kAbout, kAbout, &MainWindow::showAbout},
+        {kBack, kBack, &MainWindow::goBack},
+        {kForward, kForward, &MainWindow::goForward},
+        {kUp, kUp, &MainWindow::goUp},
+        {kClearSelection, kClearSelection, &MainWindow::clearSelection},
+        {kCheckBoxes, kCheckBoxes, &MainWindow::toggleCheckBoxes},
+        {kInvertSelectionOfRibbon, kInvertSelectionOfRibbon, &MainWindow::invertSelection},
+        {kClearMetadata, kClearMetadata, &MainWindow::clearMetadata},
+        {kRefreshPanel, kRefreshPanel, &MainWindow::refreshPanel},
+        {kOpenFile, kOpenFile, &MainWindow::openSelected},
+        {kSelectAll, kSelectAll, &MainWindow::selectAll},
+        {kInvertSelection, kInvertSelection, &MainWindow::invertSelection},
+        {kSelectNone, kSelectNone, &MainWindow::clearSelection},
+        {kSortAscending, kSortDescending, &MainWindow::sortDirection},
+        {kClose, kClose, &MainWindow::closeWindow},
+        {kShowHidden, kShowHidden, &MainWindow::toggleHidden},
+        {kRefreshOfMenu, kRefreshOfMenu, &MainWindow::refresh},
+        {kReadSelection, kReadSelection, &MainWindow::readSelection},
+        {kRestart, kRestart, &MainWindow::restart},
+        {kBackOfMenu, kBackOfMenu, &MainWindow::goBack},
+        {kForwardOfMenu, kForwardOfMenu, &MainWindow::goForward},
+        {kUpOfMenu, kUpOfMenu, &MainWindow::goUp},
+        {kSortBy + 1, kGroupBy - 1, &MainWindow::sortBy},
+    };
+    return commands;
+}
+
+void MainWindow::Dispatch(CommandId id) {
+    const Command* entry = FindCommand(id);
+    // A command that came while a tool is being waited for would start a second wait inside the first.
+    if (entry == nullptr || !entry->built || progress_.isWaiting()) return;
+    if (entry->needsSelection && selectedFile().empty()) {
+        ShowMessage(this, {language_.text(text::kNoFileSelected), MessageIcon::Information});
+        return;
+    }
+    for (const HandledCommand& handled : handledCommands()) {
+        if (id < handled.first || id > handled.last) continue;
+        (this->*handled.handler)(id);
+        updateToggles();
+        return;
+    }
+}
+
+std::filesystem::path MainWindow::selectedFile() {
+    const std::vector<std::filesystem::path> files = activeBrowser().GetSelectedFiles();
+    return files.empty() ? std::filesystem::path() : files.front();
+}
+
+void MainWindow::toggleFolders(CommandId) {
+    context_.settings.main.showFolders = !context_.settings.main.showFolders;
+    Relayout();
+}
+
+void MainWindow::toggleStatusBar(CommandId) {
+    context_.settings.main.showStatusBar = !context_.settings.main.showStatusBar;
+    Relayout();
+}
+
+void MainWindow::setView(CommandId id) {
+    const int mode = id - command::kViewDetails + 1;
+    context_.settings.main.viewMode = mode;
+    activeBrowser().SetViewMode(ViewModeFromIntegral(mode));
+}
+
+void MainWindow::toggleMetadataPanel(CommandId) {
+    Settings::Lists& lists = context_.settings.lists;
+    setRightPanel(&Settings::Lists::showMetadataWindow, !lists.showMetadataWindow);
+    readSelection(command::kReadSelection);
+}
+
+void MainWindow::openSelected(CommandId) { openPath(selectedFile()); }
+
+void MainWindow::openPath(const std::filesystem::path& path) {
+    if (path.empty()) return;
+    std::error_code error;
+    if (std::filesystem::is_directory(path, error)) {
+        OpenFolder(path);
+        return;
+    }
+    if (!std::filesystem::is_regular_file(path, error)) return;
+    // A name that is no UTF-8 goes through as percent bytes.
+    const QByteArray bytes = QByteArray::fromStdString(platform::narrow(path));
+    const QUrl address = QUrl::fromEncoded("file://" + bytes.toPercentEncoding("/"));
+    if (!QDesktopServices::openUrl(address))
+        ShowMessage(this, {language_.formatted(text::kNoProgramOpens, {platform::display(path.filename())}),
+                           MessageIcon::Exclamation});
+}
+
+void MainWindow::clearSelection(CommandId) {
+    activeBrowser().view().clearSelection();
+    focusFileList();
+}
+
+void MainWindow::selectAll(CommandId) {
+    activeBrowser().view().selectAll();
+    focusFileList();
+}
+
+void MainWindow::invertSelection(CommandId) {
+    activeBrowser().view().invertSelection();
+    focusFileList();
+}
+
+void MainWindow::focusList(CommandId) { focusFileList(); }
+
+void MainWindow::refresh(CommandId) { activeBrowser().navigationController().Refresh(); }
+
+void MainWindow::goBack(CommandId) { activeBrowser().navigationController().GoToOffset(-1); }
+
+void MainWindow::goForward(CommandId) { activeBrowser().navigationController().GoToOffset(+1); }
+
+void MainWindow::goUp(CommandId) { activeBrowser().GoUp(); }
+
+void MainWindow::toggleCheckBoxes(CommandId) {
+    context_.settings.listView.showCheckBox = !context_.settings.listView.showCheckBox;
+    tabs_->ApplySettings();
+}
+
+void MainWindow::toggleHidden(CommandId) {
+    tabs_->SetShowHidden(!tabs_->showsHidden());
+    activeBrowser().navigationController().Refresh();
+}
+
+void MainWindow::sortBy(CommandId id) {
+    const int mode = id - command::kSortBy;
+    Settings::Main& settings = context_.settings.main;
+    // Choosing the mode that the list has turns the order round.
+    if (settings.sortMode == mode) settings.sortAscending = !settings.sortAscending;
+    activeBrowser().SetSortMode(SortModeFromIntegral(mode));
+}
+
+void MainWindow::sortDirection(CommandId id) {
+    context_.settings.main.sortAscending = id == command::kSortAscending;
+    activeBrowser().SetSortMode(SortModeFromIntegral(context_.settings.main.sortMode));
+}
+
+void MainWindow::clearMetadata(CommandId) {
+    context_.currentFile.clear();
+    metadataPanel_->Clear();
+}
+
+void MainWindow::readSelection(CommandId) {
+    if (!context_.settings.lists.showMetadataWindow) return;
+    metadataPanel_->NewSelection(context_.currentFile.empty() ? selectedFileToRead() : context_.currentFile);
+}
+
+void MainWindow::refreshPanel(CommandId) { metadataPanel_->Refresh(); }
+
+void MainWindow::showAbout(CommandId) {
+    AboutDialog dialog(context_, language_, QStringLiteral(TAGWRIGHT_VERSION), this);
+    dialog.run();
+}
+
+void MainWindow::closeWindow(CommandId) { close(); }
+
+void MainWindow::restart(CommandId) {
+    if (!close()) return;
+    QProcess::startDetached(platform::display(context_.installPath / "Tagwright"), {});
+}
+
+}  // namespace app

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "drive/CommandServer.h"
+#include "drive/WindowCommands.h"
+
+namespace drive {
+
+/// The commands by their verbs, with the words that each takes.
+class DriveCommands {
+ public:
+    explicit DriveCommands(app::Program& program) : program_(program), window_(program) {}
+
+    Answer execute(const QStringList& words);
+
+ private:
+    struct Verb;
+    static const std::vector<Verb>& verbs();
+
+    app::Program& program_;
+    WindowCommands window_;
+};
+
+}  // namespace drive

@@ -1,0 +1,248 @@
+#include "drive/WindowCommands.h"
+
+#include "app/MainWindow.h"
+#include "app/Program.h"
+#include "browser/ShellBrowser.h"
+#include "browser/TabContainer.h"
+#include "platform/Text.h"
+#include "tags/MetadataPanel.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QEventLoop>
+#include <QHeaderView>
+#include <QJsonArray>
+#include <QScreen>
+#include <QTimer>
+#include <QtTest/QTest>
+
+#include <functional>
+
+namespace drive {
+
+namespace {
+
+constexpr int kLoadLimit = 30000;
+constexpr int kColumnLimit = 10000;
+/// In a longer list only the texts that are on the screen are waited for.
+constexpr int kMostRowsWaitedFor = 2000;
+
+/// Lets the program run until the condition holds.
+bool waitUntil(const std::function<bool()>& condition, int limitMilliseconds) {
+    QElapsedTimer since;
+    since.start();
+    while (!condition()) {
+        if (since.elapsed() > limitMilliseconds) return false;
+        QCoreApplication::processEvents(QEventLoop::AllEvents | QEventLoop::WaitForMoreEvents, 10);
+    }
+    return true;
+}
+
+int rowNamed(const browser::FileListModel& model, const QString& name) {
+    for (int row = 0; row < model.rowCount(); ++row)
+        if (model.index(row, 0).data(browser::FileListModel::NameRole).toString() == name) return row;
+    return -1;
+}
+
+Answer noSuchFile(const QString& name) { return Answer::failed(QStringLiteral("no file \"%1\" in the list").arg(name)); }
+
+/// A point of the cell that is on the screen.
+QPoint pointOf(QAbstractItemView& view, const QModelIndex& index) {
+    view.scrollTo(index);
+    return view.visualRect(index).intersected(view.viewport()->rect()).center();
+}
+
+int sectionNamed(const QHeaderView& header, const QString& name) {
+    const QAbstractItemModel& model = *header.model();
+    for (int section = 0; section < model.columnCount(); ++section)
+        if (model.headerData(section, Qt::Horizontal).toString().compare(name, Qt::CaseInsensitive) == 0)
+            return section;
+    return -1;
+}
+
+/// A cell is clicked in the middle; a check box at its left is thus never hit.
+void clickCell(QAbstractItemView& view, const QModelIndex& index, Qt::MouseButton button,
+               Qt::KeyboardModifiers modifiers) {
+    QTest::mouseClick(view.viewport(), button, modifiers, pointOf(view, index));
+}
+
+}  // namespace
+
+Answer WindowCommands::open(const QString& path) {
+    app::MainWindow& window = program_.window();
+    if (!window.OpenFolder(platform::pathFromText(path)))
+        return Answer::failed(QStringLiteral("\"%1\" cannot be opened: %2").arg(path, window.StatusText()));
+    if (!waitUntil([&] { return !window.activeBrowser().isLoading(); }, kLoadLimit))
+        return Answer::failed(QStringLiteral("the folder is still being read"));
+    return {{{"path", platform::display(window.activeBrowser().currentFolder())}}, {}};
+}
+
+Answer WindowCommands::files() {
+    browser::ShellBrowser& browser = program_.window().activeBrowser();
+    waitUntil([&] { return !browser.isLoading(); }, kLoadLimit);
+    const browser::FileListModel& model = browser.model();
+    const std::vector<int> order = browser.view().rowsInViewOrder();
+    const auto textsMissing = [&] {
+        bool missing = false;
+        for (const int row : order)
+            for (int column = 1; column < model.columnCount(); ++column)
+                // Asking for the text is what queues it.
+                if (!model.list().itemAt(row).isFolder() && model.index(row, column).data().toString().isEmpty())
+                    missing = browser.hasWaitingCells();
+        return missing;
+    };
+    if (order.size() <= kMostRowsWaitedFor) waitUntil([&] { return !textsMissing(); }, kColumnLimit);
+
+    QJsonArray files;
+    for (const int row : order) {
+        QJsonObject columns;
+        for (int column = 1; column < model.columnCount(); ++column)
+            columns[model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString()] =
+                model.index(row, column).data().toString();
+        const bool selected = browser.view().selectionModel()->isRowSelected(row, {});
+        files.append(QJsonObject{{"name", model.index(row, 0).data(browser::FileListModel::NameRole).toString()},
+                                 {"columns", columns},
+                                 {"selected", selected},
+                                 {"checked", selected && browser.view().checkBoxes()},
+                                 {"group", QJsonValue()}});
+    }
+    return {{{"files", files}}, {}};
+}
+
+Answer WindowCommands::select(const QStringList& names) {
+    browser::ShellBrowser& browser = program_.window().activeBrowser();
+    QItemSelection selection;
+    QModelIndex last;
+    for (const QString& name : names) {
+        const int row = rowNamed(browser.model(), name);
+        if (row < 0) return noSuchFile(name);
+        last = browser.model().index(row, 0);
+        selection.select(last, last);
+    }
+    QItemSelectionModel& model = *browser.view().selectionModel();
+    model.select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    if (last.isValid()) model.setCurrentIndex(last, QItemSelectionModel::NoUpdate);
+    return {};
+}
+
+Answer WindowCommands::click(const QString& name, const QString& column, bool twice) {
+    browser::ShellBrowser& browser = program_.window().activeBrowser();
+    const int row = rowNamed(browser.model(), name);
+    if (row < 0) return noSuchFile(name);
+    const int section = column.isEmpty() ? 0 : sectionNamed(*browser.view().header(), column);
+    if (section < 0) return Answer::failed(QStringLiteral("no column \"%1\"").arg(column));
+    const QModelIndex index = browser.model().index(row, section);
+    if (!twice) {
+        clickCell(browser.view(), index, Qt::LeftButton, Qt::NoModifier);
+        return {};
+    }
+    const QPoint point = pointOf(browser.view(), index);
+    QTest::mouseClick(browser.view().viewport(), Qt::LeftButton, Qt::NoModifier, point);
+    QTest::mouseDClick(browser.view().viewport(), Qt::LeftButton, Qt::NoModifier, point);
+    waitUntil([&] { return !program_.window().activeBrowser().isLoading(); }, kLoadLimit);
+    return {};
+}
+
+Answer WindowCommands::rows() {
+    tags::MetadataPanel& panel = program_.window().metadataPanel();
+    QJsonArray rows;
+    for (const int position : panel.list().rowsInViewOrder()) {
+        const tags::MetadataRow& row = panel.model().row(position);
+        const QString header = panel.list().groupTitle(static_cast<int>(row.groupId));
+        rows.append(QJsonObject{{"group", header.left(header.lastIndexOf(u" (")).trimmed()},
+                                {"tag", row.tag},
+                                {"id", row.id},
+                                {"value", row.value},
+                                {"image", row.stars ? QJsonValue(*row.stars) : QJsonValue()}});
+    }
+    return {{{"rows", rows}}, {}};
+}
+
+Answer WindowCommands::row(const QString& group, const QString& tag, const QString& column, const QString& how) {
+    tags::MetadataPanel& panel = program_.window().metadataPanel();
+    const int section = column.isEmpty() ? static_cast<int>(tags::PanelColumn::Value)
+                                         : sectionNamed(*panel.list().header(), column);
+    if (section < 0) return Answer::failed(QStringLiteral("no column \"%1\"").arg(column));
+    for (int position = 0; position < panel.model().rowCount(); ++position) {
+        const tags::MetadataRow& row = panel.model().row(position);
+        if (row.group.compare(group, Qt::CaseInsensitive) != 0 || row.tag != tag) continue;
+        panel.list().setGroupCollapsed(static_cast<int>(row.groupId), false);
+        const QModelIndex index = panel.model().index(position, section);
+        if (how == u"right") {
+            const QPoint point = pointOf(panel.list(), index);
+            QTest::mouseClick(panel.list().viewport(), Qt::RightButton, Qt::NoModifier, point);
+            QContextMenuEvent menu(QContextMenuEvent::Mouse, point, panel.list().viewport()->mapToGlobal(point));
+            if (QApplication::activePopupWidget() == nullptr)
+                QCoreApplication::sendEvent(panel.list().viewport(), &menu);
+        } else {
+            clickCell(panel.list(), index, Qt::LeftButton, how == u"alt" ? Qt::AltModifier : Qt::NoModifier);
+        }
+        return {};
+    }
+    return Answer::failed(QStringLiteral("no row %1:%2").arg(group, tag));
+}
+
+Answer WindowCommands::header(const QString& group) {
+    tags::MetadataListView& list = program_.window().metadataPanel().list();
+    for (const int id : list.shownGroups()) {
+        const QString title = list.groupTitle(id);
+        if (title.left(title.lastIndexOf(u" (")).trimmed().compare(group, Qt::CaseInsensitive) != 0) continue;
+        const std::vector<int> rows = list.rowsInViewOrder();
+        for (const int row : rows) {
+            const QModelIndex index = list.model()->index(row, 0);
+            if (index.data(controls::GroupedListView::GroupIdRole).toInt() == id) {
+                list.scrollTo(index, QAbstractItemView::PositionAtCenter);
+                break;
+            }
+        }
+        const QPoint point = list.groupHeaderRect(id).intersected(list.viewport()->rect()).center();
+        QContextMenuEvent menu(QContextMenuEvent::Mouse, point, list.viewport()->mapToGlobal(point));
+        QCoreApplication::sendEvent(list.viewport(), &menu);
+        return {};
+    }
+    return Answer::failed(QStringLiteral("no group \"%1\" is shown").arg(group));
+}
+
+Answer WindowCommands::command(int id) {
+    if (!app::IsBuilt(id)) return Answer::failed(QStringLiteral("there is no command %1").arg(id));
+    program_.window().Dispatch(id);
+    if (program_.hasWindow()) waitUntil([&] { return !program_.window().activeBrowser().isLoading(); }, kLoadLimit);
+    return {};
+}
+
+Answer WindowCommands::status() {
+    return {{{"text", program_.window().StatusText()}, {"selection", program_.window().SelectionText()}}, {}};
+}
+
+Answer WindowCommands::title() { return {{{"title", program_.window().windowTitle()}}, {}}; }
+
+Answer WindowCommands::screenshot(const QString& file) {
+    // What other windows show over the main window belongs to the picture.
+    QPixmap picture;
+    if (QApplication::platformName() == u"offscreen") {
+        picture = program_.window().grab();
+        QPainter painter(&picture);
+        for (QWidget* front : {QApplication::activeModalWidget(), QApplication::activePopupWidget()}) {
+            if (front == nullptr) continue;
+            painter.drawPixmap(program_.window().mapFromGlobal(front->mapToGlobal(QPoint(0, 0))), front->grab());
+        }
+    } else {
+        QCoreApplication::processEvents();
+        picture = program_.window().screen()->grabWindow(0);
+    }
+    if (!picture.save(file)) return Answer::failed(QStringLiteral("\"%1\" cannot be written").arg(file));
+    return {};
+}
+
+Answer WindowCommands::wait(int milliseconds) {
+    waitUntil([] { return false; }, milliseconds);
+    return {};
+}
+
+Answer WindowCommands::quit() {
+    // The answer comes first: after it the program is gone.
+    QTimer::singleShot(0, &program_.window(), &QWidget::close);
+    return {};
+}
+
+}  // namespace drive
