@@ -5,8 +5,8 @@
 #include <poll.h>
 #include <signal.h>
 #include <spawn.h>
-#include <sys/pidfd.h>
 #include <sys/prctl.h>
+#include <sys/syscall.h>
 #include <sys/wait.h>
 
 #include <array>
@@ -200,7 +200,7 @@ ChildOutcome ChildProcess::start(const ChildCommand& command) {
                                                      : spawn(command, streams, lists, child);
     if (error != 0) return notStarted(error, command.program.string());
     process_ = child;
-    watch_ = FileDescriptor(::pidfd_open(child, 0));
+    watch_ = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, child, 0)));
     return {ChildOutcome::Kind::Ended, 0, {}};
 }
 
