@@ -241,7 +241,7 @@ void MainWindow::updateToggles() {
         {command::kShowStatusBar, settings.main.showStatusBar},
         {command::kMetadataPanel, settings.lists.showMetadataWindow},
         {command::kCheckBoxes, settings.listView.showCheckBox},
-        {command::kShowHidden, activeBrowser().showsHidden()},
+        {command::kShowHidden, tabs_->showHidden()},
     };
     for (const auto& [id, checked] : states) ribbon_->setChecked(id, checked);
     for (int view = 1; view <= 4; ++view)

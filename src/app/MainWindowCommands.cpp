@@ -144,12 +144,11 @@ void MainWindow::goUp(CommandId) { activeBrowser().GoUp(); }
 
 void MainWindow::toggleCheckBoxes(CommandId) {
     context_.settings.listView.showCheckBox = !context_.settings.listView.showCheckBox;
-    tabs_->ApplySettings();
+    for (int at = 0; at < tabs_->tabCount(); ++at) tabs_->GetTabByIndex(at).shellBrowser().ApplySettings();
 }
 
 void MainWindow::toggleHidden(CommandId) {
-    tabs_->SetShowHidden(!tabs_->showsHidden());
-    activeBrowser().navigationController().Refresh();
+    tabs_->SetShowHidden(!tabs_->showHidden());
 }
 
 void MainWindow::sortBy(CommandId id) {
@@ -172,7 +171,10 @@ void MainWindow::clearMetadata(CommandId) {
 
 void MainWindow::readSelection(CommandId) {
     if (!context_.settings.lists.showMetadataWindow) return;
-    metadataPanel_->NewSelection(context_.currentFile.empty() ? selectedFileToRead() : context_.currentFile);
+    std::error_code error;
+    const std::filesystem::path selected = selectedFile();
+    if (std::filesystem::is_regular_file(selected, error)) context_.currentFile = selected;
+    metadataPanel_->NewSelection(context_.currentFile);
 }
 
 void MainWindow::refreshPanel(CommandId) { metadataPanel_->Refresh(); }
