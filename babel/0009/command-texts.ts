@@ -1028,39 +1028,35 @@
         <source>Duration</source>
         <translation></translation>
     </message>
-    <message id="70012">
-        <source>Open file</source>
-        <translation></translation>
-    </message>
-    <message id="71166">
+    <message id="70166">
         <source>Add keywords</source>
         <translation></translation>
     </message>
-    <message id="71167">
+    <message id="70167">
         <source>From file...</source>
         <translation></translation>
     </message>
-    <message id="71168">
+    <message id="70168">
         <source>Remove...</source>
         <translation></translation>
     </message>
-    <message id="71234">
+    <message id="70234">
         <source>Desktop</source>
         <translation></translation>
     </message>
-    <message id="71304">
+    <message id="70304">
         <source>ExifTool</source>
         <translation></translation>
     </message>
-    <message id="71305">
+    <message id="70305">
         <source>FFmpeg...</source>
         <translation></translation>
     </message>
-    <message id="71306">
+    <message id="70306">
         <source>ImageMagick...</source>
         <translation></translation>
     </message>
-    <message id="71307">
+    <message id="70307">
         <source>Dark mode...</source>
         <translation></translation>
     </message>
@@ -1576,6 +1572,10 @@
         <source>Writes a dump of the file as text and opens it.</source>
         <translation></translation>
     </message>
+    <message id="110012">
+        <source>Open file</source>
+        <translation></translation>
+    </message>
     <message id="110044">
         <source>Removes all metadata from the selected files.</source>
         <translation></translation>
@@ -1624,31 +1624,27 @@
         <source>Saves the settings and starts the program again.</source>
         <translation></translation>
     </message>
-    <message id="170012">
-        <source>Opens the selected file in its program.</source>
-        <translation></translation>
-    </message>
-    <message id="171167">
+    <message id="170167">
         <source>Adds keywords out of text files.</source>
         <translation></translation>
     </message>
-    <message id="171168">
+    <message id="170168">
         <source>Removes the keywords.</source>
         <translation></translation>
     </message>
-    <message id="171304">
+    <message id="170304">
         <source>Where ExifTool is and how it works.</source>
         <translation></translation>
     </message>
-    <message id="171305">
+    <message id="170305">
         <source>Where FFmpeg is.</source>
         <translation></translation>
     </message>
-    <message id="171306">
+    <message id="170306">
         <source>Where ImageMagick is.</source>
         <translation></translation>
     </message>
-    <message id="171307">
+    <message id="170307">
         <source>Chooses the look and its tones.</source>
         <translation></translation>
     </message>
@@ -1674,6 +1670,10 @@
     </message>
     <message id="172313">
         <source>Removes a family of tags from the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="210012">
+        <source>Opens the selected file in its program.</source>
         <translation></translation>
     </message>
 </context>

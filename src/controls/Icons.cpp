@@ -88,11 +88,7 @@ QByteArray ownDrawing(const QString& name) {
     return drawing;
 }
 
-QPixmap drawOwn(const QString& name, QSize pixels, qreal ratio) {
-    const QSizeF logical = QSizeF(pixels) / ratio;
-    const QString small = name + QStringLiteral("-small");
-    const bool useSmall = std::min(logical.width(), logical.height()) <= kSmallDrawingLimit && isOwn(small);
-    QSvgRenderer renderer(ownDrawing(useSmall ? small : name));
+QPixmap rendered(QSvgRenderer& renderer, QSize pixels) {
     QPixmap picture(pixels);
     picture.fill(Qt::transparent);
     if (!renderer.isValid()) return picture;
@@ -104,25 +100,34 @@ QPixmap drawOwn(const QString& name, QSize pixels, qreal ratio) {
     return picture;
 }
 
-/// The theme's pictures of actions are lines; elsewhere it paints in colours.
-bool isLineDrawing(const QString& name) {
-    const QStringList folders = QIcon::themeSearchPaths();
-    return std::any_of(folders.begin(), folders.end(), [&](const QString& folder) {
-        return QFile::exists(QStringLiteral("%1/%2/actions/16/%3.svg").arg(folder, QIcon::themeName(), name));
-    });
+QPixmap drawOwn(const QString& name, QSize pixels, qreal ratio) {
+    const QSizeF logical = QSizeF(pixels) / ratio;
+    const QString small = name + QStringLiteral("-small");
+    const bool useSmall = std::min(logical.width(), logical.height()) <= kSmallDrawingLimit && isOwn(small);
+    QSvgRenderer renderer(ownDrawing(useSmall ? small : name));
+    return rendered(renderer, pixels);
+}
+
+/// The theme's pictures of actions are lines; elsewhere it paints in colours. Empty when there is none.
+QString lineDrawing(const QString& name) {
+    for (const QString& folder : QIcon::themeSearchPaths()) {
+        QString file = QStringLiteral("%1/%2/actions/16/%3.svg").arg(folder, QIcon::themeName(), name);
+        if (QFile::exists(file)) return file;
+    }
+    return {};
 }
 
 /// Most actions are drawn for 16 and 22 only. At 32 the 16 drawn twice as large falls on whole pixels, where
-/// 22 would be blurred; it is taken for all of them, since the few drawn for 32 have thinner lines than their
-/// neighbours.
+/// 22 would be blurred; it is taken for all of them and at every ratio, since the few drawn for 32 have
+/// thinner lines than their neighbours.
 QPixmap drawFromTheme(const QString& name, QSize pixels, qreal ratio) {
-    const QIcon themed = QIcon::fromTheme(name);
     const int side = static_cast<int>(std::lround(std::min(pixels.width(), pixels.height()) / ratio));
-    QPixmap found;
-    if (side == 32 && isLineDrawing(name))
-        found = themed.pixmap(QSize(16, 16), ratio * 2);
-    else
-        found = themed.pixmap(QSize(side, side), ratio);
+    const QString lines = side == 16 || side == 32 ? lineDrawing(name) : QString();
+    if (!lines.isEmpty()) {
+        QSvgRenderer renderer(lines);
+        if (renderer.isValid()) return rendered(renderer, pixels);
+    }
+    QPixmap found = QIcon::fromTheme(name).pixmap(QSize(side, side), ratio);
     found.setDevicePixelRatio(1);
     if (found.isNull() || found.size() == pixels) return found;
     QPixmap picture(pixels);
@@ -153,6 +158,7 @@ QPixmap namedPixmap(const QString& name, QSize pixels, qreal ratio, QIcon::Mode 
                             .arg(mode == QIcon::Disabled ? QLatin1Char('-') : QLatin1Char('+'));
     QPixmap picture;
     if (QPixmapCache::find(key, &picture)) return picture;
+    if (!hasIcon(name)) return picture;
     picture = isOwn(name) ? drawOwn(name, pixels, ratio) : drawFromTheme(name, pixels, ratio);
     if (picture.isNull()) return picture;
     if (mode == QIcon::Disabled) picture = faded(picture);
@@ -219,7 +225,7 @@ QIcon icon(const QString& name) {
 }
 
 QPixmap iconPixmap(const QString& name, QSize size, qreal devicePixelRatio, QIcon::Mode mode) {
-    if (!hasIcon(name)) return {};
+    ensureTheme();
     return namedPixmap(name, (QSizeF(size) * devicePixelRatio).toSize(), devicePixelRatio, mode);
 }
 

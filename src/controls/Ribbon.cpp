@@ -1,6 +1,7 @@
 #include "controls/Ribbon.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QPainter>

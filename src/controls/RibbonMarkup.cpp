@@ -71,7 +71,7 @@ class MarkupReader {
     }
 
     QString uniqueId() {
-        const QString id = attribute("id");
+        QString id = attribute("id");
         if (id.isEmpty())
             fail(QStringLiteral("<%1> lacks the attribute \"id\".").arg(xml_.name()));
         else if (ids_.contains(id))

@@ -121,6 +121,14 @@ TEST(IconTest, AnIconHandedOutFollowsTheLook) {
     }
 }
 
+TEST(IconTest, ALargeActionHasTheLinesOfTheSmallOne) {
+    // Breeze draws this one for 32 too, with lines half as wide.
+    const QIcon icon = controls::icon(QStringLiteral("view-refresh"));
+    const double small = coverage(icon.pixmap(QSize(16, 16), 2.0));
+    for (const double ratio : {1.0, 1.5, 2.0})
+        EXPECT_NEAR(coverage(icon.pixmap(QSize(32, 32), ratio)), small, 0.06) << ratio;
+}
+
 TEST(IconTest, ADisabledIconIsPaler) {
     const QIcon icon = controls::icon(QStringLiteral("group-exif"));
     EXPECT_LT(contrast(icon.pixmap(QSize(16, 16), 1.0, QIcon::Disabled), Qt::white), 3.0);
