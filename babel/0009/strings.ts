@@ -275,5 +275,14 @@
         <source>The folder %s is gone.</source>
         <translation></translation>
     </message>
+    <message id="70520">
+        <source>The folder %s cannot be written.
+Tagwright cannot work without it.</source>
+        <translation></translation>
+    </message>
+    <message id="70521">
+        <source>No program is set up to open %s.</source>
+        <translation></translation>
+    </message>
 </context>
 </TS>

@@ -112,8 +112,12 @@ QString ProgressDialog::text() const {
     return text_->text();
 }
 
+bool ProgressDialog::canStop() const {
+    return waiting_ && !stop_->isHidden();
+}
+
 void ProgressDialog::reject() {
-    if (!stop_->isHidden()) stopWaiting();
+    if (canStop()) stopWaiting();
 }
 
 void ProgressDialog::stopWaiting() {

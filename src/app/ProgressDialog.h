@@ -52,6 +52,9 @@ class ProgressDialog : public QDialog {
     /// Ends the wait: the dialog is hidden, the next step begins a new one.
     void finish();
 
+    /// Whether the button that ends the wait is there.
+    bool canStop() const;
+
     /// True from a step until finish().
     bool isWaiting() const { return waiting_; }
 

@@ -1,0 +1,140 @@
+#include <gtest/gtest.h>
+
+#include <QRegularExpression>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <set>
+#include <sstream>
+#include <string>
+
+// Static libraries alone keep no folder from including another one's headers; this test does.
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct Layer {
+    std::set<std::string> coreMayUse;  ///< folders beside its own
+    std::set<std::string> uiMayUse;    ///< the same for its sources with widgets
+};
+
+const std::map<std::string, Layer>& layers() {
+    static const std::map<std::string, Layer> table = {
+        {"platform", {{}, {}}},
+        {"controls", {{}, {}}},
+        {"app", {{"platform"}, {"platform", "controls"}}},
+        {"tags", {{"platform", "app"}, {"platform", "app", "exiftool", "controls"}}},
+        {"exiftool", {{"platform", "app", "tags"}, {}}},
+        {"browser", {{"platform", "app", "tags", "exiftool"}, {"platform", "app", "tags", "exiftool", "controls"}}},
+    };
+    return table;
+}
+
+/// The only place that knows all others.
+bool belongsToMainWindow(const fs::path& file) {
+    const std::string name = file.stem().string();
+    return file.parent_path().filename() == "app" &&
+           (name.starts_with("MainWindow") || name == "Program" || name == "main" || name == "RibbonContents");
+}
+
+struct Source {
+    fs::path path;
+    std::string folder;
+    std::vector<std::string> ownIncludes;  ///< "tags/TagDictionary.h"
+    std::set<std::string> libraryIncludes;
+};
+
+std::vector<Source> sources() {
+    static const QRegularExpression include(R"(^\s*#include\s+([<"])([^>"]+)[>"])");
+    std::vector<Source> all;
+    for (const auto& [folder, layer] : layers()) {
+        for (const auto& entry : fs::directory_iterator(fs::path(TAGWRIGHT_SOURCE_DIR) / "src" / folder)) {
+            if (entry.path().extension() != ".cpp" && entry.path().extension() != ".h") continue;
+            Source source{entry.path(), folder, {}, {}};
+            std::ifstream stream(entry.path());
+            for (std::string line; std::getline(stream, line);) {
+                const auto match = include.match(QString::fromStdString(line));
+                if (!match.hasMatch()) continue;
+                const std::string name = match.captured(2).toStdString();
+                if (match.captured(1) == "\"")
+                    source.ownIncludes.push_back(name);
+                else
+                    source.libraryIncludes.insert(name);
+            }
+            all.push_back(std::move(source));
+        }
+    }
+    return all;
+}
+
+/// The sources that a folder's CMake file gives to a library without widgets.
+std::set<std::string> coreSources(const std::string& folder) {
+    std::ifstream stream(fs::path(TAGWRIGHT_SOURCE_DIR) / "src" / folder / "CMakeLists.txt");
+    std::set<std::string> names;
+    bool inCore = false;
+    for (std::string line; std::getline(stream, line);) {
+        if (line.starts_with("tagwright_core(")) inCore = true;
+        if (line.starts_with(")")) inCore = false;
+        std::istringstream words(line);
+        for (std::string word; inCore && words >> word;)
+            if (word.ends_with(".cpp")) names.insert(fs::path(word).stem().string());
+    }
+    return names;
+}
+
+/// Those of Qt's headers that stand for widgets, told by where Qt itself keeps them.
+bool isWidgetHeader(const std::string& name) {
+    if (!name.starts_with("Q") || name.find('/') != std::string::npos) return name.starts_with("QtWidgets");
+    for (const char* root : {"/usr/include/x86_64-linux-gnu/qt6", "/usr/include/qt6", "/usr/include/aarch64-linux-gnu/qt6"})
+        if (fs::exists(fs::path(root) / "QtWidgets" / name)) return true;
+    return false;
+}
+
+}  // namespace
+
+TEST(Layers, NoFolderUsesOneThatMayUseIt) {
+    const std::vector<Source> all = sources();
+    ASSERT_GT(all.size(), 50U);
+    std::map<std::string, std::set<std::string>> cores;
+    for (const auto& [folder, layer] : layers()) cores[folder] = coreSources(folder);
+    for (const Source& source : all) {
+        if (belongsToMainWindow(source.path)) continue;
+        const bool isCore = cores[source.folder].contains(source.path.stem().string());
+        const Layer& layer = layers().at(source.folder);
+        const std::set<std::string>& allowed = isCore ? layer.coreMayUse : layer.uiMayUse;
+        for (const std::string& include : source.ownIncludes) {
+            const std::string folder = include.substr(0, include.find('/'));
+            // A header without a source of its own may serve both; it is held to what its folder may use at all.
+            const bool permitted = folder == source.folder || allowed.contains(folder) ||
+                                   (source.path.extension() == ".h" && !isCore && layer.coreMayUse.contains(folder));
+            EXPECT_TRUE(permitted) << source.path << " includes " << include;
+        }
+    }
+}
+
+TEST(Layers, ALibraryWithoutWidgetsIncludesNone) {
+    std::size_t looked = 0;
+    for (const auto& [folder, layer] : layers()) {
+        const std::set<std::string> core = coreSources(folder);
+        for (const Source& source : sources()) {
+            if (source.folder != folder || !core.contains(source.path.stem().string())) continue;
+            ++looked;
+            for (const std::string& include : source.libraryIncludes)
+                EXPECT_FALSE(isWidgetHeader(include)) << source.path << " includes " << include;
+        }
+    }
+    EXPECT_GT(looked, 40U);
+}
+
+TEST(Layers, NoTestWaitsForABareTime) {
+    static const QRegularExpression sleep(R"(\b(sleep_for|sleep_until|usleep|nanosleep|QTest::qWait|QThread::m?sleep)\s*\()");
+    for (const auto& entry : fs::recursive_directory_iterator(fs::path(TAGWRIGHT_SOURCE_DIR) / "tests")) {
+        if (entry.path().extension() != ".cpp" || entry.path().filename() == "LayersTest.cpp") continue;
+        std::ifstream stream(entry.path());
+        std::stringstream text;
+        text << stream.rdbuf();
+        EXPECT_FALSE(sleep.match(QString::fromStdString(text.str())).hasMatch())
+            << entry.path() << " sleeps instead of waiting for something";
+    }
+}
