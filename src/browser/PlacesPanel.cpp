@@ -46,7 +46,9 @@ PlacesPanel::PlacesPanel(QWidget* parent) : QTreeWidget(parent) {
     setTextElideMode(Qt::ElideMiddle);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     const auto tell = [this](QTreeWidgetItem* item) {
-        if (item->data(0, kPathRole).isValid()) PlaceActivated(pathOf(*item));
+        // A double click comes as clicks and as an activation.
+        if (item->data(0, kPathRole).isValid() && pathOf(*item) != currentFolder_)
+            PlaceActivated(pathOf(*item));
     };
     connect(this, &QTreeWidget::itemClicked, this, tell);
     connect(this, &QTreeWidget::itemActivated, this, tell);
