@@ -83,6 +83,8 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     void RebuildColumns();
     /// Queues the text of one cell; the name column does nothing.
     void QueueColumnTask(std::int32_t itemId, std::uint32_t columnType);
+    /// Whether texts of cells are still to come.
+    bool hasWaitingCells() const { return !waitingCells_.empty(); }
 
     // --- told upward
     boost::signals2::signal<void(const std::filesystem::path&)> NavigationStarted;
