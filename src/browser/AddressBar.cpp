@@ -99,8 +99,10 @@ void AddressBar::connectTabs() {
     };
     connections_.emplace_back(tabs_.TabSelected.connect(show));
     connections_.emplace_back(tabs_.TabNavigationCompleted.connect(show));
-    connections_.emplace_back(tabs_.TabNavigationStarted.connect(
-        [show](const Tab& tab, const std::filesystem::path&) { show(tab); }));
+    connections_.emplace_back(
+        tabs_.TabNavigationStarted.connect([this](const Tab& tab, const std::filesystem::path& folder) {
+            if (tabs_.hasTabs() && &tabs_.GetSelectedTab() == &tab) edit_->setText(platform::display(folder));
+        }));
     if (tabs_.hasTabs()) showTab(tabs_.GetSelectedTab());
 }
 
@@ -134,11 +136,13 @@ void AddressBar::showIcon(const HistoryEntry* entry) {
 }
 
 void AddressBar::restore() {
+    if (!tabs_.hasTabs()) return;
     showTab(tabs_.GetSelectedTab());
     tabs_.GetSelectedTab().shellBrowser().view().setFocus();
 }
 
 void AddressBar::OnGo() {
+    if (!tabs_.hasTabs()) return;
     ShellBrowser& shell = tabs_.GetSelectedTab().shellBrowser();
     const QString typed = edit_->text();
     // The text of a folder whose name is no text does not lead back to it.
@@ -168,9 +172,9 @@ bool AddressBar::eventFilter(QObject* watched, QEvent* event) {
 // --- folder names while typing
 
 void AddressBar::offerFolders(const QString& text) {
+    if (!tabs_.hasTabs() || isUrl(text)) return;
     const qsizetype separator = text.lastIndexOf(u'/');
     const std::filesystem::path base = tabs_.GetSelectedTab().shellBrowser().currentFolder();
-    if (isUrl(text)) return;
     const QString typedParent = separator < 0 ? QString() : text.left(separator + 1);
     const std::filesystem::path parent = typedParent.isEmpty() ? base : absolutePath(typedParent, base);
     // Offers begin with what was typed, so a relative path has offers of its own.

@@ -1,8 +1,11 @@
 #include "browser/PlacesPanel.h"
 
 #include "browser/FileIcons.h"
+#include "controls/ListColors.h"
 #include "platform/Text.h"
 
+#include <QApplication>
+#include <QEvent>
 #include <QTimer>
 
 namespace browser {
@@ -12,6 +15,7 @@ constexpr int kRowHeight = 26;
 constexpr int kIconSide = 16;
 constexpr int kIndentation = 12;
 constexpr std::chrono::seconds kVolumeCheck{5};
+constexpr float kSelectionShare = 0.14F;
 constexpr int kPathRole = Qt::UserRole;
 
 std::filesystem::path pathOf(const QTreeWidgetItem& item) {
@@ -55,7 +59,22 @@ PlacesPanel::PlacesPanel(QWidget* parent) : QTreeWidget(parent) {
     auto* timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, &PlacesPanel::reloadVolumesIfChanged);
     timer->start(kVolumeCheck);
+    softenSelection();
     Reload();
+}
+
+/// The place on show is tinted as the selected rows of the lists are, its text unchanged.
+void PlacesPanel::softenSelection() {
+    QPalette soft = QApplication::palette();
+    soft.setColor(QPalette::Highlight,
+                  controls::mixedColor(soft.color(QPalette::Base), soft.color(QPalette::Highlight), kSelectionShare));
+    soft.setColor(QPalette::HighlightedText, soft.color(QPalette::Text));
+    if (soft != palette()) setPalette(soft);
+}
+
+void PlacesPanel::changeEvent(QEvent* event) {
+    QTreeWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange) softenSelection();
 }
 
 void PlacesPanel::addSection(const QString& title, const std::vector<Place>& places) {

@@ -22,7 +22,11 @@ class PlacesPanel : public QTreeWidget {
 
     boost::signals2::signal<void(const std::filesystem::path&)> PlaceActivated;
 
- private:
+ protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void softenSelection();
     void addSection(const QString& title, const std::vector<Place>& places);
     void reloadVolumesIfChanged();
 

@@ -18,7 +18,6 @@ constexpr int kGap = 4;
 QTabBar* makeTabBar(QWidget* parent) {
     auto* bar = new QTabBar(parent);
     bar->setObjectName(QStringLiteral("FolderTabs"));
-    bar->setTabsClosable(true);
     bar->setMovable(true);
     bar->setDocumentMode(true);
     bar->setDrawBase(false);
