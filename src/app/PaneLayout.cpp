@@ -26,7 +26,7 @@ PaneRects PaneLayout(const PaneLayoutInput& input) {
     const int height = std::max(input.client.height() - input.statusBarHeight, 0);
     const int band = std::min(input.topBandHeight, height);
 
-    const int room = std::max(width - kLeastMiddleWidth, 0);
+    const int room = std::max(width - kLeastMiddleWidth - kLeftGap - kEdge, 0);
     const int leftWidth = input.leftShown ? std::clamp(input.leftWidth, 0, room) : 0;
     const int middleLeft = input.leftShown ? leftWidth + kLeftGap : kEdge;
     const int roomAtRight = std::max(width - middleLeft - kEdge - kLeastMiddleWidth, 0);

@@ -95,8 +95,8 @@ void correctPaneSizes(Settings::WindowSizes& sizes) {
     if (sides < std::int64_t{sizes.mainWidth} - 100) return;
     sizes.holderLeftWidth = kSideWidth;
     sizes.holderRightWidth = kSideWidth;
-    sizes.middleListWidth =
-        static_cast<int>(std::max<std::int64_t>(std::int64_t{sizes.mainWidth} - 2 * kSideWidth, INT32_MIN));
+    sizes.middleListWidth = static_cast<int>(
+        std::max<std::int64_t>(std::int64_t{sizes.mainWidth} - kSideWidth - kSideWidth, INT32_MIN));
 }
 
 void write(IniFile& ini, const SettingRow& row, bool value) {

@@ -21,7 +21,7 @@ QString PreparePaths(AppContext& context, const QDate& today) {
     context.tempPath = context.installPath / "Temp";
     context.reportsPath = context.installPath / "cache" / "reports";
     context.savePath = context.installPath / "cache" / "sav";
-    const QString problem = WritePathSetting("PATHS", "InstallPath", context.iniPath, context.installPath);
+    QString problem = WritePathSetting("PATHS", "InstallPath", context.iniPath, context.installPath);
     LoadEarlySettings(context);
     context.columnsHeaderPath = context.cachePath / "ColumnsHeader.ini";
     context.exifToolPath = context.installPath / kExifToolProgram;

@@ -34,13 +34,13 @@ fs::path NamedTool(const AppContext& context, const ToolPlace& tool) {
 
 fs::path DiscoverTool(const AppContext& context, const char* program) {
     std::error_code error;
-    const fs::path beside = context.installPath / program;
+    fs::path beside = context.installPath / program;
     if (fs::is_regular_file(beside, error)) return beside;
     const char* variable = std::getenv("PATH");
     std::string_view rest = variable == nullptr ? std::string_view() : std::string_view(variable);
     while (!rest.empty()) {
         const std::size_t end = std::min(rest.find(':'), rest.size());
-        const fs::path candidate = fs::path(rest.substr(0, end)) / program;
+        fs::path candidate = fs::path(rest.substr(0, end)) / program;
         if (candidate.is_absolute() && fs::is_regular_file(candidate, error) &&
             access(candidate.c_str(), X_OK) == 0)
             return candidate;

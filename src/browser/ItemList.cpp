@@ -48,7 +48,8 @@ std::int32_t ItemList::addItem(std::string_view name, std::uint32_t position) {
     return id;
 }
 
-void ItemList::InsertPendingItems(bool hideSystemFiles) {
+void ItemList::InsertPendingItems(bool hideSystemFiles, const std::function<void(int)>& beforeRow,
+                                  const std::function<void()>& afterRow) {
     order_.reserve(order_.size() + pending_.size());
     std::size_t firstMoved = order_.size();
     for (const PendingInsert& pending : pending_) {
@@ -58,9 +59,11 @@ void ItemList::InsertPendingItems(bool hideSystemFiles) {
             continue;
         }
         const std::size_t row = std::min<std::size_t>(pending.position, order_.size());
+        if (beforeRow) beforeRow(static_cast<int>(row));
         order_.insert(order_.begin() + static_cast<std::ptrdiff_t>(row), pending.itemId);
         firstMoved = std::min(firstMoved, row);
         totals_.folderSize += item.findData.size;
+        if (afterRow) afterRow();
     }
     pending_ = {};
     numberRows(firstMoved);

@@ -48,7 +48,9 @@ class ItemList {
 
     /// Puts the waiting items into the list, each at its position; those with the system attribute are kept
     /// out if so wished, their records stay.
-    void InsertPendingItems(bool hideSystemFiles);
+    /// beforeRow is told each row just before an item goes there, afterRow just after; both may be empty.
+    void InsertPendingItems(bool hideSystemFiles, const std::function<void(int)>& beforeRow = {},
+                            const std::function<void()>& afterRow = {});
 
     /// An id that is not there does nothing.
     void RemoveItem(std::int32_t itemId);

@@ -1,7 +1,6 @@
 #include "controls/GroupedListContents.h"
 
 #include <QScrollBar>
-#include <QStyle>
 
 #include "controls/ListHeader.h"
 
@@ -12,6 +11,7 @@ namespace {
 constexpr int kGroupHeaderHeight = 28;
 constexpr int kGroupSpacing = 4;
 constexpr int kCheckBoxMargin = 6;
+constexpr int kCheckBoxSide = 14;
 constexpr int kTilePadding = 8;
 constexpr int kTileTextWidth = 220;
 constexpr int kSmallestIconCell = 96;
@@ -233,10 +233,8 @@ QRect GroupedListView::Contents::cellRect(int row, int column) {
 
 QRect GroupedListView::Contents::checkBoxRect(const QRect& cellRect) const {
     if (!checkBoxes || cellRect.isEmpty()) return {};
-    const int width = view_.style()->pixelMetric(QStyle::PM_IndicatorWidth, nullptr, &view_);
-    const int height = view_.style()->pixelMetric(QStyle::PM_IndicatorHeight, nullptr, &view_);
-    const int top = layout == Layout::Icons ? kCheckBoxMargin : (cellRect.height() - height) / 2;
-    return {cellRect.left() + kCheckBoxMargin, cellRect.top() + top, width, height};
+    const int top = layout == Layout::Icons ? kCheckBoxMargin : (cellRect.height() - kCheckBoxSide) / 2;
+    return {cellRect.left() + kCheckBoxMargin, cellRect.top() + top, kCheckBoxSide, kCheckBoxSide};
 }
 
 QRect GroupedListView::Contents::delegateRect(const QRect& cellRect, int column) const {

@@ -50,7 +50,7 @@ GroupedListView::GroupedListView(QWidget* parent)
     connect(header, &QHeaderView::sectionHandleDoubleClicked, this, [header, this](int column) {
         header->resizeSection(column, qMax(sizeHintForColumn(column), header->sectionSizeHint(column)));
     });
-    updateGeometries();
+    contents_->sizesChanged();
 }
 
 GroupedListView::~GroupedListView() = default;
@@ -274,14 +274,12 @@ void GroupedListView::scrollTo(const QModelIndex& index, ScrollHint hint) {
     if (rect.top() == section.bodyTop) rect.setTop(section.top);
     const int height = viewport()->height();
     int top = verticalOffset();
-    if (hint == PositionAtTop)
+    if (hint == PositionAtTop || (hint == EnsureVisible && rect.top() < top))
         top = rect.top();
     else if (hint == PositionAtBottom)
         top = rect.bottom() + 1 - height;
     else if (hint == PositionAtCenter)
         top = rect.center().y() - height / 2;
-    else if (rect.top() < top)
-        top = rect.top();
     else if (rect.bottom() + 1 > top + height)
         top = qMin(rect.bottom() + 1 - height, rect.top());
     verticalScrollBar()->setValue(top);

@@ -36,6 +36,7 @@ ListColors::ListColors(const QPalette& palette) {
     hover = withAlpha(accent, dark ? kHoverShare * 2 : kHoverShare);
     selected = withAlpha(accent, dark ? kSelectedShare * 2 : kSelectedShare);
     selectedHovered = withAlpha(accent, dark ? kSelectedHoveredShare * 2 : kSelectedHoveredShare);
+    checkBoxFrame = mixedColor(base, text, 0.5F);
     focusFrame = mixedColor(base, accent, 0.75F);
     groupTitle = mixedColor(text, accent, dark ? 0.35F : 0.55F);
     headerGround = base;

@@ -17,6 +17,7 @@ struct ListColors {
     QColor selected;         ///< translucent, over the row's ground
     QColor selectedHovered;  ///< translucent, over the row's ground
     QColor focusFrame;
+    QColor checkBoxFrame;  ///< 3:1 on the base
     QColor groupTitle;
     QColor headerGround;
 };

@@ -73,26 +73,22 @@ class Scanner {
     }
 
     void readFreshByte(char c) {
+        const bool mayLeadFurther =
+            c == '%' || (c == '"' && inQuotes_) || (c == '2' && !hasWord_ && !inQuotes_);
+        const bool isBlank = c == ' ' || c == '\t' || c == '\r';
         if (c == '\n') {
             endCommand();
-        } else if (c == '%') {
+        } else if (mayLeadFurther) {
             pending_ = c;
         } else if (c == '"') {
             hasWord_ = true;
-            if (inQuotes_)
-                pending_ = c;
-            else
-                inQuotes_ = true;
-        } else if (inQuotes_) {
+            inQuotes_ = true;
+        } else if (inQuotes_ || (!isBlank && c != '>')) {
             addToWord(c);
-        } else if (c == ' ' || c == '\t' || c == '\r') {
+        } else if (isBlank) {
             endWord();
-        } else if (c == '>') {
-            beginRedirection(Target::Output);
-        } else if (c == '2' && !hasWord_) {
-            pending_ = c;
         } else {
-            addToWord(c);
+            beginRedirection(Target::Output);
         }
     }
 

@@ -17,6 +17,7 @@ constexpr int kTitleTop = 2;
 constexpr int kPictureSide = 16;
 constexpr int kPictureLeft = 5;
 constexpr int kChevronRoom = 28;
+constexpr int kChevronSide = 16;
 
 double channelLight(double channel) {
     return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
@@ -70,7 +71,8 @@ MetadataListView::MetadataListView(const app::Settings& settings, QWidget* paren
 
 QRect MetadataListView::groupChevronRect(const QRect& headerRect) const {
     // The picture stands at the left edge, so the chevron stands at the right one.
-    return {headerRect.right() - kChevronRoom + 1, headerRect.top(), kChevronRoom, headerRect.height()};
+    return {headerRect.right() - kChevronRoom + 1, headerRect.center().y() - kChevronSide / 2, kChevronSide,
+            kChevronSide};
 }
 
 void MetadataListView::paintGroupHeader(QPainter& painter, const QRect& rect, const Group& group,

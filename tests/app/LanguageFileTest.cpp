@@ -3,6 +3,9 @@
 #include "app/CommandTable.h"
 #include "support/TemporaryFolder.h"
 
+#include <QXmlStreamReader>
+#include <set>
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -66,6 +69,41 @@ TEST_F(LanguageFileTest, EveryMenuSpeaksAndSendsKnownCommands) {
         };
     check(english.menu(1));
     check(english.menu(2));
+}
+
+TEST_F(LanguageFileTest, EveryTextThatTheRibbonNamesIsThere) {
+    const LanguageFile english(bin_, 9);
+    QXmlStreamReader xml(english.ribbonMarkup());
+    int named = 0;
+    while (!xml.atEnd()) {
+        xml.readNext();
+        if (!xml.isStartElement()) continue;
+        const QXmlStreamAttributes attributes = xml.attributes();
+        const QLatin1StringView key(attributes.hasAttribute(QLatin1StringView("text")) ? "text" : "command");
+        if (!attributes.hasAttribute(key)) continue;
+        ++named;
+        EXPECT_TRUE(english.hasText(attributes.value(key).toInt()))
+            << attributes.value(key).toString().toStdString();
+    }
+    EXPECT_FALSE(xml.hasError());
+    EXPECT_GT(named, 50);
+}
+
+// Two files that give a number different texts would leave the order of their names to decide.
+TEST_F(LanguageFileTest, NoNumberStandsTwiceInTheSources) {
+    std::set<std::string> numbers;
+    const fs::path sources = fs::path(TAGWRIGHT_SOURCE_DIR) / "babel" / "0009";
+    for (const fs::directory_entry& entry : fs::directory_iterator(sources)) {
+        if (entry.path().extension() != ".ts") continue;
+        const std::string bytes = support::ReadBytes(entry.path());
+        constexpr std::string_view kMark = "<message id=\"";
+        for (std::size_t at = bytes.find(kMark); at != std::string::npos; at = bytes.find(kMark, at + 1)) {
+            const std::size_t begin = at + kMark.size();
+            EXPECT_TRUE(numbers.insert(bytes.substr(begin, bytes.find('"', begin) - begin)).second)
+                << entry.path() << ' ' << bytes.substr(begin, 8);
+        }
+    }
+    EXPECT_GT(numbers.size(), 100u);
 }
 
 TEST_F(LanguageFileTest, AMissingFileAnswersNothing) {

@@ -22,7 +22,7 @@ namespace {
 class ExifToolSessionTest : public testing::Test {
  protected:
     std::filesystem::path photo(const std::string& name = "a.jpg") {
-        const auto file = folder_ / name;
+        auto file = folder_ / name;
         support::WriteJpeg(file);
         support::ExifTool(
             {"-q", "-overwrite_original", "-XMP-plus:CopyrightStatus=Protected", file.string()});

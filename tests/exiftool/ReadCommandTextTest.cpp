@@ -26,6 +26,12 @@ const std::filesystem::path kOutput = "/install/Temp/Metadata.txt";
 const std::string kTool = "\"/opt/my tools/exiftool\" ";
 const std::string kTail = "\"/photos/My \"best\" 100%% \xE9.jpg\" >\"/install/Temp/Metadata.txt\"";
 
+std::string joined(std::initializer_list<std::string_view> parts) {
+    std::string all;
+    for (const std::string_view part : parts) all += part;
+    return all;
+}
+
 class BothForms : public testing::TestWithParam<bool> {
  protected:
     AppContext context_ = contextFor(GetParam());
@@ -53,9 +59,10 @@ TEST_P(BothForms, PanelRead) {
         context_.settings.exifTool.ignoreXml = row.xml;
         context_.settings.exifTool.ignoreFile = row.file;
         context_.settings.exifTool.displayUnknownTags = row.xml;  // looked at by no command
-        EXPECT_EQ(PanelReadCommand(context_, kFile, kOutput).text(),
-                  kTool + "-lang en -a -u" + row.exclusions +
-                      " -sort -S -G1 -H --ExifToolVersion -x System:all -charset filename=UTF8 " + kTail);
+        EXPECT_EQ(
+            PanelReadCommand(context_, kFile, kOutput).text(),
+            joined({kTool, "-lang en -a -u", row.exclusions,
+                    " -sort -S -G1 -H --ExifToolVersion -x System:all -charset filename=UTF8 ", kTail}));
     }
 }
 
@@ -174,9 +181,9 @@ TEST(ReadCommandText, CategorySelectors) {
     const std::string start = kTool + "-lang en -x XML:All -x File:All -e -sort -S -G1 --ExifToolVersion ";
     for (const SelectorCase& row : cases) {
         EXPECT_EQ(CategoryCommand(contextFor(false), kFile, kOutput, row.category).text(),
-                  start + row.designed + kTail);
+                  joined({start, row.designed, kTail}));
         EXPECT_EQ(CategoryCommand(contextFor(true), kFile, kOutput, row.category).text(),
-                  start + row.corrected + "-charset filename=UTF8 " + kTail);
+                  joined({start, row.corrected, "-charset filename=UTF8 ", kTail}));
     }
 }
 

@@ -41,7 +41,7 @@ class ReadCommandsTest : public testing::Test {
     void TearDown() override { std::filesystem::current_path("/"); }
 
     std::filesystem::path makePhoto(const std::string& name) {
-        const auto file = folder_ / "photos" / name;
+        auto file = folder_ / "photos" / name;
         if (!std::filesystem::exists(master_)) {
             support::WriteJpeg(master_);
             support::ExifTool({"-q", "-overwrite_original", "-EXIF:Artist=Somebody", "-XMP-dc:Title=A title",

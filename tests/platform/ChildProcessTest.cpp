@@ -99,7 +99,8 @@ TEST_P(ChildProcessRoads, GivesTheChildNothingOfOurs) {
     ::pthread_sigmask(SIG_BLOCK, &blocked, &before);
     const auto pipeAction = ::signal(SIGPIPE, SIG_IGN);
     ChildCommand command = shell(
-        "ls /proc/$$/fd | tr '\\n' ' '; grep -E 'Sig(Blk|Ign)' /proc/self/status; cut -d' ' -f5 /proc/$$/stat; "
+        "ls /proc/$$/fd | tr '\\n' ' '; grep -E 'Sig(Blk|Ign)' /proc/self/status; cut -d' ' -f5 "
+        "/proc/$$/stat; "
         "echo $$",
         folder / "out");
     command.endsWithStartingThread = GetParam();

@@ -32,7 +32,7 @@ struct LiteralCase {
 
 /// A tool that prints its arguments, each in brackets, and a word on the error stream.
 std::filesystem::path writePrinter(const TemporaryFolder& folder, const char* name = "printer") {
-    const auto tool = folder / name;
+    auto tool = folder / name;
     WriteBytes(tool, "#!/bin/sh\nfor word in \"$@\"; do printf '[%s]' \"$word\"; done\necho oops >&2\n");
     std::filesystem::permissions(tool, std::filesystem::perms::owner_all);
     return tool;

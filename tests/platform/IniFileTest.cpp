@@ -197,7 +197,7 @@ TEST_F(IniFileTest, GarbageGivesDefaultsAndTakesValuesNonetheless) {
 }
 
 TEST_F(IniFileTest, AHugeFileGivesDefaultsAndIsMovedAside) {
-    const std::string huge(100'000'000, 'x');
+    const std::string huge = std::string().append(100'000'000, 'x');
     IniFile ini = open(huge);
     EXPECT_EQ(ini.loadStatus(), IniFile::LoadStatus::Unreadable);
     EXPECT_EQ(ini.integer("S", "Key", kDefault), kDefault);

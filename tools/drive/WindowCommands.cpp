@@ -169,11 +169,7 @@ Answer WindowCommands::row(const QString& group, const QString& tag, const QStri
         panel.list().setGroupCollapsed(static_cast<int>(row.groupId), false);
         const QModelIndex index = panel.model().index(position, section);
         if (how == u"right") {
-            const QPoint point = pointOf(panel.list(), index);
-            QTest::mouseClick(panel.list().viewport(), Qt::RightButton, Qt::NoModifier, point);
-            QContextMenuEvent menu(QContextMenuEvent::Mouse, point, panel.list().viewport()->mapToGlobal(point));
-            if (QApplication::activePopupWidget() == nullptr)
-                QCoreApplication::sendEvent(panel.list().viewport(), &menu);
+            clickCell(panel.list(), index, Qt::RightButton, Qt::NoModifier);
         } else {
             clickCell(panel.list(), index, Qt::LeftButton, how == u"alt" ? Qt::AltModifier : Qt::NoModifier);
         }
@@ -196,8 +192,7 @@ Answer WindowCommands::header(const QString& group) {
             }
         }
         const QPoint point = list.groupHeaderRect(id).intersected(list.viewport()->rect()).center();
-        QContextMenuEvent menu(QContextMenuEvent::Mouse, point, list.viewport()->mapToGlobal(point));
-        QCoreApplication::sendEvent(list.viewport(), &menu);
+        QTest::mouseClick(list.viewport(), Qt::RightButton, Qt::NoModifier, point);
         return {};
     }
     return Answer::failed(QStringLiteral("no group \"%1\" is shown").arg(group));

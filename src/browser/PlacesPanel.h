@@ -1,0 +1,37 @@
+#pragma once
+
+#include "browser/Places.h"
+
+#include <QTreeWidget>
+#include <boost/signals2.hpp>
+
+namespace browser {
+
+/// The places of the left pane: the known folders, then the volumes. A click tells the folder; the place of
+/// the folder on show is marked. GUI thread.
+class PlacesPanel : public QTreeWidget {
+    Q_OBJECT
+
+ public:
+    explicit PlacesPanel(QWidget* parent = nullptr);
+
+    /// Marks the place that is this folder or the nearest above it.
+    void SetCurrentFolder(const std::filesystem::path& folder);
+    /// Looks for the folders and volumes anew.
+    void Reload();
+
+    boost::signals2::signal<void(const std::filesystem::path&)> PlaceActivated;
+
+ protected:
+    void changeEvent(QEvent* event) override;
+
+private:
+    void softenSelection();
+    void addSection(const QString& title, const std::vector<Place>& places);
+    void reloadVolumesIfChanged();
+
+    std::filesystem::path currentFolder_;
+    std::vector<std::filesystem::path> volumes_;
+};
+
+}  // namespace browser

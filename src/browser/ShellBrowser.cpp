@@ -1,0 +1,251 @@
+#include "browser/ShellBrowser.h"
+
+#include "browser/ColumnSort.h"
+#include "browser/ColumnText.h"
+#include "platform/Text.h"
+
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QScrollBar>
+#include <QTimer>
+
+namespace browser {
+namespace {
+
+// What is ready in this time is shown without an empty list in between.
+constexpr std::chrono::milliseconds kPatience{150};
+constexpr int kLeastColumnWidth = 40;
+
+}  // namespace
+
+ShellBrowser::ShellBrowser(BrowserParts& parts, QWidget* holder)
+    : parts_(parts),
+      model_(parts.catalogue, parts.icons,
+             [this](std::int32_t itemId, std::uint32_t columnType) { QueueColumnTask(itemId, columnType); }),
+      view_(new FileListView(holder)),
+      folderWatch_([this] { onFolderVanished(); }),
+      navigationController_(*this, iconFetcher_) {
+    view_->setObjectName(QStringLiteral("FileList"));
+    view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    view_->setModel(&model_);
+    ApplySettings();
+    showColumns();
+    connectView();
+    connectHeader();
+}
+
+ShellBrowser::~ShellBrowser() {
+    // The list goes first, then what could still have a result for it.
+    delete view_.data();
+    dropTasks();
+}
+
+void ShellBrowser::connectView() {
+    using controls::GroupedListView;
+    FileListView* view = view_;
+    connect(view->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            &ShellBrowser::onSelectionChanged);
+    connect(view, &GroupedListView::CellClicked, this,
+            [this](const QModelIndex& index, Qt::MouseButton button) { onCellClicked(index, button); });
+    connect(view, &GroupedListView::FreeAreaClicked, this, [this] { MetadataOutdated(); });
+    connect(view, &GroupedListView::CellMenuRequested, this,
+            [this](const QModelIndex& index, const QPoint& position) {
+                MenuRequested(index.isValid() ? index.row() : -1, position);
+            });
+    connect(view, &QAbstractItemView::activated, this, &ShellBrowser::onActivated);
+    connect(view, &FileListView::UpWanted, this, &ShellBrowser::GoUp);
+    connect(view, &FileListView::RootWanted, this, &ShellBrowser::GoToRoot);
+    connect(view, &FileListView::RefreshWanted, this, [this] { navigationController_.Refresh(); });
+    // The cells that come into sight must not wait for those that went.
+    connect(view->verticalScrollBar(), &QScrollBar::valueChanged, this, &ShellBrowser::dropTasksOutOfSight);
+}
+
+void ShellBrowser::connectHeader() {
+    QHeaderView* header = view_->header();
+    header->setSectionsClickable(true);
+    header->setMinimumSectionSize(kLeastColumnWidth);
+    header->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(header, &QHeaderView::sectionClicked, this, &ShellBrowser::onHeaderClicked);
+    connect(header, &QWidget::customContextMenuRequested, this,
+            [this, header](const QPoint& position) { HeaderMenuRequested(header->mapToGlobal(position)); });
+}
+
+void ShellBrowser::ApplySettings() {
+    const app::Settings& settings = parts_.context.settings;
+    view_->setCheckBoxes(settings.listView.showCheckBox);
+    view_->setGridLines(settings.listView.showGridlines);
+    view_->setFullRowSelection(settings.listView.fullRow);
+    model_.setNameSettings(nameSettingsOf(settings));
+    if (folderLoaded_) sortNow();
+    view_->viewport()->update();
+}
+
+// --- navigation
+
+boost::signals2::connection ShellBrowser::AddNavigationCompletedObserver(
+    const NavigationCompletedSignal::slot_type& slot) {
+    return NavigationCompleted.connect(slot);
+}
+
+void ShellBrowser::dropTasks() {
+    columnQueue_.clear();
+    columnTasks_.clear();
+    waitingCells_.clear();
+}
+
+void ShellBrowser::dropTasksOutOfSight() {
+    for (const int taskId : columnQueue_.clear()) {
+        const auto task = columnTasks_.find(taskId);
+        if (task == columnTasks_.end()) continue;
+        waitingCells_.erase(cellKey(task->second.itemId, task->second.columnType));
+        columnTasks_.erase(task);
+    }
+    // Cells still in sight ask again when they are painted.
+    view_->viewport()->update();
+}
+
+/// What to load. A mode that no column of the catalogue leads to gives way to that of the first visible one.
+FolderRequest ShellBrowser::requestFor(const std::filesystem::path& folder) {
+    const auto& records = parts_.catalogue.records();
+    int& mode = parts_.context.settings.main.sortMode;
+    const bool reachable = std::ranges::any_of(records, [&](const tags::PropertyRecord& record) {
+        return static_cast<int>(ColumnToSortMode(record.columnType)) == mode;
+    });
+    if (!reachable) mode = static_cast<int>(ColumnToSortMode(model_.columns().front()));
+    return {folder, parts_.showHidden, sortSettings()};
+}
+
+long ShellBrowser::BrowseFolder(const std::filesystem::path& folder, bool addHistoryEntry) {
+    const std::filesystem::path target = folder;  // the caller's may be the current one, which goes now
+    if (folderLoaded_ && viewMode_ == app::ViewMode::Details) SaveColumnWidths();
+    dropTasks();
+    iconFetcher_.ClearQueue();
+    NavigationStarted(target);
+    view_->setUpdatesEnabled(false);
+    view_->setEmptyText({});
+    model_.clear(target);
+    folderWatch_.watch(target);
+    FolderRequest request = requestFor(target);
+    const SortSettings sort = request.sort;
+    std::optional<LoadedFolder> loaded =
+        loader_.start(std::move(request), kPatience, this, [this, sort, addHistoryEntry](LoadedFolder late) {
+            finishNavigation(std::move(late), sort, addHistoryEntry);
+        });
+    if (loaded)
+        finishNavigation(std::move(*loaded), sort, addHistoryEntry);
+    else
+        view_->setEmptyText(QStringLiteral("Reading the folder ..."));
+    view_->setUpdatesEnabled(true);
+    return kNavigationOk;
+}
+
+void ShellBrowser::finishNavigation(LoadedFolder loaded, const SortSettings& sorted, bool addHistoryEntry) {
+    const std::filesystem::path folder = loaded.listing.folder;
+    model_.take(std::move(loaded), parts_.context.settings.listView.hideSystemFiles);
+    view_->setEmptyText(emptyListText(folderState()));
+    const SortSettings wanted = sortSettings();
+    if (wanted.mode != sorted.mode || wanted.ascending != sorted.ascending) sortNow();
+    showSortArrow();
+    if (model_.rowCount() > 0)
+        view_->selectionModel()->setCurrentIndex(model_.index(0, 0), QItemSelectionModel::NoUpdate);
+    selectAwaited();
+    folderLoaded_ = true;
+    ++folderGeneration_;
+    NavigationCompleted(folder, addHistoryEntry);
+}
+
+void ShellBrowser::selectAwaited() {
+    const std::filesystem::path awaited = std::exchange(awaitedItem_, {});
+    if (!awaited.empty() && awaited.parent_path() == currentFolder()) SelectItem(awaited.filename().native());
+}
+
+void ShellBrowser::GoUp() {
+    if (!navigationController_.canGoUp()) return;
+    awaitedItem_ = currentFolder();
+    navigationController_.GoUp();
+}
+
+void ShellBrowser::GoToRoot() {
+    if (currentFolder().has_relative_path()) BrowseFolder(currentFolder().root_path(), true);
+}
+
+void ShellBrowser::onFolderVanished() {
+    dropTasks();
+    loader_.cancel();
+    model_.lose(FolderState::NotFound);
+    view_->setEmptyText(emptyListText(FolderState::NotFound));
+    ListSelectionChanged();
+}
+
+// --- items
+
+ItemSnapshot ShellBrowser::GetItem(int row) const {
+    const ItemList& list = model_.list();
+    return list.items().snapshot(list.folder(), list.itemIdAt(row));
+}
+
+std::vector<std::filesystem::path> ShellBrowser::GetSelectedFiles() const {
+    std::vector<std::filesystem::path> files;
+    const ItemList& list = model_.list();
+    for (int row = 0; row < list.rowCount(); ++row)
+        if (list.itemAt(row).selected) files.push_back(list.pathAt(row));
+    return files;
+}
+
+void ShellBrowser::AddItem(std::string_view name) {
+    const auto end = static_cast<std::uint32_t>(model_.list().itemCount());
+    const std::int32_t itemId = model_.addItem(name, end);
+    if (itemId < 0) return;
+    model_.InsertPendingItems(parts_.context.settings.listView.hideSystemFiles);
+    if (parts_.context.settings.listView.insertSorted) sortNow();
+}
+
+void ShellBrowser::RemoveItem(std::int32_t itemId) {
+    model_.RemoveItem(itemId);
+    view_->setEmptyText(emptyListText(folderState()));
+}
+
+bool ShellBrowser::SelectItem(std::string_view name) {
+    const int row = model_.list().rowOf(model_.list().findItem(name));
+    if (row < 0) return false;
+    const QModelIndex index = model_.index(row, 0);
+    view_->selectionModel()->setCurrentIndex(index,
+                                             QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    view_->scrollTo(index, QAbstractItemView::PositionAtCenter);
+    return true;
+}
+
+bool ShellBrowser::noteSelection(const QItemSelection& selection, bool selected) {
+    bool changed = false;
+    for (const QItemSelectionRange& range : selection)
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            changed = model_.setSelected(row, selected) || changed;
+    return changed;
+}
+
+void ShellBrowser::onSelectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    const bool less = noteSelection(deselected, false);
+    const bool more = noteSelection(selected, true);
+    if (less || more) ListSelectionChanged();
+}
+
+void ShellBrowser::onCellClicked(const QModelIndex& index, Qt::MouseButton button) {
+    if (button != Qt::LeftButton) return;
+    const bool smart = parts_.context.settings.main.showSmartDetails;
+    if (!smart || index.column() == 0) MetadataOutdated();
+    if (model_.list().itemAt(index.row()).isFolder()) return;
+    // A click on another column is for the editing of cells then.
+    if (smart && index.column() != 0) return;
+    FileClicked(model_.list().pathAt(index.row()), model_.list().itemIdAt(index.row()));
+}
+
+void ShellBrowser::onActivated(const QModelIndex& index) {
+    const std::filesystem::path path = model_.list().pathAt(index.row());
+    if (!model_.list().itemAt(index.row()).isFolder()) {
+        FileActivated(path);
+        return;
+    }
+    BrowseFolder(path, true);
+}
+
+}  // namespace browser

@@ -1,0 +1,165 @@
+#pragma once
+
+#include "app/AppContext.h"
+#include "app/ViewMode.h"
+#include "browser/FileListModel.h"
+#include "browser/FileListView.h"
+#include "browser/FolderWatch.h"
+#include "browser/ShellNavigationController.h"
+#include "browser/TaskQueue.h"
+
+#include <QObject>
+#include <QPointer>
+#include <unordered_set>
+
+namespace browser {
+
+class ShellBrowser;
+
+/// What all tabs share; owned by the TabContainer, or by a test. All of it outlives the browsers.
+struct BrowserParts {
+    app::AppContext& context;
+    tags::PropertyCatalogue& catalogue;
+    FileIcons& icons;
+    ShellBrowser* active = nullptr;  ///< the browser of the selected tab
+    bool showHidden = false;         ///< command 40106; not kept in the settings
+};
+
+/// The file list of one tab: shows a folder, sorts it, fills its columns in the background, keeps the
+/// selection's counters and the tab's history. It reads no metadata: a click on a file is told upward. An
+/// item id is good for one navigation, a row until the next sort, a task id for ever. GUI thread.
+class ShellBrowser final : public QObject, public NavigatorInterface {
+    Q_OBJECT
+
+ public:
+    /// holder is the list's parent widget; it deletes the list if the browser has not.
+    ShellBrowser(BrowserParts& parts, QWidget* holder);
+    ~ShellBrowser() override;
+
+    // --- navigation
+    /// Shows the folder; always 0. A folder that is ready soon is there on return, a slow one follows later;
+    /// in both cases NavigationCompleted tells. A folder that cannot be read completes too, with a text in
+    /// the empty list.
+    long BrowseFolder(const std::filesystem::path& folder, bool addHistoryEntry) override;
+    boost::signals2::connection AddNavigationCompletedObserver(
+        const NavigationCompletedSignal::slot_type& slot) override;
+    ShellNavigationController& navigationController() { return navigationController_; }
+    const ShellNavigationController& navigationController() const { return navigationController_; }
+    /// The parent folder, where the folder that was left gets selected.
+    void GoUp();
+    void GoToRoot();
+    const std::filesystem::path& currentFolder() const { return model_.list().folder(); }
+    /// False before the first navigation has completed.
+    bool isFolderLoaded() const { return folderLoaded_; }
+    bool isLoading() const { return loader_.isLoading(); }
+    unsigned folderGeneration() const { return folderGeneration_; }
+    /// Where the folder stands: readable, empty, or why nothing is shown.
+    FolderState folderState() const { return model_.list().state(); }
+
+    // --- items
+    FileListView& view() { return *view_; }
+    const FileListView& view() const { return *view_; }
+    const FileListModel& model() const { return model_; }
+    ItemSnapshot GetItem(int row) const;
+    /// From top to bottom.
+    std::vector<std::filesystem::path> GetSelectedFiles() const;
+    const ItemList::Totals& totals() const { return model_.list().totals(); }
+    /// An entry of the folder that has come into being, by its name's bytes.
+    void AddItem(std::string_view name);
+    void RemoveItem(std::int32_t itemId);
+    /// Selects that entry alone, makes it current and scrolls to it. False when the list has it not.
+    bool SelectItem(std::string_view name);
+
+    // --- view, columns, order
+    app::ViewMode viewMode() const { return viewMode_; }
+    /// Details is what there is so far; the others change nothing.
+    void SetViewMode(app::ViewMode mode);
+    /// Stores the mode, sorts, and moves the header's arrow.
+    void SetSortMode(app::SortMode mode);
+    /// After the settings that decide names, order or look of the list have changed.
+    void ApplySettings();
+    void SaveColumnWidths();
+    /// After the visible set of the catalogue has changed.
+    void RebuildColumns();
+    /// Queues the text of one cell; the name column does nothing.
+    void QueueColumnTask(std::int32_t itemId, std::uint32_t columnType);
+    /// Whether texts of cells are still to come.
+    bool hasWaitingCells() const { return !waitingCells_.empty(); }
+
+    // --- told upward
+    boost::signals2::signal<void(const std::filesystem::path&)> NavigationStarted;
+    NavigationCompletedSignal NavigationCompleted;
+    boost::signals2::signal<void()> ListSelectionChanged;
+    boost::signals2::signal<void()> ColumnsChanged;
+    /// The tags shown are out of date: a click on any item or on the free area (command 8003).
+    boost::signals2::signal<void()> MetadataOutdated;
+    /// A click on a file: what makes its metadata be read. Selecting by the keyboard does not.
+    boost::signals2::signal<void(const std::filesystem::path&, std::int32_t itemId)> FileClicked;
+    /// Enter or a double click on a file; folders are opened here.
+    boost::signals2::signal<void(const std::filesystem::path&)> FileActivated;
+    /// The context menu is asked for: on a row or, with -1, on the free area; at a global position.
+    boost::signals2::signal<void(int, const QPoint&)> MenuRequested;
+    boost::signals2::signal<void(const QPoint&)> HeaderMenuRequested;
+
+ private:
+    struct ColumnTask {
+        std::int32_t itemId = -1;
+        std::uint32_t columnType = 0;
+    };
+    /// What a worker hands over; shared with the tasks, since they may end after the browser has dropped
+    /// them.
+    struct ColumnResult {
+        int taskId = -1;
+        QString text;
+    };
+    struct ResultBox {
+        std::mutex mutex;
+        std::vector<ColumnResult> results;
+    };
+
+    static std::uint64_t cellKey(std::int32_t itemId, std::uint32_t columnType) {
+        return (static_cast<std::uint64_t>(static_cast<std::uint32_t>(itemId)) << 32) | columnType;
+    }
+
+    void connectView();
+    void connectHeader();
+    void dropTasks();
+    void dropTasksOutOfSight();
+    void showColumns();
+    void restoreSelection(int currentRow);
+    void showSortArrow();
+    FolderRequest requestFor(const std::filesystem::path& folder);
+    void finishNavigation(LoadedFolder loaded, const SortSettings& sorted, bool addHistoryEntry);
+    void sortNow();
+    void selectAwaited();
+    void onColumnResults();
+    void OnColumnResult(const ColumnResult& result);
+    void onSelectionChanged(const QItemSelection& selected, const QItemSelection& deselected);
+    bool noteSelection(const QItemSelection& selection, bool selected);
+    void onCellClicked(const QModelIndex& index, Qt::MouseButton button);
+    void onActivated(const QModelIndex& index);
+    void onHeaderClicked(int section);
+    void onFolderVanished();
+    SortSettings sortSettings() const { return sortSettingsOf(parts_.context.settings); }
+
+    BrowserParts& parts_;
+    FileListModel model_;
+    QPointer<FileListView> view_;
+    app::ViewMode viewMode_ = app::ViewMode::Details;
+    bool folderLoaded_ = false;
+    unsigned folderGeneration_ = 0;
+    std::filesystem::path awaitedItem_;  // to be selected once its folder is there
+    std::uint32_t sortedColumn_ = 0;
+    bool hasSortedColumn_ = false;
+    int nextColumnTaskId_ = 0;
+    std::unordered_map<int, ColumnTask> columnTasks_;
+    std::unordered_set<std::uint64_t> waitingCells_;
+    std::shared_ptr<ResultBox> resultBox_ = std::make_shared<ResultBox>();
+    FolderWatch folderWatch_;
+    ThemeIconFetcher iconFetcher_;
+    ShellNavigationController navigationController_;
+    FolderLoader loader_;
+    TaskQueue columnQueue_;  // last: its thread ends first
+};
+
+}  // namespace browser
