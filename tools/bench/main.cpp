@@ -1,0 +1,75 @@
+// Measures what the program promises about speed, and prints it as ratios and differences taken in one run.
+
+#include "Figures.h"
+#include "SampleFiles.h"
+
+#include <QApplication>
+
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+namespace {
+
+using bench::Comparison;
+using bench::Goal;
+
+struct Part {
+    const char* name;
+    int rounds;
+};
+
+constexpr Part kParts[] = {{"Parsing", 5}, {"Folder", 9}, {"Click", 9}, {"Start", 11}};
+
+constexpr bench::Figure kFigures[] = {
+    {"Parsing with all families shown", "Parsing/AllFamilies", "lines", Comparison::Ratio,
+     "Parsing/AllFamilies", "seconds", 1, "lines/s", Goal::AtLeast, 400000},
+    {"Parsing with the built-in settings", "Parsing/Defaults", "lines", Comparison::Ratio, "Parsing/Defaults",
+     "seconds", 1, "lines/s", Goal::AtLeast, 400000},
+    {"Parsing : only reading the lines", "Parsing/AllFamilies", "seconds", Comparison::Ratio,
+     "Parsing/PlainLines", "seconds", 1, "", Goal::None, 0},
+    {"Finding a tag by scan : by index", "Parsing/FindByScan", "seconds", Comparison::Ratio,
+     "Parsing/FindByIndex", "seconds", 1, "", Goal::None, 0},
+    {"Click until painted, beyond ExifTool's own run", "Click/Panel", "added", Comparison::None, "", "", 1000,
+     "ms", Goal::AtMost, 15},
+    {"  the same for the file with the most tags", "Click/Panel", "addedToLargest", Comparison::None, "", "",
+     1000, "ms", Goal::AtMost, 15},
+    {"Click until painted : ExifTool's own run", "Click/Panel", "seconds", Comparison::Ratio, "Click/Panel",
+     "tool", 1, "", Goal::None, 0},
+};
+
+int usage() {
+    std::fputs("usage: tagwright-bench [--part Parsing|Folder|Click|Start] [FOLDER_OF_SAMPLES]\n", stderr);
+    return 2;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    // What is measured must not depend on the desktop that happens to be there.
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    std::string_view wantedPart;
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view word = argv[i];
+        if (word == "--part" && i + 1 < argc)
+            wantedPart = argv[++i];
+        else if (word.starts_with('-'))
+            return usage();
+        else
+            bench::setSampleFolder(word);
+    }
+    bench::Rounds rounds;
+    bool succeeded = true;
+    try {
+        for (const Part& part : kParts)
+            if (wantedPart.empty() || wantedPart == part.name)
+                succeeded = rounds.run(part.name, part.rounds) && succeeded;
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "\n%s\n", failure.what());
+        return 1;
+    }
+    rounds.printMedians();
+    return bench::printFigures(kFigures, rounds) && succeeded ? 0 : 1;
+}
