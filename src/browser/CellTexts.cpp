@@ -13,18 +13,18 @@ const CellTexts::Cell* CellTexts::find(std::int32_t itemId, std::uint32_t column
     if (const auto found = recent_.constFind(key); found != recent_.constEnd()) return &found.value();
     const auto found = older_.find(key);
     if (found == older_.end()) return nullptr;
-    Cell cell = std::move(found.value());
+    const Cell cell = found.value();
     older_.erase(found);
-    set(itemId, columnType, std::move(cell));
+    set(itemId, columnType, cell);
     return &recent_[key];
 }
 
-void CellTexts::set(std::int32_t itemId, std::uint32_t columnType, Cell cell) {
+void CellTexts::set(std::int32_t itemId, std::uint32_t columnType, const Cell& cell) {
     if (recent_.size() >= kMostInAHalf) {
         older_ = std::move(recent_);
         recent_ = {};
     }
-    recent_.insert(keyOf(itemId, columnType), std::move(cell));
+    recent_.insert(keyOf(itemId, columnType), cell);
 }
 
 void CellTexts::clear() {

@@ -17,7 +17,7 @@ class CellTexts {
     };
 
     const Cell* find(std::int32_t itemId, std::uint32_t columnType);
-    void set(std::int32_t itemId, std::uint32_t columnType, Cell cell);
+    void set(std::int32_t itemId, std::uint32_t columnType, const Cell& cell);
     void clear();
     qsizetype count() const { return recent_.size() + older_.size(); }
 

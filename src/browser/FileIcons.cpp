@@ -8,7 +8,7 @@ namespace {
 
 QIcon firstOf(std::initializer_list<QString> names) {
     for (const QString& name : names)
-        if (const QIcon icon = controls::icon(name); !icon.isNull()) return icon;
+        if (QIcon icon = controls::icon(name); !icon.isNull()) return icon;
     return {};
 }
 

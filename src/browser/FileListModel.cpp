@@ -150,7 +150,7 @@ QString FileListModel::cellText(const ListItem& item, std::int32_t itemId, std::
     // Folders get no column text at all.
     if (item.isFolder()) return {};
     const CellTexts::Cell* cell = cells_.find(itemId, columnType);
-    const QString text = cell == nullptr ? QString() : cell->text;
+    QString text = cell == nullptr ? QString() : cell->text;
     if (cell == nullptr || cell->borrowed) cellWanted_(itemId, columnType);
     return text;
 }

@@ -12,7 +12,7 @@
 namespace browser {
 namespace {
 
-constexpr std::size_t kReadBytes = 256 * 1024;
+constexpr std::size_t kReadBytes = 256UL * 1024;
 constexpr unsigned kWantedData =
     STATX_TYPE | STATX_MODE | STATX_SIZE | STATX_MTIME | STATX_ATIME | STATX_CTIME | STATX_BTIME | STATX_UID;
 // Below this a second thread costs more than it brings.

@@ -189,8 +189,9 @@ std::vector<std::int32_t> ItemOrder::sortedByName(const ItemStore& items,
         }
     }
     if (!settings_.mixed)
-        std::ranges::stable_partition(
-            order, [&](std::int32_t id) { return items.item(id).isFolder() == settings_.ascending; });
+        std::stable_partition(order.begin(), order.end(), [&](std::int32_t id) {
+            return items.item(id).isFolder() == settings_.ascending;
+        });
     return order;
 }
 

@@ -25,6 +25,7 @@ std::filesystem::path pathOf(const QTreeWidgetItem& item) {
 
 std::vector<std::filesystem::path> pathsOf(const std::vector<Place>& places) {
     std::vector<std::filesystem::path> paths;
+    paths.reserve(places.size());
     for (const Place& place : places) paths.push_back(place.path);
     return paths;
 }
@@ -66,15 +67,17 @@ PlacesPanel::PlacesPanel(QWidget* parent) : QTreeWidget(parent) {
 /// The place on show is tinted as the selected rows of the lists are, its text unchanged.
 void PlacesPanel::softenSelection() {
     QPalette soft = QApplication::palette();
-    soft.setColor(QPalette::Highlight,
-                  controls::mixedColor(soft.color(QPalette::Base), soft.color(QPalette::Highlight), kSelectionShare));
+    soft.setColor(
+        QPalette::Highlight,
+        controls::mixedColor(soft.color(QPalette::Base), soft.color(QPalette::Highlight), kSelectionShare));
     soft.setColor(QPalette::HighlightedText, soft.color(QPalette::Text));
     if (soft != palette()) setPalette(soft);
 }
 
 void PlacesPanel::changeEvent(QEvent* event) {
     QTreeWidget::changeEvent(event);
-    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange) softenSelection();
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::ApplicationPaletteChange)
+        softenSelection();
 }
 
 void PlacesPanel::addSection(const QString& title, const std::vector<Place>& places) {

@@ -25,7 +25,7 @@ class PlacesPanel : public QTreeWidget {
  protected:
     void changeEvent(QEvent* event) override;
 
-private:
+ private:
     void softenSelection();
     void addSection(const QString& title, const std::vector<Place>& places);
     void reloadVolumesIfChanged();

@@ -8,10 +8,14 @@ namespace tags {
 
 namespace {
 
-/// The cheap tests stand first; a name that differs in the case of its first two letters is another name.
-bool nameMatches(std::u16string_view ours, std::u16string_view wanted) {
-    return ours.size() == wanted.size() && ours.substr(0, 2) == wanted.substr(0, 2) &&
-           equalWithoutCase(ours, wanted);
+/// Length, first two units as they are and the last one folded: two names with different keys cannot match. A
+/// group's keys stand side by side, so that a look-up touches the record of hardly any other name.
+std::uint64_t nameKey(std::u16string_view name) {
+    const auto unit = [&](std::size_t place) {
+        return std::uint64_t{place < name.size() ? name[place] : u'\0'};
+    };
+    const std::uint64_t last = name.empty() ? 0 : foldedUnit(name.back());
+    return (std::uint64_t{name.size()} << 48U) | (unit(0) << 32U) | (unit(1) << 16U) | last;
 }
 
 }  // namespace
@@ -29,11 +33,14 @@ TagDictionary::TagDictionary() {
     for (std::size_t group = 0; group < kGroupCount; ++group) groupStart_[group + 1] += groupStart_[group];
 
     rowsByGroup_.resize(records_.size());
+    nameKeys_.resize(records_.size());
     firstRowOfId_.assign(highestId + 1, -1);
     std::vector<std::uint32_t> next(groupStart_);
     for (std::uint32_t row = 0; row < records_.size(); ++row) {
         const TagRecord& record = records_[row];
-        rowsByGroup_[next[record.groupIndex]++] = row;
+        const std::uint32_t entry = next[record.groupIndex]++;
+        rowsByGroup_[entry] = row;
+        nameKeys_[entry] = nameKey(record.name);
         if (firstRowOfId_[record.id] < 0) firstRowOfId_[record.id] = static_cast<std::int32_t>(row);
     }
 }
@@ -48,9 +55,13 @@ std::optional<TagRecord> TagDictionary::FindTagById(std::uint32_t id) const {
 int TagDictionary::FindTagId(std::uint32_t groupIndex, QStringView name) const {
     if (groupIndex >= kGroupCount) return -1;
     const std::u16string_view wanted = units(name);
+    const std::uint64_t key = nameKey(wanted);
     for (std::uint32_t entry = groupStart_[groupIndex]; entry < groupStart_[groupIndex + 1]; ++entry) {
+        if (nameKeys_[entry] != key) continue;
         const TagRecord& record = records_[rowsByGroup_[entry]];
-        if (nameMatches(record.name, wanted)) return static_cast<int>(record.id);
+        if (record.name.substr(0, 2) == wanted.substr(0, 2) && equalWithoutCase(record.name, wanted)) {
+            return static_cast<int>(record.id);
+        }
     }
     return -1;
 }

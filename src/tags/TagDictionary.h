@@ -61,10 +61,11 @@ class TagDictionary {
 
  private:
     std::vector<TagRecord> records_;
-    std::vector<std::uint32_t>
-        rowsByGroup_;  ///< row numbers, grouped by groupIndex, in table order within a group
-    std::vector<std::uint32_t>
-        groupStart_;  ///< first entry of each group in rowsByGroup_, one more at the end
+    // Grouped by groupIndex, in table order within a group: row numbers, and what the first tests of a name
+    // look at.
+    std::vector<std::uint32_t> rowsByGroup_;
+    std::vector<std::uint64_t> nameKeys_;
+    std::vector<std::uint32_t> groupStart_;   ///< first entry of each group, one more at the end
     std::vector<std::int32_t> firstRowOfId_;  ///< -1 where an id is not used
 };
 

@@ -11,7 +11,7 @@ const fs::path kSource = TAGWRIGHT_SOURCE_DIR;
 
 int layOut(const fs::path& install) {
     const std::string command = "cmake -DINSTALL='" + install.string() + "' -DFIRST_RUN='" +
-                                (kSource / "data/first-run.ini").string() + "' -P '" +
+                                (kSource / "data").string() + "' -P '" +
                                 (kSource / "data/LayOutInstallFolder.cmake").string() + "'";
     return std::system(command.c_str());
 }

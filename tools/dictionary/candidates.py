@@ -20,6 +20,7 @@ class Candidate:
         self.position = 0     # in the order in which the group's names were found
         self.needed = False   # has a row whatever else is dropped
         self.shown = seen.files > 0  # by some file
+        self.shown_elsewhere = False  # in a group that has the same tags
         self.stray = False    # a misspelt name that is kept
         self.filler = False   # only taken where a group needs more rows than ExifTool knows names
         self.rate = 0.0       # of how many models a file shows a tag of the same source table, on average
@@ -61,6 +62,11 @@ class Candidates:
         for row in read_table("xml-names.tsv"):
             self._add_filler(facts.group_id(row["group"]), row["name"])
         self._rate()
+        for groups in facts.alike.values():
+            shown = {each.name for group in groups for each in self.by_group[group] if each.shown}
+            for group in groups:
+                for candidate in self.by_group[group]:
+                    candidate.shown_elsewhere = candidate.name in shown
 
     def add(self, group, name, tags=()):
         candidate = self.by_pair.get((group, name))

@@ -8,6 +8,7 @@ LARGEST_OTHER = 278  # rows of one group text, but for those whose number is fix
 
 
 LIKELY = 0.2          # models that show a tag of the table, on average, from which an unseen one is thought likely
+NAMES_A_TURN = {"camera": 4, "author": 2}
 
 NEEDED, SEEN, WRITTEN, LIKELY_SEEN, DOUBTFUL, KNOWN, FILLER = range(7)
 
@@ -26,7 +27,7 @@ def step(candidate, group):
         return KNOWN  # a block that ExifTool prints whole only where it cannot read it
     if group.editing < 3 and any(tag.writable for tag in candidate.tags):
         return WRITTEN
-    return LIKELY_SEEN if candidate.rate >= LIKELY else KNOWN
+    return LIKELY_SEEN if candidate.rate >= LIKELY or candidate.shown_elsewhere else KNOWN
 
 
 def rank(candidate, group):
@@ -118,7 +119,7 @@ class Choice:
             self.sizes[number] += max(0, min(self._room(number), wanted - self.sizes[number]))
 
     def _grow_in_turn(self):
-        """Each group gets its next name, the shortest first, until the table is full; cameras' groups count half."""
+        """Each group gets its next names, the shortest first, until the table is full."""
         level = 0
         left = PAIRS - sum(self.sizes.values())
         while left > 0:
@@ -127,7 +128,7 @@ class Choice:
             if not open_groups:
                 return
             for number in open_groups:
-                allowed = 2 * level if self.facts.groups[number].care == "camera" else level
+                allowed = NAMES_A_TURN.get(self.facts.groups[number].care, 1) * level
                 more = max(0, min(allowed - self.sizes[number], self._room(number), left))
                 self.sizes[number] += more
                 left -= more

@@ -8,6 +8,10 @@ import xml.etree.ElementTree as ElementTree
 Tag = collections.namedtuple("Tag", "table group id name type count writable flags has_values")
 
 
+def version():
+    return subprocess.run(["exiftool", "-ver"], capture_output=True, text=True, check=True).stdout.strip()
+
+
 def read_tags():
     """All tags of `exiftool -listx -f`, in its order. group is the family 1 group."""
     listing = subprocess.Popen(["exiftool", "-f", "-listx"], stdout=subprocess.PIPE)

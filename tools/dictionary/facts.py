@@ -40,10 +40,13 @@ class Facts:
         self.group_ids, self.keys = read_catalogue(catalogue_path)
         self.groups = {}
         self._aliases = {}
+        self.alike = collections.defaultdict(list)  # groups whose files show the same tags
         for row in read_table("groups.tsv"):
             group = Group(row["group"], row["text"], row["exiftool"], int(row["rows"] or 0), int(row["most"] or 0),
                           row["care"], float(row["editing"]))
             self.groups[self.group_id(group.key)] = group
+            if row["alike"]:
+                self.alike[row["alike"]].append(self.group_id(group.key))
             if group.exiftool:
                 self._aliases[group.exiftool.lower()] = group.key
         self.fixed = [FixedRow(int(row["id"]), row["name"], self.group_id(row["group"]), row["text"],
@@ -61,7 +64,8 @@ class Facts:
         for row in read_table("categories.tsv"):
             if row["source"] not in ("*", "repeats"):
                 self.sources[row["group"]].add(row["source"])
-        self.spellings = {(self.group_id(row["group"]), row["name"]): row["text"] for row in read_table("spellings.tsv")}
+        self.spellings = {(self.group_id(row["group"]), row["name"]): row["text"]
+                          for row in read_table("spellings.tsv")}
 
     def group_id(self, key):
         return self.group_ids[key.lower()]

@@ -8,12 +8,15 @@ import sys
 import rows_file
 from candidates import Candidates
 from choice import Choice, coverage
-from exiftool_tables import read_tags
+from exiftool_tables import read_tags, version
 from facts import Facts
 from keeping import keep_ids
 from numbering import Numbering
 from rows import classify, make_rows
 from values import Values
+
+COMMITTED_WITH = "12.57"  # the ExifTool of the committed table
+SKIPPED = 77
 
 DATA = pathlib.Path(__file__).resolve().parents[2] / "src" / "tags" / "data"
 
@@ -46,6 +49,9 @@ def main():
     parser.add_argument("--renumber", action="store_true", help="give all rows new ids, but for the fixed ones")
     parser.add_argument("--check", action="store_true", help="write nothing; status 1 when the table would change")
     arguments = parser.parse_args()
+    if arguments.check and version() != COMMITTED_WITH:
+        print(f"the committed table is of ExifTool {COMMITTED_WITH}; this is {version()}")
+        return SKIPPED
     table, facts, chosen = build(arguments.output, arguments.renumber)
     report(table, facts, chosen)
     if arguments.check:

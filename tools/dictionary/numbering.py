@@ -172,10 +172,11 @@ class Numbering:
         return slots
 
     def _split_largest(self, queue, gaps, descents, tried):
-        """Divides a run in two, the largest that allows it: by source table, or what files show from the rest."""
+        """Divides a run in two, the largest that allows it: a source table, or what files show, from the rest."""
         for run in sorted(queue, key=len, reverse=True):
             largest = collections.Counter(row.candidate.source for row in run).most_common(1)[0][0]
-            for criterion in (lambda row: row.candidate.source == largest, lambda row: row.candidate.shown):
+            for criterion in (lambda row: row.candidate.source == largest, lambda row: row.candidate.shown,
+                              lambda row: row.writable, lambda row: row.candidate.undocumented):
                 parts = [[row for row in run if criterion(row)], [row for row in run if not criterion(row)]]
                 attempt = (parts[0][0] if parts[0] else None, len(parts[0]), len(run))
                 if not all(parts) or attempt in tried:

@@ -143,10 +143,11 @@ class Values:
             row.text = fixed.text
             if not self._give(row, fixed.writable, fixed.kind):
                 raise SystemExit(f"no place for the kind of id {fixed.id}")
-        for line in self.facts.repeats:
-            for row in self.rows:
-                if line["kind"] and row.first and row.candidate.pair == (self.facts.group_id(line["group"]), line["name"]):
-                    self._give(row, 0, KINDS[line["kind"]])
+        kinds = {(self.facts.group_id(line["group"]), line["name"]): KINDS[line["kind"]]
+                 for line in self.facts.repeats if line["kind"]}
+        for row in self.rows:
+            if row.first and row.candidate.pair in kinds:
+                self._give(row, 0, kinds[row.candidate.pair])
         rated = [first[pair] for pair in sorted(ratings) if first[pair].kind is None]
         self._fill(1, RATING, [row for row in rated if row in self.editable])
         self._fill(0, RATING, rated)
@@ -155,7 +156,8 @@ class Values:
     def _deal_binary(self):
         """Documented binary data first; then tags of which nothing is known, those that no file shows before others."""
         rows = [row for row in self._open() if self.natural[row] == BINARY and row.first is None]
-        rows.sort(key=lambda row: (row.candidate.undocumented, not row.candidate.filler, row.group, row.candidate.position))
+        rows.sort(key=lambda row: (row.candidate.undocumented, not row.candidate.filler, row.group,
+                                   row.candidate.position))
         self._fill(1, BINARY, rows)
 
     def _deal_editable(self):
@@ -171,7 +173,8 @@ class Values:
 
     def _deal_read_only(self):
         """Rows of a kind that has no place left are numbers when ExifTool counts with them, else text."""
-        by_evidence = sorted(self._open(), key=lambda row: (-row.candidate.seen.models, row.group, row.candidate.position))
+        by_evidence = sorted(self._open(),
+                             key=lambda row: (-row.candidate.seen.models, row.group, row.candidate.position))
         for kind in (DATE, LIST, RATIONAL, INTEGER):
             self._fill(0, kind, [row for row in by_evidence if self.natural[row] == kind])
         numeric = [row for row in by_evidence if any(NUMERIC.match(tag.type) for tag in row.candidate.tags)]

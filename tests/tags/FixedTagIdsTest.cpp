@@ -1,0 +1,180 @@
+#include "tags/TagDictionary.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+using tags::TagDictionary;
+using tags::TagRecord;
+using tags::ValueKind;
+
+namespace {
+
+constexpr std::u16string_view kAny = u"?";
+
+/// What the first row of an id is; -1 and kAny where it may be anything.
+struct FixedRow {
+    std::uint32_t id;
+    std::u16string_view name;
+    std::u16string_view group;
+    std::uint32_t groupIndex;
+    int valueKind;
+    int writable;
+    int categoryId;
+    int tableId;
+};
+
+// clang-format off
+constexpr FixedRow kFixedRows[] = {
+    {0, u"FileAccessDate", u"System", 209, 0, 0, 1073, 73},
+    {1, u"Alpha", u"File", 30, 4, 0, 1718, 73},
+    {65, u"ImageHeight", u"File", 30, -1, -1, -1, -1},
+    {853, u"CodedCharacterSet", kAny, 83, -1, 1, 1421, -1},
+    {900, u"DateCreated", u"IPTC", 83, 0, 1, 1422, -1},
+    {946, u"TimeCreated", u"IPTC", 83, 0, 1, 1422, -1},
+    {1056, u"A100DataOffset", u"IFD0", 78, 1, 0, 1413, 60},
+    {1108, u"ModifyDate", u"IFD0", 78, 0, 1, 1413, 60},
+    {1142, u"Rating", u"IFD0", 78, 3, 1, 1413, 60},
+    {1143, u"RatingPercent", u"IFD0", 78, -1, 1, 1413, -1},
+    {1151, u"ReferenceBlackWhite", u"IFD0", 78, -1, -1, 1413, -1},
+    {1213, u"CreateDate", u"IFD0", 78, 0, 1, 1413, -1},
+    {1220, u"DateTimeOriginal", u"IFD0", 78, 0, 1, 1413, -1},
+    {1364, u"ModifyDate", u"IFD1", 79, 0, 1, 1414, -1},
+    {1608, u"DateTimeOriginal", u"ExifIFD", 29, 0, 1, 1418, -1},
+    {2018, u"", u"Canon", 11, -1, -1, 1357, -1},
+    {2025, u"AFAreaSelectionMethod", u"Canon", 11, 4, 1, 1357, 29},
+    {2073, u"Canon_0x0018", u"Canon", 11, 6, 1, 1357, -1},
+    {2674, u"Rating", u"FujiFilm", 40, 3, 1, -1, -1},
+    {5275, u"ZoomStepCount", u"Olympus", 143, 2, 0, 990, 230},
+    {6345, u"Rating", u"Sony", 194, 3, 1, -1, -1},
+    {7090, u"", u"XMP", 239, -1, -1, 1088, -1},
+    {7426, u"Rating", u"XMP-Acdsee", 241, 3, 1, 1426, -1},
+    {7874, u"Rating", u"XMP-Dex", 262, 3, 1, 1437, -1},
+    {8335, u"AboutCvTermCvId", u"XMP-iptcExt", 287, 2, 1, 1460, 384},
+    {8433, u"Rating", u"XMP-iptcExt", 287, 3, 1, 1460, 384},
+    {8434, u"RatingValue", u"XMP-iptcExt", 287, 3, 1, 1460, 384},
+    {8617, u"DateCreated", u"XMP-PHOTOSHOP", 304, 0, 1, 1465, -1},
+    {8642, u"CopyrightStatus", kAny, 306, 4, 1, 1648, -1},
+    {8643, u"CreditLineRequired", kAny, 306, 4, 1, 1648, -1},
+    {8644, u"ImageAlterationConstraints", kAny, 306, 4, 1, 1648, -1},
+    {8648, u"ImageDuplicationConstraints", kAny, 306, 4, 1, 1648, -1},
+    {8649, u"ImageFileConstraints", kAny, 306, 4, 1, 1648, -1},
+    {8653, u"ImageType", kAny, 306, 4, 1, 1648, -1},
+    {8675, u"LicensorTelephoneType1", kAny, 306, 4, 1, 1648, -1},
+    {8678, u"AdultContentWarning", kAny, 306, 4, 1, 1648, -1},
+    {8684, u"MinorModelAgeDisclosure", kAny, 306, 4, 1, 1648, -1},
+    {8686, u"ModelReleaseStatus", kAny, 306, 4, 1, 1648, -1},
+    {8689, u"PropertyReleaseStatus", kAny, 306, 4, 1, 1648, -1},
+    {8758, u"About", u"XMP-Rdf", 310, 2, 1, 1468, 400},
+    {8799, u"YCbCrSubSampling", kAny, 314, 4, -1, 1470, -1},
+    {8835, u"CreateDate", u"XMP-XMP", 319, 0, 1, 1487, -1},
+    {8841, u"MetadataDate", u"XMP-Xmp", 319, 0, 1, 1487, -1},
+    {8842, u"ModifyDate", u"XMP-Xmp", 319, 0, 1, 1487, -1},
+    {8849, u"Rating", u"XMP-Xmp", 319, 3, 1, 1487, -1},
+    {9803, u"MediaCreateDate", u"Track1", 212, 0, 1, -1, -1},
+    {9807, u"MediaModifyDate", u"Track1", 212, 0, 1, -1, -1},
+    {9833, u"TrackCreateDate", u"Track1", 212, 0, 1, -1, -1},
+    {9842, u"TrackModifyDate", u"Track1", 212, 0, 1, -1, -1},
+    {9907, u"MediaCreateDate", u"Track2", 213, 0, 1, -1, -1},
+    {9911, u"MediaModifyDate", u"Track2", 213, 0, 1, -1, -1},
+    {10211, u"ZoomTargetWidth", u"Track4", 215, 2, 0, 1782, 326},
+    {10720, u"CreateDate", u"QuickTime", 166, 0, 1, -1, -1},
+    {10749, u"ModifyDate", u"QuickTime", 166, 0, 1, -1, -1},
+    {11509, u"", u"XML", 232, -1, -1, -1, -1},
+};
+// clang-format on
+
+/// Tags whose value is an embedded picture or the like, by id.
+constexpr std::uint32_t kPayloadIds[] = {
+    106,   110,   218,   364,   393,   562,   646,   1287,  1313,  1314,  1337,  1338, 1382,
+    1476,  1486,  1489,  1503,  1532,  1535,  1559,  1564,  1580,  1953,  1959,  1962, 1968,
+    1970,  2280,  2494,  4289,  4615,  5261,  5777,  6195,  6226,  6417,  8852,  9800, 10398,
+    10745, 10765, 10825, 12314, 12486, 12514, 12674, 12821, 13131, 13181, 13203, 13383};
+
+constexpr std::u16string_view kPayloadNames[] = {u"PreviewImage",
+                                                 u"PreviewPNG",
+                                                 u"PreviewTIFF",
+                                                 u"ThumbnailImage",
+                                                 u"ThumbnailTIFF",
+                                                 u"JpgFromRaw",
+                                                 u"OtherImage",
+                                                 u"CoverArt",
+                                                 u"Picture",
+                                                 u"MPImage2",
+                                                 u"MPImage3",
+                                                 u"TiffMeteringImage",
+                                                 u"UnknownThumbnail",
+                                                 u"MediaData",
+                                                 u"StartOfItem",
+                                                 u"PhotoshopThumbnail",
+                                                 u"PhotoshopBGRThumbnail",
+                                                 u"EmbeddedImage",
+                                                 u"RawThermalImage",
+                                                 u"ScreenNail"};
+
+const TagDictionary& dictionary() {
+    static const TagDictionary kDictionary;
+    return kDictionary;
+}
+
+QString text(std::u16string_view units) {
+    return QString::fromUtf16(units.data(), static_cast<qsizetype>(units.size()));
+}
+
+void expectNumber(int wanted, std::uint32_t found, const char* field) {
+    if (wanted >= 0) {
+        EXPECT_EQ(found, static_cast<std::uint32_t>(wanted)) << field;
+    }
+}
+
+}  // namespace
+
+TEST(FixedTagIds, FirstRowOfEachQuotedIdIsTheQuotedOne) {
+    for (const FixedRow& fixed : kFixedRows) {
+        SCOPED_TRACE(fixed.id);
+        const std::optional<TagRecord> record = dictionary().FindTagById(fixed.id);
+        ASSERT_TRUE(record);
+        EXPECT_EQ(text(record->name), text(fixed.name));
+        if (fixed.group != kAny) {
+            EXPECT_EQ(text(record->group), text(fixed.group));
+        }
+        EXPECT_EQ(record->groupIndex, fixed.groupIndex);
+        expectNumber(fixed.valueKind, static_cast<std::uint32_t>(record->valueKind), "valueKind");
+        expectNumber(fixed.writable, record->writable ? 1U : 0U, "writable");
+        expectNumber(fixed.categoryId, record->categoryId, "categoryId");
+        expectNumber(fixed.tableId, record->tableId, "tableId");
+    }
+}
+
+TEST(FixedTagIds, LookUpByNameGivesTheQuotedIds) {
+    for (const FixedRow& fixed : kFixedRows) {
+        EXPECT_EQ(dictionary().FindTagId(fixed.groupIndex, text(fixed.name)), static_cast<int>(fixed.id))
+            << fixed.id;
+    }
+}
+
+TEST(FixedTagIds, PayloadIdsAreBinaryAndUseAllPayloadNames) {
+    std::set<std::u16string_view> names;
+    for (const std::uint32_t id : kPayloadIds) {
+        const std::optional<TagRecord> record = dictionary().FindTagById(id);
+        ASSERT_TRUE(record) << id;
+        EXPECT_EQ(record->valueKind, ValueKind::Binary) << id;
+        names.insert(record->name);
+    }
+    EXPECT_EQ(names, std::set<std::u16string_view>(std::begin(kPayloadNames), std::end(kPayloadNames)));
+}
+
+TEST(FixedTagIds, IdOnTwoRowsGivesTheFirst) {
+    const std::span<const TagRecord> records = dictionary().records();
+    std::vector<const TagRecord*> rows;
+    for (const TagRecord& record : records) {
+        if (record.id == 2073) rows.push_back(&record);
+    }
+    ASSERT_EQ(rows.size(), 2U);
+    for (const TagRecord* row : rows) EXPECT_EQ(text(row->name), "Canon_0x0018");
+    EXPECT_EQ(rows[0]->valueKind, ValueKind::Binary);
+    EXPECT_TRUE(rows[0]->writable);
+    EXPECT_EQ(rows[1]->valueKind, ValueKind::Integer);
+    EXPECT_FALSE(rows[1]->writable);
+    EXPECT_TRUE(dictionary().FindTagById(2073)->writable);
+}
