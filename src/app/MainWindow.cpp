@@ -33,6 +33,7 @@ namespace {
 
 constexpr int kStatusBarHeight = 26;
 constexpr int kTopBandHeight = 34;
+constexpr int kLeftMargin = 8;
 constexpr int kDefaultLeftWidth = 240;
 constexpr int kDefaultRightWidth = 460;
 constexpr QSize kFirstSize(1280, 800);
@@ -126,8 +127,14 @@ void MainWindow::createHolders() {
     QFont bold = leftTitle_->font();
     bold.setBold(true);
     leftTitle_->setFont(bold);
-    places_ = new browser::PlacesPanel(client_);
-    places_->setObjectName(QStringLiteral("HolderLeft"));
+    leftHolder_ = new QWidget(client_);
+    leftHolder_->setObjectName(QStringLiteral("HolderLeft"));
+    leftHolder_->setBackgroundRole(QPalette::Base);
+    leftHolder_->setAutoFillBackground(true);
+    places_ = new browser::PlacesPanel(leftHolder_);
+    auto* layout = new QVBoxLayout(leftHolder_);
+    layout->setContentsMargins(kLeftMargin, kLeftMargin / 2, 0, 0);
+    layout->addWidget(places_);
     metadataPanel_ =
         new tags::MetadataPanel({context_, dictionary_, ratingMemory_, parser_, load_, *feedback_,
                                  [this](int number) { return language_.text(number); }},
@@ -177,7 +184,7 @@ void MainWindow::Relayout() {
         widget->setVisible(!rect.isEmpty());
     };
     place(leftTitle_, rects.topBand);
-    place(places_, rects.left);
+    place(leftHolder_, rects.left);
     place(middle_, rects.middle);
     place(metadataPanel_, rects.right);
     place(leftHandle_, rects.leftHandle);

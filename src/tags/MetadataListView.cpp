@@ -56,12 +56,15 @@ QColor colourFromBgr(std::uint32_t bgr) {
 
 QColor readableOn(const QColor& colour, const QColor& ground) {
     if (!isDark(ground)) return colour;
-    QColor best = colour;
-    for (float lightness = colour.lightnessF();
-         contrast(best, ground) < kReadableContrast && lightness < 1.0F;) {
+    // What is dark on white is as light on black, and keeps its hue.
+    float lightness = std::max(colour.lightnessF(), 1.0F - colour.lightnessF());
+    const auto withLightness = [&] {
+        return QColor::fromHslF(colour.hslHueF() < 0 ? 0 : colour.hslHueF(), colour.hslSaturationF(), lightness);
+    };
+    QColor best = withLightness();
+    while (contrast(best, ground) < kReadableContrast && lightness < 1.0F) {
         lightness = std::min(1.0F, lightness + 0.04F);
-        best =
-            QColor::fromHslF(colour.hslHueF() < 0 ? 0 : colour.hslHueF(), colour.hslSaturationF(), lightness);
+        best = withLightness();
     }
     return best;
 }

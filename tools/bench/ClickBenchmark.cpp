@@ -19,9 +19,10 @@ constexpr std::size_t kFileCount = 8;
 /// A metadata panel as the main window has it, with the clock on it.
 class ClickedPanel {
  public:
-    explicit ClickedPanel(const app::AppContext& context) : context_(context), panel_(parts()) {
-        panel_.resize(700, 800);
-        panel_.show();
+    explicit ClickedPanel(const app::AppContext& context) : context_(context), panel_(parts(), &window_) {
+        window_.resize(700, 800);
+        panel_.setGeometry(window_.rect());
+        window_.show();
         QApplication::processEvents();
     }
 
@@ -61,6 +62,7 @@ class ClickedPanel {
     exiftool::ReadCommands commands_{context_, runner_, readFeedback_};
     exiftool::MetadataLoad load_{context_, runner_, commands_, parser_};
     exiftool::LoadFeedback loadFeedback_;
+    QWidget window_;
     tags::MetadataPanel panel_;
 };
 
@@ -83,13 +85,16 @@ std::vector<std::filesystem::path> spreadOfFiles() {
     return files;
 }
 
-/// Click and plain run follow each other for every file, and their difference is taken file by file.
+/// Click and plain run follow each other for every file, and their difference is taken file by file. The
+/// first click of a panel loads icons and fonts, and stands for itself.
 void clickFiles(benchmark::State& state) {
     const app::AppContext& context = bench::samples().context();
-    static ClickedPanel panel(context);
+    ClickedPanel panel(context);
     std::vector<double> tool;
     std::vector<double> added;
     const std::vector<std::filesystem::path> files = spreadOfFiles();
+    const double plain = runTool(context, files.back());
+    state.counters["addedAtFirst"] = panel.click(files.back()) - plain;
     for (auto _ : state) {
         double total = 0;
         for (const std::filesystem::path& file : files) {
