@@ -227,7 +227,9 @@ QString MainWindow::StatusText() const {
     return statusText_->text();
 }
 
-QString MainWindow::SelectionText() const { return selectionText_->text(); }
+QString MainWindow::SelectionText() const {
+    return selectionText_->text();
+}
 
 void MainWindow::TellSettingsProblem(const QString& why) {
     ShowMessage(this, {language_.formatted(text::kSettingsNotSaved, {why}), MessageIcon::Exclamation});
