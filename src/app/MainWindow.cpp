@@ -273,6 +273,8 @@ void MainWindow::createShortcuts() {
         auto* shortcut = new QShortcut(QKeySequence::fromString(QLatin1String(key.keys)), this);
         connect(shortcut, &QShortcut::activated, this, [this, id = key.command] { Dispatch(id); });
     }
+    auto* toAddress = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_D), this);
+    connect(toAddress, &QShortcut::activated, addressBar_, &browser::AddressBar::EditPath);
 }
 
 void MainWindow::changeEvent(QEvent* event) {
