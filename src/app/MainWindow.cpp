@@ -220,7 +220,11 @@ void MainWindow::Show() {
 }
 
 void MainWindow::ShowStatus(const QString& text) {
-    statusText_->setText(text);
+    // A name may hold line feeds; the bar has one line.
+    QString line = text;
+    statusText_->setText(line.replace(u'\n', u' ').replace(u'\r', u' '));
+    // What follows may keep the event loop waiting.
+    if (statusText_->isVisible()) statusText_->repaint();
 }
 
 QString MainWindow::StatusText() const {
