@@ -3,7 +3,7 @@
 #include "Figures.h"
 #include "SampleFiles.h"
 
-#include <QApplication>
+#include <QCoreApplication>
 
 #include <cstdio>
 #include <cstdlib>
@@ -62,7 +62,7 @@ int usage() {
 int main(int argc, char** argv) {
     // What is measured must not depend on the desktop that happens to be there.
     setenv("QT_QPA_PLATFORM", "offscreen", 0);
-    const QApplication application(argc, argv);
+    const QCoreApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     std::string_view wantedPart;
     for (int i = 1; i < argc; ++i) {
