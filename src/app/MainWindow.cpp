@@ -220,14 +220,20 @@ void MainWindow::Show() {
 }
 
 void MainWindow::ShowStatus(const QString& text) {
-    statusText_->setText(text);
+    // A name may hold line feeds; the bar has one line.
+    QString line = text;
+    statusText_->setText(line.replace(u'\n', u' ').replace(u'\r', u' '));
+    // What follows may keep the event loop waiting.
+    if (statusText_->isVisible()) statusText_->repaint();
 }
 
 QString MainWindow::StatusText() const {
     return statusText_->text();
 }
 
-QString MainWindow::SelectionText() const { return selectionText_->text(); }
+QString MainWindow::SelectionText() const {
+    return selectionText_->text();
+}
 
 void MainWindow::TellSettingsProblem(const QString& why) {
     ShowMessage(this, {language_.formatted(text::kSettingsNotSaved, {why}), MessageIcon::Exclamation});
