@@ -69,9 +69,9 @@ TEST_F(BrowseTest, FoldersOpenByDoubleClickAndEnterAndAreLeftByKeysAndCommands) 
         EXPECT_EQ(program.selectedFiles(), step.selected) << told;
     }
     program.tell("key", {"Ctrl+Backspace"});
-    EXPECT_EQ(program.folder(), "/");
+    EXPECT_EQ(program.folder(), QString("/"));
     program.tell("key", {"Backspace"});
-    EXPECT_EQ(program.folder(), "/") << "there is nothing above";
+    EXPECT_EQ(program.folder(), QString("/")) << "there is nothing above";
     EXPECT_EQ(program.quit(), 0);
 }
 
@@ -95,6 +95,7 @@ TEST_F(BrowseTest, AnAddressTypedInTheBarIsOpened) {
         program.tell("focus", {"Address"});
         program.tell("key", {"Ctrl+A"});
         program.tell("type", {typed});
+        EXPECT_EQ(program.tell("area", {"Address"})["text"].toString(), typed);
         program.tell("key", {"Return"});
         EXPECT_EQ(program.folder(), path(folder)) << typed.toStdString();
         EXPECT_EQ(program.status(), status) << typed.toStdString();
