@@ -20,6 +20,9 @@ constexpr Phrase kSource = {u"Tag %1 of %2", u"Tag %1 von %2", u"Balise %1 de %2
 constexpr Phrase kTopic = {u"Topic: %1", u"Thema: %1", u"Sujet : %1", u"Tema: %1"};
 constexpr Phrase kFormat = {u"Format: %1", u"Format: %1", u"Format : %1", u"Formato: %1"};
 constexpr Phrase kCount = {u"%1, %2 of them", u"%1, %2 davon", u"%1, au nombre de %2", u"%1, %2 en total"};
+constexpr Phrase kCharacters = {u"%1, %2 characters", u"%1, %2 Zeichen", u"%1, %2 caract\u00E8res",
+                                u"%1, %2 caracteres"};
+constexpr Phrase kByteCount = {u"%1, %2 bytes", u"%1, %2 Byte", u"%1, %2 octets", u"%1, %2 bytes"};
 constexpr Phrase kSeveral = {u"%1, several values", u"%1, mehrere Werte", u"%1, plusieurs valeurs",
                              u"%1, varios valores"};
 constexpr Phrase kGroup = {u"Group: %1", u"Gruppe: %1", u"Groupe : %1", u"Grupo: %1"};
@@ -191,9 +194,15 @@ class HelpText {
     QString format() const {
         const TagFacts& facts = help_.facts;
         QString text = formatName();
-        if (!facts.count.empty()) text = phrase(kCount).arg(text, utf8(facts.count));
+        if (!facts.count.empty()) text = phrase(countPhrase()).arg(text, utf8(facts.count));
         if (hasFlag(LabelFlag::kSeveralValues)) text = phrase(kSeveral).arg(text);
         return text;
+    }
+
+    const Phrase& countPhrase() const {
+        const std::string_view format = help_.facts.format;
+        if (format.starts_with("string") || format.starts_with("pstring")) return kCharacters;
+        return format.starts_with("undef") || format.starts_with("binary") ? kByteCount : kCount;
     }
 
     QString formatName() const {

@@ -58,7 +58,8 @@ class Library:
         label = namesake.label if namesake else label_of_name(clean(row.name))
         found = self._list(row, tags)
         number = self.lists.setdefault(found, len(self.lists) + 1) if found.values else 0
-        self._translate_values(row, tags, found)
+        if (row.text, row.name) not in self._choices:
+            self._translate_values(row, tags, found)
         if namesake:
             self._translate_label(row, namesake)
         note = self.notes.get((tag.table, tag.id, tag.name), "") if tag else ""
@@ -77,9 +78,8 @@ class Library:
         if kept_by_hand:
             return List(tuple(kept_by_hand), 0)
         if row.kind != "List":
-            values = tags[0].values if tags else ()
-            kept = tuple((code, text) for code, text, _ in values[:LONGEST_IN_HELP])
-            return List(kept, len(values) - len(kept))
+            values = [(code, text) for code, text, _ in tags[0].values if code and text] if tags else []
+            return List(tuple(values[:LONGEST_IN_HELP]), max(0, len(values) - LONGEST_IN_HELP))
         if row.writable:
             tags = tags[:1]
             if not tags[0].values or tags[0].several:
