@@ -220,7 +220,11 @@ void MainWindow::Show() {
 }
 
 void MainWindow::ShowStatus(const QString& text) {
-    statusText_->setText(text);
+    // A name may hold line feeds; the bar has one line.
+    QString line = text;
+    statusText_->setText(line.replace(u'\n', u' ').replace(u'\r', u' '));
+    // What follows may keep the event loop waiting.
+    if (statusText_->isVisible()) statusText_->repaint();
 }
 
 QString MainWindow::StatusText() const {
@@ -273,6 +277,8 @@ void MainWindow::createShortcuts() {
         auto* shortcut = new QShortcut(QKeySequence::fromString(QLatin1String(key.keys)), this);
         connect(shortcut, &QShortcut::activated, this, [this, id = key.command] { Dispatch(id); });
     }
+    auto* toAddress = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_D), this);
+    connect(toAddress, &QShortcut::activated, addressBar_, &browser::AddressBar::EditPath);
 }
 
 void MainWindow::changeEvent(QEvent* event) {
