@@ -208,7 +208,7 @@ class HelpText {
         const std::string_view format = help_.facts.format;
         for (const FormatEntry& entry : kFormats) {
             if (!format.starts_with(entry.start)) continue;
-            const QString text = phrase(entry.text);
+            QString text = phrase(entry.text);
             if (!text.contains("%1")) return text;
             const std::size_t digits = format.find_first_of("0123456789");
             return text.arg(
