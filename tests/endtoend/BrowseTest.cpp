@@ -146,7 +146,7 @@ TEST_F(BrowseTest, SortCommandsSortAndTheSameAgainReverses) {
         {"50003", {"a.jpg", "b.txt", "c.png"}}, {"50003", {"c.png", "b.txt", "a.jpg"}},
         {"50001", {"a.jpg", "b.txt", "c.png"}}, {"50001", {"c.png", "b.txt", "a.jpg"}},
         {"40089", {"a.jpg", "b.txt", "c.png"}}, {"40090", {"c.png", "b.txt", "a.jpg"}},
-        {"50004", {"b.txt", "c.png", "a.jpg"}}, {"50004", {"a.jpg", "c.png", "b.txt"}},
+        {"50004", {"c.png", "b.txt", "a.jpg"}}, {"50004", {"a.jpg", "b.txt", "c.png"}},
     };
     for (const auto& [command, names] : steps) {
         program.tell("command", {command});
