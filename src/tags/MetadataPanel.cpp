@@ -26,6 +26,8 @@ constexpr int kTagWidth = 250;
 constexpr int kIdWidth = 50;
 constexpr int kKindWidth = 22;
 constexpr int kLeastValueWidth = 200;
+/// Far more than any file has; what a damaged one makes ExifTool print beyond it would only stop the window.
+constexpr std::size_t kMostRows = 100'000;
 constexpr qsizetype kLongestGroupTitle = 80;
 constexpr int kOpenAddress = 40011;
 constexpr int kOpenAddressText = 40012;
@@ -162,9 +164,14 @@ void MetadataPanel::load(const std::filesystem::path& file) {
     title_->setText(platform::display(file.filename()));
     title_->setToolTip(platform::display(file));
     counts_.clear();
+    rowsOfFile_ = 0;
     const bool loaded = parts_.load.LoadMetadata(file, *this, parts_.feedback) != 0;
     CreatePanelGroups();
     model_->Commit();
+    if (rowsOfFile_ > kMostRows)
+        title_->setText(QStringLiteral("%1 (the first %2 of %3 rows)")
+                            .arg(title_->text(), QLocale().toString(qulonglong{kMostRows}),
+                                 QLocale().toString(qulonglong{rowsOfFile_})));
     for (const auto& [groupId, count] : counts_) {
         const int id = static_cast<int>(groupId);
         list_->setGroupTitle(id, GroupTitleWithCount(list_->groupTitle(id), count));
@@ -191,7 +198,7 @@ void MetadataPanel::Refresh() {
 }
 
 void MetadataPanel::InsertMetadataRow(MetadataRow&& row) {
-    model_->InsertMetadataRow(std::move(row));
+    if (++rowsOfFile_ <= kMostRows) model_->InsertMetadataRow(std::move(row));
 }
 
 void MetadataPanel::SetGroupCount(std::uint32_t groupId, int count) {

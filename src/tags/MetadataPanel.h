@@ -72,6 +72,7 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     MetadataListModel* model_;
     MetadataListView* list_;
     std::vector<std::pair<std::uint32_t, int>> counts_;
+    std::size_t rowsOfFile_ = 0;
 };
 
 }  // namespace tags

@@ -127,6 +127,8 @@ TEST_F(BadToolTest, TwoHundredMegabytesOfOutputComeToAnEnd) {
     since.start();
     program.tell("click", {"a.jpg"});
     RecordProperty("milliseconds", static_cast<int>(since.elapsed()));
+    EXPECT_EQ(program.rows().size(), 100000);
+    EXPECT_TRUE(program.tell("area", {"metadataTitle"})["text"].toString().contains("the first 100"));
     EXPECT_EQ(program.value("IFD0", "Make"), "x");
     EXPECT_LT(since.elapsed(), 60000);
     EXPECT_EQ(program.quit(), 0);

@@ -21,11 +21,18 @@ class PanelTest : public endtoend::PictureFolder {
  private:
     std::string profile() {
         const std::string file = (folder / "profile.icc").string();
-        std::string bytes(132, '\0');
-        bytes[3] = static_cast<char>(132);
+        // A header, a table of one entry, and a copyright.
+        std::string bytes(154, '\0');
+        bytes[3] = static_cast<char>(bytes.size());
         bytes[8] = 2;
         bytes.replace(12, 12, "mntrRGB XYZ ");
         bytes.replace(36, 4, "acsp");
+        bytes[131] = 1;
+        bytes.replace(132, 4, "cprt");
+        bytes[139] = static_cast<char>(144);
+        bytes[143] = 10;
+        bytes.replace(144, 4, "text");
+        bytes[152] = 'x';
         support::WriteBytes(file, bytes);
         return file;
     }
@@ -84,11 +91,10 @@ TEST_F(PanelTest, MissingKeysShowTheBuiltInFamilies) {
 TEST_F(PanelTest, UnknownTagsAndGroupsAreShownOnWish) {
     // A stand-in prints what no file of today has.
     const std::string tool = (folder / "tool").string();
-    support::WriteBytes(
-        tool,
-        "#!/bin/sh\ncase \"$*\" in *stay_open*) exec sleep 60;; esac\n"
-        "echo '[IFD0] 0x010f Make: known'\necho '[IFD0] 0xfedc NeverHeardOf: unknown'\n"
-        "echo '[XMP-ours] - Thing: of another group'\necho '[GPS] 0x010f Make: elsewhere'\n");
+    support::WriteBytes(tool,
+                        "#!/bin/sh\ncase \"$*\" in *stay_open*) exec sleep 60;; esac\n"
+                        "echo '[IFD0] 0x010f Make: known'\necho '[IFD0] 0xfedc NeverHeardOf: unknown'\n"
+                        "echo '[XMP-ours] - Thing: of another group'\necho '[GPS] 0x010f Make: elsewhere'\n");
     std::filesystem::permissions(tool, std::filesystem::perms::owner_all);
     photo("a.jpg");
     for (const char* shown : {"0", "1"}) {
