@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/PropertyStore.h"
+
+/// The properties of video containers and of the streams in them, through MediaInfo. Any thread; one file at
+/// a time in the whole process.
+namespace platform {
+
+bool streamsCanGive(PropertyId property);
+
+/// Adds what the file has. Damage of any kind gives fewer values. Never reads more than its head, its end and
+/// what lies between them up to a fixed sum.
+void readStreamProperties(const std::filesystem::path& file, PropertyValues& values);
+
+}  // namespace platform
