@@ -226,11 +226,27 @@ std::optional<TagLib::StringList> tagsOf(const PropertyValue& value) {
     return texts;
 }
 
+void readTagged(const std::filesystem::path& file, bool withSound, PropertyValues& values) {
+    silenceOnce();
+    try {
+        const TagLib::FileRef opened(file.c_str(), withSound, TagLib::AudioProperties::Average);
+        if (opened.isNull()) return;
+        addTags(opened.file()->properties(), values);
+        if (opened.audioProperties() != nullptr) addSound(*opened.audioProperties(), values);
+        if (const TagLib::ID3v2::Tag* tag = id3Of(opened.file())) addFrames(*tag, values);
+    } catch (...) {
+        // A damaged file: what was found before the damage stays.
+    }
+}
+
 }  // namespace
 
+bool audioTagsCanGive(PropertyId property) {
+    return std::ranges::find(kSources, property, &AudioSource::property) != kSources.end();
+}
+
 bool audioCanGive(PropertyId property) {
-    return std::ranges::find(kSources, property, &AudioSource::property) != kSources.end() ||
-           std::ranges::find(kComputed, property) != std::end(kComputed);
+    return audioTagsCanGive(property) || std::ranges::find(kComputed, property) != std::end(kComputed);
 }
 
 PropertyResult prepareAudioChange(PropertyChange& change) {
@@ -253,16 +269,11 @@ PropertyResult prepareAudioChange(PropertyChange& change) {
 }
 
 void readAudioProperties(const std::filesystem::path& file, PropertyValues& values) {
-    silenceOnce();
-    try {
-        const TagLib::FileRef opened(file.c_str(), true, TagLib::AudioProperties::Average);
-        if (opened.isNull()) return;
-        addTags(opened.file()->properties(), values);
-        if (opened.audioProperties() != nullptr) addSound(*opened.audioProperties(), values);
-        if (const TagLib::ID3v2::Tag* tag = id3Of(opened.file())) addFrames(*tag, values);
-    } catch (...) {
-        // A damaged file: what was found before the damage stays.
-    }
+    readTagged(file, true, values);
+}
+
+void readAudioTags(const std::filesystem::path& file, PropertyValues& values) {
+    readTagged(file, false, values);
 }
 
 PropertyResult writeAudioProperties(const std::filesystem::path& copy,

@@ -8,9 +8,13 @@
 namespace platform {
 
 bool audioCanGive(PropertyId property);
+bool audioTagsCanGive(PropertyId property);
 
 /// Adds what the file has. Damage of any kind gives fewer values.
 void readAudioProperties(const std::filesystem::path& file, PropertyValues& values);
+
+/// The same without what TagLib finds out about the sound itself.
+void readAudioTags(const std::filesystem::path& file, PropertyValues& values);
 
 /// Turns the value of a change into the type that the property is written in; a text is read, an empty one
 /// takes the property away.

@@ -295,6 +295,21 @@ void addPeople(const Entries& entries, PropertyValues& values) {
     values.addList(Id::PhotoPeopleNames, names);
 }
 
+/// What a container is always pressed with.
+void addCompression(const Entries& entries, PropertyValues& values) {
+    static constexpr std::pair<std::string_view, const char*> kContainers[] = {
+        {"image/jpeg", "JPEG"}, {"image/png", "Deflate"}, {"image/gif", "LZW"}, {"image/jp2", "JPEG 2000"}};
+    const std::string type = entries.image().mimeType();
+    for (const auto& [container, compression] : kContainers)
+        if (type == container) values.addText(Id::ImageCompressionText, QString::fromLatin1(compression));
+    // Pictures that name their three components are those of cameras, with eight bits for each. Saves the
+    // dear look at the picture itself.
+    const Entry* components = entries.first("Exif.Photo.ComponentsConfiguration");
+    if (type == "image/jpeg" && components != nullptr && components->count() == 4 &&
+        components->toLong(2) != 0)
+        values.add(Id::ImageBitDepth, std::int64_t{24});
+}
+
 void addPicture(const Entries& entries, PropertyValues& values) {
     const std::int64_t width = entries.image().pixelWidth();
     const std::int64_t height = entries.image().pixelHeight();
@@ -332,6 +347,7 @@ void readPhotoProperties(const std::filesystem::path& file, PropertyValues& valu
         addGpsVersion(entries, values);
         addPeople(entries, values);
         addPicture(entries, values);
+        addCompression(entries, values);
     } catch (...) {
         // A damaged or unknown file: what was found before the damage stays.
     }

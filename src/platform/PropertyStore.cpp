@@ -79,9 +79,12 @@ void PropertyStore::read(PropertyId property) {
     const bool hasStreams = mediaClass_ == MediaClass::Audio || mediaClass_ == MediaClass::Video ||
                             (mediaClass_ == MediaClass::Photo && property == PropertyId::ImageBitDepth);
     if (hasStreams && !values_.has(property) && streamsCanGive(property))
-        ask(streamsRead_, readStreamProperties);
-    if (mediaClass_ == MediaClass::Video && !values_.has(property) && audioCanGive(property))
-        ask(audioRead_, readAudioProperties);
+        ask(streamsRead_, [&](const std::filesystem::path& file, PropertyValues& values) {
+            readStreamProperties(file, mediaClass_ == MediaClass::Photo, values);
+        });
+    // Of a film only the tags: TagLib takes the first stream for the sound, whatever it is.
+    if (mediaClass_ == MediaClass::Video && !values_.has(property) && audioTagsCanGive(property))
+        ask(audioRead_, readAudioTags);
 }
 
 PropertyResult PropertyStore::set(PropertyId property, const PropertyValue& value) {

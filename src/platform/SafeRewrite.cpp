@@ -127,6 +127,8 @@ PropertyResult rewriteSafely(const fs::path& file, const FileIdentity& seen, boo
     struct stat facts {};
     if (!source.isOpen() || ::fstat(source.get(), &facts) != 0 || !S_ISREG(facts.st_mode))
         return PropertyResult::AccessDenied;
+    // Who may write everything still means it when a file is marked as not to be written.
+    if ((facts.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0) return PropertyResult::AccessDenied;
     if (identifyFile(original) != seen) return PropertyResult::ChangedMeanwhile;
     Copy copy(original);
     if (!copy.isThere()) return resultOf(errno);

@@ -56,7 +56,6 @@ constexpr auto kSources = std::to_array<StreamSource>({
     {Id::AudioStreamNumber, Stream_Audio, Integer, L"ID"},
 
     {Id::DrmIsProtected, Stream_General, Text, L"Encryption"},
-    {Id::ImageBitDepth, Stream_Image, Integer, L"BitDepth"},
     {Id::ImageCompressionText, Stream_Image, Text, L"Format"},
     {Id::ImageHorizontalSize, Stream_Image, Integer, L"Width"},
     {Id::ImageVerticalSize, Stream_Image, Integer, L"Height"},
@@ -121,11 +120,18 @@ constexpr auto kSources = std::to_array<StreamSource>({
     {Id::VideoTotalBitrate, Stream_General, Integer, L"OverallBitRate"},
 });
 
-constexpr Id kComputed[] = {Id::AudioIsVariableBitRate,   Id::VideoHorizontalAspectRatio,
-                            Id::VideoVerticalAspectRatio, Id::VideoIsStereo,
-                            Id::VideoIsSpherical,         Id::VideoOrientation};
+constexpr Id kComputed[] = {Id::ImageBitDepth,
+                            Id::AudioIsVariableBitRate,
+                            Id::VideoHorizontalAspectRatio,
+                            Id::VideoVerticalAspectRatio,
+                            Id::VideoIsStereo,
+                            Id::VideoIsSpherical,
+                            Id::VideoOrientation};
 
 constexpr std::size_t kBlockBytes = std::size_t{256} * 1024;
+// The end of a picture tells nothing, and its points cost the library dear.
+constexpr std::size_t kPictureBlockBytes = std::size_t{4} * 1024;
+constexpr std::size_t kFilled = 2;
 // A broken file can send the reader to and fro for ever.
 constexpr std::size_t kMostBytes = std::size_t{64} * 1024 * 1024;
 constexpr std::size_t kFinished = 8;  // the bit of MediaInfo's answer
@@ -137,8 +143,9 @@ std::mutex& libraryMutex() {
 }
 
 /// Feeds the library by descriptor: it would make a wide text of a name, which need not be UTF-8.
-bool feed(MediaInfo& library, int descriptor, std::uint64_t size) {
-    std::vector<std::uint8_t> block(kBlockBytes);
+bool feed(MediaInfo& library, int descriptor, std::uint64_t size, bool isPicture) {
+    std::vector<std::uint8_t> block(isPicture ? kPictureBlockBytes : kBlockBytes);
+    const std::size_t enough = isPicture ? kFinished | kFilled : kFinished;
     std::size_t total = 0;
     std::uint64_t position = 0;
     library.Open_Buffer_Init(size, 0);
@@ -147,8 +154,7 @@ bool feed(MediaInfo& library, int descriptor, std::uint64_t size) {
         if (got <= 0) break;
         total += static_cast<std::size_t>(got);
         position += static_cast<std::uint64_t>(got);
-        if ((library.Open_Buffer_Continue(block.data(), static_cast<std::size_t>(got)) & kFinished) != 0)
-            break;
+        if ((library.Open_Buffer_Continue(block.data(), static_cast<std::size_t>(got)) & enough) != 0) break;
         const auto wanted = library.Open_Buffer_Continue_GoTo_Get();
         if (wanted == static_cast<std::uint64_t>(-1)) continue;
         if (wanted >= size) break;
@@ -206,7 +212,29 @@ void addAspect(MediaInfo& library, PropertyValues& values) {
     }
 }
 
+/// What counts for the picture of one file only, and what only broadcasts have.
+bool appliesTo(MediaInfo& library, Id property) {
+    static constexpr Id kFilm[] = {Id::PhotoCameraManufacturer, Id::PhotoCameraModel, Id::PhotoDateTaken,
+                                   Id::VideoDirector, Id::VideoTotalBitrate};
+    static constexpr Id kBroadcast[] = {Id::TelevisionChannelNumber,      Id::TelevisionNetworkAffiliation,
+                                        Id::TelevisionProgramDescription, Id::TelevisionRecordingTime,
+                                        Id::TelevisionStationCallSign,    Id::TelevisionStationName};
+    if (std::ranges::find(kFilm, property) != std::end(kFilm)) return library.Count_Get(Stream_Video) > 0;
+    if (std::ranges::find(kBroadcast, property) != std::end(kBroadcast))
+        return !textOf(library, Stream_General, L"ServiceName").isEmpty();
+    return true;
+}
+
+/// Of a whole point; the library tells it of one component.
+void addDepth(MediaInfo& library, PropertyValues& values) {
+    const auto bits = parseLeadingInteger(textOf(library, Stream_Image, L"BitDepth"));
+    const qsizetype components = textOf(library, Stream_Image, L"ColorSpace").size();
+    if (bits && *bits > 0 && *bits <= 64 && components > 0 && components <= 4)
+        values.add(Id::ImageBitDepth, *bits * components);
+}
+
 void addComputed(MediaInfo& library, PropertyValues& values) {
+    addDepth(library, values);
     const auto yes = [](bool is) { return is ? std::int64_t{1} : std::int64_t{0}; };
     const QString mode = textOf(library, Stream_Audio, L"BitRate_Mode");
     if (!mode.isEmpty()) values.add(Id::AudioIsVariableBitRate, yes(mode.startsWith(u"VBR")));
@@ -225,16 +253,17 @@ bool streamsCanGive(PropertyId property) {
            std::ranges::find(kComputed, property) != std::end(kComputed);
 }
 
-void readStreamProperties(const std::filesystem::path& file, PropertyValues& values) {
+void readStreamProperties(const std::filesystem::path& file, bool isPicture, PropertyValues& values) {
     const FileDescriptor descriptor(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     struct stat facts {};
     if (!descriptor.isOpen() || ::fstat(descriptor.get(), &facts) != 0 || !S_ISREG(facts.st_mode)) return;
     try {
         const std::lock_guard lock(libraryMutex());
-        MediaInfo library;
-        if (!feed(library, descriptor.get(), static_cast<std::uint64_t>(facts.st_size))) return;
+        static MediaInfo library;  // costs more to make than a photo to read
+        library.Close();
+        if (!feed(library, descriptor.get(), static_cast<std::uint64_t>(facts.st_size), isPicture)) return;
         for (const StreamSource& source : kSources)
-            if (!values.has(source.property))
+            if (!values.has(source.property) && appliesTo(library, source.property))
                 values.add(source.property,
                            valueOf(source.form, textOf(library, source.stream, source.parameter)));
         addComputed(library, values);

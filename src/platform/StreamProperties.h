@@ -9,7 +9,8 @@ namespace platform {
 bool streamsCanGive(PropertyId property);
 
 /// Adds what the file has. Damage of any kind gives fewer values. Never reads more than its head, its end and
-/// what lies between them up to a fixed sum.
-void readStreamProperties(const std::filesystem::path& file, PropertyValues& values);
+/// what lies between them up to a fixed sum; of a
+/// picture only what stands before its points.
+void readStreamProperties(const std::filesystem::path& file, bool isPicture, PropertyValues& values);
 
 }  // namespace platform
