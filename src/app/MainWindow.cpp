@@ -33,6 +33,7 @@ namespace {
 
 constexpr int kStatusBarHeight = 26;
 constexpr int kTopBandHeight = 34;
+constexpr int kLeftMargin = 8;
 constexpr int kDefaultLeftWidth = 240;
 constexpr int kDefaultRightWidth = 460;
 constexpr QSize kFirstSize(1280, 800);
@@ -43,6 +44,7 @@ MainWindow::MainWindow(AppContext& context, const LanguageFile& language, Progre
     : context_(context),
       language_(language),
       progress_(progress),
+      labels_(context.settings.main.language, dictionary_),
       parser_(dictionary_, context.settings, ratingMemory_, ratingLog_),
       runner_(context),
       feedback_(std::make_unique<Feedback>(*this, progress)),
@@ -126,11 +128,17 @@ void MainWindow::createHolders() {
     QFont bold = leftTitle_->font();
     bold.setBold(true);
     leftTitle_->setFont(bold);
-    places_ = new browser::PlacesPanel(client_);
-    places_->setObjectName(QStringLiteral("HolderLeft"));
+    leftHolder_ = new QWidget(client_);
+    leftHolder_->setObjectName(QStringLiteral("HolderLeft"));
+    leftHolder_->setBackgroundRole(QPalette::Base);
+    leftHolder_->setAutoFillBackground(true);
+    places_ = new browser::PlacesPanel(leftHolder_);
+    auto* layout = new QVBoxLayout(leftHolder_);
+    layout->setContentsMargins(kLeftMargin, kLeftMargin / 2, 0, 0);
+    layout->addWidget(places_);
     metadataPanel_ =
         new tags::MetadataPanel({context_, dictionary_, ratingMemory_, parser_, load_, *feedback_,
-                                 [this](int number) { return language_.text(number); }},
+                                 [this](int number) { return language_.text(number); }, &labels_},
                                 client_);
     connect(metadataPanel_, &tags::MetadataPanel::CommandChosen, this, &MainWindow::Dispatch);
     for (const char* name : {"GPS_HOLDER", "HEXADUMP_HOLDER", "HELP_HOLDER"}) {
@@ -177,7 +185,7 @@ void MainWindow::Relayout() {
         widget->setVisible(!rect.isEmpty());
     };
     place(leftTitle_, rects.topBand);
-    place(places_, rects.left);
+    place(leftHolder_, rects.left);
     place(middle_, rects.middle);
     place(metadataPanel_, rects.right);
     place(leftHandle_, rects.leftHandle);
@@ -213,14 +221,20 @@ void MainWindow::Show() {
 }
 
 void MainWindow::ShowStatus(const QString& text) {
-    statusText_->setText(text);
+    // A name may hold line feeds; the bar has one line.
+    QString line = text;
+    statusText_->setText(line.replace(u'\n', u' ').replace(u'\r', u' '));
+    // What follows may keep the event loop waiting.
+    if (statusText_->isVisible()) statusText_->repaint();
 }
 
 QString MainWindow::StatusText() const {
     return statusText_->text();
 }
 
-QString MainWindow::SelectionText() const { return selectionText_->text(); }
+QString MainWindow::SelectionText() const {
+    return selectionText_->text();
+}
 
 void MainWindow::TellSettingsProblem(const QString& why) {
     ShowMessage(this, {language_.formatted(text::kSettingsNotSaved, {why}), MessageIcon::Exclamation});
@@ -264,6 +278,8 @@ void MainWindow::createShortcuts() {
         auto* shortcut = new QShortcut(QKeySequence::fromString(QLatin1String(key.keys)), this);
         connect(shortcut, &QShortcut::activated, this, [this, id = key.command] { Dispatch(id); });
     }
+    auto* toAddress = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_D), this);
+    connect(toAddress, &QShortcut::activated, addressBar_, &browser::AddressBar::EditPath);
 }
 
 void MainWindow::changeEvent(QEvent* event) {

@@ -5,6 +5,7 @@
 #include "app/LanguageFile.h"
 #include "exiftool/ExifToolSession.h"
 #include "exiftool/MetadataLoad.h"
+#include "tags/LabelLibrary.h"
 #include "tags/OutputParser.h"
 #include "tags/PropertyCatalogue.h"
 
@@ -144,6 +145,7 @@ class MainWindow : public QWidget {
     ProgressDialog& progress_;
 
     tags::TagDictionary dictionary_;
+    tags::LabelLibrary labels_;
     tags::PropertyCatalogue properties_;
     tags::RatingMemory ratingMemory_;
     tags::RatingLog ratingLog_;
@@ -159,6 +161,7 @@ class MainWindow : public QWidget {
     controls::Ribbon* ribbon_ = nullptr;
     QWidget* client_ = nullptr;
     QLabel* leftTitle_ = nullptr;
+    QWidget* leftHolder_ = nullptr;
     browser::PlacesPanel* places_ = nullptr;
     controls::PaneHandle* leftHandle_ = nullptr;
     QWidget* middle_ = nullptr;

@@ -50,6 +50,7 @@ void inTheWindow(benchmark::State& state, int count) {
             const auto measured = measure("tagwright-bench-program", {install, folderOf(count)}, count);
             state.SetIterationTime(measured.at("seconds"));
             state.counters["block"] = measured.at("block");
+            state.counters["scroll"] = measured.at("scroll");
             state.counters["memory"] = measured.at("memory");
         }
     } catch (const std::exception& failure) {

@@ -2,26 +2,32 @@
 
 #include "PlainProcess.h"
 
-#include <QAbstractEventDispatcher>
-
 #include <algorithm>
+#include <chrono>
 
 namespace bench {
 
-LoopWatch::LoopWatch() {
-    const QAbstractEventDispatcher* dispatcher = QAbstractEventDispatcher::instance();
-    connect(dispatcher, &QAbstractEventDispatcher::awake, this, [this] { awakeSince_ = monotonicSeconds(); });
-    connect(dispatcher, &QAbstractEventDispatcher::aboutToBlock, this, &LoopWatch::goesToSleep);
+LoopWatch::LoopWatch() : asker_([this] { ask(); }) {}
+
+LoopWatch::~LoopWatch() {
+    ended_ = true;
+    asker_.join();
 }
 
-void LoopWatch::start() {
-    awakeSince_ = monotonicSeconds();
-    longest_ = 0;
+void LoopWatch::ask() {
+    while (!ended_) {
+        if (!waiting_.exchange(true)) {
+            const double asked = monotonicSeconds();
+            QMetaObject::invokeMethod(
+                this, [this, asked] { answer(asked); }, Qt::QueuedConnection);
+        }
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
 }
 
-void LoopWatch::goesToSleep() {
-    if (awakeSince_ > 0) longest_ = std::max(longest_, monotonicSeconds() - awakeSince_);
-    awakeSince_ = 0;
+void LoopWatch::answer(double asked) {
+    longest_ = std::max(longest_, monotonicSeconds() - asked);
+    waiting_ = false;
 }
 
 }  // namespace bench

@@ -1,27 +1,31 @@
 #pragma once
 
 #include <QObject>
+#include <atomic>
+#include <thread>
 
 namespace bench {
 
-/// The longest time that the event loop of this thread was away from listening: from waking up, or from
-/// start() itself, until it looks for new events again. An upper bound of what a user feels as a block, since
-/// several events may be handled in one such stretch.
+/// The longest time that an event had to wait for this thread's event loop, which is how long the user's
+/// click would have waited. A thread of its own asks the loop every millisecond for a sign of life. Made and
+/// read on the GUI thread.
 class LoopWatch : public QObject {
     Q_OBJECT
 
  public:
     LoopWatch();
+    ~LoopWatch() override;
 
-    /// Begins anew with a stretch that starts now.
-    void start();
-    double longestBlock() const { return longest_; }  ///< seconds
+    double longestWait() const { return longest_; }  ///< seconds
 
  private:
-    void goesToSleep();
+    void ask();
+    void answer(double asked);
 
-    double awakeSince_ = 0;
     double longest_ = 0;
+    std::atomic_bool waiting_ = false;
+    std::atomic_bool ended_ = false;
+    std::thread asker_;
 };
 
 }  // namespace bench

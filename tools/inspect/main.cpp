@@ -28,7 +28,8 @@ int rows(inspect::RowsFrom from, std::vector<std::string_view> words,
     inspect::RowsRequest request;
     request.from = from;
     request.installPath = installPath;
-    if (words.size() >= 2 && words[0] == "--settings") {
+    if (!words.empty() && words[0] == "--settings") {
+        if (words.size() < 2) return usage();
         request.settingsFile = std::filesystem::path(words[1]);
         words.erase(words.begin(), words.begin() + 2);
     }
