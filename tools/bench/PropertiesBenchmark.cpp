@@ -55,7 +55,7 @@ int main() {
 
     start = Clock::now();
     for (const fs::path& file : files)
-        static_cast<void>(browser::GetPropertyText(file, tags::propertyRows()[1]));
+        static_cast<void>(browser::GetPropertyText(file, *tags::findPropertyColumn(207)));
     const double one = secondsSince(start);
 
     start = Clock::now();
