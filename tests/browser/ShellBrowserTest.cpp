@@ -384,7 +384,7 @@ TEST_F(ShellBrowserTest, AColumnWithoutAModeSortsByName) {
 
 TEST_F(ShellBrowserTest, AModeThatNoColumnLeadsToGivesWayOnNavigation) {
     makeFiles({"b", "a"});
-    context.settings.main.sortMode = static_cast<int>(app::SortMode::MediaYear);
+    context.settings.main.sortMode = static_cast<int>(app::SortMode::TotalSize);
     browse(folder.path());
     EXPECT_EQ(context.settings.main.sortMode, static_cast<int>(app::SortMode::Name));
     EXPECT_EQ(names(), (QStringList{"a", "b"}));
