@@ -33,6 +33,7 @@ namespace {
 
 constexpr int kStatusBarHeight = 26;
 constexpr int kTopBandHeight = 34;
+constexpr int kLeftMargin = 8;
 constexpr int kDefaultLeftWidth = 240;
 constexpr int kDefaultRightWidth = 460;
 constexpr QSize kFirstSize(1280, 800);
@@ -126,8 +127,14 @@ void MainWindow::createHolders() {
     QFont bold = leftTitle_->font();
     bold.setBold(true);
     leftTitle_->setFont(bold);
-    places_ = new browser::PlacesPanel(client_);
-    places_->setObjectName(QStringLiteral("HolderLeft"));
+    leftHolder_ = new QWidget(client_);
+    leftHolder_->setObjectName(QStringLiteral("HolderLeft"));
+    leftHolder_->setBackgroundRole(QPalette::Base);
+    leftHolder_->setAutoFillBackground(true);
+    places_ = new browser::PlacesPanel(leftHolder_);
+    auto* layout = new QVBoxLayout(leftHolder_);
+    layout->setContentsMargins(kLeftMargin, kLeftMargin / 2, 0, 0);
+    layout->addWidget(places_);
     metadataPanel_ =
         new tags::MetadataPanel({context_, dictionary_, ratingMemory_, parser_, load_, *feedback_,
                                  [this](int number) { return language_.text(number); }},
@@ -177,7 +184,7 @@ void MainWindow::Relayout() {
         widget->setVisible(!rect.isEmpty());
     };
     place(leftTitle_, rects.topBand);
-    place(places_, rects.left);
+    place(leftHolder_, rects.left);
     place(middle_, rects.middle);
     place(metadataPanel_, rects.right);
     place(leftHandle_, rects.leftHandle);
@@ -213,14 +220,20 @@ void MainWindow::Show() {
 }
 
 void MainWindow::ShowStatus(const QString& text) {
-    statusText_->setText(text);
+    // A name may hold line feeds; the bar has one line.
+    QString line = text;
+    statusText_->setText(line.replace(u'\n', u' ').replace(u'\r', u' '));
+    // What follows may keep the event loop waiting.
+    if (statusText_->isVisible()) statusText_->repaint();
 }
 
 QString MainWindow::StatusText() const {
     return statusText_->text();
 }
 
-QString MainWindow::SelectionText() const { return selectionText_->text(); }
+QString MainWindow::SelectionText() const {
+    return selectionText_->text();
+}
 
 void MainWindow::TellSettingsProblem(const QString& why) {
     ShowMessage(this, {language_.formatted(text::kSettingsNotSaved, {why}), MessageIcon::Exclamation});
@@ -264,6 +277,8 @@ void MainWindow::createShortcuts() {
         auto* shortcut = new QShortcut(QKeySequence::fromString(QLatin1String(key.keys)), this);
         connect(shortcut, &QShortcut::activated, this, [this, id = key.command] { Dispatch(id); });
     }
+    auto* toAddress = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_D), this);
+    connect(toAddress, &QShortcut::activated, addressBar_, &browser::AddressBar::EditPath);
 }
 
 void MainWindow::changeEvent(QEvent* event) {

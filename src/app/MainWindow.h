@@ -159,6 +159,7 @@ class MainWindow : public QWidget {
     controls::Ribbon* ribbon_ = nullptr;
     QWidget* client_ = nullptr;
     QLabel* leftTitle_ = nullptr;
+    QWidget* leftHolder_ = nullptr;
     browser::PlacesPanel* places_ = nullptr;
     controls::PaneHandle* leftHandle_ = nullptr;
     QWidget* middle_ = nullptr;

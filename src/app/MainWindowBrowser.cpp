@@ -35,7 +35,9 @@ void MainWindow::createBrowser() {
 
 void MainWindow::connectBrowser() {
     using browser::Tab;
-    const auto keep = [this](boost::signals2::connection connection) { connections_.emplace_back(connection); };
+    const auto keep = [this](boost::signals2::connection connection) {
+        connections_.emplace_back(connection);
+    };
     keep(tabs_->TabSelected.connect([this](const Tab&) { tabSelected(); }));
     keep(tabs_->TabNavigationCompleted.connect([this](const Tab& tab) {
         if (&tab == &tabs_->GetSelectedTab()) navigationCompleted();
@@ -47,7 +49,8 @@ void MainWindow::connectBrowser() {
     keep(tabs_->FileActivated.connect(
         [this](const Tab&, const std::filesystem::path& file) { openPath(file); }));
     keep(addressBar_->StatusMessage.connect([this](const QString& text) { ShowStatus(text); }));
-    keep(places_->PlaceActivated.connect([this](const std::filesystem::path& folder) { OpenFolder(folder); }));
+    keep(
+        places_->PlaceActivated.connect([this](const std::filesystem::path& folder) { OpenFolder(folder); }));
 }
 
 void MainWindow::openStartFolder() {
@@ -66,7 +69,9 @@ void MainWindow::openStartFolder() {
     tabs_->CreateNewTab("/", {});
 }
 
-browser::ShellBrowser& MainWindow::activeBrowser() { return tabs_->GetSelectedTab().shellBrowser(); }
+browser::ShellBrowser& MainWindow::activeBrowser() {
+    return tabs_->GetSelectedTab().shellBrowser();
+}
 
 bool MainWindow::OpenFolder(const std::filesystem::path& folder) {
     const long result = activeBrowser().navigationController().BrowseFolder(folder);
@@ -117,7 +122,8 @@ void MainWindow::RefreshStatusBar() {
     QStringList parts;
     const auto count = [&](std::uint32_t number, int one, int many) {
         if (number > 0)
-            parts.append(FormatText(u"%s %s", {QLocale().toString(number), language_.text(number == 1 ? one : many)}));
+            parts.append(
+                FormatText(u"%s %s", {QLocale().toString(number), language_.text(number == 1 ? one : many)}));
     };
     count(totals.selectedFolders, text::kFolderSelected, text::kFoldersSelected);
     count(totals.selectedFiles, text::kFileSelected, text::kFilesSelected);

@@ -99,7 +99,9 @@ void MainWindow::toggleMetadataPanel(CommandId) {
     readSelection(command::kReadSelection);
 }
 
-void MainWindow::openSelected(CommandId) { openPath(selectedFile()); }
+void MainWindow::openSelected(CommandId) {
+    openPath(selectedFile());
+}
 
 void MainWindow::openPath(const std::filesystem::path& path) {
     if (path.empty()) return;
@@ -132,15 +134,25 @@ void MainWindow::invertSelection(CommandId) {
     focusFileList();
 }
 
-void MainWindow::focusList(CommandId) { focusFileList(); }
+void MainWindow::focusList(CommandId) {
+    focusFileList();
+}
 
-void MainWindow::refresh(CommandId) { activeBrowser().navigationController().Refresh(); }
+void MainWindow::refresh(CommandId) {
+    activeBrowser().navigationController().Refresh();
+}
 
-void MainWindow::goBack(CommandId) { activeBrowser().navigationController().GoToOffset(-1); }
+void MainWindow::goBack(CommandId) {
+    activeBrowser().navigationController().GoToOffset(-1);
+}
 
-void MainWindow::goForward(CommandId) { activeBrowser().navigationController().GoToOffset(+1); }
+void MainWindow::goForward(CommandId) {
+    activeBrowser().navigationController().GoToOffset(+1);
+}
 
-void MainWindow::goUp(CommandId) { activeBrowser().GoUp(); }
+void MainWindow::goUp(CommandId) {
+    activeBrowser().GoUp();
+}
 
 void MainWindow::toggleCheckBoxes(CommandId) {
     context_.settings.listView.showCheckBox = !context_.settings.listView.showCheckBox;
@@ -177,14 +189,18 @@ void MainWindow::readSelection(CommandId) {
     metadataPanel_->NewSelection(context_.currentFile);
 }
 
-void MainWindow::refreshPanel(CommandId) { metadataPanel_->Refresh(); }
+void MainWindow::refreshPanel(CommandId) {
+    metadataPanel_->Refresh();
+}
 
 void MainWindow::showAbout(CommandId) {
     AboutDialog dialog(context_, language_, QStringLiteral(TAGWRIGHT_VERSION), this);
     dialog.run();
 }
 
-void MainWindow::closeWindow(CommandId) { close(); }
+void MainWindow::closeWindow(CommandId) {
+    close();
+}
 
 void MainWindow::restart(CommandId) {
     if (!close()) return;

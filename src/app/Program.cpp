@@ -56,7 +56,9 @@ std::optional<int> Program::start() {
     return std::nullopt;
 }
 
-bool Program::canStopWaiting() const { return progress_ != nullptr && progress_->canStop(); }
+bool Program::canStopWaiting() const {
+    return progress_ != nullptr && progress_->canStop();
+}
 
 void Program::applyLook() {
     const Theme theme = Theme::Of(context_.settings.dark);

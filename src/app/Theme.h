@@ -10,16 +10,6 @@ class QApplication;
 
 namespace app {
 
-/// A colour as the settings file stores it, 0xBBGGRR, and back.
-QColor ColorFromStored(std::uint32_t stored);
-std::uint32_t StoredFromColor(const QColor& color);
-
-/// How well a text reads on a ground: 1 (not at all) to 21; 4.5 is enough for running text.
-double ContrastRatio(const QColor& one, const QColor& other);
-
-/// The colour itself when it reads on the ground, else moved towards white or black until it does.
-QColor ReadableOn(const QColor& color, const QColor& ground);
-
 /// The colours of the window by their role, light or dark. Every text role reads on every ground role with a
 /// contrast of at least 4.5. The colours of the metadata panel are settings of their own.
 struct Theme {

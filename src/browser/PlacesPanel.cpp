@@ -1,7 +1,7 @@
 #include "browser/PlacesPanel.h"
 
 #include "browser/FileIcons.h"
-#include "controls/ListColors.h"
+#include "controls/ColorArithmetic.h"
 #include "platform/Text.h"
 
 #include <QApplication>

@@ -116,23 +116,22 @@ FolderRequest ShellBrowser::requestFor(const std::filesystem::path& folder) {
 }
 
 long ShellBrowser::BrowseFolder(const std::filesystem::path& folder, bool addHistoryEntry) {
-    const std::filesystem::path target = folder;  // the caller's may be the current one, which goes now
+    // From here on the request's own path counts: the caller's may be the current folder's, which goes now.
+    const FolderRequest request = requestFor(folder);
     if (folderLoaded_ && viewMode_ == app::ViewMode::Details) SaveColumnWidths();
     dropTasks();
     iconFetcher_.ClearQueue();
-    NavigationStarted(target);
+    NavigationStarted(request.folder);
     view_->setUpdatesEnabled(false);
     view_->setEmptyText({});
-    model_.clear(target);
-    folderWatch_.watch(target);
-    FolderRequest request = requestFor(target);
-    const SortSettings sort = request.sort;
-    std::optional<LoadedFolder> loaded =
-        loader_.start(std::move(request), kPatience, this, [this, sort, addHistoryEntry](LoadedFolder late) {
+    model_.clear(request.folder);
+    folderWatch_.watch(request.folder);
+    std::optional<LoadedFolder> loaded = loader_.start(
+        request, kPatience, this, [this, sort = request.sort, addHistoryEntry](LoadedFolder late) {
             finishNavigation(std::move(late), sort, addHistoryEntry);
         });
     if (loaded)
-        finishNavigation(std::move(*loaded), sort, addHistoryEntry);
+        finishNavigation(std::move(*loaded), request.sort, addHistoryEntry);
     else
         view_->setEmptyText(QStringLiteral("Reading the folder ..."));
     view_->setUpdatesEnabled(true);

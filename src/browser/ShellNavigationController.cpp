@@ -51,8 +51,7 @@ long ShellNavigationController::GoUp() {
 
 long ShellNavigationController::Refresh() {
     if (currentEntry() == nullptr) return kNavigationFailed;
-    const std::filesystem::path folder = currentEntry()->path();
-    return navigator_.BrowseFolder(folder, false);
+    return navigator_.BrowseFolder(currentEntry()->path(), false);
 }
 
 long ShellNavigationController::BrowseFolder(const std::filesystem::path& path) {
@@ -71,8 +70,7 @@ long ShellNavigationController::BrowseFolder(const QString& path) {
 }
 
 long ShellNavigationController::Navigate(const HistoryEntry& entry, bool addHistoryEntry) {
-    const std::filesystem::path folder = entry.path();
-    return navigator_.BrowseFolder(folder, addHistoryEntry);
+    return navigator_.BrowseFolder(entry.path(), addHistoryEntry);
 }
 
 long ShellNavigationController::HandleInvalidIndex() {

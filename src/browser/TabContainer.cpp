@@ -185,6 +185,8 @@ void TabContainer::showNameOf(const Tab& tab) {
     tabBar_->setTabText(index, tab.name().replace(u'&', QStringLiteral("&&")));
     tabBar_->setTabToolTip(index, platform::display(tab.shellBrowser().currentFolder()));
     tabBar_->setTabIcon(index, FileIcons::folder(folderIconName(tab.shellBrowser().currentFolder())));
+    // A shorter name makes the strip narrower, which the tab bar does not tell by itself.
+    tabBar_->updateGeometry();
 }
 
 void TabContainer::SetShowHidden(bool shown) {

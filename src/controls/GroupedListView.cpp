@@ -53,7 +53,10 @@ GroupedListView::GroupedListView(QWidget* parent)
     contents_->sizesChanged();
 }
 
-GroupedListView::~GroupedListView() = default;
+GroupedListView::~GroupedListView() {
+    // The header goes with the base class and tells its last events when this part of the view is gone.
+    contents_->header->disconnect(this);
+}
 
 QHeaderView* GroupedListView::header() const {
     return contents_->header;

@@ -1,5 +1,7 @@
 #include "controls/ListColors.h"
 
+#include "controls/ColorArithmetic.h"
+
 #include <QPalette>
 
 namespace controls {
@@ -16,13 +18,6 @@ QColor withAlpha(QColor color, float alpha) {
 }
 
 }  // namespace
-
-QColor mixedColor(const QColor& ground, const QColor& over, float share) {
-    const float rest = 1.0F - share;
-    return QColor::fromRgbF(ground.redF() * rest + over.redF() * share,
-                            ground.greenF() * rest + over.greenF() * share,
-                            ground.blueF() * rest + over.blueF() * share);
-}
 
 ListColors::ListColors(const QPalette& palette) {
     const QColor base = palette.color(QPalette::Base);

@@ -22,7 +22,4 @@ struct ListColors {
     QColor headerGround;
 };
 
-/// `share` of 1 gives `over`, 0 gives `ground`.
-QColor mixedColor(const QColor& ground, const QColor& over, float share);
-
 }  // namespace controls

@@ -38,8 +38,12 @@ void PaneHandle::mouseDoubleClickEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) Q_EMIT ResetRequested();
 }
 
-void PaneHandle::enterEvent(QEnterEvent*) { update(); }
+void PaneHandle::enterEvent(QEnterEvent*) {
+    update();
+}
 
-void PaneHandle::leaveEvent(QEvent*) { update(); }
+void PaneHandle::leaveEvent(QEvent*) {
+    update();
+}
 
 }  // namespace controls

@@ -13,9 +13,15 @@ MetadataLoad::MetadataLoad(const app::AppContext& context, ToolRunner& runner, R
 int MetadataLoad::LoadMetadata(const fs::path& file, LoadTarget& target, LoadFeedback& feedback) {
     parser_.Begin();
     if (file.empty()) return 0;
+    std::error_code error;
+    const fs::file_status status = fs::status(file, error);
+    if (fs::exists(status) && !fs::is_regular_file(status)) {
+        // A pipe or a device could keep whoever opens it waiting for ever.
+        feedback.ShowStatus(QStringLiteral("Ready"));
+        return 0;
+    }
     const fs::path output = context_.tempPath / "Metadata.txt";
     // What the last read left must never be taken for this file's tags when the tool fails to write.
-    std::error_code error;
     fs::remove(output, error);
 
     feedback.ShowReading(file);

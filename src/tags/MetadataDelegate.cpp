@@ -1,5 +1,6 @@
 #include "tags/MetadataDelegate.h"
 
+#include "controls/ColorArithmetic.h"
 #include "controls/Icons.h"
 #include "tags/MetadataListView.h"
 
@@ -41,11 +42,11 @@ QColor paletteColour(const PanelColour& colour, const QPalette& palette) {
         case PanelColour::Source::Text:
             return palette.color(QPalette::Text);
         case PanelColour::Source::Link:
-            return readableOn(palette.color(QPalette::Link), ground);
+            return controls::MirroredOn(palette.color(QPalette::Link), ground);
         case PanelColour::Source::Setting:
             break;
     }
-    return readableOn(colourFromBgr(colour.bgr), ground);
+    return controls::MirroredOn(controls::ColorFromStored(colour.bgr), ground);
 }
 
 void paintPicture(QPainter* painter, const QRect& place, const QString& name) {
@@ -119,7 +120,8 @@ void MetadataDelegate::initStyleOption(QStyleOptionViewItem* option, const QMode
     option->palette.setColor(QPalette::Text, paletteColour(colour, option->palette));
 }
 
-void MetadataDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+void MetadataDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) const {
     const auto column = static_cast<PanelColumn>(index.column());
     if (column == PanelColumn::Item) return;
     const RowAppearance look = appearanceOf(model_.row(index.row()));

@@ -1,17 +1,22 @@
 #include "tags/MetadataListView.h"
 
+#include "controls/ColorArithmetic.h"
+
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
 
 #include <algorithm>
-#include <cmath>
 
 namespace tags {
 
+using controls::ColorFromStored;
+using controls::IsDark;
+using controls::Luminance;
+using controls::MirroredOn;
+
 namespace {
 
-constexpr double kReadableContrast = 4.5;
 constexpr int kTitleLeft = 25;
 constexpr int kTitleTop = 2;
 constexpr int kPictureSide = 16;
@@ -19,52 +24,15 @@ constexpr int kPictureLeft = 5;
 constexpr int kChevronRoom = 28;
 constexpr int kChevronSide = 16;
 
-double channelLight(double channel) {
-    return channel <= 0.03928 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
-}
-
-/// Relative luminance and contrast as WCAG 2.1 defines them.
-double luminance(const QColor& colour) {
-    return 0.2126 * channelLight(colour.redF()) + 0.7152 * channelLight(colour.greenF()) +
-           0.0722 * channelLight(colour.blueF());
-}
-
-double contrast(const QColor& one, const QColor& other) {
-    const double a = luminance(one);
-    const double b = luminance(other);
-    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
-}
-
-bool isDark(const QColor& ground) {
-    return luminance(ground) < 0.18;
-}
-
 /// A user's light header colours would shine out of a dark list; there they keep their hue alone.
 QColor onGround(const QColor& colour, const QColor& ground) {
-    if (!isDark(ground) || luminance(colour) < 0.25) return colour;
+    if (!IsDark(ground) || Luminance(colour) < 0.25) return colour;
     return QColor::fromHslF(colour.hslHueF() < 0 ? 0 : colour.hslHueF(),
                             std::min(0.25F, colour.hslSaturationF()),
                             static_cast<float>(ground.lightnessF()) + 0.09F);
 }
 
 }  // namespace
-
-QColor colourFromBgr(std::uint32_t bgr) {
-    return {static_cast<int>(bgr & 0xFF), static_cast<int>((bgr >> 8) & 0xFF),
-            static_cast<int>((bgr >> 16) & 0xFF)};
-}
-
-QColor readableOn(const QColor& colour, const QColor& ground) {
-    if (!isDark(ground)) return colour;
-    QColor best = colour;
-    for (float lightness = colour.lightnessF();
-         contrast(best, ground) < kReadableContrast && lightness < 1.0F;) {
-        lightness = std::min(1.0F, lightness + 0.04F);
-        best =
-            QColor::fromHslF(colour.hslHueF() < 0 ? 0 : colour.hslHueF(), colour.hslSaturationF(), lightness);
-    }
-    return best;
-}
 
 MetadataListView::MetadataListView(const app::Settings& settings, QWidget* parent)
     : GroupedListView(parent), settings_(settings) {}
@@ -81,9 +49,9 @@ void MetadataListView::paintGroupHeader(QPainter& painter, const QRect& rect, co
     const QColor ground = palette().color(QPalette::Base);
     const bool solid = colours.groupHeaderUseSolid;
     const QColor high =
-        onGround(colourFromBgr(solid ? colours.groupHeaderSolid : colours.groupHeaderHigh), ground);
+        onGround(ColorFromStored(solid ? colours.groupHeaderSolid : colours.groupHeaderHigh), ground);
     const QColor low =
-        onGround(colourFromBgr(solid ? colours.groupHeaderSolid : colours.groupHeaderLow), ground);
+        onGround(ColorFromStored(solid ? colours.groupHeaderSolid : colours.groupHeaderLow), ground);
     QLinearGradient gradient(rect.topLeft(),
                              colours.groupHeaderVerticalGradient ? rect.bottomLeft() : rect.topRight());
     gradient.setColorAt(0, hovered ? high.darker(103) : high);
@@ -94,7 +62,7 @@ void MetadataListView::paintGroupHeader(QPainter& painter, const QRect& rect, co
                         kPictureSide, kPictureSide);
     group.image.paint(&painter, picture);
 
-    const QColor text = readableOn(colourFromBgr(colours.groupHeaderText), low);
+    const QColor text = MirroredOn(ColorFromStored(colours.groupHeaderText), low);
     const QRect title = rect.adjusted(kTitleLeft, kTitleTop, -kChevronRoom, -kTitleTop);
     const qsizetype countAt = group.title.lastIndexOf(u" (");
     const QString name = countAt < 0 ? group.title : group.title.first(countAt);

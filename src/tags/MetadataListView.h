@@ -7,13 +7,6 @@
 
 namespace tags {
 
-/// The colour of a 0xBBGGRR integer.
-QColor colourFromBgr(std::uint32_t bgr);
-
-/// The colour itself where it reads on the ground (contrast 4.5:1), else the nearest lighter or darker one
-/// that does. Light mode keeps what the user has set; the dark grounds need it.
-QColor readableOn(const QColor& colour, const QColor& ground);
-
 /// The panel's list: its group headers are drawn whole, gradient, picture and title.
 class MetadataListView : public controls::GroupedListView {
     Q_OBJECT

@@ -21,6 +21,7 @@ namespace tags {
 
 namespace {
 
+constexpr int kTitleHeight = 34;
 constexpr int kTagWidth = 250;
 constexpr int kIdWidth = 50;
 constexpr int kKindWidth = 22;
@@ -85,7 +86,13 @@ MetadataPanel::MetadataPanel(const Parts& parts, QWidget* parent)
     list_->setObjectName(QStringLiteral("metadataList"));
     title_->setObjectName(QStringLiteral("metadataTitle"));
     title_->setTextFormat(Qt::PlainText);
-    title_->setContentsMargins(8, 6, 8, 6);
+    title_->setFixedHeight(kTitleHeight);
+    title_->setContentsMargins(6, 0, 8, 0);
+    // A long name is cut at the edge and never widens the panel.
+    title_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    QFont bold = title_->font();
+    bold.setBold(true);
+    title_->setFont(bold);
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);

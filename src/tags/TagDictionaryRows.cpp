@@ -5,7 +5,8 @@ namespace tags {
 namespace {
 
 // clang-format off
-constexpr TagRecord kRows[] = {
+// Constant, but too long a table for every compiler to treat as constexpr.
+const TagRecord kRows[] = {
 #include "tags/data/TagDictionaryRows.inc"
 };
 // clang-format on

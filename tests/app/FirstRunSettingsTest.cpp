@@ -67,8 +67,8 @@ TEST(FirstRunSettings, TheFirstMinuteShowsEverything) {
 
 TEST(FirstRunSettings, ThePaneSizesAreNotReset) {
     const app::Settings::WindowSizes sizes = firstRun().settings.windowSizes;
-    EXPECT_EQ(sizes.holderLeftWidth, 220);
-    EXPECT_EQ(sizes.holderRightWidth, 520);
+    EXPECT_EQ(sizes.holderLeftWidth, 200);
+    EXPECT_EQ(sizes.holderRightWidth, 500);
     EXPECT_LE(sizes.holderLeftWidth + sizes.middleListWidth + sizes.holderRightWidth, 1280);
 }
 

@@ -1,14 +1,16 @@
 #include "app/Theme.h"
 
+#include "controls/ColorArithmetic.h"
+
 namespace {
 
-using app::ContrastRatio;
 using app::Theme;
+using controls::ContrastRatio;
 
 TEST(Theme, StoredColoursHaveBlueAbove) {
-    EXPECT_EQ(app::ColorFromStored(0x4080FF), QColor(0xFF, 0x80, 0x40));
-    EXPECT_EQ(app::StoredFromColor(QColor(0x0B, 0x57, 0xA8)), 0xA8570Bu);
-    EXPECT_EQ(app::ColorFromStored(0xFF000000u | 0x010203u), QColor(3, 2, 1));
+    EXPECT_EQ(controls::ColorFromStored(0x4080FF), QColor(0xFF, 0x80, 0x40));
+    EXPECT_EQ(controls::StoredFromColor(QColor(0x0B, 0x57, 0xA8)), 0xA8570Bu);
+    EXPECT_EQ(controls::ColorFromStored(0xFF000000u | 0x010203u), QColor(3, 2, 1));
 }
 
 TEST(Theme, ContrastRunsFromOneToTwentyOne) {
@@ -22,7 +24,7 @@ TEST(Theme, DarkTonesHaveTheirBackgrounds) {
                                                    {4, 3869700},  {5, 11840},   {6, 0x400037}, {7, 2894867},
                                                    {8, 0x202020}, {9, 4079166}, {99, 2894867}, {-1, 2894867}};
     for (const auto& [tone, stored] : tones)
-        EXPECT_EQ(app::StoredFromColor(app::DarkBackground(tone)), stored) << tone;
+        EXPECT_EQ(controls::StoredFromColor(app::DarkBackground(tone)), stored) << tone;
 }
 
 std::vector<Theme> allThemes() {
@@ -46,10 +48,10 @@ TEST(Theme, ThePanelsColoursCanBeMadeToReadOnDarkTones) {
     for (int tone = 0; tone < 10; ++tone) {
         const QColor ground = app::DarkBackground(tone);
         for (const QRgb color : {0x24324Au, 0x0B57A8u, 0x7B3FA0u, 0x8A4B08u, 0x6E6A00u, 0x000000u})
-            EXPECT_GE(ContrastRatio(app::ReadableOn(QColor(color), ground), ground), 4.5);
+            EXPECT_GE(ContrastRatio(controls::ReadableOn(QColor(color), ground), ground), 4.5);
     }
-    EXPECT_EQ(app::ReadableOn(QColor(0x0B, 0x57, 0xA8), Qt::white), QColor(0x0B, 0x57, 0xA8));
-    EXPECT_GE(ContrastRatio(app::ReadableOn(Qt::yellow, Qt::white), Qt::white), 4.5);
+    EXPECT_EQ(controls::ReadableOn(QColor(0x0B, 0x57, 0xA8), Qt::white), QColor(0x0B, 0x57, 0xA8));
+    EXPECT_GE(ContrastRatio(controls::ReadableOn(Qt::yellow, Qt::white), Qt::white), 4.5);
 }
 
 TEST(Theme, ThePaletteCarriesTheRoles) {

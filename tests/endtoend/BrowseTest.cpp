@@ -1,40 +1,271 @@
 #include "DrivenProgram.h"
+#include "PictureFolder.h"
 
-#include "support/SmallFiles.h"
-
-#include <gtest/gtest.h>
+#include <unistd.h>
 
 using endtoend::DrivenProgram;
 
 namespace {
 
-class BrowseTest : public ::testing::Test {
+class BrowseTest : public endtoend::PictureFolder {
  protected:
-    QString photo(const std::string& name, const std::string& title) {
-        const auto file = folder / name;
-        support::WriteJpeg(file);
-        support::ExifTool({"-q", "-overwrite_original", "-XMP-dc:Title=" + title, file.string()});
-        return QString::fromStdString(name);
+    void SetUp() override {
+        photo("img2.jpg", {"-XMP-dc:Title=second"});
+        photo("img10.jpg", {"-XMP-dc:Title=tenth"});
+        subfolder("sub/inner");
+        subfolder("other");
     }
-    QString path(const char* name = "") { return QString::fromStdString((folder / name).string()); }
-
-    support::TemporaryFolder folder;
 };
+
+QSize sizeOf(DrivenProgram& program, const char* name) {
+    const QJsonObject area = program.tell("area", {name});
+    return {area["width"].toInt(), area["height"].toInt()};
+}
 
 }  // namespace
 
 TEST_F(BrowseTest, AClickedFileShowsItsTagsAndTheStatusReturnsToReady) {
-    photo("img2.jpg", "second");
-    photo("img10.jpg", "tenth");
     DrivenProgram program;
     program.tell("open", {path()});
-    EXPECT_EQ(program.fileNames(), QStringList({"img2.jpg", "img10.jpg"})) << "natural order";
+    EXPECT_EQ(program.fileNames(), QStringList({"other", "sub", "img2.jpg", "img10.jpg"})) << "natural order";
     program.tell("click", {"img10.jpg"});
     EXPECT_EQ(program.value("XMP-dc", "Title"), "tenth");
     EXPECT_EQ(program.status(), "Ready");
     program.tell("key", {"Up"});
+    EXPECT_EQ(program.selectedFiles(), QStringList("img2.jpg"));
     EXPECT_EQ(program.value("XMP-dc", "Title"), "tenth") << "the keyboard selects without reading";
     program.tell("click", {"img2.jpg"});
     EXPECT_EQ(program.value("XMP-dc", "Title"), "second");
+    program.tell("click", {"img10.jpg", "FileSize"});
+    EXPECT_EQ(program.value("XMP-dc", "Title"), "tenth") << "a click in any column";
+    program.tell("click", {"sub"});
+    EXPECT_TRUE(program.rows().isEmpty()) << "a click on a folder clears the panel";
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(BrowseTest, FoldersOpenByDoubleClickAndEnterAndAreLeftByKeysAndCommands) {
+    DrivenProgram program;
+    program.tell("open", {path()});
+    const struct {
+        const char* verb;
+        const char* word;
+        std::string folder;
+        QStringList selected;
+    } steps[] = {
+        {"doubleclick", "sub", "sub", {}},     {"key", "Backspace", "", {"sub"}},
+        {"key", "Return", "sub", {}},          {"key", "Home", "sub", {"inner"}},
+        {"key", "Enter", "sub/inner", {}},     {"command", "5035", "sub", {"inner"}},
+        {"key", "Alt+Up", "", {"sub"}},        {"command", "5033", "sub", {}},
+        {"command", "5033", "sub/inner", {}},  {"command", "5034", "sub", {}},
+        {"key", "Alt+Left", "sub/inner", {}},  {"key", "Alt+Right", "sub", {}},
+        {"command", "40115", "sub/inner", {}}, {"command", "40116", "sub", {}},
+        {"command", "40117", "", {"sub"}},     {"select", "other", "", {"other"}},
+        {"command", "245", "other", {}},
+    };
+    for (const auto& step : steps) {
+        const std::string told = std::string(step.verb) + " " + step.word;
+        program.tell(step.verb, {step.word});
+        EXPECT_EQ(program.folder(), path(step.folder)) << told;
+        EXPECT_EQ(program.selectedFiles(), step.selected) << told;
+    }
+    program.tell("key", {"Ctrl+Backspace"});
+    EXPECT_EQ(program.folder(), "/");
+    program.tell("key", {"Backspace"});
+    EXPECT_EQ(program.folder(), "/") << "there is nothing above";
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(BrowseTest, AnAddressTypedInTheBarIsOpened) {
+    DrivenProgram program;
+    program.tell("open", {path()});
+    const struct {
+        QString typed;
+        std::string folder;
+        QString status;
+    } cases[] = {
+        {"sub/inner", "sub/inner", "Ready"},
+        {"..", "sub", "Ready"},
+        {path("other"), "other", "Ready"},
+        {path("sub") + "//inner/./", "sub/inner", "Ready"},
+        {"../../other/../sub", "sub", "Ready"},
+        {"missing", "sub", "There is no folder \"missing\""},
+        {path("img2.jpg"), "sub", "\"" + path("img2.jpg") + "\" is not a folder"},
+    };
+    for (const auto& [typed, folder, status] : cases) {
+        program.tell("focus", {"Address"});
+        program.tell("key", {"Ctrl+A"});
+        program.tell("type", {typed});
+        program.tell("key", {"Return"});
+        EXPECT_EQ(program.folder(), path(folder)) << typed.toStdString();
+        EXPECT_EQ(program.status(), status) << typed.toStdString();
+    }
+    EXPECT_EQ(program.tell("area", {"Address"})["text"].toString(), path("img2.jpg")) << "a wrong text stays";
+    program.tell("key", {"Escape"});
+    EXPECT_EQ(program.tell("area", {"Address"})["text"].toString(), path("sub"));
+    program.tell("key", {"Alt+D"});
+    program.tell("type", {path()});
+    program.tell("key", {"Enter"});
+    program.tell("key", {"End"});
+    EXPECT_EQ(program.selectedFiles(), QStringList("img10.jpg")) << "the list has the keyboard again";
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(BrowseTest, HiddenFilesAreShownOnCommandAndHiddenAgain) {
+    photo(".secret.jpg");
+    DrivenProgram program;
+    program.tell("open", {path()});
+    EXPECT_FALSE(program.fileNames().contains(".secret.jpg"));
+    program.tell("command", {"40106"});
+    EXPECT_TRUE(program.fileNames().contains(".secret.jpg"));
+    program.tell("key", {"Ctrl+H"});
+    EXPECT_FALSE(program.fileNames().contains(".secret.jpg"));
+    program.tell("command", {"40106"});
+    EXPECT_EQ(program.quit(), 0);
+    program.restart();
+    EXPECT_FALSE(program.fileNames().contains(".secret.jpg")) << "the choice is not kept";
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(BrowseTest, SortCommandsSortAndTheSameAgainReverses) {
+    using namespace std::chrono_literals;
+    const auto now = std::filesystem::file_time_type::clock::now();
+    support::WriteBytes(folder / "other/b.txt", "12");
+    support::WriteBytes(folder / "other/a.jpg", "1234");
+    support::WriteBytes(folder / "other/c.png", "1");
+    std::filesystem::last_write_time(folder / "other/b.txt", now - 3h);
+    std::filesystem::last_write_time(folder / "other/c.png", now - 2h);
+    std::filesystem::last_write_time(folder / "other/a.jpg", now - 1h);
+    DrivenProgram program;
+    program.tell("open", {path("other")});
+    const struct {
+        const char* command;
+        QStringList names;
+    } steps[] = {
+        {"50002", {"b.txt", "c.png", "a.jpg"}}, {"50002", {"a.jpg", "c.png", "b.txt"}},
+        {"50003", {"a.jpg", "b.txt", "c.png"}}, {"50003", {"c.png", "b.txt", "a.jpg"}},
+        {"50001", {"a.jpg", "b.txt", "c.png"}}, {"50001", {"c.png", "b.txt", "a.jpg"}},
+        {"40089", {"a.jpg", "b.txt", "c.png"}}, {"40090", {"c.png", "b.txt", "a.jpg"}},
+        {"50004", {"b.txt", "c.png", "a.jpg"}}, {"50004", {"a.jpg", "c.png", "b.txt"}},
+    };
+    for (const auto& [command, names] : steps) {
+        program.tell("command", {command});
+        EXPECT_EQ(program.fileNames(), names) << command;
+    }
+    EXPECT_EQ(program.quit(), 0);
+    EXPECT_EQ(program.setting("Main", "SortMode"), "4");
+    EXPECT_EQ(program.setting("Main", "SortAscending"), "1");
+}
+
+TEST_F(BrowseTest, SelectionCommandsCountersAndCheckBoxesAreOneState) {
+    DrivenProgram program;
+    program.tell("open", {path()});
+    const QStringList all{"other", "sub", "img2.jpg", "img10.jpg"};
+    const struct {
+        const char* verb;
+        const char* word;
+        QStringList selected;
+        QString counted;
+    } steps[] = {
+        {"command", "40074", all, "2 folders selected   ·   2 files selected   ·   "},
+        {"command", "40076", {}, "Total 4 items"},
+        {"key", "Ctrl+A", all, "2 folders selected   ·   2 files selected   ·   "},
+        {"command", "246", {}, "Total 4 items"},
+        {"select", "sub", {"sub"}, "1 folder selected   ·   Total"},
+        {"command",
+         "40075",
+         {"other", "img2.jpg", "img10.jpg"},
+         "1 folder selected   ·   2 files selected   ·   "},
+        {"key", "Ctrl+I", {"sub"}, "1 folder selected   ·   Total"},
+        {"command",
+         "5052",
+         {"other", "img2.jpg", "img10.jpg"},
+         "1 folder selected   ·   2 files selected   ·   "},
+        {"command", "5037", {}, "Total 4 items"},
+        {"click", "img2.jpg", {"img2.jpg"}, "1 file selected   ·   "},
+    };
+    for (const auto& step : steps) {
+        program.tell(step.verb, {step.word});
+        EXPECT_EQ(program.selectedFiles(), step.selected) << step.verb << " " << step.word;
+        EXPECT_TRUE(program.selection().startsWith(step.counted))
+            << step.verb << " " << step.word << ": " << program.selection().toStdString();
+    }
+    program.tell("command", {"5040"});
+    for (const QJsonValue& file : program.tell("files")["files"].toArray())
+        EXPECT_EQ(file["checked"].toBool(), file["name"].toString() == "img2.jpg");
+    program.tell("command", {"40075"});
+    for (const QJsonValue& file : program.tell("files")["files"].toArray())
+        EXPECT_EQ(file["checked"].toBool(), file["name"].toString() != "img2.jpg");
+    program.tell("command", {"5040"});
+    for (const QJsonValue& file : program.tell("files")["files"].toArray())
+        EXPECT_FALSE(file["checked"].toBool());
+    EXPECT_EQ(program.selectedFiles().size(), 3) << "without boxes the selection stays";
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(BrowseTest, PanesAreShownAndHiddenAndTheRestTakesTheRoom) {
+    DrivenProgram program;
+    program.tell("open", {path()});
+    const QSize whole = sizeOf(program, "middle");
+    const struct {
+        const char* byCommand;
+        const char* byKey;
+        const char* part;
+        bool makesWider;
+    } panes[] = {
+        {"8", "Ctrl+F2", "HolderLeft", true},
+        {"17", "Ctrl+Shift+F4", "RIGHT_HOLDER", true},
+        {"9", "Ctrl+F3", "statusBar", false},
+    };
+    for (const auto& pane : panes) {
+        program.tell("command", {pane.byCommand});
+        EXPECT_FALSE(program.tell("area", {pane.part})["visible"].toBool()) << pane.part;
+        const QSize with = sizeOf(program, "middle");
+        EXPECT_EQ(with.width() > whole.width(), pane.makesWider) << pane.part;
+        EXPECT_EQ(with.height() > whole.height(), !pane.makesWider) << pane.part;
+        program.tell("key", {pane.byKey});
+        EXPECT_TRUE(program.tell("area", {pane.part})["visible"].toBool()) << pane.part;
+        EXPECT_EQ(sizeOf(program, "middle"), whole) << pane.part;
+    }
+    program.tell("key", {"Ctrl+D"});
+    EXPECT_EQ(program.fileNames().size(), 4);
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(BrowseTest, ThePanelReadsTheSelectedFileWhenItIsShownAgain) {
+    DrivenProgram program;
+    program.tell("open", {path()});
+    program.tell("click", {"img2.jpg"});
+    program.tell("command", {"17"});
+    program.tell("select", {"img10.jpg"});
+    program.tell("click", {"img10.jpg"});
+    program.tell("command", {"17"});
+    EXPECT_EQ(program.value("XMP-dc", "Title"), "tenth");
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(BrowseTest, AChangedFileIsReadAnew) {
+    DrivenProgram program;
+    program.tell("open", {path()});
+    program.tell("click", {"img2.jpg"});
+    photo("img2.jpg", {"-XMP-dc:Title=changed"});
+    program.tell("command", {"8056"});
+    EXPECT_EQ(program.value("XMP-dc", "Title"), "changed");
+    program.tell("command", {"8003"});
+    EXPECT_TRUE(program.rows().isEmpty());
+    photo("img3.jpg");
+    EXPECT_FALSE(program.fileNames().contains("img3.jpg"));
+    program.tell("command", {"248"});
+    EXPECT_TRUE(program.fileNames().contains("img3.jpg"));
+    photo("img4.jpg");
+    program.tell("key", {"F5"});
+    EXPECT_TRUE(program.fileNames().contains("img4.jpg"));
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(BrowseTest, TypingAheadFindsTheName) {
+    DrivenProgram program;
+    program.tell("open", {path()});
+    program.tell("type", {"img1"});
+    EXPECT_EQ(program.selectedFiles(), QStringList("img10.jpg"));
     EXPECT_EQ(program.quit(), 0);
 }

@@ -1,6 +1,6 @@
 #include "DrivenProgram.h"
 
-#include "platform/Text.h"
+#include "platform/IniFile.h"
 #include "support/SmallFiles.h"
 
 #include <fcntl.h>
@@ -23,7 +23,7 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr int kAnswerLimit = 60000;
-constexpr int kEndLimit = 20000;
+constexpr const char* kWindowPosition = "\n[MainWindow-Position]\nLeft=20\nTop=20\nRight=1300\nBottom=820\n";
 
 QByteArray quoted(const QString& word) {
     const QByteArray array = QJsonDocument(QJsonArray{word}).toJson(QJsonDocument::Compact);
@@ -35,8 +35,8 @@ std::vector<std::string> environmentWith(const std::vector<std::string>& more) {
     all.emplace_back("QT_QPA_PLATFORM=offscreen");
     for (char** entry = environ; *entry != nullptr; ++entry) {
         const std::string name = std::string(*entry).substr(0, std::string(*entry).find('='));
-        const bool replaced = std::any_of(all.begin(), all.end(),
-                                          [&](const std::string& given) { return given.starts_with(name + "="); });
+        const bool replaced = std::any_of(
+            all.begin(), all.end(), [&](const std::string& given) { return given.starts_with(name + "="); });
         if (!replaced) all.emplace_back(*entry);
     }
     return all;
@@ -44,21 +44,32 @@ std::vector<std::string> environmentWith(const std::vector<std::string>& more) {
 
 }  // namespace
 
-DrivenProgram::DrivenProgram() { start({}); }
+DrivenProgram::DrivenProgram() : DrivenProgram(Options{}) {}
 
-DrivenProgram::DrivenProgram(const Options& options) { start(options); }
+DrivenProgram::DrivenProgram(const Options& options) : environment_(options.environment) {
+    layOut(options);
+    start();
+}
 
-void DrivenProgram::start(const Options& options) {
-    signal(SIGPIPE, SIG_IGN);
+void DrivenProgram::layOut(const Options& options) {
     install_ = folder_ / "install";
-    for (const char* folder : {"cache/reports", "cache/sav", "Temp"}) fs::create_directories(install_ / folder);
+    const fs::path firstRun = fs::path(TAGWRIGHT_SOURCE_DIR) / "data";
+    for (const char* folder : {"cache/reports", "cache/sav", "Temp"})
+        fs::create_directories(install_ / folder);
     fs::copy(fs::path(TAGWRIGHT_BIN_DIR) / "babel", install_ / "babel", fs::copy_options::recursive);
     QByteArray settings = options.settings;
     if (settings.isEmpty())
-        settings = QByteArray::fromStdString(support::ReadBytes(fs::path(TAGWRIGHT_SOURCE_DIR) / "data/first-run.ini"));
+        settings =
+            QByteArray::fromStdString(support::ReadBytes(firstRun / "first-run.ini")) + kWindowPosition;
+    settings += options.moreSettings;
     if (options.exifTool) settings += "\n[PATHS]\nExifToolPath=" + options.exifTool->string() + "\n";
     support::WriteBytes(install_ / "cache/Tagwright.ini", settings.toStdString());
+    fs::copy_file(firstRun / "first-run-ColumnsHeader.ini", install_ / "cache/ColumnsHeader.ini");
+    if (options.prepare) options.prepare(install_);
+}
 
+void DrivenProgram::start() {
+    signal(SIGPIPE, SIG_IGN);
     int toChild[2];
     int fromChild[2];
     ASSERT_EQ(pipe2(toChild, O_CLOEXEC), 0);
@@ -71,7 +82,7 @@ void DrivenProgram::start(const Options& options) {
     std::vector<char*> argv;
     for (std::string& word : words) argv.push_back(word.data());
     argv.push_back(nullptr);
-    std::vector<std::string> variables = environmentWith(options.environment);
+    std::vector<std::string> variables = environmentWith(environment_);
     std::vector<char*> envp;
     for (std::string& variable : variables) envp.push_back(variable.data());
     envp.push_back(nullptr);
@@ -85,8 +96,21 @@ void DrivenProgram::start(const Options& options) {
 
 DrivenProgram::~DrivenProgram() {
     kill();
-    if (input_ >= 0) close(input_);
+    closeInput();
     if (output_ >= 0) close(output_);
+}
+
+void DrivenProgram::restart() {
+    ASSERT_EQ(child_, -1) << "the program still runs";
+    closeInput();
+    close(output_);
+    buffer_.clear();
+    start();
+}
+
+void DrivenProgram::closeInput() {
+    if (input_ >= 0) close(input_);
+    input_ = -1;
 }
 
 void DrivenProgram::kill() {
@@ -98,10 +122,12 @@ void DrivenProgram::kill() {
 
 int DrivenProgram::quit() {
     tell("quit");
-    close(input_);
-    input_ = -1;
+    return waitForEnd();
+}
+
+int DrivenProgram::waitForEnd(int milliseconds) {
     int status = -1;
-    const bool ended = waitFor([&] { return waitpid(child_, &status, WNOHANG) == child_; }, kEndLimit);
+    const bool ended = waitFor([&] { return waitpid(child_, &status, WNOHANG) == child_; }, milliseconds);
     EXPECT_TRUE(ended) << "the program did not end";
     if (!ended) {
         kill();
@@ -134,10 +160,19 @@ std::string DrivenProgram::readLine() {
 QJsonObject DrivenProgram::exchange(const QString& verb, const QStringList& words) {
     QByteArray line = verb.toUtf8();
     for (const QString& word : words) line += ' ' + quoted(word);
-    line += '\n';
-    EXPECT_EQ(write(input_, line.constData(), static_cast<std::size_t>(line.size())), line.size()) << line.toStdString();
+    return say(line);
+}
+
+QJsonObject DrivenProgram::say(const QByteArray& command) {
+    const QByteArray line = command + '\n';
+    EXPECT_EQ(write(input_, line.constData(), static_cast<std::size_t>(line.size())), line.size())
+        << line.toStdString();
+    return nextAnswer();
+}
+
+QJsonObject DrivenProgram::nextAnswer() {
     const std::string answer = readLine();
-    EXPECT_FALSE(answer.empty()) << "no answer to " << line.toStdString();
+    EXPECT_FALSE(answer.empty()) << "no answer";
     return QJsonDocument::fromJson(QByteArray::fromStdString(answer)).object();
 }
 
@@ -156,7 +191,8 @@ QString DrivenProgram::refuse(const QString& verb, const QStringList& words) {
 
 std::optional<QString> DrivenProgram::value(const QString& group, const QString& tag) {
     for (const QJsonValue& row : rows())
-        if (row["group"].toString().trimmed() == group && row["tag"].toString() == tag) return row["value"].toString();
+        if (row["group"].toString().trimmed() == group && row["tag"].toString() == tag)
+            return row["value"].toString();
     return std::nullopt;
 }
 
@@ -165,6 +201,28 @@ QStringList DrivenProgram::fileNames() {
     const QJsonArray files = tell("files")["files"].toArray();
     for (const QJsonValue& file : files) names.append(file["name"].toString());
     return names;
+}
+
+QStringList DrivenProgram::selectedFiles() {
+    QStringList names;
+    const QJsonArray files = tell("files")["files"].toArray();
+    for (const QJsonValue& file : files)
+        if (file["selected"].toBool()) names.append(file["name"].toString());
+    return names;
+}
+
+QString DrivenProgram::folder() {
+    return tell("title")["title"].toString().remove(" - Tagwright");
+}
+
+QString DrivenProgram::takeMessage() {
+    const QString text = tell("message")["text"].toString();
+    tell("press", {"1"});
+    return text;
+}
+
+std::optional<std::string> DrivenProgram::setting(const std::string& section, const std::string& key) const {
+    return platform::IniFile(install_ / "cache/Tagwright.ini").find(section, key);
 }
 
 bool waitFor(const std::function<bool()>& condition, int milliseconds) {

@@ -13,7 +13,6 @@ using tags::GroupEntry;
 using tags::GroupGate;
 using tags::GroupImage;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 

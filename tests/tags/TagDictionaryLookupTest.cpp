@@ -77,26 +77,26 @@ TEST(FindTagId, AgreesWithThePlainScanOverMutatedNamesAndOtherGroups) {
 
 struct LookUp {
     const char* what;
-    std::uint32_t group;
     QString name;
+    std::uint32_t group;
     int id;
 };
 
 TEST(FindTagId, ComparesTheFirstTwoLettersExactlyAndTheRestWithoutCase) {
-    const LookUp lookUps[] = {{"exact", 78, "ModifyDate", 1108},
-                              {"other case in the third letter", 78, "MoDIFYDATE", 1108},
-                              {"other case in the first letter", 78, "modifyDate", -1},
-                              {"other case in the second letter", 78, "MOdifyDate", -1},
-                              {"shorter", 78, "ModifyDat", -1},
-                              {"longer", 78, "ModifyDate ", -1},
-                              {"another group", 79, "ModifyDate", 1364},
-                              {"a group that does not know it", 0, "ModifyDate", -1},
-                              {"no group", 330, "ModifyDate", -1},
-                              {"far from any group", 0xFFFFFFFF, "ModifyDate", -1},
-                              {"an empty name", 11, "", 2018},
-                              {"an empty name in a group without one", 78, "", -1},
-                              {"the stray blank", 287, "FullPanoWidthPixels ", -1},
-                              {"crossed groups keep their own rows", 198, "ModifyDate", -1}};
+    const LookUp lookUps[] = {{"exact", "ModifyDate", 78, 1108},
+                              {"other case in the third letter", "MoDIFYDATE", 78, 1108},
+                              {"other case in the first letter", "modifyDate", 78, -1},
+                              {"other case in the second letter", "MOdifyDate", 78, -1},
+                              {"shorter", "ModifyDat", 78, -1},
+                              {"longer", "ModifyDate ", 78, -1},
+                              {"another group", "ModifyDate", 79, 1364},
+                              {"a group that does not know it", "ModifyDate", 0, -1},
+                              {"no group", "ModifyDate", 330, -1},
+                              {"far from any group", "ModifyDate", 0xFFFFFFFF, -1},
+                              {"an empty name", "", 11, 2018},
+                              {"an empty name in a group without one", "", 78, -1},
+                              {"a stray name in another group", "FullPanoWidthPixels ", 287, -1},
+                              {"a crossed group", "ModifyDate", 198, -1}};
     for (const LookUp& lookUp : lookUps) {
         SCOPED_TRACE(lookUp.what);
         EXPECT_EQ(dictionary().FindTagId(lookUp.group, lookUp.name), lookUp.id);

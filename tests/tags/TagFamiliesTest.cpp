@@ -12,9 +12,9 @@ using testing::ElementsAre;
 namespace {
 
 struct ExpectedFamily {
-    int number;
     std::u16string_view name;
     std::size_t categories;
+    int number;
     std::uint32_t first;
     std::uint32_t last;
     std::uint32_t sum;  ///< of the category numbers, which a slip of a digit changes
@@ -24,12 +24,12 @@ struct ExpectedFamily {
 
 TEST(TagFamilies, HaveTheirNumbersNamesAndLists) {
     constexpr ExpectedFamily kExpected[] = {
-        {1, u"EXIF", 12, 1086, 1712, 17733},   {2, u"IPTC", 6, 1421, 1714, 9117},
-        {3, u"XMP", 77, 1088, 1685, 113110},   {4, u"GPS", 1, 1076, 1076, 1076},
-        {5, u"ICC", 7, 1558, 1564, 10927},     {6, u"Audio", 32, 1596, 1730, 47344},
-        {7, u"DICOM", 2, 1137, 1438, 2575},    {8, u"Images", 13, 1411, 1511, 20137},
-        {9, u"Makers", 34, 1357, 1583, 48227}, {10, u"Documents", 18, 1804, 986, 26406},
-        {11, u"Video", 34, 1552, 1382, 52635}};
+        {u"EXIF", 12, 1, 1086, 1712, 17733},   {u"IPTC", 6, 2, 1421, 1714, 9117},
+        {u"XMP", 77, 3, 1088, 1685, 113110},   {u"GPS", 1, 4, 1076, 1076, 1076},
+        {u"ICC", 7, 5, 1558, 1564, 10927},     {u"Audio", 32, 6, 1596, 1730, 47344},
+        {u"DICOM", 2, 7, 1137, 1438, 2575},    {u"Images", 13, 8, 1411, 1511, 20137},
+        {u"Makers", 34, 9, 1357, 1583, 48227}, {u"Documents", 18, 10, 1804, 986, 26406},
+        {u"Video", 34, 11, 1552, 1382, 52635}};
     ASSERT_EQ(tags::TagFamilies().size(), std::size(kExpected));
     for (std::size_t index = 0; index < std::size(kExpected); ++index) {
         const TagFamily& family = tags::TagFamilies()[index];

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr double kLeastSeconds = 0.5;
+constexpr double kLeastSeconds = 0.3;
 
 void parseAll(benchmark::State& state, const app::Settings& settings) {
     const bench::SampleFiles& samples = bench::samples();

@@ -8,10 +8,10 @@
 
 namespace {
 
-void startOf(benchmark::State& state, const std::string& program) {
+void startOf(benchmark::State& state, const std::string& program, const std::vector<std::string>& arguments) {
     for (auto _ : state) {
         try {
-            const bench::Measurements measured = bench::runMeasuringProgram(program, {});
+            const bench::Measurements measured = bench::runMeasuringProgram(program, arguments);
             state.SetIterationTime(measured.at("painted") - measured.at("spawned"));
         } catch (const std::exception& failure) {
             state.SkipWithError(failure.what());
@@ -21,9 +21,14 @@ void startOf(benchmark::State& state, const std::string& program) {
 }
 
 void startEmptyWindow(benchmark::State& state) {
-    startOf(state, "tagwright-bench-empty-window");
+    startOf(state, "tagwright-bench-empty-window", {});
+}
+
+void startProgram(benchmark::State& state) {
+    startOf(state, "tagwright-bench-program", {TAGWRIGHT_BENCH_INSTALL});
 }
 
 BENCHMARK(startEmptyWindow)->Name("Start/EmptyWindow")->UseManualTime()->Iterations(1);
+BENCHMARK(startProgram)->Name("Start/Program")->UseManualTime()->Iterations(1);
 
 }  // namespace

@@ -19,7 +19,7 @@ struct Part {
     int rounds;
 };
 
-constexpr Part kParts[] = {{"Parsing", 5}, {"Folder", 9}, {"Click", 9}, {"Start", 11}};
+constexpr Part kParts[] = {{"Parsing", 5}, {"Folder", 7}, {"Click", 9}, {"Start", 11}};
 
 constexpr bench::Figure kFigures[] = {
     {"Parsing with all families shown", "Parsing/AllFamilies", "lines", Comparison::Ratio,
@@ -30,12 +30,26 @@ constexpr bench::Figure kFigures[] = {
      "Parsing/PlainLines", "seconds", 1, "", Goal::None, 0},
     {"Finding a tag by scan : by index", "Parsing/FindByScan", "seconds", Comparison::Ratio,
      "Parsing/FindByIndex", "seconds", 1, "", Goal::None, 0},
+    {"100,000 files until painted : listed and sorted plainly", "Folder/Window100000", "seconds",
+     Comparison::Ratio, "Folder/Plain100000", "seconds", 1, "", Goal::AtMost, 1.6},
+    {"  longest block of the window : listed and sorted plainly", "Folder/Window100000", "block",
+     Comparison::Ratio, "Folder/Plain100000", "seconds", 1, "", Goal::AtMost, 1.6},
+    {"  memory for an item, beyond the window with an empty folder", "Folder/Window100000", "memory",
+     Comparison::Difference, "Folder/WindowEmpty", "memory", 1.0 / 100000, "bytes", Goal::AtMost, 700},
+    {"  longest jump while scrolling through 100,000 files", "Folder/Window100000", "scroll",
+     Comparison::None, "", "", 1000, "ms", Goal::None, 0},
+    {"10,000 files until painted", "Folder/Window10000", "seconds", Comparison::None, "", "", 1000, "ms",
+     Goal::AtMost, 100},
     {"Click until painted, beyond ExifTool's own run", "Click/Panel", "added", Comparison::None, "", "", 1000,
      "ms", Goal::AtMost, 15},
     {"  the same for the file with the most tags", "Click/Panel", "addedToLargest", Comparison::None, "", "",
      1000, "ms", Goal::AtMost, 15},
+    {"  the same for the first click of all", "Click/Panel", "addedAtFirst", Comparison::None, "", "", 1000,
+     "ms", Goal::None, 0},
     {"Click until painted : ExifTool's own run", "Click/Panel", "seconds", Comparison::Ratio, "Click/Panel",
      "tool", 1, "", Goal::None, 0},
+    {"Start until painted, beyond an empty window", "Start/Program", "seconds", Comparison::Difference,
+     "Start/EmptyWindow", "seconds", 1000, "ms", Goal::AtMost, 300},
 };
 
 int usage() {

@@ -7,7 +7,7 @@
 namespace drive {
 
 /// The words of one command line: separated by blanks; a word that begins with a double quote is a JSON
-/// string. Nothing when a quoted word does not end or is no valid JSON string.
+/// string. Nothing when a quoted word does not end, is no valid JSON string or runs into another word.
 std::optional<QStringList> splitWords(const QByteArray& line);
 
 }  // namespace drive

@@ -34,10 +34,10 @@ class CommandServer : public QObject {
 
     CommandServer(int inputDescriptor, int outputDescriptor, Execute execute, QObject* parent = nullptr);
 
-     /// Tells whether a command waits for a tool and the user can end the wait: it is answered then, too.
+    /// Tells whether a command waits for a tool and the user can end the wait: it is answered then, too.
     void setBlockedByProgress(std::function<bool()> blocked) { blockedByProgress_ = std::move(blocked); }
 
-Q_SIGNALS:
+ Q_SIGNALS:
     /// The input has ended and the last command was answered.
     void InputEnded();
 

@@ -11,8 +11,10 @@ class DriveCommands {
     explicit DriveCommands(app::Program& program) : program_(program), window_(program) {}
 
     Answer execute(const QStringList& words);
+    void endUnattended() { window_.endUnattended(); }
 
  private:
+    enum class Needs;
     struct Verb;
     static const std::vector<Verb>& verbs();
 

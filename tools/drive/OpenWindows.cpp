@@ -4,16 +4,20 @@
 
 #include "app/FormLoader.h"
 #include "app/Messages.h"
+#include "app/ProgressDialog.h"
 
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QDialog>
 #include <QDialogButtonBox>
+#include <QFileDialog>
 #include <QJsonArray>
 #include <QKeySequence>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QPointer>
 #include <QPushButton>
 #include <QtTest/QTest>
 
@@ -24,10 +28,29 @@ namespace {
 constexpr int kOk = 1;
 constexpr int kCancel = 2;
 
-template <typename Window>
-Window* frontWindow() {
-    if (auto* modal = qobject_cast<Window*>(QApplication::activeModalWidget())) return modal;
+/// The edit for the name in a file dialog, which comes from no form and has no number of its own.
+constexpr int kFileNameControl = 1148;
+
+/// The modal dialog in front; without one the dialog of a wait, which is modeless but keeps input from all
+/// else.
+QDialog* frontDialog() {
+    if (auto* modal = qobject_cast<QDialog*>(QApplication::activeModalWidget())) return modal;
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        auto* progress = qobject_cast<app::ProgressDialog*>(window);
+        if (progress != nullptr && progress->isVisible()) return progress;
+    }
     return nullptr;
+}
+
+QWidget* fileNameEdit(const QDialog& dialog) {
+    return qobject_cast<const QFileDialog*>(&dialog) == nullptr
+               ? nullptr
+               : dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+}
+
+QWidget* controlOf(const QDialog& dialog, int id) {
+    return id == kFileNameControl && fileNameEdit(dialog) != nullptr ? fileNameEdit(dialog)
+                                                                     : app::FindControl(dialog, id);
 }
 
 int entryId(const QAction& action) {
@@ -54,15 +77,18 @@ QJsonArray describeEntries(const QMenu& menu) {
     return entries;
 }
 
-QAction* findEntry(const QMenu& menu, int id) {
+/// The entry and, before it, the entries whose menus lead to it; empty when there is none.
+QList<QAction*> wayToEntry(const QMenu& menu, int id) {
     for (QAction* action : menu.actions()) {
+        if (!action->isVisible() || action->isSeparator()) continue;
         if (action->menu() != nullptr) {
-            if (QAction* found = findEntry(*action->menu(), id)) return found;
-        } else if (!action->isSeparator() && entryId(*action) == id) {
-            return action;
+            const QList<QAction*> inner = wayToEntry(*action->menu(), id);
+            if (!inner.isEmpty()) return QList<QAction*>{action} + inner;
+        } else if (entryId(*action) == id) {
+            return {action};
         }
     }
-    return nullptr;
+    return {};
 }
 
 QJsonArray buttonsOf(const QMessageBox& box) {
@@ -90,26 +116,23 @@ QAbstractButton* buttonOf(QDialog& dialog, int id) {
         return nullptr;
     }
     if (auto* button = qobject_cast<QAbstractButton*>(app::FindControl(dialog, id))) return button;
-    for (auto* box : dialog.findChildren<QDialogButtonBox*>()) {
-        if (id == kOk && box->button(QDialogButtonBox::Ok) != nullptr)
-            return box->button(QDialogButtonBox::Ok);
-        if (id == kCancel && box->button(QDialogButtonBox::Cancel) != nullptr)
-            return box->button(QDialogButtonBox::Cancel);
-        if (id == kCancel && box->button(QDialogButtonBox::Close) != nullptr)
-            return box->button(QDialogButtonBox::Close);
-    }
+    for (const auto* box : dialog.findChildren<QDialogButtonBox*>())
+        for (QAbstractButton* button : box->buttons()) {
+            const QDialogButtonBox::ButtonRole role = box->buttonRole(button);
+            if (id == kOk && role == QDialogButtonBox::AcceptRole) return button;
+            if (id == kCancel && role == QDialogButtonBox::RejectRole) return button;
+        }
     return nullptr;
 }
 
 }  // namespace
 
 QMessageBox* openMessage() {
-    return frontWindow<QMessageBox>();
+    return qobject_cast<QMessageBox*>(frontDialog());
 }
 
 QDialog* openDialog() {
-    auto* dialog = frontWindow<QDialog>();
-    return dialog == openMessage() ? nullptr : dialog;
+    return openMessage() != nullptr ? nullptr : frontDialog();
 }
 
 QMenu* openMenu() {
@@ -134,6 +157,8 @@ Answer describeDialog() {
         const QVariant id = widget->property(app::kControlIdProperty);
         if (id.isValid()) controls.append(describeControl(*widget, id.toInt()));
     }
+    if (const QWidget* name = fileNameEdit(*dialog))
+        controls.append(describeControl(*name, kFileNameControl));
     return {{{"template", dialog->property(app::kTemplateNumberProperty).toInt()},
              {"title", dialog->windowTitle()},
              {"controls", controls}},
@@ -149,18 +174,23 @@ Answer describeMenu() {
 Answer chooseEntry(int id) {
     QMenu* menu = openMenu();
     if (menu == nullptr) return Answer::failed(QStringLiteral("no menu is open"));
-    QAction* entry = findEntry(*menu, id);
-    if (entry == nullptr) return Answer::failed(QStringLiteral("the menu has no entry %1").arg(id));
-    if (!entry->isEnabled()) return Answer::failed(QStringLiteral("the entry is disabled"));
-    menu->setActiveAction(entry);
-    QTest::keyClick(menu, Qt::Key_Return);
+    QList<QAction*> way = wayToEntry(*menu, id);
+    if (way.isEmpty()) return Answer::failed(QStringLiteral("the menu has no entry %1").arg(id));
+    for (const QAction* entry : way)
+        if (!entry->isEnabled()) return Answer::failed(QStringLiteral("the entry is disabled"));
+    QPointer<QMenu> inner = menu;
+    for (QAction* entry : way) {
+        inner->setActiveAction(entry);  // opens the menu behind it
+        if (entry->menu() != nullptr) inner = entry->menu();
+    }
+    QTest::keyClick(inner.data(), Qt::Key_Return);
     return {};
 }
 
 Answer setControl(int id, const QString& value) {
     QDialog* dialog = openDialog();
     if (dialog == nullptr) return Answer::failed(QStringLiteral("no dialog is open"));
-    QWidget* control = app::FindControl(*dialog, id);
+    QWidget* control = controlOf(*dialog, id);
     if (control == nullptr) return Answer::failed(QStringLiteral("the dialog has no control %1").arg(id));
     return setControlState(*control, value);
 }
@@ -168,13 +198,13 @@ Answer setControl(int id, const QString& value) {
 Answer checkRow(int id, int row, bool checked) {
     QDialog* dialog = openDialog();
     if (dialog == nullptr) return Answer::failed(QStringLiteral("no dialog is open"));
-    QWidget* control = app::FindControl(*dialog, id);
+    QWidget* control = controlOf(*dialog, id);
     if (control == nullptr) return Answer::failed(QStringLiteral("the dialog has no control %1").arg(id));
     return setRowChecked(*control, row, checked);
 }
 
 Answer pressButton(int id) {
-    auto* dialog = frontWindow<QDialog>();
+    QDialog* dialog = frontDialog();
     if (dialog == nullptr) return Answer::failed(QStringLiteral("no dialog is open"));
     QAbstractButton* button = buttonOf(*dialog, id);
     if (button != nullptr && !button->isEnabled())
@@ -188,19 +218,71 @@ Answer pressButton(int id) {
     return {};
 }
 
+namespace {
+
+/// What has the keyboard; null when nothing has.
+QWidget* keyboardReceiver() {
+    if (QWidget* popup = QApplication::activePopupWidget()) return popup;
+    QDialog* dialog = frontDialog();
+    QWidget* focused = QApplication::focusWidget();
+    const bool kept = dialog != nullptr && (focused == nullptr || !dialog->isAncestorOf(focused));
+    if (kept) return dialog->focusWidget() != nullptr ? dialog->focusWidget() : dialog;
+    return focused != nullptr ? focused : QApplication::activeWindow();
+}
+
+/// The text that the key types; none with Ctrl, Alt or Meta.
+QString textOfKey(QKeyCombination key) {
+    if ((key.keyboardModifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) != 0) return {};
+    if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter) return QStringLiteral("\r");
+    if (key.key() > 0xffff) return {};
+    const QString character = QChar(key.key());
+    return key.keyboardModifiers().testFlag(Qt::ShiftModifier) ? character : character.toLower();
+}
+
+void clickKey(QWidget& receiver, QKeyCombination key, const QString& text) {
+    const QPointer<QWidget> still = &receiver;
+    QTest::sendKeyEvent(QTest::Press, still.data(), key.key(), text, key.keyboardModifiers());
+    // The press may have closed what had the keyboard.
+    if (still != nullptr)
+        QTest::sendKeyEvent(QTest::Release, still.data(), key.key(), text, key.keyboardModifiers());
+}
+
+}  // namespace
+
 Answer pressKey(const QString& keys) {
     const QKeySequence sequence = QKeySequence::fromString(keys);
-    if (sequence.isEmpty() || sequence[0].key() == Qt::Key_unknown)
-        return Answer::failed(QStringLiteral("\"%1\" is no key").arg(keys));
-    QWidget* receiver = QApplication::activePopupWidget();
-    if (receiver == nullptr) receiver = QApplication::focusWidget();
-    if (receiver == nullptr) receiver = QApplication::activeModalWidget();
-    if (receiver == nullptr) receiver = QApplication::activeWindow();
-    if (receiver == nullptr) return Answer::failed(QStringLiteral("nothing has the keyboard"));
     for (int at = 0; at < sequence.count(); ++at)
-        QTest::keyClick(receiver, sequence[static_cast<uint>(at)].key(),
-                        sequence[static_cast<uint>(at)].keyboardModifiers());
+        if (sequence[static_cast<uint>(at)].key() == Qt::Key_unknown)
+            return Answer::failed(QStringLiteral("\"%1\" is no key").arg(keys));
+    if (sequence.isEmpty()) return Answer::failed(QStringLiteral("\"%1\" is no key").arg(keys));
+    for (int at = 0; at < sequence.count(); ++at) {
+        QWidget* receiver = keyboardReceiver();
+        if (receiver == nullptr) return Answer::failed(QStringLiteral("nothing has the keyboard"));
+        const QKeyCombination key = sequence[static_cast<uint>(at)];
+        clickKey(*receiver, key, textOfKey(key));
+    }
     return {};
+}
+
+Answer typeText(const QString& text) {
+    for (const QChar character : text) {
+        QWidget* receiver = keyboardReceiver();
+        if (receiver == nullptr) return Answer::failed(QStringLiteral("nothing has the keyboard"));
+        const Qt::KeyboardModifiers modifiers = character.isUpper() ? Qt::ShiftModifier : Qt::NoModifier;
+        clickKey(*receiver, QKeyCombination(modifiers, static_cast<Qt::Key>(character.toUpper().unicode())),
+                 character);
+    }
+    return {};
+}
+
+void closeMenus() {
+    while (QWidget* popup = QApplication::activePopupWidget())
+        if (!popup->close()) return;
+}
+
+void dismissFrontWindow() {
+    closeMenus();
+    if (QDialog* dialog = frontDialog()) dialog->reject();
 }
 
 }  // namespace drive

@@ -10,7 +10,8 @@ namespace drive {
 
 /// What is open over the main window, and commands for it. GUI thread.
 
-/// The front message box, dialog or menu; null when there is none.
+/// The front message box, dialog or menu; null when there is none. The dialog that tells of a wait for a tool
+/// counts while it is visible.
 QMessageBox* openMessage();
 QDialog* openDialog();
 QMenu* openMenu();
@@ -30,5 +31,12 @@ Answer checkRow(int id, int row, bool checked);
 Answer pressButton(int id);
 /// A key or a combination such as "Ctrl+D", to whatever has the keyboard.
 Answer pressKey(const QString& keys);
+/// Types the text character by character, to whatever has the keyboard.
+Answer typeText(const QString& text);
+
+/// Closes what menus are open, as a click outside of them does.
+void closeMenus();
+/// Closes the menus and cancels the front dialog or message box; a wait is ended when it can be.
+void dismissFrontWindow();
 
 }  // namespace drive

@@ -2,8 +2,11 @@
 
 #include "app/MainWindow.h"
 #include "app/Program.h"
+#include "browser/AddressPath.h"
 #include "browser/ShellBrowser.h"
 #include "browser/TabContainer.h"
+#include "drive/ControlState.h"
+#include "drive/OpenWindows.h"
 #include "platform/Text.h"
 #include "tags/MetadataPanel.h"
 
@@ -12,6 +15,8 @@
 #include <QEventLoop>
 #include <QHeaderView>
 #include <QJsonArray>
+#include <QPointer>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QTimer>
 #include <QtTest/QTest>
@@ -24,6 +29,7 @@ namespace {
 
 constexpr int kLoadLimit = 30000;
 constexpr int kColumnLimit = 10000;
+constexpr int kActivationLimit = 1000;
 /// In a longer list only the texts that are on the screen are waited for.
 constexpr int kMostRowsWaitedFor = 2000;
 
@@ -44,33 +50,79 @@ int rowNamed(const browser::FileListModel& model, const QString& name) {
     return -1;
 }
 
-Answer noSuchFile(const QString& name) { return Answer::failed(QStringLiteral("no file \"%1\" in the list").arg(name)); }
-
-/// A point of the cell that is on the screen.
-QPoint pointOf(QAbstractItemView& view, const QModelIndex& index) {
-    view.scrollTo(index);
-    return view.visualRect(index).intersected(view.viewport()->rect()).center();
+Answer noSuchFile(const QString& name) {
+    return Answer::failed(QStringLiteral("no file \"%1\" in the list").arg(name));
 }
 
+/// A point of the cell that is on the screen.
+std::optional<QPoint> pointOf(QAbstractItemView& view, const QModelIndex& index) {
+    view.scrollTo(index);
+    const QRect shown = view.visualRect(index).intersected(view.viewport()->rect());
+    if (shown.isEmpty()) return std::nullopt;
+    return shown.center();
+}
+
+/// The title of a group without the number of its rows.
+QString nameOfHeader(const QString& title) {
+    static const QRegularExpression count(QStringLiteral(" \\(\\d+\\)$"));
+    return QString(title).remove(count).trimmed();
+}
+
+/// By title or by number.
 int sectionNamed(const QHeaderView& header, const QString& name) {
     const QAbstractItemModel& model = *header.model();
+    bool isNumber = false;
+    const int number = name.toInt(&isNumber);
+    if (isNumber) return number >= 0 && number < model.columnCount() ? number : -1;
     for (int section = 0; section < model.columnCount(); ++section)
         if (model.headerData(section, Qt::Horizontal).toString().compare(name, Qt::CaseInsensitive) == 0)
             return section;
     return -1;
 }
 
+/// The main window with what other windows show over it; without one the front window. There is no screen to
+/// take.
+QPixmap pictureOfWindows(app::Program& program) {
+    QWidget* base = program.hasWindow() ? &program.window() : QApplication::activeModalWidget();
+    if (base == nullptr) return {};
+    QPixmap picture = base->grab();
+    QPainter painter(&picture);
+    for (QWidget* front : QApplication::topLevelWidgets())
+        if (front != base && front->isVisible())
+            painter.drawPixmap(base->mapFromGlobal(front->mapToGlobal(QPoint(0, 0))), front->grab());
+    return picture;
+}
+
 /// A cell is clicked in the middle; a check box at its left is thus never hit.
-void clickCell(QAbstractItemView& view, const QModelIndex& index, Qt::MouseButton button,
-               Qt::KeyboardModifiers modifiers) {
-    QTest::mouseClick(view.viewport(), button, modifiers, pointOf(view, index));
+Answer clickCell(QAbstractItemView& view, const QModelIndex& index, Qt::MouseButton button,
+                 Qt::KeyboardModifiers modifiers) {
+    const std::optional<QPoint> point = pointOf(view, index);
+    if (!point) return Answer::failed(QStringLiteral("the cell is not on the screen"));
+    QTest::mouseClick(view.viewport(), button, modifiers, *point);
+    return {};
+}
+
+/// Closes what stands in front, then the window. What comes up while the window closes is left to the script.
+void closeSoon(app::Program& program) {
+    constexpr int kRetryMilliseconds = 20;
+    QTimer::singleShot(kRetryMilliseconds, qApp, [&program] {
+        const bool waiting = program.hasWindow() && program.canStopWaiting();
+        if (waiting || openDialog() != nullptr || openMessage() != nullptr || openMenu() != nullptr) {
+            dismissFrontWindow();
+            closeSoon(program);
+        } else if (program.hasWindow()) {
+            // Refused while a tool is being waited for.
+            if (!program.window().close()) closeSoon(program);
+        }
+    });
 }
 
 }  // namespace
 
 Answer WindowCommands::open(const QString& path) {
     app::MainWindow& window = program_.window();
-    if (!window.OpenFolder(platform::pathFromText(path)))
+    const std::filesystem::path folder = browser::absolutePath(path, window.activeBrowser().currentFolder());
+    if (!window.OpenFolder(folder))
         return Answer::failed(QStringLiteral("\"%1\" cannot be opened: %2").arg(path, window.StatusText()));
     if (!waitUntil([&] { return !window.activeBrowser().isLoading(); }, kLoadLimit))
         return Answer::failed(QStringLiteral("the folder is still being read"));
@@ -79,7 +131,7 @@ Answer WindowCommands::open(const QString& path) {
 
 Answer WindowCommands::files() {
     browser::ShellBrowser& browser = program_.window().activeBrowser();
-    waitUntil([&] { return !browser.isLoading(); }, kLoadLimit);
+    waitForFolder();
     const browser::FileListModel& model = browser.model();
     const std::vector<int> order = browser.view().rowsInViewOrder();
     const auto textsMissing = [&] {
@@ -87,7 +139,8 @@ Answer WindowCommands::files() {
         for (const int row : order)
             for (int column = 1; column < model.columnCount(); ++column)
                 // Asking for the text is what queues it.
-                if (!model.list().itemAt(row).isFolder() && model.index(row, column).data().toString().isEmpty())
+                if (!model.list().itemAt(row).isFolder() &&
+                    model.index(row, column).data().toString().isEmpty())
                     missing = browser.hasWaitingCells();
         return missing;
     };
@@ -100,11 +153,12 @@ Answer WindowCommands::files() {
             columns[model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString()] =
                 model.index(row, column).data().toString();
         const bool selected = browser.view().selectionModel()->isRowSelected(row, {});
-        files.append(QJsonObject{{"name", model.index(row, 0).data(browser::FileListModel::NameRole).toString()},
-                                 {"columns", columns},
-                                 {"selected", selected},
-                                 {"checked", selected && browser.view().checkBoxes()},
-                                 {"group", QJsonValue()}});
+        files.append(
+            QJsonObject{{"name", model.index(row, 0).data(browser::FileListModel::NameRole).toString()},
+                        {"columns", columns},
+                        {"selected", selected},
+                        {"checked", selected && browser.view().checkBoxes()},
+                        {"group", QJsonValue()}});
     }
     return {{{"files", files}}, {}};
 }
@@ -132,14 +186,13 @@ Answer WindowCommands::click(const QString& name, const QString& column, bool tw
     const int section = column.isEmpty() ? 0 : sectionNamed(*browser.view().header(), column);
     if (section < 0) return Answer::failed(QStringLiteral("no column \"%1\"").arg(column));
     const QModelIndex index = browser.model().index(row, section);
-    if (!twice) {
-        clickCell(browser.view(), index, Qt::LeftButton, Qt::NoModifier);
-        return {};
-    }
-    const QPoint point = pointOf(browser.view(), index);
-    QTest::mouseClick(browser.view().viewport(), Qt::LeftButton, Qt::NoModifier, point);
-    QTest::mouseDClick(browser.view().viewport(), Qt::LeftButton, Qt::NoModifier, point);
-    waitUntil([&] { return !program_.window().activeBrowser().isLoading(); }, kLoadLimit);
+    const QPointer<QWidget> viewport = browser.view().viewport();
+    const std::optional<QPoint> point = pointOf(browser.view(), index);
+    if (!point) return Answer::failed(QStringLiteral("the cell is not on the screen"));
+    QTest::mouseClick(viewport.data(), Qt::LeftButton, Qt::NoModifier, *point);
+    if (twice && viewport != nullptr)
+        QTest::mouseDClick(viewport.data(), Qt::LeftButton, Qt::NoModifier, *point);
+    waitForFolder();
     return {};
 }
 
@@ -149,7 +202,7 @@ Answer WindowCommands::rows() {
     for (const int position : panel.list().rowsInViewOrder()) {
         const tags::MetadataRow& row = panel.model().row(position);
         const QString header = panel.list().groupTitle(static_cast<int>(row.groupId));
-        rows.append(QJsonObject{{"group", header.left(header.lastIndexOf(u" (")).trimmed()},
+        rows.append(QJsonObject{{"group", nameOfHeader(header)},
                                 {"tag", row.tag},
                                 {"id", row.id},
                                 {"value", row.value},
@@ -158,7 +211,8 @@ Answer WindowCommands::rows() {
     return {{{"rows", rows}}, {}};
 }
 
-Answer WindowCommands::row(const QString& group, const QString& tag, const QString& column, const QString& how) {
+Answer WindowCommands::row(const QString& group, const QString& tag, const QString& column,
+                           const QString& how) {
     tags::MetadataPanel& panel = program_.window().metadataPanel();
     const int section = column.isEmpty() ? static_cast<int>(tags::PanelColumn::Value)
                                          : sectionNamed(*panel.list().header(), column);
@@ -167,13 +221,9 @@ Answer WindowCommands::row(const QString& group, const QString& tag, const QStri
         const tags::MetadataRow& row = panel.model().row(position);
         if (row.group.compare(group, Qt::CaseInsensitive) != 0 || row.tag != tag) continue;
         panel.list().setGroupCollapsed(static_cast<int>(row.groupId), false);
-        const QModelIndex index = panel.model().index(position, section);
-        if (how == u"right") {
-            clickCell(panel.list(), index, Qt::RightButton, Qt::NoModifier);
-        } else {
-            clickCell(panel.list(), index, Qt::LeftButton, how == u"alt" ? Qt::AltModifier : Qt::NoModifier);
-        }
-        return {};
+        return clickCell(panel.list(), panel.model().index(position, section),
+                         how == u"right" ? Qt::RightButton : Qt::LeftButton,
+                         how == u"alt" ? Qt::AltModifier : Qt::NoModifier);
     }
     return Answer::failed(QStringLiteral("no row %1:%2").arg(group, tag));
 }
@@ -182,7 +232,7 @@ Answer WindowCommands::header(const QString& group) {
     tags::MetadataListView& list = program_.window().metadataPanel().list();
     for (const int id : list.shownGroups()) {
         const QString title = list.groupTitle(id);
-        if (title.left(title.lastIndexOf(u" (")).trimmed().compare(group, Qt::CaseInsensitive) != 0) continue;
+        if (nameOfHeader(title).compare(group, Qt::CaseInsensitive) != 0) continue;
         const std::vector<int> rows = list.rowsInViewOrder();
         for (const int row : rows) {
             const QModelIndex index = list.model()->index(row, 0);
@@ -201,29 +251,72 @@ Answer WindowCommands::header(const QString& group) {
 Answer WindowCommands::command(int id) {
     if (!app::IsBuilt(id)) return Answer::failed(QStringLiteral("there is no command %1").arg(id));
     program_.window().Dispatch(id);
-    if (program_.hasWindow()) waitUntil([&] { return !program_.window().activeBrowser().isLoading(); }, kLoadLimit);
+    waitForFolder();
     return {};
+}
+
+/// A screen without a window manager makes no window active when a dialog has closed.
+void WindowCommands::takeKeyboardBack() {
+    if (!program_.hasWindow() || QApplication::activeWindow() != nullptr || openDialog() != nullptr ||
+        openMessage() != nullptr || openMenu() != nullptr)
+        return;
+    program_.window().activateWindow();
+    waitUntil([] { return QApplication::activeWindow() != nullptr; }, kActivationLimit);
+}
+
+Answer WindowCommands::type(const QString& text) {
+    takeKeyboardBack();
+    return typeText(text);
+}
+
+Answer WindowCommands::key(const QString& keys) {
+    takeKeyboardBack();
+    Answer answer = pressKey(keys);
+    if (program_.hasWindow()) waitForFolder();
+    return answer;
+}
+
+Answer WindowCommands::focus(const QString& objectName) {
+    for (QWidget* widget : program_.window().findChildren<QWidget*>(objectName)) {
+        if (!widget->isVisible() || !widget->isEnabled()) continue;
+        QTest::mouseClick(widget, Qt::LeftButton);
+        return {};
+    }
+    return Answer::failed(QStringLiteral("nothing named \"%1\" is shown").arg(objectName));
+}
+
+Answer WindowCommands::area(const QString& objectName) {
+    const auto* part = program_.window().findChild<QWidget*>(objectName);
+    if (part == nullptr) return Answer::failed(QStringLiteral("the window has no \"%1\"").arg(objectName));
+    QJsonObject described = describeControl(*part, 0);
+    described.remove(QStringLiteral("id"));
+    const QPoint place = part->mapTo(&program_.window(), QPoint(0, 0));
+    described["x"] = place.x();
+    described["y"] = place.y();
+    described["width"] = part->width();
+    described["height"] = part->height();
+    return {described, {}};
+}
+
+void WindowCommands::waitForFolder() {
+    waitUntil([&] { return !program_.window().activeBrowser().isLoading(); }, kLoadLimit);
 }
 
 Answer WindowCommands::status() {
     return {{{"text", program_.window().StatusText()}, {"selection", program_.window().SelectionText()}}, {}};
 }
 
-Answer WindowCommands::title() { return {{{"title", program_.window().windowTitle()}}, {}}; }
+Answer WindowCommands::title() {
+    return {{{"title", program_.window().windowTitle()}}, {}};
+}
 
 Answer WindowCommands::screenshot(const QString& file) {
-    // What other windows show over the main window belongs to the picture.
     QPixmap picture;
     if (QApplication::platformName() == u"offscreen") {
-        picture = program_.window().grab();
-        QPainter painter(&picture);
-        for (QWidget* front : {QApplication::activeModalWidget(), QApplication::activePopupWidget()}) {
-            if (front == nullptr) continue;
-            painter.drawPixmap(program_.window().mapFromGlobal(front->mapToGlobal(QPoint(0, 0))), front->grab());
-        }
+        picture = pictureOfWindows(program_);
     } else {
         QCoreApplication::processEvents();
-        picture = program_.window().screen()->grabWindow(0);
+        picture = QApplication::primaryScreen()->grabWindow(0);
     }
     if (!picture.save(file)) return Answer::failed(QStringLiteral("\"%1\" cannot be written").arg(file));
     return {};
@@ -234,9 +327,17 @@ Answer WindowCommands::wait(int milliseconds) {
     return {};
 }
 
+void WindowCommands::endUnattended() {
+    constexpr int kEveryMilliseconds = 50;
+    if (unattended_.isActive()) return;
+    QObject::connect(&unattended_, &QTimer::timeout, [] { dismissFrontWindow(); });
+    unattended_.start(kEveryMilliseconds);
+    closeSoon(program_);
+}
+
 Answer WindowCommands::quit() {
     // The answer comes first: after it the program is gone.
-    QTimer::singleShot(0, &program_.window(), &QWidget::close);
+    closeSoon(program_);
     return {};
 }
 

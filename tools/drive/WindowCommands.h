@@ -2,6 +2,7 @@
 
 #include "drive/CommandServer.h"
 
+#include <QTimer>
 #include <filesystem>
 
 class QAbstractItemView;
@@ -13,8 +14,9 @@ class Program;
 
 namespace drive {
 
-/// The commands for the main window: what a user does there with mouse and keyboard, and what stands on it. The
-/// window is that of the program given, looked up for each command, since there is none before the start. GUI thread.
+/// The commands for the main window: what a user does there with mouse and keyboard, and what stands on it.
+/// The window is that of the program given, looked up for each command, since there is none before the start.
+/// GUI thread.
 class WindowCommands {
  public:
     explicit WindowCommands(app::Program& program) : program_(program) {}
@@ -29,14 +31,30 @@ class WindowCommands {
     /// The menu of a group header.
     Answer header(const QString& group);
     Answer command(int id);
+    /// A key to whatever has the keyboard; a folder that it opens is there when it returns.
+    Answer key(const QString& keys);
+    /// Types the text character by character.
+    Answer type(const QString& text);
+    /// Clicks the part of the window that has this object name, such as "Address".
+    Answer focus(const QString& objectName);
+    /// Place and size of that part, whether it is shown, and its text.
+    Answer area(const QString& objectName);
     Answer status();
     Answer title();
+    /// The main window with what stands in front of it.
     Answer screenshot(const QString& file);
     Answer wait(int milliseconds);
+    /// Cancels what stands in front of the window and closes it in the ordinary way.
     Answer quit();
+    /// Ends the program though nobody answers its questions any more.
+    void endUnattended();
 
  private:
+    void waitForFolder();
+    void takeKeyboardBack();
+
     app::Program& program_;
+    QTimer unattended_;
 };
 
 }  // namespace drive

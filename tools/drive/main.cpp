@@ -30,9 +30,8 @@ int main(int argc, char** argv) {
     drive::CommandServer server(STDIN_FILENO, answers,
                                 [&](const QStringList& words) { return commands.execute(words); });
     server.setBlockedByProgress([&] { return program.canStopWaiting(); });
-    QObject::connect(&server, &drive::CommandServer::InputEnded, &application, [&] {
-        if (program.hasWindow()) program.window().close();
-    });
+    QObject::connect(&server, &drive::CommandServer::InputEnded, &application,
+                     [&] { commands.endUnattended(); });
     if (const std::optional<int> status = program.start()) return *status;
     return QApplication::exec();
 }

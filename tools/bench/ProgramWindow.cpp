@@ -1,0 +1,121 @@
+// The program itself with the clock on it: INSTALL_FOLDER, and a folder to open when the window stands.
+
+#include "FirstPaint.h"
+#include "LoopWatch.h"
+#include "PlainProcess.h"
+#include "app/MainWindow.h"
+#include "app/Program.h"
+#include "browser/FileListView.h"
+#include "browser/ShellBrowser.h"
+
+#include <QApplication>
+#include <QScrollBar>
+#include <QTimer>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <limits>
+#include <optional>
+
+namespace {
+
+constexpr int kJumps = 100;
+constexpr int kBetweenJumps = 5;  // milliseconds
+
+/// Bytes of memory that belong to this process alone, as the system counts them.
+double ownMemory() {
+    std::ifstream status("/proc/self/status");
+    std::string key;
+    while (status >> key) {
+        double kilobytes = 0;
+        if (key == "RssAnon:" && status >> kilobytes) return kilobytes * 1024;
+        status.ignore(std::numeric_limits<std::streamsize>::max(), '\n');
+    }
+    return 0;
+}
+
+/// Opens a folder in the window and prints how long it took until its files were on the display.
+class FolderOpening : public QObject {
+ public:
+    FolderOpening(app::MainWindow& window, std::filesystem::path folder)
+        : window_(window), folder_(std::move(folder)) {}
+
+    void start() {
+        loopWatch_.emplace();
+        // From within the event loop, so that the opening itself is among what makes others wait.
+        QTimer::singleShot(std::chrono::milliseconds(20), this, [this] { open(); });
+    }
+
+ private:
+    void open() {
+        begin_ = bench::monotonicSeconds();
+        paint_.emplace([this](const QWidget& widget) { return showsTheFolder(widget); }, [this] { end(); });
+        window_.OpenFolder(folder_);
+    }
+
+    bool showsTheFolder(const QWidget& widget) {
+        browser::ShellBrowser& browser = window_.activeBrowser();
+        return &widget == browser.view().viewport() && browser.currentFolder() == folder_ &&
+               !browser.isLoading();
+    }
+
+    void end() {
+        bench::printMeasurement("seconds", bench::monotonicSeconds() - begin_);
+        // What the list does behind its first picture counts for the blocks and the memory, too.
+        QTimer::singleShot(std::chrono::seconds(1), this, [this] {
+            bench::printMeasurement("block", loopWatch_->longestWait());
+            bench::printMeasurement("memory", ownMemory());
+            bench::printMeasurement("items", window_.activeBrowser().model().rowCount());
+            bench::printMeasurement("scroll", longestScroll());
+            QApplication::quit();
+        });
+    }
+
+    /// Jumps through the whole list, each time to rows that have never been painted. Between the jumps the
+    /// columns and icons of the rows arrive.
+    double longestScroll() {
+        browser::FileListView& view = window_.activeBrowser().view();
+        double longest = 0;
+        for (int jump = 1; jump <= kJumps; ++jump) {
+            QScrollBar* bar = view.verticalScrollBar();
+            const double begin = bench::monotonicSeconds();
+            bar->setValue(static_cast<int>(static_cast<qint64>(bar->maximum()) * jump / kJumps));
+            view.viewport()->repaint();
+            longest = std::max(longest, bench::monotonicSeconds() - begin);
+            QApplication::processEvents(QEventLoop::AllEvents, kBetweenJumps);
+        }
+        return longest;
+    }
+
+    app::MainWindow& window_;
+    std::filesystem::path folder_;
+    std::optional<bench::LoopWatch> loopWatch_;
+    std::optional<bench::FirstPaint> paint_;
+    double begin_ = 0;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QApplication application(argc, argv);
+    if (argc < 2) return 2;
+    app::Program program(application, std::filesystem::absolute(argv[1]) / "Tagwright");
+    std::optional<FolderOpening> opening;
+    // All of a window's widgets are painted in one go; the list is the one that may still lack its files.
+    bench::FirstPaint painted(
+        [&](const QWidget& widget) {
+            if (!program.hasWindow() || widget.window() != &program.window()) return false;
+            browser::ShellBrowser& browser = program.window().activeBrowser();
+            return &widget == browser.view().viewport() && browser.isFolderLoaded();
+        },
+        [&] {
+            bench::printMeasurement("painted", bench::monotonicSeconds());
+            if (argc < 3) return QApplication::quit();
+            opening.emplace(program.window(), argv[2]);
+            // The start folder's icons and columns have come by then.
+            QTimer::singleShot(std::chrono::seconds(1), &*opening, [&] { opening->start(); });
+        });
+    if (const std::optional<int> status = program.start()) return 1;
+    return QApplication::exec();
+}
