@@ -1,6 +1,7 @@
 #include "exiftool/ToolRunner.h"
 
 #include "exiftool/LineParts.h"
+#include "exiftool/WarmStarter.h"
 #include "platform/AtomicFile.h"
 #include "platform/FileDescriptor.h"
 #include "platform/Text.h"
@@ -152,7 +153,15 @@ int ToolRunner::runWritten(const fs::path& batchFile, const CommandText& command
 int ToolRunner::run(const CommandText& command, std::vector<fs::path> tools) {
     const auto typed = context_.settings.exifTool.correctedCommands ? platform::TypedPieces::StayInside
                                                                     : platform::TypedPieces::AsTheyStand;
-    outcome_ = platform::CommandInterpreter(std::move(tools), typed).run(command, keepWaiting_);
+    platform::CommandInterpreter interpreter(std::move(tools), typed);
+    if (warmStarter_ != nullptr) {
+        interpreter.setChildRunner(
+            [this](const platform::ChildCommand& child, const KeepWaiting& keepWaiting) {
+                std::optional<platform::ChildOutcome> outcome = warmStarter_->run(child, keepWaiting);
+                return outcome ? *outcome : platform::runChild(child, keepWaiting);
+            });
+    }
+    outcome_ = interpreter.run(command, keepWaiting_);
     return outcome_.everyToolStarted() && !outcome_.wasStopped() ? 1 : 0;
 }
 

@@ -19,6 +19,8 @@ using KeepWaiting = platform::KeepWaiting;
 /// returns.
 using SafetyCopyFailed = std::function<void(const QString& message)>;
 
+class WarmStarter;
+
 /// What WriteFileList has done.
 struct FileList {
     std::filesystem::path
@@ -36,6 +38,9 @@ class ToolRunner {
 
     /// What to ask while a tool runs; empty: wait without limit.
     void setKeepWaiting(KeepWaiting keepWaiting);
+
+    /// Where ExifTool's lines go first; it starts them or leaves them. Not owned; null for none.
+    void setWarmStarter(WarmStarter* starter) { warmStarter_ = starter; }
 
     /// True when the last run was ended by the KeepWaiting answer.
     bool wasStopped() const { return outcome_.wasStopped(); }
@@ -84,6 +89,7 @@ class ToolRunner {
     const app::AppContext& context_;
     KeepWaiting keepWaiting_;
     platform::CommandOutcome outcome_;
+    WarmStarter* warmStarter_ = nullptr;
     SafetyCopies safetyCopies_;
     SafetyCopyFailed safetyCopyFailed_;
 };

@@ -1,5 +1,6 @@
 #include "exiftool/WriteCommands.h"
 
+#include "exiftool/StarterUnderTest.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 
@@ -25,6 +26,7 @@ namespace {
 class WriteCommandsTest : public testing::Test {
  protected:
     void SetUp() override {
+        runner_.setWarmStarter(starterUnderTest());
         for (const char* name : {"Temp", "photos", "cache"}) fs::create_directory(folder_ / name);
         context_.tempPath = folder_ / "Temp";
         context_.cachePath = folder_ / "cache";
