@@ -17,7 +17,8 @@
 #
 # The asker's descriptors are opened anew by way of /proc; device and inode tell whether they still are what they
 # were. The status pipe gets "R" and the child's process id when the child stands ready, or "X" when it cannot be
-# made, and in the end "E" and the child's wait status. The child runs when the go pipe gives it a byte, and ends when
+# made, and in the end "E" and the child's wait status: from the child itself when it has done all, else from this
+# process when the child is gone. The child runs when the go pipe gives it a byte, and ends when
 # that gives it an end of file, so that an asker who has lost patience can be sure that nothing runs.
 #
 # Standard output: "ready", a line feed, and as fields the files whose change makes this process stale; then its end.
@@ -67,7 +68,7 @@ my %fileOfModule;
 my $addCompositeTags;
 
 # Descriptors that are open for as long as the process lives.
-our $aliveEnd;
+my ($aliveEnd, $statusEnd);
 my @keptFragments;
 
 sub import {
@@ -81,17 +82,21 @@ sub import {
 INIT { serve() }
 
 END {
-    # Nobody needs the memory of a run that is over given back piece by piece. Output that cannot be written is left
-    # to perl, which has its own words for it. The exec cannot succeed; it writes out all other files.
+    # Nobody needs the memory of a run that is over given back piece by piece. What perl itself does at its end with
+    # output that cannot be written is done here.
     my $status = $?;
-    if ($isServing) {
-        POSIX::_exit($status);
-    } elsif (not defined fileno(STDOUT) or IO::Handle::flush(*STDOUT{IO})) {
+    unless ($isServing) {
+        if (defined fileno(STDOUT) and not IO::Handle::flush(*STDOUT{IO})) {
+            print STDERR "Unable to flush stdout: $!\n" if $!;
+            $status ||= 1;
+        }
+        # It cannot succeed; it writes out all other files.
         no warnings;
         exec { '' } '';
-        POSIX::_exit($status);
+        # All has been done; the asker need not wait until the memory has been given back.
+        syswrite($statusEnd, 'E' . pack('L', $status << 8)) if $statusEnd;
     }
-    $? = $status;
+    POSIX::_exit($status);
 }
 
 # ---- Loading ----
@@ -223,6 +228,8 @@ sub serve {
     # The script, its modules, and what a user's configuration has loaded.
     my @files = map { $INC{$_} } grep { $_ ne __PACKAGE__ . '.pm' } sort keys %INC;
     loadEarly();
+    # An asker may be gone when it is told.
+    $SIG{PIPE} = 'IGNORE';
     syswrite(STDOUT, "ready\n" . pack('(L/a*)*', @files));
     foreach my $number (1, 2) { leadNowhere($number, '>') or POSIX::_exit(1) }
     for (;;) {
@@ -308,6 +315,8 @@ sub becomeRun {
     POSIX::_exit(0) unless $isReady and awaitByte($go);
     umask $mask;
     @ARGV = @rest;
+    $statusEnd = $status;
+    delete $SIG{PIPE};
     $isServing = 0;
     $! = 0;
     $^T = time;

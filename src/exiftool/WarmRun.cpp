@@ -52,15 +52,18 @@ std::string umaskOfProcess() {
     return {};
 }
 
-bool isReadableWithin(int descriptor, milliseconds limit) {
+bool isOneReadableWithin(std::array<pollfd, 2> watched, milliseconds limit) {
     const auto deadline = steady_clock::now() + limit;
     while (true) {
         const auto left =
             std::max(milliseconds(0), std::chrono::ceil<milliseconds>(deadline - steady_clock::now()));
-        pollfd watched{descriptor, POLLIN, 0};
-        const int ready = ::poll(&watched, 1, static_cast<int>(left.count()));
+        const int ready = ::poll(watched.data(), watched.size(), static_cast<int>(left.count()));
         if (ready >= 0 || errno != EINTR) return ready > 0;
     }
+}
+
+bool isReadableWithin(int descriptor, milliseconds limit) {
+    return isOneReadableWithin({pollfd{descriptor, POLLIN, 0}, pollfd{-1, 0, 0}}, limit);
 }
 
 /// A letter and a number that may follow it; the letter is 0 when none came.
@@ -143,7 +146,9 @@ ChildOutcome WarmRun::run(const platform::KeepWaiting& keepWaiting) {
     errors_.descriptor.close();
     const auto begin = steady_clock::now();
     const milliseconds interval = keepWaiting ? kQuestionInterval : kUnaskedInterval;
-    while (!hasEndedWithin(interval)) {
+    // The child says that it has done all somewhat before its memory has been given back.
+    while (!isOneReadableWithin({pollfd{watch_.get(), POLLIN, 0}, pollfd{status_.readEnd.get(), POLLIN, 0}},
+                                interval)) {
         const auto since = std::chrono::duration_cast<milliseconds>(steady_clock::now() - begin);
         if (keepWaiting && !keepWaiting(since)) return stop();
     }

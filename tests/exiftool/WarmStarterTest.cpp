@@ -17,6 +17,7 @@
 #include <fstream>
 #include <map>
 #include <random>
+#include <regex>
 #include <thread>
 
 using namespace exiftool;
@@ -105,8 +106,12 @@ class WarmStarterTest : public testing::Test {
         return command;
     }
 
+    /// But for the places in memory that the verbose dump prints, which are others in every run.
     Result resultOf(const ChildOutcome& outcome) const {
-        return {outcome, ReadBytes(folder_ / "out"), ReadBytes(folder_ / "err")};
+        static const std::regex place("(SCALAR|HASH|ARRAY)\\(0x[0-9a-f]+\\)");
+        std::string output = ReadBytes(folder_ / "out");
+        if (output.find("(0x") != std::string::npos) output = std::regex_replace(output, place, "$1");
+        return {outcome, std::move(output), ReadBytes(folder_ / "err")};
     }
 
     Result direct(const std::vector<std::string>& arguments) const {
@@ -324,7 +329,8 @@ TEST_F(WarmStarterTest, NoDescriptorBeyondThatOfARunOfItsOwn) {
     const std::string sample = TAGWRIGHT_BIN_DIR "/samples/Harbour at dawn.jpg";
     // What a program that ExifTool starts would be given.
     const std::vector<std::string> list{
-        "-if", "system('ls -l /proc/self/fd | grep -o \"[0-9]* ->.*\" | grep -v proc')", sample};
+        "-if", "system('ls -l /proc/self/fd | grep -o \"[0-9]* ->.*\" | grep -v proc | sed s/pipe.*/pipe/')",
+        sample};
     EXPECT_EQ(warm(list), direct(list));
 }
 
