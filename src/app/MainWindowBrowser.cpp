@@ -35,7 +35,7 @@ void MainWindow::createBrowser() {
 
 void MainWindow::connectBrowser() {
     using browser::Tab;
-    const auto keep = [this](boost::signals2::connection connection) {
+    const auto keep = [this](const boost::signals2::connection& connection) {
         connections_.emplace_back(connection);
     };
     keep(tabs_->TabSelected.connect([this](const Tab&) { tabSelected(); }));

@@ -137,12 +137,14 @@ void AddressBar::showIcon(const HistoryEntry* entry) {
 
 void AddressBar::restore() {
     if (!tabs_.hasTabs()) return;
+    dropOffers();
     showTab(tabs_.GetSelectedTab());
     tabs_.GetSelectedTab().shellBrowser().view().setFocus();
 }
 
 void AddressBar::OnGo() {
     if (!tabs_.hasTabs()) return;
+    dropOffers();
     ShellBrowser& shell = tabs_.GetSelectedTab().shellBrowser();
     const QString typed = edit_->text();
     // The text of a folder whose name is no text does not lead back to it.
@@ -188,6 +190,14 @@ void AddressBar::offerFolders(const QString& text) {
             this, [this, request, shown, names] { takeFolders(request, shown, names); },
             Qt::QueuedConnection);
     });
+}
+
+/// What was typed has been taken or given up: a list of offers that is open, or still comes, would keep the
+/// keyboard.
+void AddressBar::dropOffers() {
+    folderQueue_.clear();
+    ++lastRequest_;
+    completer_->popup()->hide();
 }
 
 void AddressBar::takeFolders(int request, const std::filesystem::path& parent, const QStringList& names) {

@@ -50,6 +50,7 @@ class AddressBar : public QWidget {
     void showIcon(const HistoryEntry* entry);
     void restore();
     void offerFolders(const QString& text);
+    void dropOffers();
     void takeFolders(int request, const std::filesystem::path& parent, const QStringList& names);
 
     TabContainer& tabs_;

@@ -88,6 +88,10 @@ bool RibbonKeyboard::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::WindowDeactivate:
             altAlone_ = false;
             return false;
+        case QEvent::ShortcutOverride:
+            // A key that is a shortcut with Alt comes as this event only.
+            if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_Alt) altAlone_ = false;
+            return false;
         case QEvent::KeyPress:
         case QEvent::KeyRelease:
             break;

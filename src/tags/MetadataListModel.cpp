@@ -78,7 +78,6 @@ QVariant MetadataListModel::textOf(const MetadataRow& row, PanelColumn column) c
 }
 
 QVariant MetadataListModel::alignmentOf(PanelColumn column) const {
-    const auto centred = QVariant::fromValue(Qt::Alignment(Qt::AlignCenter));
     switch (column) {
         case PanelColumn::Tag:
             return QVariant::fromValue(
@@ -86,7 +85,7 @@ QVariant MetadataListModel::alignmentOf(PanelColumn column) const {
                               Qt::AlignVCenter));
         case PanelColumn::Id:
         case PanelColumn::Kind:
-            return centred;
+            return QVariant::fromValue(Qt::Alignment(Qt::AlignCenter));
         default:
             return QVariant::fromValue(Qt::Alignment(Qt::AlignLeft | Qt::AlignVCenter));
     }

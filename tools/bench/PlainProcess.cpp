@@ -20,12 +20,13 @@ namespace {
 
 class FileActions {
  public:
-    explicit FileActions(const fs::path& outputFile) {
+    FileActions(const fs::path& outputFile, const fs::path& errorFile) {
         posix_spawn_file_actions_init(&actions_);
         posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
         posix_spawn_file_actions_addopen(&actions_, STDOUT_FILENO, outputFile.c_str(),
                                          O_WRONLY | O_CREAT | O_TRUNC, 0666);
-        posix_spawn_file_actions_addopen(&actions_, STDERR_FILENO, "/dev/null", O_WRONLY, 0);
+        posix_spawn_file_actions_addopen(&actions_, STDERR_FILENO, errorFile.c_str(), O_WRONLY | O_CREAT,
+                                         0666);
     }
     ~FileActions() { posix_spawn_file_actions_destroy(&actions_); }
     FileActions(const FileActions&) = delete;
@@ -60,14 +61,21 @@ class ScratchFile {
     fs::path path_;
 };
 
+std::string lastLine(const fs::path& file) {
+    std::ifstream lines(file);
+    std::string last;
+    for (std::string line; std::getline(lines, line);) last = line;
+    return last;
+}
+
 }  // namespace
 
-int runPlainly(const std::vector<std::string>& words, const fs::path& outputFile) {
+int runPlainly(const std::vector<std::string>& words, const fs::path& outputFile, const fs::path& errorFile) {
     std::vector<char*> arguments;
     arguments.reserve(words.size() + 1);
     for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);
-    const FileActions actions(outputFile);
+    const FileActions actions(outputFile, errorFile);
     pid_t child = 0;
     if (const int error =
             ::posix_spawn(&child, arguments[0], actions.get(), nullptr, arguments.data(), environ))
@@ -80,10 +88,12 @@ int runPlainly(const std::vector<std::string>& words, const fs::path& outputFile
 
 Measurements runMeasuringProgram(const std::string& name, const std::vector<std::string>& arguments) {
     const ScratchFile output;
+    const ScratchFile errors;
     std::vector<std::string> words{(fs::read_symlink("/proc/self/exe").parent_path() / name).string()};
     words.insert(words.end(), arguments.begin(), arguments.end());
     const double spawned = monotonicSeconds();
-    if (runPlainly(words, output.path()) != 0) throw std::runtime_error(name + " failed");
+    if (runPlainly(words, output.path(), errors.path()) != 0)
+        throw std::runtime_error(name + " failed: " + lastLine(errors.path()));
     Measurements measurements{{"spawned", spawned}};
     std::ifstream lines(output.path());
     std::string key;

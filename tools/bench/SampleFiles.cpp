@@ -62,7 +62,7 @@ SampleFiles::SampleFiles(const fs::path& folder) {
     exiftool::ReadFeedback feedback;
     exiftool::ReadCommands commands(context_, runner, feedback);
     for (const fs::path& file : filesIn(folder)) {
-        Sample sample{fs::absolute(file), context_.tempPath / (std::to_string(samples_.size()) + ".txt")};
+        Sample sample{fs::canonical(file), context_.tempPath / (std::to_string(samples_.size()) + ".txt")};
         if (commands.ReadForPanel(sample.file, sample.output, false) == 0)
             throw std::runtime_error(file.string() + " cannot be read");
         countLines(sample);

@@ -111,7 +111,7 @@ class RowsReport {
         : context_(context), runner_(context), commands_(context, runner_, readFeedback_) {}
 
     std::optional<std::string> report(const fs::path& file, RowsFrom from, std::ostream& output) {
-        if (const auto refused = refusal(file)) return refused;
+        if (auto refused = refusal(file)) return refused;
         tags::RatingMemory memory;
         tags::RatingLog log;
         tags::OutputParser parser(dictionary_, context_.settings, memory, log);
