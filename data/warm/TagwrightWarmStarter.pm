@@ -52,7 +52,7 @@ my @tables = map { "Image::ExifTool::$_" } qw(
     XMP::Main XMP::x XMP::rdf XMP::other XMP::dc XMP::xmp XMP::xmpRights XMP::xmpMM XMP::photoshop XMP::iptcCore
     XMP::iptcExt XMP::aux XMP::exif XMP::tiff XMP::pdf XMP::Lightroom XMP::crs
     QuickTime::ItemList QuickTime::UserData QuickTime::Keys MacOS::XAttr MacOS::MDItem PDF::Info PostScript::Main
-    MIE::Doc Panasonic::Title
+    MIE::Doc XMP::acdsee
     Canon::Main Canon::CameraSettings Canon::ShotInfo Nikon::Main Sony::Main Olympus::Main FujiFilm::Main
     Panasonic::Main Pentax::Main);
 
@@ -73,7 +73,7 @@ my @keptFragments;
 
 sub import {
     my ($class, $wanted) = @_;
-    $language = $wanted if defined $wanted and $wanted =~ /^[a-z_]+$/;
+    if (defined $wanted and $wanted =~ /^[\w-]+$/) { ($language = lc $wanted) =~ tr/-/_/ }
     # The folder was only for finding this file.
     (my $folder = __FILE__) =~ s{/[^/]*$}{};
     @INC = grep { $_ ne $folder } @INC;
@@ -229,7 +229,7 @@ sub serve {
     my @files = map { $INC{$_} } grep { $_ ne __PACKAGE__ . '.pm' } sort keys %INC;
     loadEarly();
     # An asker may be gone when it is told.
-    $SIG{PIPE} = 'IGNORE';
+    local $SIG{PIPE} = 'IGNORE';
     syswrite(STDOUT, "ready\n" . pack('(L/a*)*', @files));
     foreach my $number (1, 2) { leadNowhere($number, '>') or POSIX::_exit(1) }
     for (;;) {
@@ -316,7 +316,6 @@ sub becomeRun {
     umask $mask;
     @ARGV = @rest;
     $statusEnd = $status;
-    delete $SIG{PIPE};
     $isServing = 0;
     $! = 0;
     $^T = time;
