@@ -44,6 +44,7 @@ MainWindow::MainWindow(AppContext& context, const LanguageFile& language, Progre
     : context_(context),
       language_(language),
       progress_(progress),
+      labels_(context.settings.main.language, dictionary_),
       parser_(dictionary_, context.settings, ratingMemory_, ratingLog_),
       runner_(context),
       feedback_(std::make_unique<Feedback>(*this, progress)),
@@ -151,7 +152,7 @@ void MainWindow::createHolders() {
     layout->addWidget(places_);
     metadataPanel_ =
         new tags::MetadataPanel({context_, dictionary_, ratingMemory_, parser_, load_, *feedback_,
-                                 [this](int number) { return language_.text(number); }},
+                                 [this](int number) { return language_.text(number); }, &labels_},
                                 client_);
     connect(metadataPanel_, &tags::MetadataPanel::CommandChosen, this, &MainWindow::Dispatch);
     for (const char* name : {"GPS_HOLDER", "HEXADUMP_HOLDER", "HELP_HOLDER"}) {

@@ -6,6 +6,7 @@
 #include "exiftool/ExifToolSession.h"
 #include "exiftool/MetadataLoad.h"
 #include "exiftool/WarmStarter.h"
+#include "tags/LabelLibrary.h"
 #include "tags/OutputParser.h"
 #include "tags/PropertyCatalogue.h"
 
@@ -147,6 +148,7 @@ class MainWindow : public QWidget {
     ProgressDialog& progress_;
 
     tags::TagDictionary dictionary_;
+    tags::LabelLibrary labels_;
     tags::PropertyCatalogue properties_;
     tags::RatingMemory ratingMemory_;
     tags::RatingLog ratingLog_;

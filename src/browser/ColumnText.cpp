@@ -1,6 +1,7 @@
 #include "browser/ColumnText.h"
 
 #include "browser/FolderReader.h"
+#include "browser/PropertyText.h"
 #include "browser/TypeNames.h"
 
 #include <QDateTime>
@@ -14,6 +15,7 @@ struct ColumnFormat {
     QString (*text)(const std::filesystem::path& path, const ListItem& item);
 };
 
+/// The columns that need no look into the file: most lists show no others.
 constexpr std::array kFormats{
     ColumnFormat{6,
                  [](const std::filesystem::path&, const ListItem& item) {
@@ -34,8 +36,12 @@ constexpr std::array kFormats{
 
 QString GetColumnText(const std::filesystem::path& path, std::uint32_t columnType) {
     const auto format = std::ranges::find(kFormats, columnType, &ColumnFormat::columnType);
+    if (format == kFormats.end()) {
+        const tags::PropertyRecord* property = tags::findPropertyColumn(columnType);
+        return property == nullptr ? QString() : GetPropertyText(path, *property);
+    }
     ListItem item;
-    if (format == kFormats.end() || !readItem(path, item) || item.isFolder()) return {};
+    if (!readItem(path, item) || item.isFolder()) return {};
     return format->text(path, item);
 }
 

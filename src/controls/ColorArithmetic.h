@@ -12,8 +12,8 @@ std::uint32_t StoredFromColor(const QColor& color);
 /// `share` of 1 gives `over`, 0 gives `ground`.
 QColor mixedColor(const QColor& ground, const QColor& over, float share);
 
-/// Relative luminance, 0 to 1, and how well a text reads on a ground, 1 (not at all) to 21; both as WCAG 2.1 defines
-/// them. 4.5 is enough for running text.
+/// Relative luminance, 0 to 1, and how well a text reads on a ground, 1 (not at all) to 21; both as WCAG 2.1
+/// defines them. 4.5 is enough for running text.
 double Luminance(const QColor& color);
 double ContrastRatio(const QColor& one, const QColor& other);
 
@@ -23,8 +23,8 @@ bool IsDark(const QColor& ground);
 /// The colour itself when it reads on the ground, else moved towards white or black until it does.
 QColor ReadableOn(const QColor& color, const QColor& ground);
 
-/// For a colour made for white paper: the colour itself on light grounds; on dark ones as light as it was dark, with
-/// its hue, and lighter where it would not read.
+/// For a colour made for white paper: the colour itself on light grounds; on dark ones as light as it was
+/// dark, with its hue, and lighter where it would not read.
 QColor MirroredOn(const QColor& color, const QColor& ground);
 
 }  // namespace controls

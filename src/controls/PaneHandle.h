@@ -4,8 +4,8 @@
 
 namespace controls {
 
-/// The strip between two panes that is dragged to change their widths: light until the mouse is on it. It moves
-/// nothing itself. GUI thread.
+/// The strip between two panes that is dragged to change their widths: light until the mouse is on it. It
+/// moves nothing itself. GUI thread.
 class PaneHandle : public QWidget {
     Q_OBJECT
 

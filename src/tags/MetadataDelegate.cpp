@@ -13,6 +13,8 @@ namespace {
 constexpr int kTextMargin = 6;
 constexpr QSize kKindIcon(12, 12);
 constexpr int kKindIconLeft = 5;
+constexpr QSize kHelpMark(16, 16);
+constexpr QPoint kHelpMarkPlace(2, 3);
 constexpr QSize kStar(15, 13);
 constexpr int kStarLeft = 2;
 
@@ -89,12 +91,20 @@ constexpr qsizetype kLongestShown = 2048;
 }  // namespace
 
 MetadataDelegate::MetadataDelegate(const MetadataListModel& model, const TagDictionary& dictionary,
-                                   const RatingMemory& memory, const app::Settings& settings, QObject* parent)
+                                   const RatingMemory& memory, const app::Settings& settings,
+                                   const LabelLibrary* labels, QObject* parent)
     : GroupedListDelegate(parent),
       model_(model),
       dictionary_(dictionary),
       memory_(memory),
-      settings_(settings) {}
+      settings_(settings),
+      labels_(labels) {}
+
+bool MetadataDelegate::hasHelpMark(const MetadataRow& row) const {
+    const app::Settings::ListViewMetadata& look = settings_.listViewMetadata;
+    return labels_ != nullptr && look.rightAligned && look.libelleHelp &&
+           labels_->CM_xxHasALibelle(row.tagId);
+}
 
 RowAppearance MetadataDelegate::appearanceOf(const MetadataRow& row) const {
     std::optional<TagRecord> record;
@@ -124,7 +134,11 @@ void MetadataDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
                              const QModelIndex& index) const {
     const auto column = static_cast<PanelColumn>(index.column());
     if (column == PanelColumn::Item) return;
-    const RowAppearance look = appearanceOf(model_.row(index.row()));
+    const MetadataRow& row = model_.row(index.row());
+    const RowAppearance look = appearanceOf(row);
+    if (column == PanelColumn::Tag && hasHelpMark(row))
+        paintPicture(painter, QRect(option.rect.topLeft() + kHelpMarkPlace, kHelpMark),
+                     QStringLiteral("help-mark"));
     if (column == PanelColumn::Kind)
         paintKind(painter, option.rect, look);
     else if (column == PanelColumn::Value && look.stars)

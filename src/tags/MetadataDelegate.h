@@ -2,6 +2,7 @@
 
 #include "app/Settings.h"
 #include "controls/GroupedListDelegate.h"
+#include "tags/LabelLibrary.h"
 #include "tags/MetadataListModel.h"
 
 namespace tags {
@@ -12,9 +13,10 @@ class MetadataDelegate : public controls::GroupedListDelegate {
     Q_OBJECT
 
  public:
-    /// All references outlive the delegate.
+    /// All of these outlive the delegate. Without labels no tag has a help mark.
     MetadataDelegate(const MetadataListModel& model, const TagDictionary& dictionary,
-                     const RatingMemory& memory, const app::Settings& settings, QObject* parent = nullptr);
+                     const RatingMemory& memory, const app::Settings& settings,
+                     const LabelLibrary* labels = nullptr, QObject* parent = nullptr);
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -24,11 +26,13 @@ class MetadataDelegate : public controls::GroupedListDelegate {
 
  private:
     RowAppearance appearanceOf(const MetadataRow& row) const;
+    bool hasHelpMark(const MetadataRow& row) const;
 
     const MetadataListModel& model_;
     const TagDictionary& dictionary_;
     const RatingMemory& memory_;
     const app::Settings& settings_;
+    const LabelLibrary* labels_;
 };
 
 }  // namespace tags

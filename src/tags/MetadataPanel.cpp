@@ -14,6 +14,8 @@
 #include <QMenu>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QTimer>
+#include <QToolTip>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -26,7 +28,10 @@ constexpr int kTagWidth = 250;
 constexpr int kIdWidth = 50;
 constexpr int kKindWidth = 22;
 constexpr int kLeastValueWidth = 200;
+/// Far more than any file has; what a damaged one makes ExifTool print beyond it would only stop the window.
+constexpr std::size_t kMostRows = 100'000;
 constexpr qsizetype kLongestGroupTitle = 80;
+constexpr int kHelpMilliseconds = 30000;
 constexpr int kOpenAddress = 40011;
 constexpr int kOpenAddressText = 40012;
 constexpr int kCopy = 40063;
@@ -102,8 +107,8 @@ MetadataPanel::MetadataPanel(const Parts& parts, QWidget* parent)
 
     model_->setValueTitle(parts_.text(app::text::kValueColumn));
     list_->setModel(model_);
-    list_->setItemDelegate(
-        new MetadataDelegate(*model_, parts_.dictionary, parts_.memory, parts_.context.settings, this));
+    list_->setItemDelegate(new MetadataDelegate(*model_, parts_.dictionary, parts_.memory,
+                                                parts_.context.settings, parts_.labels, this));
     list_->setSelectionMode(QAbstractItemView::SingleSelection);
     list_->setGridLines(true);
     list_->setGroupsEnabled(true);
@@ -111,6 +116,10 @@ MetadataPanel::MetadataPanel(const Parts& parts, QWidget* parent)
     CreatePanelGroups();
     Clear();
 
+    connect(list_, &controls::GroupedListView::CellClicked, this,
+            [this](const QModelIndex& index, Qt::MouseButton button) {
+                if (button == Qt::LeftButton) showHelp(index);
+            });
     connect(list_, &controls::GroupedListView::CellMenuRequested, this, &MetadataPanel::showRowMenu);
     connect(list_, &controls::GroupedListView::GroupHeaderMenuRequested, this, &MetadataPanel::showGroupMenu);
     auto* copy = new QShortcut(QKeySequence::Copy, list_);
@@ -162,9 +171,14 @@ void MetadataPanel::load(const std::filesystem::path& file) {
     title_->setText(platform::display(file.filename()));
     title_->setToolTip(platform::display(file));
     counts_.clear();
+    rowsOfFile_ = 0;
     const bool loaded = parts_.load.LoadMetadata(file, *this, parts_.feedback) != 0;
     CreatePanelGroups();
     model_->Commit();
+    if (rowsOfFile_ > kMostRows)
+        title_->setText(QStringLiteral("%1 (the first %2 of %3 rows)")
+                            .arg(title_->text(), QLocale().toString(qulonglong{kMostRows}),
+                                 QLocale().toString(qulonglong{rowsOfFile_})));
     for (const auto& [groupId, count] : counts_) {
         const int id = static_cast<int>(groupId);
         list_->setGroupTitle(id, GroupTitleWithCount(list_->groupTitle(id), count));
@@ -191,7 +205,7 @@ void MetadataPanel::Refresh() {
 }
 
 void MetadataPanel::InsertMetadataRow(MetadataRow&& row) {
-    model_->InsertMetadataRow(std::move(row));
+    if (++rowsOfFile_ <= kMostRows) model_->InsertMetadataRow(std::move(row));
 }
 
 void MetadataPanel::SetGroupCount(std::uint32_t groupId, int count) {
@@ -247,6 +261,21 @@ void MetadataPanel::showGroupMenu(int groupId, const QPoint& position) {
 
 void MetadataPanel::collapseAll(bool collapsed) {
     for (const int groupId : list_->shownGroups()) list_->setGroupCollapsed(groupId, collapsed);
+}
+
+void MetadataPanel::showHelp(const QModelIndex& index) {
+    const bool wanted = parts_.labels != nullptr && parts_.context.settings.listViewMetadata.libelleHelp;
+    if (!wanted || index.column() != static_cast<int>(PanelColumn::Tag)) return;
+    QString help;
+    if (!parts_.labels->GetHelpFromLibelle(model_->row(index.row()).tagId, help)) return;
+    const QRect cell = list_->visualRect(index);
+    const QString text =
+        QStringLiteral("<div style=\"white-space:pre-wrap\">%1</div>").arg(help.toHtmlEscaped());
+    // After the click: a tool tip goes at the end of one.
+    QTimer::singleShot(0, this, [this, text, cell] {
+        QToolTip::showText(list_->viewport()->mapToGlobal(cell.bottomLeft()), text, list_->viewport(), cell,
+                           kHelpMilliseconds);
+    });
 }
 
 void MetadataPanel::openAddress(const QString& value) {

@@ -2,6 +2,7 @@
 
 #include "app/AppContext.h"
 #include "exiftool/MetadataLoad.h"
+#include "tags/LabelLibrary.h"
 #include "tags/MetadataListModel.h"
 #include "tags/MetadataListView.h"
 
@@ -28,7 +29,8 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
         OutputParser& parser;
         exiftool::MetadataLoad& load;
         exiftool::LoadFeedback& feedback;
-        std::function<QString(int)> text;  ///< string by number of the language file
+        std::function<QString(int)> text;      ///< string by number of the language file
+        const LabelLibrary* labels = nullptr;  ///< null: no help on tags
     };
 
     explicit MetadataPanel(const Parts& parts, QWidget* parent = nullptr);
@@ -64,6 +66,8 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     void showGroupMenu(int groupId, const QPoint& position);
     void collapseAll(bool collapsed);
     void openAddress(const QString& value);
+    /// The help of a tag whose name was clicked, in a pop-up beside it.
+    void showHelp(const QModelIndex& index);
     void load(const std::filesystem::path& file);
 
     Parts parts_;
@@ -72,6 +76,7 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     MetadataListModel* model_;
     MetadataListView* list_;
     std::vector<std::pair<std::uint32_t, int>> counts_;
+    std::size_t rowsOfFile_ = 0;
 };
 
 }  // namespace tags

@@ -1,29 +1,35 @@
 #include "tags/PropertyCatalogue.h"
 
+#include "platform/PropertyId.h"
+
 #include <algorithm>
+#include <cstdio>
 
 namespace tags {
 namespace {
 
-constexpr FormatId kNameFormat{0x41CF5AE0, 0xF75A, 0x4806, {0xBD, 0x87, 0x59, 0xC7, 0xD9, 0x24, 0x8E, 0xB9}};
-constexpr FormatId kStorageFormat{
-    0xB725F130, 0x47EF, 0x101A, {0xA5, 0xF1, 0x02, 0x60, 0x8C, 0x9E, 0xEB, 0xAC}};
-
-constexpr std::uint32_t kSystem = 1073;
-constexpr std::uint32_t kDisk = 1139;
-constexpr std::uint32_t kSummary = 1141;
+using Id = platform::PropertyId;
 
 constexpr int kNameWidth = 250;
 
-// A property's number is its place in the whole catalogue, which is why the numbers here have gaps.
-constexpr std::array<PropertyRecord, 4> kRows{{
-    {1, 0, kNameFormat, 100, u"Name", u"System", 2, 0, kSystem},
-    {6, 5, kStorageFormat, 14, u"DateModified", u"Disk", 0, 0, kDisk},
-    {9, 10, kStorageFormat, 12, u"FileSize", u"Disk", 1, 0, kDisk},
-    {70, 27, kStorageFormat, 4, u"ItemTypeText", u"Summary", 2, 0, kSummary},
-}};
+constexpr std::uint32_t number(Id property) {
+    return static_cast<std::uint32_t>(property);
+}
+
+constexpr std::array kRows{std::to_array<PropertyRecord>({
+#include "tags/data/PropertyRows.inc"
+})};
+static_assert(kRows.size() == platform::kPropertyCount);
 
 }  // namespace
+
+std::string formatIdText(const FormatId& id) {
+    const auto& end = id.data4;
+    std::array<char, 37> text{};
+    std::snprintf(text.data(), text.size(), "%08X-%04X-%04X-%02X%02X-%02X%02X%02X%02X%02X%02X", id.data1,
+                  id.data2, id.data3, end[0], end[1], end[2], end[3], end[4], end[5], end[6], end[7]);
+    return text.data();
+}
 
 std::span<const PropertyRecord> propertyRows() {
     return kRows;
@@ -47,6 +53,18 @@ const PropertyRecord* PropertyCatalogue::FindColumn(std::uint32_t columnType) co
 PropertyRecord* PropertyCatalogue::FindColumn(std::uint32_t columnType) {
     const auto found = std::ranges::find(records_, columnType, &PropertyRecord::columnType);
     return found == records_.end() ? nullptr : &*found;
+}
+
+const PropertyRecord* findPropertyKey(const FormatId& formatId, std::uint32_t pid) {
+    const auto found = std::ranges::find_if(kRows, [&](const PropertyRecord& record) {
+        return record.pid == pid && record.formatId == formatId;
+    });
+    return found == kRows.end() ? nullptr : &*found;
+}
+
+const PropertyRecord* findPropertyColumn(std::uint32_t columnType) {
+    const auto found = std::ranges::find(kRows, columnType, &PropertyRecord::columnType);
+    return found == kRows.end() ? nullptr : &*found;
 }
 
 std::vector<const PropertyRecord*> PropertyCatalogue::visibleRecords() const {

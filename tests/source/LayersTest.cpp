@@ -26,7 +26,8 @@ const std::map<std::string, Layer>& layers() {
         {"app", {{"platform"}, {"platform", "controls"}}},
         {"tags", {{"platform", "app"}, {"platform", "app", "exiftool", "controls"}}},
         {"exiftool", {{"platform", "app", "tags"}, {}}},
-        {"browser", {{"platform", "app", "tags", "exiftool"}, {"platform", "app", "tags", "exiftool", "controls"}}},
+        {"browser",
+         {{"platform", "app", "tags", "exiftool"}, {"platform", "app", "tags", "exiftool", "controls"}}},
     };
     return table;
 }
@@ -34,8 +35,8 @@ const std::map<std::string, Layer>& layers() {
 /// The only place that knows all others.
 bool belongsToMainWindow(const fs::path& file) {
     const std::string name = file.stem().string();
-    return file.parent_path().filename() == "app" &&
-           (name.starts_with("MainWindow") || name == "Program" || name == "main" || name == "RibbonContents");
+    return file.parent_path().filename() == "app" && (name.starts_with("MainWindow") || name == "Program" ||
+                                                      name == "main" || name == "RibbonContents");
 }
 
 struct Source {
@@ -86,7 +87,8 @@ std::set<std::string> coreSources(const std::string& folder) {
 /// Those of Qt's headers that stand for widgets, told by where Qt itself keeps them.
 bool isWidgetHeader(const std::string& name) {
     if (!name.starts_with("Q") || name.find('/') != std::string::npos) return name.starts_with("QtWidgets");
-    for (const char* root : {"/usr/include/x86_64-linux-gnu/qt6", "/usr/include/qt6", "/usr/include/aarch64-linux-gnu/qt6"})
+    for (const char* root :
+         {"/usr/include/x86_64-linux-gnu/qt6", "/usr/include/qt6", "/usr/include/aarch64-linux-gnu/qt6"})
         if (fs::exists(fs::path(root) / "QtWidgets" / name)) return true;
     return false;
 }
@@ -105,9 +107,11 @@ TEST(Layers, NoFolderUsesOneThatMayUseIt) {
         const std::set<std::string>& allowed = isCore ? layer.coreMayUse : layer.uiMayUse;
         for (const std::string& include : source.ownIncludes) {
             const std::string folder = include.substr(0, include.find('/'));
-            // A header without a source of its own may serve both; it is held to what its folder may use at all.
-            const bool permitted = folder == source.folder || allowed.contains(folder) ||
-                                   (source.path.extension() == ".h" && !isCore && layer.coreMayUse.contains(folder));
+            // A header without a source of its own may serve both; it is held to what its folder may use at
+            // all.
+            const bool permitted =
+                folder == source.folder || allowed.contains(folder) ||
+                (source.path.extension() == ".h" && !isCore && layer.coreMayUse.contains(folder));
             EXPECT_TRUE(permitted) << source.path << " includes " << include;
         }
     }
@@ -128,7 +132,8 @@ TEST(Layers, ALibraryWithoutWidgetsIncludesNone) {
 }
 
 TEST(Layers, NoTestWaitsForABareTime) {
-    static const QRegularExpression sleep(R"(\b(sleep_for|sleep_until|usleep|nanosleep|QTest::qWait|QThread::m?sleep)\s*\()");
+    static const QRegularExpression sleep(
+        R"(\b(sleep_for|sleep_until|usleep|nanosleep|QTest::qWait|QThread::m?sleep)\s*\()");
     for (const auto& entry : fs::recursive_directory_iterator(fs::path(TAGWRIGHT_SOURCE_DIR) / "tests")) {
         if (entry.path().extension() != ".cpp" || entry.path().filename() == "LayersTest.cpp") continue;
         std::ifstream stream(entry.path());

@@ -11,6 +11,7 @@
 #include <QHeaderView>
 #include <QMenu>
 #include <QTimer>
+#include <QToolTip>
 #include <QtTest/QTest>
 
 using tags::MetadataPanel;
@@ -69,15 +70,16 @@ class MetadataPanelTest : public ::testing::Test {
     exiftool::ReadCommands commands{context, runner, readFeedback};
     exiftool::MetadataLoad load{context, runner, commands, parser};
     exiftool::LoadFeedback loadFeedback;
+    tags::LabelLibrary labels{9, dictionary};
     MetadataPanel panel{{context, dictionary, memory, parser, load, loadFeedback,
-                         [](int number) { return QStringLiteral("text %1").arg(number); }}};
+                         [](int number) { return QStringLiteral("text %1").arg(number); }, &labels}};
 };
 
 }  // namespace
 
 TEST_F(MetadataPanelTest, ReadsAFileIntoItsGroupsWithCounts) {
-    panel.NewSelection(photo("a.jpg", {"-IFD0:Make=Maker", "-IFD0:Model=Model 7", "-XMP-dc:Title=Grüße",
-                                       "-IFD0:Rating=3"}));
+    panel.NewSelection(
+        photo("a.jpg", {"-IFD0:Make=Maker", "-IFD0:Model=Model 7", "-XMP-dc:Title=Grüße", "-IFD0:Rating=3"}));
     const int make = rowOf("IFD0", "Make");
     ASSERT_GE(make, 0);
     EXPECT_EQ(panel.model().row(make).value, "Maker");
@@ -85,7 +87,8 @@ TEST_F(MetadataPanelTest, ReadsAFileIntoItsGroupsWithCounts) {
     EXPECT_EQ(panel.model().row(rowOf("XMP-dc", "Title")).value, QString::fromUtf8("Grüße"));
     EXPECT_EQ(panel.model().row(rowOf("IFD0", "Rating")).stars, 3);
     const QStringList titles = shownTitles();
-    EXPECT_TRUE(titles.filter(QRegularExpression("^ IFD0 \\(\\d+\\)$")).size() == 1) << titles.join(";").toStdString();
+    EXPECT_TRUE(titles.filter(QRegularExpression("^ IFD0 \\(\\d+\\)$")).size() == 1)
+        << titles.join(";").toStdString();
     EXPECT_TRUE(titles.contains(" XMP-dc (1)")) << titles.join(";").toStdString();
     EXPECT_LT(titles.indexOf(QRegularExpression("^ IFD0.*")), titles.indexOf(" XMP-dc (1)"));
 
@@ -158,6 +161,24 @@ TEST_F(MetadataPanelTest, TheRowMenuOffersAddressesToBeOpened) {
     EXPECT_TRUE(entriesFor("Source", 4).contains(40011));
     EXPECT_FALSE(entriesFor("Source", 1).contains(40011));
     EXPECT_FALSE(entriesFor("Title", 4).contains(40011));
+}
+
+TEST_F(MetadataPanelTest, AClickOnATagsNameShowsItsHelpUnlessTurnedOff) {
+    panel.NewSelection(photo("a.jpg", {"-IFD0:Make=m"}));
+    const auto helpAfterClickOn = [&](int column) {
+        QToolTip::hideText();
+        EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
+        const QModelIndex index = panel.model().index(rowOf("IFD0", "Make"), column);
+        panel.list().scrollTo(index);
+        QTest::mouseClick(panel.list().viewport(), Qt::LeftButton, {},
+                          panel.list().visualRect(index).center());
+        QCoreApplication::processEvents();
+        return QToolTip::isVisible() ? QToolTip::text() : QString();
+    };
+    EXPECT_TRUE(helpAfterClickOn(1).contains("Make"));
+    EXPECT_TRUE(helpAfterClickOn(4).isEmpty());
+    context.settings.listViewMetadata.libelleHelp = false;
+    EXPECT_TRUE(helpAfterClickOn(1).isEmpty());
 }
 
 TEST_F(MetadataPanelTest, AFileWithoutTagsAndAMissingToolLeaveAnEmptyList) {

@@ -1,3 +1,4 @@
+#include "inspect/PropertiesReport.h"
 #include "inspect/RowsReport.h"
 #include "inspect/TableReport.h"
 
@@ -13,7 +14,9 @@ constexpr const char* kUsage =
     "usage: tagwright-inspect rows [--settings FILE.ini] FILE...\n"
     "       tagwright-inspect parse [--settings FILE.ini] TEXTFILE...\n"
     "       tagwright-inspect dictionary\n"
-    "       tagwright-inspect catalogue\n";
+    "       tagwright-inspect catalogue\n"
+    "       tagwright-inspect properties FILE...\n"
+    "       tagwright-inspect property-catalogue\n";
 
 int usage() {
     std::cerr << kUsage;
@@ -25,7 +28,8 @@ int rows(inspect::RowsFrom from, std::vector<std::string_view> words,
     inspect::RowsRequest request;
     request.from = from;
     request.installPath = installPath;
-    if (words.size() >= 2 && words[0] == "--settings") {
+    if (!words.empty() && words[0] == "--settings") {
+        if (words.size() < 2) return usage();
         request.settingsFile = std::filesystem::path(words[1]);
         words.erase(words.begin(), words.begin() + 2);
     }
@@ -33,6 +37,13 @@ int rows(inspect::RowsFrom from, std::vector<std::string_view> words,
     if (words.empty()) return usage();
     request.files.assign(words.begin(), words.end());
     return inspect::reportRows(request, std::cout, std::cerr) ? 0 : 1;
+}
+
+int properties(std::vector<std::string_view> words) {
+    if (!words.empty() && words[0] == "--") words.erase(words.begin());
+    if (words.empty()) return usage();
+    const std::vector<std::filesystem::path> files(words.begin(), words.end());
+    return inspect::reportProperties(files, std::cout, std::cerr) ? 0 : 1;
 }
 
 }  // namespace
@@ -47,7 +58,10 @@ int main(int argc, char** argv) {
     std::vector<std::string_view> words(argv + 2, argv + argc);
     if (verb == "rows") return rows(inspect::RowsFrom::MediaFile, std::move(words), installPath);
     if (verb == "parse") return rows(inspect::RowsFrom::SavedOutput, std::move(words), installPath);
-    if (verb == "dictionary" && words.empty())
+    if (verb == "properties") return properties(std::move(words));
+    if (verb == "property-catalogue" && words.empty())
+        inspect::reportPropertyCatalogue(std::cout);
+    else if (verb == "dictionary" && words.empty())
         inspect::reportDictionary(std::cout);
     else if (verb == "catalogue" && words.empty())
         inspect::reportCatalogue(std::cout);

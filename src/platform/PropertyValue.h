@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <array>
+#include <cstdint>
+#include <variant>
+
+namespace platform {
+
+struct Rational {
+    std::int64_t numerator = 0;
+    std::int64_t denominator = 1;
+
+    friend bool operator==(const Rational&, const Rational&) = default;
+};
+
+/// Nanoseconds since 1970, UTC.
+struct PointInTime {
+    std::int64_t nanoseconds = 0;
+
+    friend bool operator==(const PointInTime&, const PointInTime&) = default;
+};
+
+/// Degrees, minutes and seconds.
+using Angle = std::array<double, 3>;
+
+/// What a file has for a property; the first alternative stands for nothing at all, which is not the same as
+/// an empty text or zero.
+using PropertyValue =
+    std::variant<std::monostate, QString, std::int64_t, double, Rational, PointInTime, QStringList, Angle>;
+
+inline bool isAbsent(const PropertyValue& value) {
+    return std::holds_alternative<std::monostate>(value);
+}
+
+}  // namespace platform

@@ -1,0 +1,40 @@
+#include "tags/PropertyWrite.h"
+
+#include "platform/PropertyStore.h"
+#include "tags/PropertyCatalogue.h"
+
+#include <algorithm>
+
+namespace tags {
+namespace {
+
+constexpr std::uint32_t kFileGroup = 30;
+constexpr std::uint32_t kSystemGroup = 209;
+constexpr std::uint32_t kFirstPropertyGroup = 330;
+constexpr std::uint32_t kLastPropertyGroup = 339;
+constexpr std::uint32_t kGroupInBetween = 333;  // belongs to ExifTool
+
+constexpr platform::PropertyId kTimes[] = {platform::PropertyId::PhotoDateTaken,
+                                           platform::PropertyId::TextDateSaved};
+
+}  // namespace
+
+bool isPropertyGroup(std::uint32_t groupId) {
+    if (groupId == kFileGroup || groupId == kSystemGroup) return true;
+    return groupId >= kFirstPropertyGroup && groupId <= kLastPropertyGroup && groupId != kGroupInBetween;
+}
+
+std::optional<platform::PropertyResult> WriteProperty(const std::filesystem::path& file,
+                                                      const PropertyWrite& write) {
+    const auto row = std::ranges::find(propertyRows(), write.propertyNumber, &PropertyRecord::propertyId);
+    if (row == propertyRows().end() || row->pid == 0) return std::nullopt;
+    platform::PropertyStore store(file);
+    if (!store.isOpen()) return std::nullopt;
+    const auto property = static_cast<platform::PropertyId>(write.propertyNumber);
+    platform::PropertyValue value = write.value;
+    if (std::ranges::find(kTimes, property) != std::end(kTimes)) value = write.time;
+    const platform::PropertyResult result = store.set(property, value);
+    return result == platform::PropertyResult::Ok ? store.commit() : result;
+}
+
+}  // namespace tags

@@ -1,0 +1,127 @@
+#include "DrivenProgram.h"
+#include "PictureFolder.h"
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QElapsedTimer>
+
+using endtoend::DrivenProgram;
+namespace fs = std::filesystem;
+
+namespace {
+
+class BadFilesTest : public endtoend::PictureFolder {};
+
+}  // namespace
+
+TEST_F(BadFilesTest, WhatIsNoFileIsListedAndNeverOpened) {
+    photo("a.jpg", {"-XMP-dc:Title=of a"});
+    ASSERT_EQ(mkfifo((folder / "pipe.jpg").c_str(), 0600), 0);
+    fs::create_symlink("nowhere", folder / "broken.jpg");
+    fs::create_symlink("loop.jpg", folder / "loop.jpg");
+    fs::create_symlink("/dev/zero", folder / "device.jpg");
+    fs::create_symlink("/dev/tty", folder / "terminal.jpg");
+    DrivenProgram program;
+    program.tell("open", {path()});
+    EXPECT_EQ(program.fileNames(),
+              QStringList({"a.jpg", "broken.jpg", "device.jpg", "loop.jpg", "pipe.jpg", "terminal.jpg"}));
+    for (const char* name : {"broken.jpg", "device.jpg", "loop.jpg", "pipe.jpg", "terminal.jpg"}) {
+        program.tell("click", {"a.jpg"});
+        EXPECT_EQ(program.value("XMP-dc", "Title"), "of a");
+        QElapsedTimer since;
+        since.start();
+        program.tell("click", {name});
+        EXPECT_LT(since.elapsed(), 5000) << name;
+        EXPECT_TRUE(program.rows().isEmpty()) << name;
+        EXPECT_EQ(program.status(), "Ready") << name;
+    }
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(BadFilesTest, AFolderThatVanishesWhileItIsShownIsTold) {
+    subfolder("sub");
+    photo("sub/a.jpg");
+    DrivenProgram program;
+    program.tell("open", {path("sub")});
+    EXPECT_EQ(program.fileNames().size(), 1);
+    fs::remove_all(folder / "sub");
+    EXPECT_TRUE(endtoend::waitFor([&] { return program.fileNames().isEmpty(); }));
+    program.tell("command", {"248"});
+    EXPECT_TRUE(program.fileNames().isEmpty());
+    program.tell("key", {"Backspace"});
+    EXPECT_EQ(program.folder(), path());
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(BadFilesTest, AFileThatIsGoneWhenItIsClickedShowsNothing) {
+    photo("a.jpg", {"-XMP-dc:Title=of a"});
+    photo("gone.jpg");
+    DrivenProgram program;
+    program.tell("open", {path()});
+    program.tell("click", {"a.jpg"});
+    fs::remove(folder / "gone.jpg");
+    program.tell("click", {"gone.jpg"});
+    EXPECT_TRUE(program.rows().isEmpty());
+    EXPECT_EQ(program.status(), "Ready");
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(BadFilesTest, NamesOfTheGreatestLengthAreReadAndLeft) {
+    const std::string longFile = std::string(251, 'n') + ".jpg";
+    const std::string longFolder(255, 'f');
+    photo("seed.jpg", {"-XMP-dc:Title=long"});
+    fs::rename(folder / "seed.jpg", folder / longFile);
+    subfolder(longFolder + "/" + longFolder);
+    fs::copy_file(folder / longFile, folder / longFolder / longFolder / longFile);
+    DrivenProgram program;
+    for (const std::string& where : {std::string(), longFolder + "/" + longFolder}) {
+        program.tell("open", {path(where)});
+        program.tell("click", {QString::fromStdString(longFile)});
+        EXPECT_EQ(program.value("XMP-dc", "Title"), "long") << where.size();
+        EXPECT_EQ(program.status(), "Ready");
+    }
+    program.tell("key", {"Backspace"});
+    EXPECT_EQ(program.selectedFiles(), QStringList(QString::fromStdString(longFolder)));
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(BadFilesTest, AFolderThatMayNotBeReadIsTold) {
+    if (geteuid() == 0) GTEST_SKIP() << "the superuser may read everything";
+    subfolder("closed");
+    fs::permissions(folder / "closed", fs::perms::none);
+    DrivenProgram program;
+    program.tell("open", {path()});
+    program.tell("doubleclick", {"closed"});
+    EXPECT_TRUE(program.fileNames().isEmpty());
+    program.tell("key", {"Backspace"});
+    EXPECT_EQ(program.folder(), path());
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(BadFilesTest, FilesThatAreNoPicturesAreReadAsFarAsTheyGo) {
+    support::WriteBytes(folder / "empty.jpg", "");
+    support::WriteBytes(folder / "garbage.jpg", std::string(5000, '\xff'));
+    photo("cut.jpg", {"-XMP-dc:Title=cut"});
+    fs::resize_file(folder / "cut.jpg", fs::file_size(folder / "cut.jpg") / 2);
+    DrivenProgram program;
+    program.tell("open", {path()});
+    for (const QString& name : program.fileNames()) {
+        program.tell("click", {name});
+        EXPECT_EQ(program.status(), "Ready") << name.toStdString();
+    }
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(BadFilesTest, FiveThousandFilesOfOneBaseNameAreListed) {
+    for (int at = 0; at < 5000; ++at) support::WriteBytes(folder / ("photo." + std::to_string(at)), "x");
+    DrivenProgram program;
+    program.tell("open", {path()});
+    const QStringList names = program.fileNames();
+    ASSERT_EQ(names.size(), 5000);
+    EXPECT_EQ(names[2], "photo.2");
+    EXPECT_EQ(names[4999], "photo.4999");
+    program.tell("click", {"photo.4321"});
+    EXPECT_EQ(program.status(), "Ready");
+    EXPECT_EQ(program.quit(), 0);
+}

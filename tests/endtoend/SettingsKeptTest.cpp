@@ -1,0 +1,128 @@
+#include "DrivenProgram.h"
+#include "PictureFolder.h"
+
+using endtoend::DrivenProgram;
+
+namespace {
+
+class SettingsKeptTest : public endtoend::PictureFolder {
+ protected:
+    void SetUp() override {
+        photo("b.jpg");
+        photo("a.jpg");
+    }
+};
+
+QJsonObject areaOf(DrivenProgram& program, const char* part) {
+    return program.tell("area", {part});
+}
+
+}  // namespace
+
+TEST_F(SettingsKeptTest, WhatWasSetIsThereAtTheNextStart) {
+    DrivenProgram program;
+    program.tell("open", {path()});
+    program.tell("command", {"50003"});
+    program.tell("command", {"40090"});
+    program.tell("command", {"8"});
+    program.tell("command", {"5040"});
+    const QJsonObject middle = areaOf(program, "middle");
+    const QJsonObject panel = areaOf(program, "RIGHT_HOLDER");
+    EXPECT_EQ(program.quit(), 0);
+    const struct {
+        const char* section;
+        const char* key;
+        std::string value;
+    } kept[] = {
+        {"Nodes", "1", folder.path().string()},
+        {"Main", "SortMode", "3"},
+        {"Main", "SortAscending", "0"},
+        {"Main", "ShowFolders", "0"},
+        {"Main", "ViewMode", "1"},
+        {"ListView", "ShowCheckBox", "1"},
+        {"Lists", "ShowMetadataWindow", "1"},
+        {"MainWindow-Position", "Left", "20"},
+        {"MainWindow-Position", "Top", "20"},
+        {"MainWindow-Position", "Right", "1300"},
+        {"MainWindow-Position", "Bottom", "820"},
+        {"PATHS", "InstallPath", program.install().string()},
+    };
+    for (const auto& [section, key, value] : kept)
+        EXPECT_EQ(program.setting(section, key), value) << section << " " << key;
+
+    program.restart();
+    EXPECT_EQ(program.folder(), path());
+    EXPECT_FALSE(areaOf(program, "HolderLeft")["visible"].toBool(true));
+    for (const char* side : {"x", "y", "width", "height"}) {
+        EXPECT_EQ(areaOf(program, "middle")[side], middle[side]) << side;
+        EXPECT_EQ(areaOf(program, "RIGHT_HOLDER")[side], panel[side]) << side;
+    }
+    program.tell("select", {"a.jpg"});
+    EXPECT_TRUE(program.tell("files")["files"][0]["checked"].toBool() !=
+                program.tell("files")["files"][1]["checked"].toBool());
+    EXPECT_EQ(program.quit(), 0);
+    EXPECT_EQ(program.setting("MainWindow-Position", "Left"), "20") << "the window does not creep";
+}
+
+TEST_F(SettingsKeptTest, ColumnsAreWrittenAndReadAgain) {
+    DrivenProgram::Options options;
+    options.prepare = [](const std::filesystem::path& install) {
+        support::WriteBytes(install / "cache/ColumnsHeader.ini", "[SYSTEM]\r\n0=1,300\r\n1=9,77\r\n\r\n");
+    };
+    DrivenProgram program(options);
+    program.tell("open", {path()});
+    const QJsonObject columns = program.tell("files")["files"][0]["columns"].toObject();
+    EXPECT_EQ(columns.keys(), QStringList("FileSize"));
+    EXPECT_EQ(program.quit(), 0);
+    EXPECT_EQ(support::ReadBytes(program.install() / "cache/ColumnsHeader.ini"),
+              "[SYSTEM]\r\n0=1,250\r\n1=9,77\r\n\r\n")
+        << "the name column always starts with 250";
+}
+
+TEST_F(SettingsKeptTest, TheTempFolderIsEmptiedByANormalExitOnly) {
+    DrivenProgram program;
+    support::WriteBytes(program.temp() / "left over.txt", "x");
+    program.tell("open", {path()});
+    program.tell("click", {"a.jpg"});
+    EXPECT_TRUE(std::filesystem::exists(program.temp() / "Metadata.txt"));
+    program.kill();
+    EXPECT_TRUE(std::filesystem::exists(program.temp() / "left over.txt"));
+    program.restart();
+    program.tell("title");
+    EXPECT_TRUE(std::filesystem::exists(program.temp() / "left over.txt")) << "a start empties nothing";
+    EXPECT_EQ(program.quit(), 0);
+    EXPECT_TRUE(std::filesystem::is_directory(program.temp()));
+    EXPECT_TRUE(std::filesystem::is_empty(program.temp()));
+}
+
+TEST_F(SettingsKeptTest, WhatTheProgramDoesNotKnowStaysInTheFile) {
+    DrivenProgram::Options options;
+    options.moreSettings = "\n[Stranger]\nkey = value ; with all\n; a remark\n[Main]\nOwn=1\n";
+    DrivenProgram program(options);
+    program.tell("open", {path()});
+    EXPECT_EQ(program.quit(), 0);
+    EXPECT_TRUE(program.setting("Stranger", "key").has_value());
+    EXPECT_EQ(program.setting("Main", "Own"), "1");
+    EXPECT_NE(support::ReadBytes(program.install() / "cache/Tagwright.ini").find("; a remark"),
+              std::string::npos);
+}
+
+TEST_F(SettingsKeptTest, AStartFolderThatIsGoneGivesWayToAnother) {
+    DrivenProgram::Options options;
+    options.moreSettings = "\n[Nodes]\n1=/no/such/folder\n";
+    DrivenProgram program(options);
+    EXPECT_TRUE(std::filesystem::is_directory(program.folder().toStdString()))
+        << program.folder().toStdString();
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(SettingsKeptTest, AWindowWithoutAPlaceStartsMaximised) {
+    for (const char* position :
+         {"Right=0\nBottom=0", "Left=-5\nRight=900\nBottom=700", "Top=-5\nRight=900\nBottom=700"}) {
+        DrivenProgram::Options options;
+        options.moreSettings = QByteArray("\n[MainWindow-Position]\n") + position + "\n";
+        DrivenProgram program(options);
+        EXPECT_EQ(program.quit(), 0);
+        EXPECT_EQ(program.setting("MainWindow-Position", "Right"), "0") << position;
+    }
+}
