@@ -93,6 +93,20 @@ bool MainWindow::BuildContents() {
     return true;
 }
 
+void MainWindow::paintEvent(QPaintEvent* event) {
+    QWidget::paintEvent(event);
+    // What makes the commands quick must not make the start slow.
+    if (!std::exchange(hasPainted_, true))
+        QMetaObject::invokeMethod(this, &MainWindow::startWarmStarter, Qt::QueuedConnection);
+}
+
+void MainWindow::startWarmStarter() {
+    if (!context_.settings.exifTool.warmStart) return;
+    warmStarter_.Start(context_.exifToolPath, context_.installPath / "warm",
+                       exiftool::LanguageCode(context_.settings.exifTool.dataLanguage));
+    runner_.setWarmStarter(&warmStarter_);
+}
+
 bool MainWindow::createRibbon() {
     if (!language_.valid()) return false;
     ribbon_ = new controls::Ribbon(this);

@@ -5,6 +5,7 @@
 #include "app/LanguageFile.h"
 #include "exiftool/ExifToolSession.h"
 #include "exiftool/MetadataLoad.h"
+#include "exiftool/WarmStarter.h"
 #include "tags/LabelLibrary.h"
 #include "tags/OutputParser.h"
 #include "tags/PropertyCatalogue.h"
@@ -79,6 +80,7 @@ class MainWindow : public QWidget {
  protected:
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
 
  private:
@@ -93,6 +95,7 @@ class MainWindow : public QWidget {
 
     bool createRibbon();
     void createStatusBar();
+    void startWarmStarter();
     void createHolders();
     void createBrowser();
     void createShortcuts();
@@ -150,6 +153,7 @@ class MainWindow : public QWidget {
     tags::RatingMemory ratingMemory_;
     tags::RatingLog ratingLog_;
     tags::OutputParser parser_;
+    exiftool::WarmStarter warmStarter_;
     exiftool::ToolRunner runner_;
     std::unique_ptr<Feedback> feedback_;
     exiftool::ReadCommands readCommands_;
@@ -157,6 +161,7 @@ class MainWindow : public QWidget {
     exiftool::ExifToolSession session_;
 
     bool ready_ = false;
+    bool hasPainted_ = false;
     bool closed_ = false;
     controls::Ribbon* ribbon_ = nullptr;
     QWidget* client_ = nullptr;

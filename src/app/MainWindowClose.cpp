@@ -43,6 +43,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     if (!closed_) {
         closed_ = true;
         session_.CloseExifToolSession();
+        warmStarter_.Stop();
         writeColumns();
         saveEverything();
         EmptyTempFolder(context_);

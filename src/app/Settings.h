@@ -62,6 +62,7 @@ struct Settings {
         bool overwriteExistingFilesConfirmation = false;
         bool useMwg = true;
         bool correctedCommands = false;
+        bool warmStart = true;  ///< keep an ExifTool ready, so that commands need not wait for its start
     } exifTool;
 
     /// Which families the metadata panel shows.

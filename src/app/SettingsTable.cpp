@@ -96,6 +96,7 @@ constexpr auto kSettings = std::to_array<SettingRow>({
     {"ExifTool", "OverwriteExistingFilesConfirmation", "OverwriteExistingFilesConfirmation", ReadAt::Late, setting<&Settings::exifTool, &Settings::ExifTool::overwriteExistingFilesConfirmation>},
     {"ExifTool", "UseMWG", "UseMWG", ReadAt::Late, setting<&Settings::exifTool, &Settings::ExifTool::useMwg>},
     {"ExifTool", "CorrectedCommands", "CorrectedCommands", ReadAt::Late, setting<&Settings::exifTool, &Settings::ExifTool::correctedCommands>},
+    {"ExifTool", "WarmStart", "WarmStart", ReadAt::Late, setting<&Settings::exifTool, &Settings::ExifTool::warmStart>},
     {"GPS", "GpsViewType", "GpsViewType", ReadAt::Late, setting<&Settings::gps, &Settings::Gps::viewType>},
     {"GPS", "GpsViewTraffic", "GpsViewTraffic", ReadAt::Late, setting<&Settings::gps, &Settings::Gps::viewTraffic>},
     {"GPS", "GpsZoomLevel", "GpsZoomLevel", ReadAt::Late, setting<&Settings::gps, &Settings::Gps::zoomLevel>},

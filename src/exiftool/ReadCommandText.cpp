@@ -1,8 +1,7 @@
 #include "exiftool/CategorySelectors.h"
+#include "exiftool/LineParts.h"
 #include "exiftool/ReadCommands.h"
 #include "platform/Text.h"
-
-#include <array>
 
 namespace exiftool {
 
@@ -11,11 +10,6 @@ using platform::CommandText;
 
 namespace {
 
-constexpr auto kLanguageCodes = std::to_array<std::string_view>(
-    {"ce", "de", "en", "es", "fi", "fr", "it", "ja", "ko", "nl", "pl", "ru", "sv", "tr", "zh-cn", "zh-tw"});
-constexpr std::size_t kEnglish = 2;
-constexpr std::string_view kFileNameCharset = "-charset filename=UTF8 ";
-
 /// With this off a category is read without tags that stand twice. Nothing sets it.
 constexpr bool kReadAllDuplicates = false;
 
@@ -23,27 +17,9 @@ bool isCorrected(const app::AppContext& context) {
     return context.settings.exifTool.correctedCommands;
 }
 
-CommandText toolStart(const app::AppContext& context) {
-    CommandText command;
-    return command.literal("\"").outside(platform::narrow(context.exifToolPath)).literal("\" ");
-}
-
-/// ExifTool refuses to work in the language "ce"; Czech is "cs".
-CommandText toolStartWithLanguage(const app::AppContext& context) {
-    const std::string_view code = LanguageCode(context.settings.exifTool.dataLanguage);
-    return toolStart(context).literal("-lang ").literal(isCorrected(context) && code == "ce" ? "cs" : code);
-}
-
-/// Always absolute: a relative name could begin with a hyphen and be taken for an option.
-std::string fileWord(const fs::path& file) {
-    std::error_code error;
-    const fs::path whole = file.is_absolute() ? file : fs::absolute(file, error);
-    return platform::narrow(error ? file : whole);
-}
-
 CommandText& appendFile(CommandText& command, const fs::path& file, const fs::path& output) {
     return command.literal("\"")
-        .outside(fileWord(file))
+        .outside(FileWord(file))
         .literal("\" >\"")
         .outside(platform::narrow(output))
         .literal("\"");
@@ -72,13 +48,8 @@ void appendCategory(CommandText& command, int categoryId, bool corrected) {
 
 }  // namespace
 
-std::string_view LanguageCode(int dataLanguage) {
-    const auto index = static_cast<std::size_t>(dataLanguage);
-    return kLanguageCodes[index < kLanguageCodes.size() ? index : kEnglish];
-}
-
 CommandText PanelReadCommand(const app::AppContext& context, const fs::path& file, const fs::path& output) {
-    CommandText command = toolStartWithLanguage(context).literal(" -a -u");
+    CommandText command = ToolStartWithLanguage(context).literal(" -a -u");
     appendExclusions(command, context.settings.exifTool);
     command.literal(" -sort -S -G1 -H --ExifToolVersion -x System:all ").literal(kFileNameCharset);
     return appendFile(command, file, output);
@@ -86,14 +57,14 @@ CommandText PanelReadCommand(const app::AppContext& context, const fs::path& fil
 
 CommandText GroupAllCommand(const app::AppContext& context, const fs::path& file, const fs::path& output,
                             std::string_view groupName) {
-    CommandText command = toolStartWithLanguage(context).literal(" -sort -S -G1 --ExifToolVersion -");
+    CommandText command = ToolStartWithLanguage(context).literal(" -sort -S -G1 --ExifToolVersion -");
     command.outside(groupName).literal(":All ").literal(kFileNameCharset);
     return appendFile(command, file, output);
 }
 
 CommandText CategoryCommand(const app::AppContext& context, const fs::path& file, const fs::path& output,
                             int categoryId) {
-    CommandText command = toolStartWithLanguage(context);
+    CommandText command = ToolStartWithLanguage(context);
     if (kReadAllDuplicates) command.literal(" -a");
     appendExclusions(command, context.settings.exifTool);
     if (context.settings.exifTool.ignoreComposite) command.literal(" -e");
@@ -105,7 +76,7 @@ CommandText CategoryCommand(const app::AppContext& context, const fs::path& file
 
 CommandText OneValueCommand(const app::AppContext& context, const fs::path& file, const fs::path& output,
                             std::string_view tagName, bool numeric) {
-    CommandText command = toolStartWithLanguage(context);
+    CommandText command = ToolStartWithLanguage(context);
     // -echo4 takes the -S behind it as the text to print.
     command.literal(isCorrected(context) ? " -q -e -fast2 -q -S " : " -q -e -fast2 -q -echo4 -S ");
     if (numeric) command.literal("-n ");
@@ -115,24 +86,24 @@ CommandText OneValueCommand(const app::AppContext& context, const fs::path& file
 
 CommandText GpsPositionCommand(const app::AppContext& context, const fs::path& file, const fs::path& output) {
     CommandText command =
-        toolStart(context).literal("-S -n -GPSLatitude -GPSLatitudeRef -GPSLongitude -GPSLongitudeRef -q ");
+        ToolStart(context).literal("-S -n -GPSLatitude -GPSLatitudeRef -GPSLongitude -GPSLongitudeRef -q ");
     command.literal(kFileNameCharset);
     return appendFile(command, file, output);
 }
 
 CommandText DumpHtmlCommand(const app::AppContext& context, const fs::path& file, const fs::path& output) {
-    CommandText command = toolStart(context).literal("-htmldump ").literal(kFileNameCharset);
+    CommandText command = ToolStart(context).literal("-htmldump ").literal(kFileNameCharset);
     return appendFile(command, file, output);
 }
 
 CommandText DumpVerboseCommand(const app::AppContext& context, const fs::path& file, const fs::path& output) {
-    CommandText command = toolStart(context).literal("-v3 ").literal(kFileNameCharset);
+    CommandText command = ToolStart(context).literal("-v3 ").literal(kFileNameCharset);
     return appendFile(command, file, output);
 }
 
 CommandText ExportValuesCommand(const app::AppContext& context, const CommandText& fileArgument,
                                 const CommandText& output, const CommandText& extraArguments) {
-    CommandText command = toolStartWithLanguage(context).literal(" -sort --ExifToolVersion -x System:all ");
+    CommandText command = ToolStartWithLanguage(context).literal(" -sort --ExifToolVersion -x System:all ");
     // -f takes no argument: "File:All" is then looked for as a file.
     if (context.settings.exifTool.ignoreFile)
         command.literal(isCorrected(context) ? "-x File:All " : "-f File:All ");

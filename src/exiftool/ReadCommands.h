@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppContext.h"
+#include "exiftool/LineParts.h"
 #include "exiftool/ToolRunner.h"
 #include "platform/CommandText.h"
 
@@ -20,10 +21,6 @@ class ReadFeedback {
     virtual void BeginWait() {}  ///< wait cursor on
     virtual void EndWait() {}    ///< and off again
 };
-
-/// The ExifTool language code of an index of the DataLanguage setting; "en" for an index outside the table.
-/// The spelling "ce" of the first is kept.
-std::string_view LanguageCode(int dataLanguage);
 
 /// The command texts, as the reads run them. Exact to the blank; separate from the running so that they can
 /// be compared.

@@ -1,23 +1,71 @@
 #include "exiftool/ToolRunner.h"
 
+#include "exiftool/LineParts.h"
+#include "exiftool/WarmStarter.h"
 #include "platform/AtomicFile.h"
 #include "platform/FileDescriptor.h"
+#include "platform/Text.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
+
+#include <algorithm>
 
 namespace exiftool {
 
 namespace fs = std::filesystem;
+using platform::CommandText;
 
 namespace {
 
 constexpr const char* kCommonBatchFile = "Metadata.bat";
+constexpr const char* kWriteBatchFile = "MetaData.bat";
+constexpr const char* kFileList = "files.tmp";
+constexpr mode_t kNewFileMode = 0666;
 
-bool writeBatchFile(const fs::path& file, const std::string& line) {
+bool writeFile(const fs::path& file, int mode, std::string_view bytes) {
     const platform::FileDescriptor descriptor(
-        ::open(file.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666));
-    return descriptor.isOpen() && platform::writeAll(descriptor.get(), line) == 0;
+        ::open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | mode, kNewFileMode));
+    return descriptor.isOpen() && platform::writeAll(descriptor.get(), bytes) == 0;
 }
+
+bool canStandOnLine(std::string_view name) {
+    return !name.empty() && name.find_first_of(std::string_view("\n\0", 2)) == std::string_view::npos &&
+           !name.ends_with('\r');
+}
+
+std::string refusalLine(std::string name) {
+    std::replace_if(
+        name.begin(), name.end(), [](char c) { return c == '\n' || c == '\r' || c == 0; }, '?');
+    return "Error: A line end in a file name cannot stand in a list of files - " + name + '\n';
+}
+
+/// ExifTool writes a new file beside the old one, and refuses to when one is there already. A run that was
+/// ended in the middle must not leave one that bars every later write; but it must stay when it may be the
+/// only whole copy, thus when the file itself has been touched.
+class LeftoverRemover {
+ public:
+    explicit LeftoverRemover(const fs::path& file) : file_(file), leftover_(file) {
+        leftover_ += "_exiftool_tmp";
+        struct stat ignored {};
+        isOurs_ = ::stat(file_.c_str(), &before_) == 0 && ::lstat(leftover_.c_str(), &ignored) != 0;
+    }
+
+    void removeLeftover() const {
+        struct stat now {};
+        if (!isOurs_ || ::stat(file_.c_str(), &now) != 0) return;
+        const bool isUntouched =
+            now.st_ino == before_.st_ino && now.st_dev == before_.st_dev && now.st_size == before_.st_size &&
+            now.st_mtim.tv_sec == before_.st_mtim.tv_sec && now.st_mtim.tv_nsec == before_.st_mtim.tv_nsec;
+        if (isUntouched) ::unlink(leftover_.c_str());
+    }
+
+ private:
+    fs::path file_;
+    fs::path leftover_;
+    struct stat before_ {};
+    bool isOurs_ = false;
+};
 
 }  // namespace
 
@@ -27,24 +75,92 @@ void ToolRunner::setKeepWaiting(KeepWaiting keepWaiting) {
     keepWaiting_ = std::move(keepWaiting);
 }
 
-int ToolRunner::RunToolLine(const platform::CommandText& command) {
-    return run(context_.tempPath / kCommonBatchFile, command);
+void ToolRunner::setSafetyCopyFailed(SafetyCopyFailed failed) {
+    safetyCopyFailed_ = std::move(failed);
 }
 
-int ToolRunner::RunBatchFile(const fs::path& batchFile, const platform::CommandText& command) {
-    const int result = run(batchFile, command);
+int ToolRunner::RunToolLine(const CommandText& command) {
+    return runWritten(context_.tempPath / kCommonBatchFile, command);
+}
+
+int ToolRunner::RunBatchFile(const fs::path& batchFile, const CommandText& command) {
+    const int result = runWritten(batchFile, command);
     std::error_code ignored;
     fs::remove(batchFile, ignored);
     return result;
 }
 
-int ToolRunner::run(const fs::path& batchFile, const platform::CommandText& command) {
+int ToolRunner::RunOnFile(const fs::path& file, const CommandText& arguments) {
     outcome_ = {};
-    if (!writeBatchFile(batchFile, command.text())) return 0;
+    if (file.empty()) return 0;
+    CopyForSafety(file);
+    CommandText command = ToolStartWithLanguage(context_).literal(" ").append(arguments).literal(" \"");
+    command.outside(FileWord(file)).literal("\" 2>>\"").outside(platform::narrow(context_.reportFile));
+    command.literal("\"");
+    const LeftoverRemover remover(file);
+    const int result = RunBatchFile(context_.tempPath / kWriteBatchFile, command);
+    const bool wasCut =
+        std::any_of(outcome_.lines.begin(), outcome_.lines.end(), [](const platform::LineOutcome& line) {
+            return line.child.kind == platform::ChildOutcome::Kind::Stopped ||
+                   line.child.kind == platform::ChildOutcome::Kind::Killed;
+        });
+    if (wasCut) remover.removeLeftover();
+    return result;
+}
+
+int ToolRunner::RunHidden(const CommandText& command) {
+    return run(command, {context_.exifToolPath, context_.ffmpegPath, context_.imageMagickPath});
+}
+
+int ToolRunner::RunProgram(const CommandText& command) {
+    return run(command, {context_.ffmpegPath, context_.imageMagickPath});
+}
+
+FileList ToolRunner::WriteFileList(const std::vector<fs::path>& files) {
+    FileList list;
+    if (files.empty()) return list;
+    std::string lines;
+    std::string refusals;
+    for (const fs::path& file : files) {
+        const std::string word = file.empty() ? std::string() : FileWord(file);
+        if (!canStandOnLine(word)) {
+            list.refused.push_back(file);
+            refusals += refusalLine(word);
+            continue;
+        }
+        CopyForSafety(file);
+        lines.append(word).append("\r\n");
+        ++list.listed;
+    }
+    if (!refusals.empty()) writeFile(context_.reportFile, O_APPEND, refusals);
+    const fs::path path = context_.tempPath / kFileList;
+    if (writeFile(path, O_TRUNC, lines)) list.path = path;
+    return list;
+}
+
+void ToolRunner::CopyForSafety(const fs::path& file) const {
+    if (safetyCopies_.SafetyCopyEnabled == 0) return;
+    const QString failure = MakeSafetyCopy(file, context_.cachePath, safetyCopies_);
+    if (!failure.isEmpty() && safetyCopyFailed_) safetyCopyFailed_(failure);
+}
+
+int ToolRunner::runWritten(const fs::path& batchFile, const CommandText& command) {
+    outcome_ = {};
+    if (!writeFile(batchFile, O_TRUNC, command.text())) return 0;
+    return RunHidden(command);
+}
+
+int ToolRunner::run(const CommandText& command, std::vector<fs::path> tools) {
     const auto typed = context_.settings.exifTool.correctedCommands ? platform::TypedPieces::StayInside
                                                                     : platform::TypedPieces::AsTheyStand;
-    const platform::CommandInterpreter interpreter(
-        {context_.exifToolPath, context_.ffmpegPath, context_.imageMagickPath}, typed);
+    platform::CommandInterpreter interpreter(std::move(tools), typed);
+    if (warmStarter_ != nullptr) {
+        interpreter.setChildRunner(
+            [this](const platform::ChildCommand& child, const KeepWaiting& keepWaiting) {
+                std::optional<platform::ChildOutcome> outcome = warmStarter_->run(child, keepWaiting);
+                return outcome ? *outcome : platform::runChild(child, keepWaiting);
+            });
+    }
     outcome_ = interpreter.run(command, keepWaiting_);
     return outcome_.everyToolStarted() && !outcome_.wasStopped() ? 1 : 0;
 }

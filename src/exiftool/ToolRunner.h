@@ -1,17 +1,33 @@
 #pragma once
 
 #include "app/AppContext.h"
+#include "exiftool/SafetyCopy.h"
 #include "platform/CommandInterpreter.h"
 #include "platform/CommandText.h"
 
 #include <chrono>
 #include <filesystem>
 #include <functional>
+#include <vector>
 
 namespace exiftool {
 
 /// Asked about every 20 ms on the calling thread while a tool runs; may repaint. False ends the child.
 using KeepWaiting = platform::KeepWaiting;
+
+/// Gets the message of a safety copy that failed, for a box titled "Error"; the write goes on when it
+/// returns.
+using SafetyCopyFailed = std::function<void(const QString& message)>;
+
+class WarmStarter;
+
+/// What WriteFileList has done.
+struct FileList {
+    std::filesystem::path
+        path;  ///< <temp>/files.tmp; empty when there was nothing to list or it cannot be written
+    std::size_t listed = 0;
+    std::vector<std::filesystem::path> refused;  ///< cannot stand on a line; the report names them
+};
 
 /// The one way to run a tool: write the line into a batch file of the temp folder, run it, wait for its end.
 /// What comes back stands in the files that the line's redirections name; no exit code is looked at. Blocks
@@ -22,6 +38,9 @@ class ToolRunner {
 
     /// What to ask while a tool runs; empty: wait without limit.
     void setKeepWaiting(KeepWaiting keepWaiting);
+
+    /// Where ExifTool's lines go first; it starts them or leaves them. Not owned; null for none.
+    void setWarmStarter(WarmStarter* starter) { warmStarter_ = starter; }
 
     /// True when the last run was ended by the KeepWaiting answer.
     bool wasStopped() const { return outcome_.wasStopped(); }
@@ -38,12 +57,41 @@ class ToolRunner {
     /// Writes the batch file, runs it and deletes it in either case. The same answer.
     int RunBatchFile(const std::filesystem::path& batchFile, const platform::CommandText& command);
 
+    /// The road of all writes of one file: a safety copy first when they are on, then by way of
+    /// <temp>/MetaData.bat the line `"<tool>" -lang <lang> <arguments> "<file>" 2>>"<report>"`. What ExifTool
+    /// complains of stands in the report. An empty path runs nothing and gives 0; else the same answer.
+    int RunOnFile(const std::filesystem::path& file, const platform::CommandText& arguments);
+
+    /// Runs a line without a batch file; the same answer.
+    int RunHidden(const platform::CommandText& command);
+
+    /// The same for FFmpeg and Convert, and for no other program.
+    int RunProgram(const platform::CommandText& command);
+
+    /// Writes <temp>/files.tmp, one file a line, for commands that work on many files at once; takes the
+    /// safety copies of all of them ahead of the run. An empty list writes nothing. A name that cannot stand
+    /// on a line (a line feed in it, a carriage return at its end) is refused by name in the report; the rest
+    /// goes on.
+    FileList WriteFileList(const std::vector<std::filesystem::path>& files);
+
+    /// Read anew for every copy.
+    SafetyCopies& safetyCopies() { return safetyCopies_; }
+    void setSafetyCopyFailed(SafetyCopyFailed failed);
+
+    /// A copy of the file under the settings, if they are on, for the roads that do not pass through
+    /// RunOnFile.
+    void CopyForSafety(const std::filesystem::path& file) const;
+
  private:
-    int run(const std::filesystem::path& batchFile, const platform::CommandText& command);
+    int runWritten(const std::filesystem::path& batchFile, const platform::CommandText& command);
+    int run(const platform::CommandText& command, std::vector<std::filesystem::path> tools);
 
     const app::AppContext& context_;
     KeepWaiting keepWaiting_;
     platform::CommandOutcome outcome_;
+    WarmStarter* warmStarter_ = nullptr;
+    SafetyCopies safetyCopies_;
+    SafetyCopyFailed safetyCopyFailed_;
 };
 
 }  // namespace exiftool

@@ -27,34 +27,6 @@ constexpr milliseconds kDeathLimit{2000};
 constexpr mode_t kNewFileMode = 0666;
 constexpr int kStandardStreams = 3;
 
-ChildOutcome notStarted(int error, const std::string& what) {
-    return {ChildOutcome::Kind::NotStarted, error, what + ": " + std::system_category().message(error)};
-}
-
-struct OpenedStream {
-    FileDescriptor descriptor;
-    int error = 0;
-};
-
-/// A descriptor above the standard ones, so that putting one stream in place cannot run over another.
-OpenedStream openStream(const ChildStream& stream, bool isInput) {
-    FileDescriptor opened;
-    int source = stream.descriptor;
-    if (stream.kind != ChildStream::Kind::Descriptor) {
-        int flags = (isInput ? O_RDONLY : O_WRONLY) | O_CLOEXEC | O_NOCTTY;
-        if (stream.kind == ChildStream::Kind::Truncate) flags |= O_CREAT | O_TRUNC;
-        if (stream.kind == ChildStream::Kind::Append) flags |= O_CREAT | O_APPEND;
-        const bool isFile = stream.kind != ChildStream::Kind::Nowhere;
-        opened = FileDescriptor(::open(isFile ? stream.file.c_str() : "/dev/null", flags, kNewFileMode));
-        if (!opened.isOpen()) return {{}, errno};
-        if (opened.get() >= kStandardStreams) return {std::move(opened), 0};
-        source = opened.get();
-    }
-    FileDescriptor high(::fcntl(source, F_DUPFD_CLOEXEC, kStandardStreams));
-    if (!high.isOpen()) return {{}, errno};
-    return {std::move(high), 0};
-}
-
 /// Null-ended lists of the words for the system's calls; the command has to outlive them.
 struct WordLists {
     std::string program;
@@ -181,6 +153,38 @@ int forkTied(const ChildCommand& command, const Streams& streams, const WordList
 
 }  // namespace
 
+ChildOutcome childNotStarted(int error, const std::string& what) {
+    return {ChildOutcome::Kind::NotStarted, error, what + ": " + std::system_category().message(error)};
+}
+
+// Above the standard descriptors putting one stream in place cannot run over another.
+OpenedStream openChildStream(const ChildStream& stream, bool isInput) {
+    FileDescriptor opened;
+    int source = stream.descriptor;
+    if (stream.kind != ChildStream::Kind::Descriptor) {
+        int flags = (isInput ? O_RDONLY : O_WRONLY) | O_CLOEXEC | O_NOCTTY;
+        if (stream.kind == ChildStream::Kind::Truncate) flags |= O_CREAT | O_TRUNC;
+        if (stream.kind == ChildStream::Kind::Append) flags |= O_CREAT | O_APPEND;
+        const bool isFile = stream.kind != ChildStream::Kind::Nowhere;
+        opened = FileDescriptor(::open(isFile ? stream.file.c_str() : "/dev/null", flags, kNewFileMode));
+        if (!opened.isOpen()) return {{}, errno};
+        if (opened.get() >= kStandardStreams) return {std::move(opened), 0};
+        source = opened.get();
+    }
+    FileDescriptor high(::fcntl(source, F_DUPFD_CLOEXEC, kStandardStreams));
+    if (!high.isOpen()) return {{}, errno};
+    return {std::move(high), 0};
+}
+
+std::vector<std::string> childEnvironment(const ChildCommand& command) {
+    std::vector<std::string> whole;
+    for (char** variable = environ; variable != nullptr && *variable != nullptr; ++variable) {
+        if (!isOverridden(*variable, command.environment)) whole.emplace_back(*variable);
+    }
+    whole.insert(whole.end(), command.environment.begin(), command.environment.end());
+    return whole;
+}
+
 ChildProcess::~ChildProcess() {
     if (isRunning()) stop();
 }
@@ -191,14 +195,14 @@ ChildOutcome ChildProcess::start(const ChildCommand& command) {
                                                                   &command.errors};
     Streams streams;
     for (std::size_t i = 0; i < wanted.size(); ++i) {
-        streams[i] = openStream(*wanted[i], i == 0);
-        if (streams[i].error != 0) return notStarted(streams[i].error, wanted[i]->file.string());
+        streams[i] = openChildStream(*wanted[i], i == 0);
+        if (streams[i].error != 0) return childNotStarted(streams[i].error, wanted[i]->file.string());
     }
     const WordLists lists = wordLists(command);
     pid_t child = 0;
     const int error = command.endsWithStartingThread ? forkTied(command, streams, lists, child)
                                                      : spawn(command, streams, lists, child);
-    if (error != 0) return notStarted(error, command.program.string());
+    if (error != 0) return childNotStarted(error, command.program.string());
     process_ = child;
     watch_ = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, child, 0)));
     return {ChildOutcome::Kind::Ended, 0, {}};

@@ -92,6 +92,18 @@ class ChildProcess {
     FileDescriptor watch_;  ///< readable when the child has ended; none on a system without such descriptors
 };
 
+/// A stream as the child is to get it, on a descriptor above the standard ones.
+struct OpenedStream {
+    FileDescriptor descriptor;
+    int error = 0;  ///< the error number, when there is no descriptor
+};
+
+/// For those who start children by other means: what start() does with each stream, the outcome when it
+/// fails, and the whole environment of the child.
+OpenedStream openChildStream(const ChildStream& stream, bool isInput);
+ChildOutcome childNotStarted(int error, const std::string& what);
+std::vector<std::string> childEnvironment(const ChildCommand& command);
+
 /// start() and wait().
 ChildOutcome runChild(const ChildCommand& command, const KeepWaiting& keepWaiting = {});
 

@@ -214,7 +214,7 @@ LineOutcome CommandInterpreter::runLine(const ParsedCommand& command, const Keep
         child.environment = {"PERL_BADLANG=0"};
         child.output = streamFor(command.output);
         child.errors = streamFor(command.errors);
-        outcome.child = runChild(child, keepWaiting);
+        outcome.child = runner_(child, keepWaiting);
         if (outcome.child.kind != ChildOutcome::Kind::NotStarted) return outcome;
         outcome.answer = outcome.child.reason + '\n';
     }

@@ -4,6 +4,7 @@
 #include "platform/CommandText.h"
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -55,6 +56,9 @@ struct CommandOutcome {
     std::string answers() const;  ///< the answers of all lines
 };
 
+/// Starts a child and waits for its end, like platform::runChild.
+using ChildRunner = std::function<ChildOutcome(const ChildCommand& command, const KeepWaiting& keepWaiting)>;
+
 /// Runs command text, line after line, without a shell: there are no variables, no patterns, no pipes, and no
 /// program but the given tools. Any other first word is answered as an unknown command on the line's error
 /// stream. Streams that a line does not redirect lead nowhere.
@@ -65,6 +69,9 @@ class CommandInterpreter {
     explicit CommandInterpreter(std::vector<std::filesystem::path> tools,
                                 TypedPieces typed = TypedPieces::AsTheyStand);
 
+    /// Another way than runChild to run a line's tool. What it is given is what runChild would be given.
+    void setChildRunner(ChildRunner runner) { runner_ = std::move(runner); }
+
     /// Blocks until the last line has ended. After a no of keepWaiting no further line is run.
     CommandOutcome run(const CommandText& text, const KeepWaiting& keepWaiting = {}) const;
 
@@ -74,6 +81,7 @@ class CommandInterpreter {
 
     std::vector<std::filesystem::path> tools_;
     TypedPieces typed_;
+    ChildRunner runner_ = runChild;
 };
 
 }  // namespace platform

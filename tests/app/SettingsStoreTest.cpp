@@ -60,6 +60,7 @@ constexpr Default kDefaults[] = {
     {"ExifTool", "OverwriteExistingFilesConfirmation", 0},
     {"ExifTool", "UseMWG", 1},
     {"ExifTool", "CorrectedCommands", 0},
+    {"ExifTool", "WarmStart", 1},
     {"MetadataList", "ShowFileDefault", 1},
     {"MetadataList", "ShowExif", 1},
     {"MetadataList", "ShowComposite", 0},

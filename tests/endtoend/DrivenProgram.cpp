@@ -57,6 +57,9 @@ void DrivenProgram::layOut(const Options& options) {
     for (const char* folder : {"cache/reports", "cache/sav", "Temp"})
         fs::create_directories(install_ / folder);
     fs::copy(fs::path(TAGWRIGHT_BIN_DIR) / "babel", install_ / "babel", fs::copy_options::recursive);
+    // With 0 every command is a run of its own.
+    const fs::path warm = fs::path(TAGWRIGHT_BIN_DIR) / "warm";
+    if (qgetenv("TAGWRIGHT_TEST_WARM_START") != "0" && fs::exists(warm)) fs::copy(warm, install_ / "warm");
     QByteArray settings = options.settings;
     if (settings.isEmpty())
         settings =

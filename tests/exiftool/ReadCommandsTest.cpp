@@ -1,5 +1,6 @@
 #include "exiftool/ReadCommands.h"
 
+#include "exiftool/StarterUnderTest.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 
@@ -31,6 +32,7 @@ class RecordingFeedback : public ReadFeedback {
 class ReadCommandsTest : public testing::Test {
  protected:
     void SetUp() override {
+        runner_.setWarmStarter(starterUnderTest());
         std::filesystem::create_directory(folder_ / "Temp");
         std::filesystem::create_directory(folder_ / "photos");
         context_.tempPath = folder_ / "Temp";

@@ -1,5 +1,6 @@
 #include "exiftool/ToolRunner.h"
 
+#include "exiftool/StarterUnderTest.h"
 #include "support/TemporaryFolder.h"
 
 #include <gmock/gmock.h>
@@ -19,6 +20,7 @@ namespace {
 class ToolRunnerTest : public testing::Test {
  protected:
     void SetUp() override {
+        runner_.setWarmStarter(starterUnderTest());
         context_.tempPath = folder_.path();
         context_.exifToolPath = folder_ / "tool";
     }

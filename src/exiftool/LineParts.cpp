@@ -1,0 +1,43 @@
+#include "exiftool/LineParts.h"
+
+#include "platform/Text.h"
+
+#include <array>
+
+namespace exiftool {
+
+namespace fs = std::filesystem;
+using platform::CommandText;
+
+namespace {
+
+constexpr auto kLanguageCodes = std::to_array<std::string_view>(
+    {"ce", "de", "en", "es", "fi", "fr", "it", "ja", "ko", "nl", "pl", "ru", "sv", "tr", "zh-cn", "zh-tw"});
+constexpr std::size_t kEnglish = 2;
+
+}  // namespace
+
+std::string_view LanguageCode(int dataLanguage) {
+    const auto index = static_cast<std::size_t>(dataLanguage);
+    return kLanguageCodes[index < kLanguageCodes.size() ? index : kEnglish];
+}
+
+CommandText ToolStart(const app::AppContext& context) {
+    CommandText command;
+    return command.literal("\"").outside(platform::narrow(context.exifToolPath)).literal("\" ");
+}
+
+CommandText ToolStartWithLanguage(const app::AppContext& context) {
+    const bool corrected = context.settings.exifTool.correctedCommands;
+    const std::string_view code = LanguageCode(context.settings.exifTool.dataLanguage);
+    // ExifTool refuses to work in the language "ce"; Czech is "cs".
+    return ToolStart(context).literal("-lang ").literal(corrected && code == "ce" ? "cs" : code);
+}
+
+std::string FileWord(const fs::path& file) {
+    std::error_code error;
+    const fs::path whole = file.is_absolute() ? file : fs::absolute(file, error);
+    return platform::narrow(error ? file : whole);
+}
+
+}  // namespace exiftool

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "app/AppContext.h"
+#include "platform/CommandText.h"
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+/// Pieces that the lines for ExifTool have in common.
+namespace exiftool {
+
+inline constexpr std::string_view kFileNameCharset = "-charset filename=UTF8 ";
+
+/// The ExifTool language code of an index of the DataLanguage setting; "en" for an index outside the table.
+/// The spelling "ce" of the first is kept.
+std::string_view LanguageCode(int dataLanguage);
+
+/// The path in quotes and a blank: `"<tool>" `.
+platform::CommandText ToolStart(const app::AppContext& context);
+
+/// `"<tool>" -lang <code>`, without a blank at the end. The corrected form knows Czech by its right code.
+platform::CommandText ToolStartWithLanguage(const app::AppContext& context);
+
+/// The file as ExifTool is to get it, named from the root: a relative name could begin with a hyphen and be
+/// taken for an option.
+std::string FileWord(const std::filesystem::path& file);
+
+}  // namespace exiftool

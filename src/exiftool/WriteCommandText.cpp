@@ -1,0 +1,79 @@
+#include "exiftool/LineParts.h"
+#include "exiftool/WriteCommands.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <array>
+
+namespace exiftool {
+
+namespace fs = std::filesystem;
+using platform::CommandText;
+
+namespace {
+
+struct FamilyRemoval {
+    int commandId;
+    std::string_view arguments;
+};
+
+constexpr std::array<FamilyRemoval, 7> kFamilyRemovals{{
+    {10066, "-exif= -Adobe:All= "},
+    {10067, "-iptc= "},
+    {10068, "-xmp= "},
+    {10069, "-icc_profile= "},
+    {10071, "-geotag= -gps*= "},
+    {10072, "-all= -Adobe:All= -Quicktime:All= "},
+    {10044, "-all= -Adobe:All= -Quicktime:All= "},
+}};
+
+/// Stored as escape sequences of a character set standard, which people write with "ESC" for the first byte;
+/// a value that begins with "U" is ExifTool's own word for one, "UTF8".
+constexpr int kCodedCharacterSet = 853;
+
+bool isEscapeSequence(int tagId, const CommandText& value) {
+    return tagId == kCodedCharacterSet && !value.text().starts_with('U');
+}
+
+}  // namespace
+
+CommandText RemoveFamilyArguments(const app::AppContext& context, int commandId) {
+    const app::Settings::ExifTool& settings = context.settings.exifTool;
+    CommandText arguments(fragments::kIgnoreMinorErrors);
+    const auto* const row =
+        std::find_if(kFamilyRemovals.begin(), kFamilyRemovals.end(),
+                     [&](const FamilyRemoval& removal) { return removal.commandId == commandId; });
+    if (row != kFamilyRemovals.end()) arguments.literal(row->arguments);
+    if (settings.preserveDateTime) arguments.literal(fragments::kPreserveDateTime);
+    if (settings.ignoreXml) arguments.literal(fragments::kWithoutXml);
+    if (settings.ignoreFile) arguments.literal(fragments::kWithoutFile);
+    return arguments;
+}
+
+CommandText CopyTagsCommand(const app::AppContext& context, CopiedFamilies families, const fs::path& source,
+                            const fs::path& target) {
+    const bool corrected = context.settings.exifTool.correctedCommands;
+    CommandText chosen;
+    // Only what stands behind the source is chosen from it, and a bare family is its block of bytes.
+    if (families.exif) chosen.literal(corrected ? "-EXIF:All " : "-EXIF ");
+    if (families.iptc) chosen.literal(corrected ? "-IPTC:All " : "-IPTC ");
+    if (families.xmp) chosen.literal(corrected ? "-XMP:All " : "-XMP ");
+    CommandText command = ToolStart(context);
+    if (!corrected) command.append(chosen);
+    command.literal("-tagsfromfile \"").outside(FileWord(source)).literal("\" ");
+    if (corrected) command.append(chosen).literal(fragments::kFileNameCharset);
+    command.literal("\"").outside(FileWord(target)).literal("\"");
+    if (corrected) command.literal(" 2>>\"").outside(platform::narrow(context.reportFile)).literal("\"");
+    return command;
+}
+
+CommandText SingleValueCommand(const app::AppContext& context, const fs::path& file, int tagId,
+                               std::string_view tagName, const CommandText& value) {
+    CommandText command = ToolStart(context).literal("-");
+    command.outside(tagName).literal("=").literal(isEscapeSequence(tagId, value) ? "\"ESC " : "\"");
+    command.append(value).literal("\" ").literal(fragments::kOverwriteOriginal);
+    command.literal(fragments::kFileNameCharset).literal("\"").outside(FileWord(file)).literal("\"");
+    return command;
+}
+
+}  // namespace exiftool

@@ -1,0 +1,331 @@
+#include "exiftool/WriteCommands.h"
+
+#include "exiftool/StarterUnderTest.h"
+#include "support/SmallFiles.h"
+#include "support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+using namespace exiftool;
+using platform::CommandText;
+using support::ExifTool;
+using support::ReadBytes;
+using support::TemporaryFolder;
+using support::WriteBytes;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// The real ExifTool on files of its own.
+class WriteCommandsTest : public testing::Test {
+ protected:
+    void SetUp() override {
+        runner_.setWarmStarter(starterUnderTest());
+        for (const char* name : {"Temp", "photos", "cache"}) fs::create_directory(folder_ / name);
+        context_.tempPath = folder_ / "Temp";
+        context_.cachePath = folder_ / "cache";
+        context_.reportFile = folder_ / "cache/report.txt";
+        context_.exifToolPath = "/usr/bin/exiftool";
+        context_.settings.exifTool.correctedCommands = true;
+        runner_.setSafetyCopyFailed(
+            [this](const QString& message) { failures_.push_back(message.toStdString()); });
+        fs::current_path(folder_ / "photos");
+    }
+    void TearDown() override { fs::current_path("/"); }
+
+    fs::path makePhoto(const std::string& name) {
+        if (!fs::exists(master_)) {
+            support::WriteJpeg(master_);
+            ExifTool({"-q", "-overwrite_original", "-EXIF:Artist=Somebody", "-XMP-dc:Title=A title",
+                      "-IPTC:Keywords=word", "-GPSLatitude=48.5", "-GPSLatitudeRef=N", master_.string()});
+        }
+        const fs::path file = folder_ / "photos" / name;
+        fs::copy_file(master_, file);
+        return file;
+    }
+
+    fs::path copyOf(const fs::path& file) {
+        return SafetyCopyPath(file, context_.cachePath, SafetyCopies(), QDateTime());
+    }
+
+    static CommandText title(std::string_view value, std::string_view options = "-overwrite_original ") {
+        CommandText arguments;
+        return arguments.literal(options).literal("-XMP-dc:Title=\"").outside(value).literal("\"");
+    }
+
+    static std::string valueOf(const fs::path& file, const std::string& tag) {
+        return ExifTool({"-s3", "-b", tag, file.string()});
+    }
+
+    std::string report() const {
+        return fs::exists(context_.reportFile) ? ReadBytes(context_.reportFile) : "";
+    }
+
+    TemporaryFolder folder_;
+    fs::path master_ = folder_ / "master.jpg";
+    app::AppContext context_;
+    ToolRunner runner_{context_};
+    WriteCommands writes_{context_, runner_};
+    std::vector<std::string> failures_;
+};
+
+const std::string kHostileValues[] = {
+    "plain",
+    "x\" -if \"system('touch owned')\" \"",
+    "a >owned 2>>owned",
+    "$(touch owned) `touch owned` ; touch owned | touch owned &",
+    "100% %PATH% %%d",
+    "line\nfeed\n-XMP-dc:Creator=owned",
+    "-execute",
+    "<owned",
+    "\xE6\x97\xA5\xE6\x9C\xAC \xF0\x9F\x93\xB7 \xD7\xA9\xD7\x9C",
+    "back\\slash \\\" end\\",
+    "@owned",
+};
+
+}  // namespace
+
+TEST_F(WriteCommandsTest, TheLineOfARunOnAFileStandsInItsBatchFileAndIsGoneAfterwards) {
+    const fs::path script = folder_ / "tool";
+    WriteBytes(script, "#!/bin/sh\ncat \"$4\" >\"$3\"; echo complaint >&2\n");
+    fs::permissions(script, fs::perms::owner_all);
+    context_.exifToolPath = script;
+    const fs::path file = makePhoto("a.jpg");
+    const fs::path seen = folder_ / "seen";
+    CommandText arguments;
+    arguments.outside(seen.string()).literal(" ").outside((context_.tempPath / "MetaData.bat").string());
+    EXPECT_EQ(runner_.RunOnFile(file, arguments), 1);
+    CommandText expected("\"");
+    expected.literal(script.native()).literal("\" -lang en ").append(arguments).literal(" \"");
+    expected.literal(file.native()).literal("\" 2>>\"").literal(context_.reportFile.native()).literal("\"");
+    EXPECT_EQ(ReadBytes(seen), expected.text());
+    EXPECT_TRUE(fs::is_empty(context_.tempPath));
+    EXPECT_EQ(runner_.RunOnFile(file, arguments), 1);
+    EXPECT_EQ(report(), "complaint\ncomplaint\n") << "a report grows";
+}
+
+TEST_F(WriteCommandsTest, HostileValuesReachTheFileAsTheyAreAndNothingElse) {
+    const fs::path file = makePhoto("a.jpg");
+    for (const std::string& value : kHostileValues) {
+        EXPECT_EQ(runner_.RunOnFile(file, title(value)), 1);
+        EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), value);
+        EXPECT_EQ(writes_.WriteSingleValue(file, 1, "XMP-dc:Description", CommandText().typed(value)), 1);
+        EXPECT_EQ(valueOf(file, "-XMP-dc:Description"), value);
+    }
+    EXPECT_EQ(valueOf(file, "-XMP-dc:Creator"), "");
+    EXPECT_EQ(report(), "");
+    EXPECT_FALSE(fs::exists(folder_ / "photos/owned"));
+}
+
+TEST_F(WriteCommandsTest, ValuesFromOutsideAreAsSafeInTheDesignedForms) {
+    context_.settings.exifTool.correctedCommands = false;
+    const fs::path file = makePhoto("a.jpg");
+    for (const std::string& value : kHostileValues) {
+        EXPECT_EQ(writes_.WriteSingleValue(file, 1, "XMP-dc:Title", CommandText().outside(value)), 1);
+        EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), value);
+    }
+    EXPECT_FALSE(fs::exists(folder_ / "photos/owned"));
+}
+
+TEST_F(WriteCommandsTest, HostileNamesAreWrittenAndCopied) {
+    for (const std::string& name : support::HostileNames()) {
+        const fs::path file = makePhoto(name);
+        const std::string before = ReadBytes(file);
+        EXPECT_EQ(runner_.RunOnFile(file, title("new")), 1) << name;
+        EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), "new") << name;
+        EXPECT_EQ(ReadBytes(copyOf(file)), before) << name;
+    }
+    EXPECT_EQ(report(), "");
+    EXPECT_THAT(failures_, IsEmpty());
+    EXPECT_FALSE(fs::exists(folder_ / "photos/owned"));
+}
+
+TEST_F(WriteCommandsTest, TheSafetyCopyHoldsTheStateBeforeTheLastChange) {
+    const fs::path file = makePhoto("a.jpg");
+    fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);
+    runner_.RunOnFile(file, title("first"));
+    const std::string afterFirst = ReadBytes(file);
+    runner_.RunOnFile(file, title("second"));
+    EXPECT_EQ(ReadBytes(copyOf(file)), afterFirst);
+    EXPECT_EQ(fs::status(copyOf(file)).permissions(), fs::status(file).permissions());
+    runner_.RunOnFile(file, CommandText("-XMP-dc:Title"));
+    EXPECT_EQ(valueOf(copyOf(file), "-XMP-dc:Title"), "second") << "also for a run that changes nothing";
+    EXPECT_EQ(std::distance(fs::directory_iterator(copyOf(file).parent_path()), {}), 1);
+}
+
+TEST_F(WriteCommandsTest, SwitchedOffThereIsNoSafetyCopy) {
+    const fs::path file = makePhoto("a.jpg");
+    runner_.safetyCopies().SafetyCopyEnabled = 0;
+    runner_.RunOnFile(file, title("new"));
+    runner_.WriteFileList({file});
+    EXPECT_FALSE(fs::exists(context_.cachePath / "sav"));
+}
+
+TEST_F(WriteCommandsTest, AFailedSafetyCopyIsToldAndTheWriteGoesOn) {
+    const fs::path file = makePhoto("a.jpg");
+    WriteBytes(context_.cachePath / "sav", "a file in the folder's place");
+    EXPECT_EQ(runner_.RunOnFile(file, title("new")), 1);
+    EXPECT_THAT(failures_, testing::ElementsAre("CopyFile failed with error 20: Not a directory"));
+    EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), "new");
+}
+
+TEST_F(WriteCommandsTest, AFailedCopyLeavesTheEarlierOneWhole) {
+    const fs::path file = makePhoto("a.jpg");
+    ASSERT_EQ(MakeSafetyCopy(file, context_.cachePath, {}), QString());
+    const std::string copied = ReadBytes(copyOf(file));
+    fs::remove(file);
+    EXPECT_THAT(MakeSafetyCopy(file, context_.cachePath, {}).toStdString(),
+                HasSubstr("CopyFile failed with error 2: "));
+    ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
+    EXPECT_THAT(MakeSafetyCopy(file, context_.cachePath, {}).toStdString(), HasSubstr("error 22"));
+    EXPECT_EQ(ReadBytes(copyOf(file)), copied);
+    EXPECT_EQ(std::distance(fs::directory_iterator(copyOf(file).parent_path()), {}), 1);
+}
+
+TEST_F(WriteCommandsTest, FilesAreCopiedToTheByteWhateverTheirSize) {
+    for (const std::size_t size : {std::size_t{0}, std::size_t{1}, std::size_t{5'000'001}}) {
+        std::string bytes(size, 'x');
+        for (std::size_t i = 0; i < size; i += 997) bytes[i] = static_cast<char>(i);
+        const fs::path file = folder_ / "photos/any.raw";
+        WriteBytes(file, bytes);
+        fs::last_write_time(file, fs::file_time_type(std::chrono::seconds(1000)));
+        EXPECT_EQ(MakeSafetyCopy(file, context_.cachePath, {}), QString());
+        EXPECT_EQ(ReadBytes(copyOf(file)), bytes);
+        EXPECT_EQ(fs::last_write_time(copyOf(file)), fs::last_write_time(file));
+    }
+}
+
+TEST_F(WriteCommandsTest, FamiliesAreRemovedAndAFileThatCannotBeWrittenIsInTheReport) {
+    const fs::path good = makePhoto("good.jpg");
+    const fs::path locked = makePhoto("locked.jpg");
+    const std::string before = ReadBytes(locked);
+    // Bars writes also for those whom permissions do not.
+    fs::create_directory(folder_ / "photos/locked.jpg_exiftool_tmp");
+    const fs::path last = makePhoto("last.jpg");
+    EXPECT_TRUE(writes_.RemoveFamilyFromSelection(10067, {good, locked, last}));
+    EXPECT_THAT(report(), HasSubstr("locked.jpg"));
+    EXPECT_EQ(ReadBytes(locked), before);
+    for (const fs::path& file : {good, last}) {
+        EXPECT_EQ(valueOf(file, "-IPTC:All"), "");
+        EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), "A title");
+        EXPECT_EQ(ReadBytes(file.string() + "_original"), before)
+            << "removal leaves the original beside the file";
+    }
+}
+
+TEST_F(WriteCommandsTest, EachRemovalTakesItsOwnFamily) {
+    const char* const tags[] = {"-EXIF:Artist", "-IPTC:Keywords", "-XMP:Title", "-GPSLatitudeRef"};
+    struct {
+        int commandId;
+        std::vector<bool> left;
+    } const cases[] = {
+        {10066, {false, true, true, false}},   {10067, {true, false, true, true}},
+        {10068, {true, true, false, true}},    {10071, {true, true, true, false}},
+        {10072, {false, false, false, false}}, {10044, {false, false, false, false}},
+        {1, {true, true, true, true}},
+    };
+    for (const auto& row : cases) {
+        const fs::path file = makePhoto("family" + std::to_string(row.commandId) + ".jpg");
+        writes_.RemoveFamilyFromSelection(row.commandId, {file});
+        for (std::size_t i = 0; i < row.left.size(); ++i)
+            EXPECT_EQ(!valueOf(file, tags[i]).empty(), row.left[i]) << row.commandId << tags[i];
+    }
+}
+
+TEST_F(WriteCommandsTest, OnlyTheChosenFamiliesAreCopied) {
+    const fs::path source = makePhoto("source\"$(x).jpg");
+    const fs::path target = folder_ / "photos/target.jpg";
+    support::WriteJpeg(target);
+    ExifTool({"-q", "-overwrite_original", "-XMP-dc:Creator=kept", "-IPTC:City=kept", target.string()});
+    EXPECT_TRUE(writes_.CopyTagsFromFile({true, false, true}, source, {target}));
+    EXPECT_EQ(valueOf(target, "-EXIF:Artist"), "Somebody");
+    EXPECT_EQ(valueOf(target, "-XMP-dc:Title"), "A title");
+    EXPECT_EQ(valueOf(target, "-XMP-dc:Creator"), "kept");
+    EXPECT_EQ(valueOf(target, "-IPTC:City"), "kept");
+    EXPECT_EQ(valueOf(target, "-IPTC:Keywords"), "") << "was not chosen";
+    EXPECT_FALSE(fs::exists(context_.cachePath / "sav"));
+    EXPECT_FALSE(writes_.CopyTagsFromFile({}, source, {target}));
+    EXPECT_FALSE(writes_.CopyTagsFromFile({true, true, true}, source, {}));
+    EXPECT_TRUE(writes_.CopyTagsFromFile({true, true, true}, source, {folder_ / "photos/gone.jpg"}));
+    EXPECT_THAT(report(), HasSubstr("gone.jpg"));
+}
+
+TEST_F(WriteCommandsTest, SingleValuesAreWrittenEmptiedAndEscaped) {
+    const fs::path file = makePhoto("a.jpg");
+    EXPECT_EQ(writes_.WriteSingleValue(file, 853, "IPTC:CodedCharacterSet", CommandText().typed("% G")), 1);
+    EXPECT_EQ(valueOf(file, "-IPTC:CodedCharacterSet"), "\x1B%G");
+    EXPECT_EQ(writes_.WriteSingleValue(file, 1, "XMP-dc:Title", {}), 1);
+    EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), "");
+    EXPECT_EQ(writes_.WriteSingleValue({}, 1, "XMP-dc:Title", {}), 0);
+    EXPECT_EQ(runner_.RunOnFile({}, title("x")), 0);
+}
+
+TEST_F(WriteCommandsTest, AListOfFilesRefusesNamesThatCannotStandInIt) {
+    std::vector<fs::path> files;
+    for (const std::string& name : support::HostileNames()) files.push_back(makePhoto(name));
+    files.emplace_back("relative.jpg");
+    files.emplace_back(folder_ / "photos/return.jpg\r");
+    makePhoto("relative.jpg");
+    const FileList list = runner_.WriteFileList(files);
+    EXPECT_EQ(list.path, context_.tempPath / "files.tmp");
+    EXPECT_EQ(list.listed, files.size() - 2);
+    EXPECT_THAT(list.refused,
+                testing::ElementsAre(folder_ / "photos/line\nfeed.jpg", folder_ / "photos/return.jpg\r"));
+    EXPECT_THAT(report(), HasSubstr("photos/line?feed.jpg\n"));
+    EXPECT_THAT(report(), HasSubstr("photos/return.jpg?\n"));
+    EXPECT_TRUE(fs::exists(copyOf(folder_ / "photos/relative.jpg")));
+
+    ExifTool({"-q", "-overwrite_original", "-XMP-dc:Title=listed", "-@", list.path.string()});
+    for (const fs::path& file : files) {
+        if (!fs::exists(file)) continue;
+        const bool isRefused = file.native().find('\n') != std::string::npos;
+        EXPECT_EQ(valueOf(fs::absolute(file), "-XMP-dc:Title"), isRefused ? "A title" : "listed") << file;
+    }
+}
+
+TEST_F(WriteCommandsTest, AnEmptyListWritesNothing) {
+    EXPECT_TRUE(runner_.WriteFileList({}).path.empty());
+    EXPECT_TRUE(fs::is_empty(context_.tempPath));
+    context_.tempPath = folder_ / "no";
+    EXPECT_TRUE(runner_.WriteFileList({makePhoto("a.jpg")}).path.empty());
+}
+
+TEST_F(WriteCommandsTest, AStoppedWriteLeavesTheFileWholeAndTheNextOneWorks) {
+    const fs::path script = folder_ / "tool";
+    const fs::path file = makePhoto("a.jpg");
+    const std::string before = ReadBytes(file);
+    WriteBytes(script,
+               "#!/bin/sh\nfor last; do :; done\necho half >\"${last}_exiftool_tmp\"\nexec sleep 100\n");
+    fs::permissions(script, fs::perms::owner_all);
+    context_.exifToolPath = script;
+    const fs::path leftover = folder_ / "photos/a.jpg_exiftool_tmp";
+    runner_.setKeepWaiting([&](std::chrono::milliseconds) { return !fs::exists(leftover); });
+    EXPECT_EQ(runner_.RunOnFile(file, {}), 0);
+    EXPECT_TRUE(runner_.wasStopped());
+    EXPECT_FALSE(fs::exists(leftover));
+    EXPECT_EQ(ReadBytes(file), before);
+    runner_.setKeepWaiting({});
+    context_.exifToolPath = "/usr/bin/exiftool";
+    EXPECT_EQ(runner_.RunOnFile(file, title("new")), 1);
+    EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), "new");
+}
+
+TEST_F(WriteCommandsTest, OtherProgramsRunWithoutABatchFile) {
+    const fs::path script = folder_ / "convert";
+    WriteBytes(script, "#!/bin/sh\nprintf '%s' \"$1\" >\"$2\"\n");
+    fs::permissions(script, fs::perms::owner_all);
+    context_.imageMagickPath = script;
+    CommandText command("\"");
+    command.outside(script.string()).literal("\" \"two words\" \"").outside((folder_ / "seen").string());
+    EXPECT_EQ(runner_.RunProgram(command.literal("\"")), 1);
+    EXPECT_EQ(ReadBytes(folder_ / "seen"), "two words");
+    EXPECT_TRUE(fs::is_empty(context_.tempPath));
+    EXPECT_EQ(runner_.RunProgram(CommandText("\"/usr/bin/exiftool\" -ver")), 0) << "has its own roads";
+    EXPECT_EQ(runner_.RunHidden(CommandText("\"/usr/bin/exiftool\" -ver")), 1);
+}
