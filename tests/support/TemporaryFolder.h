@@ -7,16 +7,18 @@ namespace support {
 
 /// A new empty folder that goes away with the object, whatever permissions the test left in it.
 class TemporaryFolder {
-public:
+ public:
     TemporaryFolder();
     ~TemporaryFolder();
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
 
     const std::filesystem::path& path() const { return path_; }
-    std::filesystem::path operator/(std::string_view name) const { return path_ / std::filesystem::path(name); }
+    std::filesystem::path operator/(std::string_view name) const {
+        return path_ / std::filesystem::path(name);
+    }
 
-private:
+ private:
     std::filesystem::path path_;
 };
 
