@@ -118,7 +118,6 @@ class MainWindow : public QWidget {
     void toggleStatusBar(CommandId id);
     void setView(CommandId id);
     void toggleMetadataPanel(CommandId id);
-    void goToKnownFolder(CommandId id);
     void openSelected(CommandId id);
     void clearSelection(CommandId id);
     void selectAll(CommandId id);

@@ -55,10 +55,6 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     void InsertMetadataRow(MetadataRow&& row) override;
     void SetGroupCount(std::uint32_t groupId, int count) override;
 
- Q_SIGNALS:
-    /// A menu entry was chosen that is a command of the main window.
-    void CommandChosen(int commandId);
-
  private:
     void createColumns();
     void CreatePanelGroups();
