@@ -3,6 +3,7 @@
 #include "app/AppContext.h"
 #include "app/CommandTable.h"
 #include "app/LanguageFile.h"
+#include "edit/EditParts.h"
 #include "exiftool/ExifToolSession.h"
 #include "exiftool/MetadataLoad.h"
 #include "exiftool/WarmStarter.h"
@@ -112,6 +113,7 @@ class MainWindow : public QWidget {
     void focusFileList();
     void setRightPanel(bool Settings::Lists::*flag, bool shown);
     std::filesystem::path selectedFile();
+    edit::EditParts editParts();
 
     // Commands.
     void toggleFolders(CommandId id);

@@ -1,5 +1,6 @@
 #include "app/AboutDialog.h"
 #include "app/MainWindow.h"
+#include "app/MainWindowFeedback.h"
 #include "app/Messages.h"
 #include "app/ProgressDialog.h"
 #include "app/TextNumbers.h"
@@ -75,6 +76,11 @@ void MainWindow::Dispatch(CommandId id) {
 std::filesystem::path MainWindow::selectedFile() {
     const std::vector<std::filesystem::path> files = activeBrowser().GetSelectedFiles();
     return files.empty() ? std::filesystem::path() : files.front();
+}
+
+edit::EditParts MainWindow::editParts() {
+    return {context_,   language_, dictionary_,   labels_,   ratingMemory_,
+            ratingLog_, runner_,   readCommands_, *feedback_};
 }
 
 void MainWindow::toggleFolders(CommandId) {

@@ -1,13 +1,16 @@
 #pragma once
 
 #include "app/MainWindow.h"
+#include "exiftool/FileProgress.h"
 #include "exiftool/MetadataLoad.h"
 #include "exiftool/ReadCommands.h"
 
 namespace app {
 
 /// What reads and loads say in the main window: wait cursor, status bar, progress dialog, messages.
-class MainWindow::Feedback : public exiftool::ReadFeedback, public exiftool::LoadFeedback {
+class MainWindow::Feedback : public exiftool::ReadFeedback,
+                             public exiftool::LoadFeedback,
+                             public exiftool::FileProgress {
  public:
     Feedback(MainWindow& window, ProgressDialog& progress) : window_(window), progress_(progress) {}
 

@@ -40,4 +40,18 @@ std::string FileWord(const fs::path& file) {
     return platform::narrow(error ? file : whole);
 }
 
+CommandText QuotedValue(const app::AppContext& context, QStringView value) {
+    const std::string bytes = value.toUtf8().toStdString();
+    CommandText word("\"");
+    if (context.settings.exifTool.correctedCommands)
+        word.outside(bytes);
+    else
+        word.typed(bytes);
+    return word.literal("\"");
+}
+
+CommandText ReportBehind(const app::AppContext& context) {
+    return CommandText(" 2>>\"").outside(platform::narrow(context.reportFile)).literal("\"");
+}
+
 }  // namespace exiftool

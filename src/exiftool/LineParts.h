@@ -3,6 +3,7 @@
 #include "app/AppContext.h"
 #include "platform/CommandText.h"
 
+#include <QStringView>
 #include <filesystem>
 #include <string>
 #include <string_view>
@@ -25,5 +26,13 @@ platform::CommandText ToolStartWithLanguage(const app::AppContext& context);
 /// The file as ExifTool is to get it, named from the root: a relative name could begin with a hyphen and be
 /// taken for an option.
 std::string FileWord(const std::filesystem::path& file);
+
+/// A value of the user's in quotes, in UTF-8. The designed form takes it as it stands, a quote in it
+/// included; in the corrected form any text, line feeds and quotes too, stays inside the argument that it
+/// stands in.
+platform::CommandText QuotedValue(const app::AppContext& context, QStringView value);
+
+/// ` 2>>"<report>"`, behind lines whose complaints the batch report collects.
+platform::CommandText ReportBehind(const app::AppContext& context);
 
 }  // namespace exiftool

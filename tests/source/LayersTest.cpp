@@ -26,6 +26,12 @@ const std::map<std::string, Layer>& layers() {
         {"app", {{"platform"}, {"platform", "controls"}}},
         {"tags", {{"platform", "app"}, {"platform", "app", "exiftool", "controls"}}},
         {"exiftool", {{"platform", "app", "tags"}, {}}},
+        {"edit",
+         {{"platform", "app", "tags", "exiftool"},
+          {"platform", "app", "tags", "exiftool", "controls", "batch"}}},
+        {"batch",
+         {{"platform", "app", "tags", "exiftool"},
+          {"platform", "app", "tags", "exiftool", "controls", "edit"}}},
         {"browser",
          {{"platform", "app", "tags", "exiftool"}, {"platform", "app", "tags", "exiftool", "controls"}}},
     };
