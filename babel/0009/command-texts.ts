@@ -528,6 +528,10 @@
         <source>Date and model</source>
         <translation></translation>
     </message>
+    <message id="176">
+        <source>All or families...</source>
+        <translation></translation>
+    </message>
     <message id="177">
         <source>Remove tags</source>
         <translation></translation>
@@ -932,8 +936,60 @@
         <source>Type</source>
         <translation></translation>
     </message>
+    <message id="50005">
+        <source>Total size</source>
+        <translation></translation>
+    </message>
+    <message id="50006">
+        <source>Free space</source>
+        <translation></translation>
+    </message>
+    <message id="50007">
+        <source>Comments</source>
+        <translation></translation>
+    </message>
+    <message id="50008">
+        <source>Date deleted</source>
+        <translation></translation>
+    </message>
+    <message id="50009">
+        <source>Original location</source>
+        <translation></translation>
+    </message>
+    <message id="50010">
+        <source>Attributes</source>
+        <translation></translation>
+    </message>
+    <message id="50011">
+        <source>Size on disk</source>
+        <translation></translation>
+    </message>
+    <message id="50012">
+        <source>Owner</source>
+        <translation></translation>
+    </message>
     <message id="50013">
         <source>Rating</source>
+        <translation></translation>
+    </message>
+    <message id="50014">
+        <source>Product name</source>
+        <translation></translation>
+    </message>
+    <message id="50015">
+        <source>Company</source>
+        <translation></translation>
+    </message>
+    <message id="50016">
+        <source>File description</source>
+        <translation></translation>
+    </message>
+    <message id="50017">
+        <source>File version</source>
+        <translation></translation>
+    </message>
+    <message id="50018">
+        <source>Product version</source>
         <translation></translation>
     </message>
     <message id="50021">
@@ -944,8 +1000,20 @@
         <source>Date created</source>
         <translation></translation>
     </message>
+    <message id="50023">
+        <source>Date accessed</source>
+        <translation></translation>
+    </message>
     <message id="50024">
         <source>Title</source>
+        <translation></translation>
+    </message>
+    <message id="50025">
+        <source>Subject</source>
+        <translation></translation>
+    </message>
+    <message id="50026">
+        <source>Authors</source>
         <translation></translation>
     </message>
     <message id="50027">
@@ -968,8 +1036,108 @@
         <source>Height</source>
         <translation></translation>
     </message>
+    <message id="50033">
+        <source>Virtual comments</source>
+        <translation></translation>
+    </message>
+    <message id="50035">
+        <source>Bit rate</source>
+        <translation></translation>
+    </message>
+    <message id="50036">
+        <source>Copyright</source>
+        <translation></translation>
+    </message>
     <message id="50037">
         <source>Duration</source>
+        <translation></translation>
+    </message>
+    <message id="50038">
+        <source>Protected</source>
+        <translation></translation>
+    </message>
+    <message id="50039">
+        <source>Rating of the medium</source>
+        <translation></translation>
+    </message>
+    <message id="50040">
+        <source>Album artist</source>
+        <translation></translation>
+    </message>
+    <message id="50041">
+        <source>Album</source>
+        <translation></translation>
+    </message>
+    <message id="50042">
+        <source>Beats per minute</source>
+        <translation></translation>
+    </message>
+    <message id="50043">
+        <source>Composer</source>
+        <translation></translation>
+    </message>
+    <message id="50044">
+        <source>Conductor</source>
+        <translation></translation>
+    </message>
+    <message id="50045">
+        <source>Director</source>
+        <translation></translation>
+    </message>
+    <message id="50046">
+        <source>Genre</source>
+        <translation></translation>
+    </message>
+    <message id="50047">
+        <source>Language</source>
+        <translation></translation>
+    </message>
+    <message id="50048">
+        <source>Broadcast date</source>
+        <translation></translation>
+    </message>
+    <message id="50049">
+        <source>Channel</source>
+        <translation></translation>
+    </message>
+    <message id="50050">
+        <source>Station name</source>
+        <translation></translation>
+    </message>
+    <message id="50051">
+        <source>Mood</source>
+        <translation></translation>
+    </message>
+    <message id="50052">
+        <source>Parental rating</source>
+        <translation></translation>
+    </message>
+    <message id="50053">
+        <source>Reason for the parental rating</source>
+        <translation></translation>
+    </message>
+    <message id="50054">
+        <source>Period</source>
+        <translation></translation>
+    </message>
+    <message id="50055">
+        <source>Producer</source>
+        <translation></translation>
+    </message>
+    <message id="50056">
+        <source>Publisher</source>
+        <translation></translation>
+    </message>
+    <message id="50057">
+        <source>Writer</source>
+        <translation></translation>
+    </message>
+    <message id="50058">
+        <source>Year</source>
+        <translation></translation>
+    </message>
+    <message id="50059">
+        <source>Kind</source>
         <translation></translation>
     </message>
     <message id="50101">
@@ -988,8 +1156,60 @@
         <source>Type</source>
         <translation></translation>
     </message>
+    <message id="50105">
+        <source>Total size</source>
+        <translation></translation>
+    </message>
+    <message id="50106">
+        <source>Free space</source>
+        <translation></translation>
+    </message>
+    <message id="50107">
+        <source>Comments</source>
+        <translation></translation>
+    </message>
+    <message id="50108">
+        <source>Date deleted</source>
+        <translation></translation>
+    </message>
+    <message id="50109">
+        <source>Original location</source>
+        <translation></translation>
+    </message>
+    <message id="50110">
+        <source>Attributes</source>
+        <translation></translation>
+    </message>
+    <message id="50111">
+        <source>Size on disk</source>
+        <translation></translation>
+    </message>
+    <message id="50112">
+        <source>Owner</source>
+        <translation></translation>
+    </message>
     <message id="50113">
         <source>Rating</source>
+        <translation></translation>
+    </message>
+    <message id="50114">
+        <source>Product name</source>
+        <translation></translation>
+    </message>
+    <message id="50115">
+        <source>Company</source>
+        <translation></translation>
+    </message>
+    <message id="50116">
+        <source>File description</source>
+        <translation></translation>
+    </message>
+    <message id="50117">
+        <source>File version</source>
+        <translation></translation>
+    </message>
+    <message id="50118">
+        <source>Product version</source>
         <translation></translation>
     </message>
     <message id="50121">
@@ -1000,8 +1220,20 @@
         <source>Date created</source>
         <translation></translation>
     </message>
+    <message id="50123">
+        <source>Date accessed</source>
+        <translation></translation>
+    </message>
     <message id="50124">
         <source>Title</source>
+        <translation></translation>
+    </message>
+    <message id="50125">
+        <source>Subject</source>
+        <translation></translation>
+    </message>
+    <message id="50126">
+        <source>Authors</source>
         <translation></translation>
     </message>
     <message id="50127">
@@ -1024,8 +1256,108 @@
         <source>Height</source>
         <translation></translation>
     </message>
+    <message id="50133">
+        <source>Virtual comments</source>
+        <translation></translation>
+    </message>
+    <message id="50135">
+        <source>Bit rate</source>
+        <translation></translation>
+    </message>
+    <message id="50136">
+        <source>Copyright</source>
+        <translation></translation>
+    </message>
     <message id="50137">
         <source>Duration</source>
+        <translation></translation>
+    </message>
+    <message id="50138">
+        <source>Protected</source>
+        <translation></translation>
+    </message>
+    <message id="50139">
+        <source>Rating of the medium</source>
+        <translation></translation>
+    </message>
+    <message id="50140">
+        <source>Album artist</source>
+        <translation></translation>
+    </message>
+    <message id="50141">
+        <source>Album</source>
+        <translation></translation>
+    </message>
+    <message id="50142">
+        <source>Beats per minute</source>
+        <translation></translation>
+    </message>
+    <message id="50143">
+        <source>Composer</source>
+        <translation></translation>
+    </message>
+    <message id="50144">
+        <source>Conductor</source>
+        <translation></translation>
+    </message>
+    <message id="50145">
+        <source>Director</source>
+        <translation></translation>
+    </message>
+    <message id="50146">
+        <source>Genre</source>
+        <translation></translation>
+    </message>
+    <message id="50147">
+        <source>Language</source>
+        <translation></translation>
+    </message>
+    <message id="50148">
+        <source>Broadcast date</source>
+        <translation></translation>
+    </message>
+    <message id="50149">
+        <source>Channel</source>
+        <translation></translation>
+    </message>
+    <message id="50150">
+        <source>Station name</source>
+        <translation></translation>
+    </message>
+    <message id="50151">
+        <source>Mood</source>
+        <translation></translation>
+    </message>
+    <message id="50152">
+        <source>Parental rating</source>
+        <translation></translation>
+    </message>
+    <message id="50153">
+        <source>Reason for the parental rating</source>
+        <translation></translation>
+    </message>
+    <message id="50154">
+        <source>Period</source>
+        <translation></translation>
+    </message>
+    <message id="50155">
+        <source>Producer</source>
+        <translation></translation>
+    </message>
+    <message id="50156">
+        <source>Publisher</source>
+        <translation></translation>
+    </message>
+    <message id="50157">
+        <source>Writer</source>
+        <translation></translation>
+    </message>
+    <message id="50158">
+        <source>Year</source>
+        <translation></translation>
+    </message>
+    <message id="50159">
+        <source>Kind</source>
         <translation></translation>
     </message>
     <message id="70166">
@@ -1398,6 +1730,10 @@
     </message>
     <message id="100174">
         <source>Renames by date and camera model.</source>
+        <translation></translation>
+    </message>
+    <message id="100176">
+        <source>Removes everything, or chosen families of tags, from the selected files.</source>
         <translation></translation>
     </message>
     <message id="100177">

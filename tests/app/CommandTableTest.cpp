@@ -20,6 +20,31 @@ TEST(CommandTable, EveryIdAndNameStandsOnce) {
     EXPECT_EQ(app::FindCommand(1 << 30), nullptr);
 }
 
+TEST(CommandTable, KnowsEveryNumberThatCanCome) {
+    struct Range {
+        int first;
+        int last;
+    };
+    constexpr Range kRanges[] = {
+        {6, 6},         {8, 10},        {12, 15},       {17, 20},       {22, 36},       {57, 106},
+        {108, 142},     {146, 169},     {171, 174},     {176, 178},     {180, 181},     {183, 188},
+        {191, 204},     {206, 206},     {208, 217},     {219, 223},     {226, 228},     {234, 242},
+        {245, 248},     {250, 279},     {284, 285},     {298, 300},     {302, 302},     {304, 307},
+        {361, 361},     {1818, 1824},   {5033, 5041},   {5050, 5050},   {5052, 5052},   {8003, 8003},
+        {8056, 8056},   {10004, 10004}, {10007, 10007}, {10033, 10042}, {10044, 10044}, {10062, 10062},
+        {10065, 10072}, {10075, 10075}, {10077, 10077}, {30001, 30001}, {40011, 40014}, {40063, 40065},
+        {40071, 40076}, {40089, 40094}, {40100, 40100}, {40106, 40108}, {40110, 40110}, {40113, 40113},
+        {40115, 40117}, {40173, 40173}, {50001, 50018}, {50021, 50027}, {50029, 50033}, {50035, 50059},
+        {50101, 50118}, {50121, 50127}, {50129, 50133}, {50135, 50159}, {60000, 60008},
+    };
+    std::size_t expected = 0;
+    for (const Range& range : kRanges) {
+        for (int id = range.first; id <= range.last; ++id, ++expected)
+            EXPECT_NE(app::FindCommand(id), nullptr) << id;
+    }
+    EXPECT_EQ(app::CommandTable().size(), expected);
+}
+
 TEST(CommandTable, EveryCommandOfAMenuHasAText) {
     const app::LanguageFile english(TAGWRIGHT_BIN_DIR, 9);
     for (const app::Command& command : app::CommandTable()) {

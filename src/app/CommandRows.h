@@ -1,0 +1,26 @@
+#pragma once
+
+#include "app/CommandTable.h"
+
+namespace app {
+
+/// Numbers that follow one another and differ by their number only.
+struct CommandRange {
+    CommandId first;
+    CommandId last;
+    const char* name;  ///< the number is put behind it
+    bool toggle;
+    const char* iconName;
+};
+
+/// The commands that have a row of their own, by ascending id.
+std::span<const Command> FixedCommands();
+
+/// None of them is built, and none has a text.
+std::span<const CommandRange> CommandRanges();
+
+/// Whether the list can be sorted, or grouped, by the mode of this number.
+bool IsSortModeBuilt(int sortMode);
+bool IsGroupModeBuilt(int sortMode);
+
+}  // namespace app
