@@ -7,6 +7,7 @@
 #include "controls/GroupedListContents.h"
 #include "controls/GroupedListInput.h"
 #include "controls/ListHeader.h"
+#include "controls/TickBox.h"
 
 namespace controls {
 
@@ -167,24 +168,8 @@ void GroupedListView::Painting::paintCell(QPainter& painter, const Row& row, con
 }
 
 void GroupedListView::Painting::paintCheckBox(QPainter& painter, const Row& row, const QRect& cell) const {
-    // Styles draw this for the ground of a window; on the dark ground of a list some of theirs cannot be
-    // seen.
-    const QRectF box = QRectF(view_.contents_->checkBoxRect(cell)).adjusted(0.5, 0.5, -0.5, -0.5);
-    const QColor accent = view_.palette().color(QPalette::Active, QPalette::Highlight);
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(row.selected ? accent : row.hovered ? colors_.secondaryText : colors_.checkBoxFrame);
-    painter.setBrush(row.selected ? accent : view_.palette().color(QPalette::Base));
-    painter.drawRoundedRect(box, 2.5, 2.5);
-    if (row.selected) {
-        const QPointF tick[] = {{box.left() + box.width() * 0.23, box.top() + box.height() * 0.53},
-                                {box.left() + box.width() * 0.42, box.top() + box.height() * 0.72},
-                                {box.left() + box.width() * 0.78, box.top() + box.height() * 0.30}};
-        painter.setPen(QPen(view_.palette().color(QPalette::Active, QPalette::HighlightedText), 1.7,
-                            Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        painter.drawPolyline(tick, 3);
-    }
-    painter.restore();
+    PaintTickBox(painter, view_.contents_->checkBoxRect(cell), view_.palette(),
+                 {.ticked = row.selected, .hovered = row.hovered});
 }
 
 void GroupedListView::Painting::paintGrid(QPainter& painter, const Row& row) const {

@@ -18,26 +18,6 @@ constexpr QPoint kHelpMarkPlace(2, 3);
 constexpr QSize kStar(15, 13);
 constexpr int kStarLeft = 2;
 
-QString kindIconName(ValueKind kind) {
-    switch (kind) {
-        case ValueKind::Date:
-            return QStringLiteral("kind-date");
-        case ValueKind::Integer:
-            return QStringLiteral("kind-integer");
-        case ValueKind::Text:
-            return QStringLiteral("kind-text");
-        case ValueKind::Rating:
-            return QStringLiteral("kind-rating");
-        case ValueKind::List:
-            return QStringLiteral("kind-list");
-        case ValueKind::Binary:
-            return QStringLiteral("kind-binary");
-        case ValueKind::Rational:
-            return QStringLiteral("kind-rational");
-    }
-    return {};
-}
-
 QColor paletteColour(const PanelColour& colour, const QPalette& palette) {
     const QColor ground = palette.color(QPalette::Base);
     switch (colour.source) {
@@ -60,7 +40,7 @@ void paintKind(QPainter* painter, const QRect& cell, const RowAppearance& look) 
     const QRect place(QPoint(cell.left() + kKindIconLeft, cell.center().y() - kKindIcon.height() / 2 + 1),
                       kKindIcon);
     if (look.kindIcon)
-        paintPicture(painter, place, kindIconName(*look.kindIcon));
+        paintPicture(painter, place, KindIconName(*look.kindIcon));
     else if (look.unknownMark)
         paintPicture(painter, place, QStringLiteral("unknown-tag"));
 }

@@ -96,6 +96,29 @@ bool counterStandsStill(std::uint32_t groupId) {
     return groupId == still[0] || groupId == still[1];
 }
 
+/// A line of output without ids; the views point into the line given.
+struct ValueLine {
+    QStringView group;
+    QStringView tag;
+    QStringView value;
+};
+
+QString valueLine(std::string_view bytes) {
+    QString line = platform::wide(bytes);
+    ShortenBinaryHint(line);
+    return line;
+}
+
+std::optional<ValueLine> splitValueLine(QStringView line) {
+    if (startsWithoutCase(line, u"[ExifTool]") || !line.startsWith(u'[')) return std::nullopt;
+    const qsizetype close = line.indexOf(u']');
+    if (close < 0) return std::nullopt;
+    const qsizetype colon = line.indexOf(u':', close);
+    if (colon < 0) return std::nullopt;
+    return ValueLine{line.sliced(1, close - 1), line.sliced(close + 1, colon - close - 1).trimmed(),
+                     line.mid(colon + 2)};
+}
+
 }  // namespace
 
 void ShortenBinaryHint(QString& line) {
@@ -265,18 +288,26 @@ QString FindTagValue(const std::filesystem::path& outputFile, QStringView group,
     LineReader reader(outputFile);
     if (!reader.isOpen()) return found;
     reader.forEachLine([&](std::string_view bytes) {
-        QString line = platform::wide(bytes);
-        ShortenBinaryHint(line);
-        if (startsWithoutCase(line, u"[ExifTool]")) return true;
-        const QStringView view(line);
-        const qsizetype close = view.indexOf(u']');
-        if (!view.startsWith(u'[') || close < 0 || view.sliced(1, close - 1) != group) return true;
-        const qsizetype colon = view.indexOf(u':', close);
-        if (colon < 0 || view.sliced(close + 1, colon - close - 1).trimmed() != tagName) return true;
-        found = view.mid(colon + 2).toString();
+        const QString line = valueLine(bytes);
+        const std::optional<ValueLine> parts = splitValueLine(line);
+        if (!parts || parts->group != group || parts->tag != tagName) return true;
+        found = parts->value.toString();
         return false;
     });
     return found;
+}
+
+bool ForEachTagValue(const std::filesystem::path& outputFile,
+                     const std::function<void(QStringView, QStringView, QStringView)>& call) {
+    LineReader reader(outputFile);
+    if (!reader.isOpen()) return false;
+    reader.forEachLine([&](std::string_view bytes) {
+        const QString line = valueLine(bytes);
+        if (const std::optional<ValueLine> parts = splitValueLine(line))
+            call(parts->group, parts->tag, parts->value);
+        return true;
+    });
+    return true;
 }
 
 std::optional<QString> ReadReport(const std::filesystem::path& reportFile,

@@ -105,6 +105,12 @@ class OutputParser {
 /// when absent.
 QString FindTagValue(const std::filesystem::path& outputFile, QStringView group, QStringView tagName);
 
+/// Calls back for every line of such an output, in order: group without its brackets. False when the file
+/// cannot be opened.
+bool ForEachTagValue(
+    const std::filesystem::path& outputFile,
+    const std::function<void(QStringView group, QStringView tagName, QStringView value)>& call);
+
 /// What a batch left in its report, without the headings ExifTool writes over each file. Absent: the report
 /// is missing or empty, and nothing was wrong.
 std::optional<QString> ReadReport(const std::filesystem::path& reportFile,

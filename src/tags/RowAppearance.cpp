@@ -46,6 +46,26 @@ StarCounts StarsOf(int rating) {
     return {filled, std::max(kMostEmptyStars - filled, 0)};
 }
 
+QString KindIconName(ValueKind kind) {
+    switch (kind) {
+        case ValueKind::Date:
+            return QStringLiteral("kind-date");
+        case ValueKind::Integer:
+            return QStringLiteral("kind-integer");
+        case ValueKind::Text:
+            return QStringLiteral("kind-text");
+        case ValueKind::Rating:
+            return QStringLiteral("kind-rating");
+        case ValueKind::List:
+            return QStringLiteral("kind-list");
+        case ValueKind::Binary:
+            return QStringLiteral("kind-binary");
+        case ValueKind::Rational:
+            return QStringLiteral("kind-rational");
+    }
+    return {};
+}
+
 bool LooksLikeAddress(QStringView value) {
     return value.startsWith(u"com.") || value.startsWith(u"http") || value.startsWith(u"vnd.youtube");
 }

@@ -47,6 +47,9 @@ struct StarCounts {
 };
 StarCounts StarsOf(int rating);
 
+/// The drawing that stands for a kind of value.
+QString KindIconName(ValueKind kind);
+
 /// Whether a value is offered to be opened as a web address.
 bool LooksLikeAddress(QStringView value);
 

@@ -1,0 +1,109 @@
+#include "edit/TagListRows.h"
+
+#include "tags/OutputParser.h"
+
+#include <QHash>
+#include <algorithm>
+
+namespace edit {
+
+namespace {
+
+/// The dictionary's texts stand in static storage.
+QString textOf(std::u16string_view units) {
+    return QString::fromRawData(reinterpret_cast<const QChar*>(units.data()),
+                                static_cast<qsizetype>(units.size()));
+}
+
+bool isOffered(const tags::TagRecord& record) {
+    return record.writable && record.valueKind != tags::ValueKind::Binary;
+}
+
+QString keyOf(const QString& group, const QString& name, GroupMatch match) {
+    return (match == GroupMatch::Exact ? group : group.toCaseFolded()) + u'\n' + name;
+}
+
+}  // namespace
+
+TagRow RowOf(const tags::TagRecord& record) {
+    TagRow row;
+    row.tagId = static_cast<int>(record.id);
+    row.name = textOf(record.name);
+    row.group = textOf(record.group);
+    row.kind = record.valueKind;
+    return row;
+}
+
+TagRows RowsOfCategory(const tags::TagDictionary& dictionary, std::uint32_t categoryId) {
+    TagRows rows;
+    for (const tags::TagRecord* record : dictionary.TagsOfCategory(categoryId))
+        rows.push_back(RowOf(*record));
+    return rows;
+}
+
+TagRows RowsOfFamily(const tags::TagDictionary& dictionary, const tags::TagFamily& family) {
+    TagRows rows;
+    for (const tags::TagRecord* record : tags::TagsOfFamily(dictionary, family))
+        if (isOffered(*record)) rows.push_back(RowOf(*record));
+    return rows;
+}
+
+void FillValues(TagRows& rows, const std::filesystem::path& outputFile, GroupMatch match) {
+    QHash<QString, QString> values;
+    tags::ForEachTagValue(outputFile, [&](QStringView lineGroup, QStringView name, QStringView value) {
+        const QString key = keyOf(lineGroup.toString(), name.toString(), match);
+        if (!values.contains(key)) values.insert(key, value.toString());
+    });
+    for (TagRow& row : rows) {
+        const auto found = values.constFind(keyOf(row.group, row.name, match));
+        if (found == values.cend()) continue;
+        row.value = row.fileValue = *found;
+        row.code.clear();
+        row.changed = false;
+    }
+}
+
+void SetRowValue(TagRow& row, const QString& value, const QString& code) {
+    row.value = value;
+    row.changed = value != row.fileValue;
+    row.code = row.changed ? code : QString();
+}
+
+void EmptyRow(TagRow& row, bool severalFiles) {
+    const bool forgets = severalFiles && row.changed;
+    row.value.clear();
+    row.code.clear();
+    row.changed = severalFiles ? !forgets : !row.fileValue.isEmpty();
+}
+
+void UndoRow(TagRow& row) {
+    row.value = row.fileValue;
+    row.code.clear();
+    row.changed = false;
+}
+
+void SortRows(TagRows& rows, TagSort column, bool ascending) {
+    const auto text = column == TagSort::Name ? &TagRow::name : &TagRow::group;
+    std::ranges::stable_sort(rows, [&](const TagRow& left, const TagRow& right) {
+        const int order = left.*text == right.*text ? 0 : left.*text < right.*text ? -1 : 1;
+        return ascending ? order < 0 : order > 0;
+    });
+}
+
+std::size_t ChangedCount(const TagRows& rows) {
+    return static_cast<std::size_t>(std::ranges::count_if(rows, &TagRow::changed));
+}
+
+std::size_t TickedCount(const TagRows& rows) {
+    return static_cast<std::size_t>(std::ranges::count_if(rows, &TagRow::ticked));
+}
+
+bool MatchesFilter(const TagRow& row, const QString& label, const QString& filter) {
+    const QStringList words = filter.split(u' ', Qt::SkipEmptyParts);
+    return std::ranges::all_of(words, [&](const QString& word) {
+        return row.name.contains(word, Qt::CaseInsensitive) ||
+               row.group.contains(word, Qt::CaseInsensitive) || label.contains(word, Qt::CaseInsensitive);
+    });
+}
+
+}  // namespace edit
