@@ -124,6 +124,15 @@ struct Settings {
         QString defaultSavePath;
     } batch;
 
+    /// What the dialog that deletes everything offers besides.
+    struct DeleteAll {
+        bool safetyCopy = true;  ///< of each file before
+        bool keepDate = true;    ///< of the files
+        /// The designed form keeps its two boxes here, which say at the same time which families are chosen.
+        bool boxOfExif = true;
+        bool boxOfIptc = false;
+    } deleteAll;
+
     struct Dark {
         bool enableDarkMode = false;
         int darkTone = 0;

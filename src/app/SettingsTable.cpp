@@ -128,6 +128,8 @@ constexpr auto kSettings = std::to_array<SettingRow>({
     {"Colors", "colorGroupHeaderSolid", "colorGroupHeaderSolid", ReadAt::Early, setting<&Settings::colors, &Settings::Colors::groupHeaderSolid>},
     {"BATCH", "ExifUserComment", "ExifUserComment", ReadAt::Late, setting<&Settings::batch, &Settings::Batch::exifUserComment>},
     {"BATCH", "DefaultSavePath", "DefaultSavePath", ReadAt::Late, setting<&Settings::batch, &Settings::Batch::defaultSavePath>},
+    {"BATCH", "DeleteAllSafetyCopy", "DeleteAllSafetyCopy", ReadAt::Late, setting<&Settings::deleteAll, &Settings::DeleteAll::safetyCopy>},
+    {"BATCH", "DeleteAllKeepDate", "DeleteAllKeepDate", ReadAt::Late, setting<&Settings::deleteAll, &Settings::DeleteAll::keepDate>},
     {"WINDOWS_SIZES", "Holder_Left_Width", "Holder_Left_Width", ReadAt::Early, setting<&Settings::windowSizes, &Settings::WindowSizes::holderLeftWidth>},
     {"WINDOWS_SIZES", "Middle_List_Width", "Middle_List_Width", ReadAt::Early, setting<&Settings::windowSizes, &Settings::WindowSizes::middleListWidth>},
     {"WINDOWS_SIZES", "Holder_Right_Width", "Holder_Right_Width", ReadAt::Early, setting<&Settings::windowSizes, &Settings::WindowSizes::holderRightWidth>},

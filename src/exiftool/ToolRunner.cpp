@@ -99,13 +99,24 @@ int ToolRunner::RunOnFile(const fs::path& file, const CommandText& arguments) {
     command.literal("\"");
     const LeftoverRemover remover(file);
     const int result = RunBatchFile(context_.tempPath / kWriteBatchFile, command);
-    const bool wasCut =
-        std::any_of(outcome_.lines.begin(), outcome_.lines.end(), [](const platform::LineOutcome& line) {
-            return line.child.kind == platform::ChildOutcome::Kind::Stopped ||
-                   line.child.kind == platform::ChildOutcome::Kind::Killed;
-        });
-    if (wasCut) remover.removeLeftover();
+    if (wasCut()) remover.removeLeftover();
     return result;
+}
+
+int ToolRunner::RunWriteLine(const std::vector<fs::path>& files, const CommandText& command) {
+    const std::vector<LeftoverRemover> removers(files.begin(), files.end());
+    const int result = RunToolLine(command);
+    if (wasCut()) {
+        for (const LeftoverRemover& remover : removers) remover.removeLeftover();
+    }
+    return result;
+}
+
+bool ToolRunner::wasCut() const {
+    return std::any_of(outcome_.lines.begin(), outcome_.lines.end(), [](const platform::LineOutcome& line) {
+        return line.child.kind == platform::ChildOutcome::Kind::Stopped ||
+               line.child.kind == platform::ChildOutcome::Kind::Killed;
+    });
 }
 
 int ToolRunner::RunHidden(const CommandText& command) {

@@ -62,6 +62,10 @@ class ToolRunner {
     /// complains of stands in the report. An empty path runs nothing and gives 0; else the same answer.
     int RunOnFile(const std::filesystem::path& file, const platform::CommandText& arguments);
 
+    /// RunToolLine for a line that writes these files: a half-written one of a run that was cut is removed,
+    /// as RunOnFile does. Makes no safety copies.
+    int RunWriteLine(const std::vector<std::filesystem::path>& files, const platform::CommandText& command);
+
     /// Runs a line without a batch file; the same answer.
     int RunHidden(const platform::CommandText& command);
 
@@ -83,6 +87,7 @@ class ToolRunner {
     void CopyForSafety(const std::filesystem::path& file) const;
 
  private:
+    bool wasCut() const;
     int runWritten(const std::filesystem::path& batchFile, const platform::CommandText& command);
     int run(const platform::CommandText& command, std::vector<std::filesystem::path> tools);
 

@@ -22,7 +22,8 @@ bool WriteCommands::CopyTagsFromFile(CopiedFamilies families, const fs::path& so
     if (files.empty() || !(families.exif || families.iptc || families.xmp)) return false;
     bool wereRun = true;
     for (const fs::path& file : files) {
-        if (runner_.RunToolLine(CopyTagsCommand(context_, families, source, file)) == 0) wereRun = false;
+        if (runner_.RunWriteLine({file}, CopyTagsCommand(context_, families, source, file)) == 0)
+            wereRun = false;
         if (runner_.wasStopped()) break;
     }
     return wereRun;
@@ -31,7 +32,7 @@ bool WriteCommands::CopyTagsFromFile(CopiedFamilies families, const fs::path& so
 int WriteCommands::WriteSingleValue(const fs::path& file, int tagId, std::string_view tagName,
                                     const platform::CommandText& value) {
     if (file.empty() || tagName.empty()) return 0;
-    return runner_.RunToolLine(SingleValueCommand(context_, file, tagId, tagName, value));
+    return runner_.RunWriteLine({file}, SingleValueCommand(context_, file, tagId, tagName, value));
 }
 
 }  // namespace exiftool

@@ -1,0 +1,80 @@
+#include "edit/HeldTags.h"
+
+#include "tags/GroupCatalogue.h"
+
+#include <unordered_map>
+
+namespace edit {
+
+namespace {
+
+constexpr std::string_view kFileHeading = "======== ";
+
+struct Line {
+    std::string_view group;  ///< without brackets
+    std::string_view tag;
+    std::string_view value;
+};
+
+/// An empty tag where the line is none of the form.
+Line split(std::string_view line) {
+    const std::size_t groupEnd = line.find("] ");
+    if (!line.starts_with('[') || groupEnd == std::string_view::npos) return {};
+    const std::size_t tagBegin = groupEnd + 2;
+    const std::size_t tagEnd = line.find(':', tagBegin);
+    if (tagEnd == std::string_view::npos) return {};
+    std::string_view value = line.substr(tagEnd + 1);
+    if (value.starts_with(' ')) value.remove_prefix(1);
+    return {line.substr(1, groupEnd - 1), line.substr(tagBegin, tagEnd - tagBegin), value};
+}
+
+/// -1 for a tag that is unknown or cannot be written.
+int writableTag(const Line& line, const tags::TagDictionary& dictionary) {
+    if (!IsPlainName(line.group) || !IsPlainName(line.tag)) return -1;
+    const QString token =
+        QStringLiteral("[%1]").arg(QString::fromLatin1(line.group.data(), qsizetype(line.group.size())));
+    const std::optional<std::uint32_t> group = tags::FindGroup(token);
+    if (!group) return -1;
+    const int id =
+        dictionary.FindTagId(*group, QString::fromLatin1(line.tag.data(), qsizetype(line.tag.size())));
+    if (id < 0) return -1;
+    const std::optional<tags::TagRecord> record = dictionary.FindTagById(static_cast<std::uint32_t>(id));
+    return record && record->writable ? id : -1;
+}
+
+}  // namespace
+
+std::vector<HeldTag> HeldTags(std::string_view output, const tags::TagDictionary& dictionary) {
+    struct Place {
+        std::size_t row;
+        std::size_t lastFile;
+    };
+    std::vector<HeldTag> held;
+    std::unordered_map<std::string, Place> places;
+    std::size_t file = 0;
+    while (!output.empty()) {
+        const std::size_t end = output.find('\n');
+        const std::string_view text = output.substr(0, end);
+        output.remove_prefix(end == std::string_view::npos ? output.size() : end + 1);
+        if (text.starts_with(kFileHeading)) ++file;
+        const Line line = split(text);
+        if (line.tag.empty()) continue;
+        std::string key = std::string(line.group) + ':' + std::string(line.tag);
+        const auto known = places.find(key);
+        if (known != places.end()) {
+            if (known->second.lastFile != file) ++held[known->second.row].files;
+            known->second.lastFile = file;
+            continue;
+        }
+        const int id = writableTag(line, dictionary);
+        if (id < 0) continue;
+        places.emplace(std::move(key), Place{held.size(), file});
+        held.push_back({{std::string(line.group), std::string(line.tag)},
+                        id,
+                        1,
+                        QString::fromUtf8(line.value.data(), qsizetype(line.value.size()))});
+    }
+    return held;
+}
+
+}  // namespace edit

@@ -1,0 +1,118 @@
+#include "edit/RemovalLines.h"
+
+#include "exiftool/WriteCommands.h"
+#include "platform/Text.h"
+#include "tags/GroupCatalogue.h"
+
+#include <algorithm>
+#include <array>
+
+namespace edit {
+
+namespace fs = std::filesystem;
+namespace fragments = exiftool::fragments;
+using exiftool::FileWord;
+using platform::CommandText;
+
+namespace {
+
+constexpr auto kGroupsBesideXmp = std::to_array<std::string_view>(
+    {"EXIF",     "IFD0",         "IFD1",          "SubIFD",      "ExifIFD",   "InteropIFD",
+     "GPS",      "MakerNotes",   "IPTC",          "XMP",         "Photoshop", "ICC_Profile",
+     "Adobe",    "JFIF",         "Ducky",         "MPF",         "FlashPix",  "PrintIM",
+     "CanonVRD", "NikonCapture", "PhotoMechanic", "FotoStation", "AFCP",      "CIFF",
+     "Jpeg2000", "PNG",          "PDF",           "QuickTime",   "ItemList",  "Keys",
+     "UserData", "MIE",          "Microsoft",     "Meta",        "RMETA",     "Trailer"});
+
+bool isCorrected(const app::AppContext& context) {
+    return context.settings.exifTool.correctedCommands;
+}
+
+void appendTerms(CommandText& command, const std::vector<TagAddress>& tags, std::string_view lead) {
+    for (const TagAddress& tag : tags) {
+        if (!IsPlainName(tag.group) || !IsPlainName(tag.name)) continue;
+        command.literal(lead).outside(tag.group).literal(":").outside(tag.name).literal("= ");
+    }
+}
+
+CommandText& endWithFile(CommandText& command, const app::AppContext& context, const fs::path& file) {
+    command.literal(fragments::kFileNameCharset).literal("\"").outside(FileWord(file)).literal("\"");
+    if (isCorrected(context)) command.append(exiftool::ReportBehind(context));
+    return command;
+}
+
+}  // namespace
+
+bool IsPlainName(std::string_view name) {
+    const auto isPlain = [](char c) {
+        return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '-' ||
+               c == '_';
+    };
+    return !name.empty() && std::all_of(name.begin(), name.end(), isPlain);
+}
+
+CommandText RemoveTagsOfFileCommand(const app::AppContext& context, const std::vector<TagAddress>& tags,
+                                    const fs::path& file) {
+    CommandText command = exiftool::ToolStart(context);
+    appendTerms(command, tags, "-");
+    command.literal(fragments::kOverwriteOriginal);
+    return endWithFile(command, context, file);
+}
+
+CommandText RemoveTagsOfSelectionCommand(const app::AppContext& context, const std::vector<TagAddress>& tags,
+                                         const fs::path& file) {
+    CommandText command("\"");
+    command.outside(platform::narrow(context.exifToolPath)).literal("\"");
+    appendTerms(command, tags, " -");
+    command.literal(fragments::kQuietOverwriteOriginal);
+    return endWithFile(command, context, file);
+}
+
+CommandText RemoveTypesCommand(const app::AppContext& context, const std::vector<std::string>& groups,
+                               const fs::path& fileList) {
+    CommandText command = exiftool::ToolStart(context);
+    command.literal("-@ \"").outside(platform::narrow(fileList)).literal("\"");
+    if (!isCorrected(context)) {
+        command.literal(" -overwrite_original \"");
+        for (const std::string& group : groups) command.outside(group).literal("= ");
+        return command.literal("\"");
+    }
+    command.literal(" -overwrite_original -charset filename=UTF8");
+    for (const std::string& group : groups) {
+        if (IsPlainName(group)) command.literal(" -").outside(group).literal(":All=");
+    }
+    return command.append(exiftool::ReportBehind(context));
+}
+
+CommandText DeleteAllArguments(const app::AppContext& context, const DeleteAllChoice& choice) {
+    CommandText arguments;
+    if (choice.everything) {
+        arguments.literal(" -All=");
+    } else {
+        if (choice.exif) arguments.literal(" -EXIF:All=");
+        if (choice.iptc) arguments.literal(" -IPTC:All=");
+        if (choice.xmp) arguments.literal(" -XMP:All=");
+    }
+    if (choice.keepDate && isCorrected(context)) arguments.literal(" -P");
+    return arguments;
+}
+
+CommandText HeldTagsCommand(const app::AppContext& context, const fs::path& fileList,
+                            const std::vector<fs::path>& otherFiles, const fs::path& output) {
+    CommandText command = exiftool::ToolStartWithLanguage(context);
+    command.literal(" -a -sort -S -G1 --ExifToolVersion -x System:all ").literal(fragments::kFileNameCharset);
+    if (!fileList.empty()) command.literal("-@ \"").outside(platform::narrow(fileList)).literal("\" ");
+    for (const fs::path& file : otherFiles) command.literal("\"").outside(FileWord(file)).literal("\" ");
+    return command.literal(">\"").outside(platform::narrow(output)).literal("\"");
+}
+
+std::vector<std::string> RemovableGroups() {
+    std::vector<std::string> groups(kGroupsBesideXmp.begin(), kGroupsBesideXmp.end());
+    for (std::uint32_t at = 0; at < tags::kGroupCount; ++at) {
+        const std::string name = tags::GroupName(at).toStdString();
+        if (name.starts_with("XMP-") && IsPlainName(name)) groups.push_back(name);
+    }
+    return groups;
+}
+
+}  // namespace edit

@@ -1,0 +1,156 @@
+#include "edit/Removals.h"
+
+#include "platform/Text.h"
+#include "tags/ExtensionTable.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+
+namespace edit {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr const char* kReadOutput = "Metadata.txt";
+
+/// Turns the safety copies off for a while.
+class WithoutSafetyCopies {
+ public:
+    WithoutSafetyCopies(exiftool::ToolRunner& runner, bool off)
+        : enabled_(runner.safetyCopies().SafetyCopyEnabled), before_(enabled_) {
+        if (off) enabled_ = 0;
+    }
+    ~WithoutSafetyCopies() { enabled_ = before_; }
+    WithoutSafetyCopies(const WithoutSafetyCopies&) = delete;
+    WithoutSafetyCopies& operator=(const WithoutSafetyCopies&) = delete;
+
+ private:
+    std::uint8_t& enabled_;
+    std::uint8_t before_;
+};
+
+template <typename Write>
+FileRuns runOverFiles(const EditParts& parts, const QString& title, const std::vector<fs::path>& files,
+                      const Write& write) {
+    FileRuns runs;
+    const exiftool::FileProgressScope scope(parts.progress, title, files.size());
+    for (std::size_t at = 0; at < files.size(); ++at) {
+        if (!parts.progress.ShowFile(files[at], at + 1)) {
+            runs.wasStopped = true;
+            break;
+        }
+        const std::optional<bool> wasRun = write(files[at]);
+        if (!wasRun) continue;
+        ++runs.begun;
+        runs.lastWasRun = *wasRun;
+        runs.wasStopped = parts.runner.wasStopped();
+        if (runs.wasStopped) break;
+    }
+    return runs;
+}
+
+bool isKnown(const fs::path& file, const TellLeftOut& tell) {
+    if (tags::FindExtension(file) != nullptr) return true;
+    tell(CannotBeModified(file));
+    return false;
+}
+
+std::string bytesOf(const fs::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+bool canStandInList(const fs::path& file) {
+    const std::string& name = file.native();
+    return name.find('\n') == std::string::npos && !name.ends_with('\r');
+}
+
+}  // namespace
+
+QString CannotBeModified(const fs::path& file) {
+    return platform::display(file) + QStringLiteral(" cannot be modified");
+}
+
+FileRuns RemoveTagsFromFiles(const EditParts& parts, const QString& title,
+                             const std::vector<TagAddress>& tags, const std::vector<fs::path>& files,
+                             const TellLeftOut& tell) {
+    if (tags.empty()) return {};
+    return runOverFiles(parts, title, files, [&](const fs::path& file) -> std::optional<bool> {
+        if (!isKnown(file, tell)) return std::nullopt;
+        parts.runner.CopyForSafety(file);
+        return parts.runner.RunWriteLine({file}, RemoveTagsOfSelectionCommand(parts.context, tags, file)) ==
+               1;
+    });
+}
+
+FileRuns RemoveTagsFromShownFile(const EditParts& parts, const std::vector<TagAddress>& tags,
+                                 const fs::path& file, const TellLeftOut& tell) {
+    FileRuns runs;
+    if (tags.empty() || !isKnown(file, tell)) return runs;
+    parts.runner.CopyForSafety(file);
+    runs.begun = 1;
+    runs.lastWasRun =
+        parts.runner.RunWriteLine({file}, RemoveTagsOfFileCommand(parts.context, tags, file)) == 1;
+    runs.wasStopped = parts.runner.wasStopped();
+    return runs;
+}
+
+int RemoveTypes(const EditParts& parts, const std::vector<std::string>& groups,
+                const std::vector<fs::path>& files) {
+    const exiftool::FileList list = parts.runner.WriteFileList(files);
+    if (groups.empty() || list.listed == 0 || list.path.empty()) return 0;
+    return parts.runner.RunWriteLine(files, RemoveTypesCommand(parts.context, groups, list.path));
+}
+
+FileRuns DeleteAllTags(const EditParts& parts, const QString& title, const DeleteAllChoice& choice,
+                       bool makeSafetyCopies, const std::vector<fs::path>& files) {
+    if (choice.choosesNothing()) return {};
+    const WithoutSafetyCopies copies(parts.runner, !makeSafetyCopies);
+    const platform::CommandText arguments = DeleteAllArguments(parts.context, choice);
+    return runOverFiles(parts, title, files, [&](const fs::path& file) -> std::optional<bool> {
+        return parts.runner.RunOnFile(file, arguments) == 1;
+    });
+}
+
+FileRuns RemoveFamily(const EditParts& parts, const QString& title, int commandId,
+                      const std::vector<fs::path>& files) {
+    exiftool::WriteCommands writes(parts.context, parts.runner);
+    return runOverFiles(parts, title, files, [&](const fs::path& file) -> std::optional<bool> {
+        return writes.RemoveFamilyFromSelection(commandId, {file});
+    });
+}
+
+FileRuns CopyTags(const EditParts& parts, const QString& title, exiftool::CopiedFamilies families,
+                  const fs::path& source, const std::vector<fs::path>& files) {
+    if (!families.exif && !families.iptc && !families.xmp) return {};
+    exiftool::WriteCommands writes(parts.context, parts.runner);
+    return runOverFiles(parts, title, files, [&](const fs::path& file) -> std::optional<bool> {
+        return writes.CopyTagsFromFile(families, source, {file});
+    });
+}
+
+std::vector<HeldTag> ReadHeldTags(const EditParts& parts, const std::vector<fs::path>& files) {
+    if (files.empty()) return {};
+    std::vector<fs::path> listed;
+    std::vector<fs::path> others;
+    std::partition_copy(files.begin(), files.end(), std::back_inserter(listed), std::back_inserter(others),
+                        canStandInList);
+    // The list is only read here, and nobody's photo changes.
+    const WithoutSafetyCopies copies(parts.runner, true);
+    const exiftool::FileList list = parts.runner.WriteFileList(listed);
+    const fs::path output = parts.context.tempPath / kReadOutput;
+    const platform::CommandText command = HeldTagsCommand(parts.context, list.path, others, output);
+    if (parts.runner.RunToolLine(command) == 0) return {};
+    return HeldTags(bytesOf(output), parts.dictionary);
+}
+
+std::vector<HeldTag> ReadHeldTagsOfGroup(const EditParts& parts, const fs::path& file,
+                                         std::string_view group) {
+    const fs::path output = parts.context.tempPath / kReadOutput;
+    if (!IsPlainName(group) || parts.reads.ReadGroupAll(file, output, group) == 0) return {};
+    return HeldTags(bytesOf(output), parts.dictionary);
+}
+
+}  // namespace edit
