@@ -71,6 +71,8 @@ constexpr Default kDefaults[] = {
     {"MetadataList", "ShowXmp", 0},
     {"MetadataList", "ShowUnknown", 0},
     {"Misc", "ShowReportOnError", 0},
+    {"BATCH", "DeleteAllSafetyCopy", 1},
+    {"BATCH", "DeleteAllKeepDate", 1},
     {"Lists", "ShowMetadataWindow", 0},
     {"Lists", "ShowGpsWindow", 0},
     {"Lists", "ShowHexaDumpWindow", 0},
