@@ -28,7 +28,11 @@ void numberStandardButtons(QWidget& dialog) {
         for (QAbstractButton* button : box->buttons()) {
             if (button->property(kControlIdProperty).isValid()) continue;
             const QDialogButtonBox::ButtonRole role = box->buttonRole(button);
-            if (role == QDialogButtonBox::AcceptRole) button->setProperty(kControlIdProperty, kOkControl);
+            if (role == QDialogButtonBox::AcceptRole) {
+                button->setProperty(kControlIdProperty, kOkControl);
+                const QString text = box->property(kOkTextProperty).toString();
+                if (!text.isEmpty()) button->setText(text);
+            }
             if (role == QDialogButtonBox::RejectRole) button->setProperty(kControlIdProperty, kCancelControl);
         }
     }

@@ -11,6 +11,9 @@ inline constexpr const char* kControlIdProperty = "controlId";
 /// The dynamic property that carries a dialog's template number.
 inline constexpr const char* kTemplateNumberProperty = "templateNumber";
 
+/// A dynamic property of a form's button box: what its OK button says, where that is not "OK".
+inline constexpr const char* kOkTextProperty = "okText";
+
 inline constexpr int kOkControl = 1;
 inline constexpr int kCancelControl = 2;
 

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "app/DarkModeDialogBase.h"
+#include "edit/EditParts.h"
+#include "exiftool/WriteCommands.h"
+
+#include <filesystem>
+#include <vector>
+
+class QLineEdit;
+
+namespace edit {
+
+/// Commands 10062 and 10065: copies the tags of the chosen families from one file to the files. Stays open
+/// while there is no such source or no family is chosen.
+class CopyTagsDialog : public app::DarkModeDialogBase {
+    Q_OBJECT
+
+ public:
+    static constexpr int kTemplate = 10062;
+
+    CopyTagsDialog(const EditParts& parts, std::vector<std::filesystem::path> files, QWidget* parent);
+
+    void accept() override;
+
+ private:
+    void chooseSource();
+    std::filesystem::path source() const;
+    exiftool::CopiedFamilies families() const;
+
+    const EditParts parts_;
+    const std::vector<std::filesystem::path> files_;
+    QLineEdit* edit_;
+    std::filesystem::path chosen_;  ///< keeps the bytes of a name that a text cannot hold
+};
+
+}  // namespace edit

@@ -1,0 +1,55 @@
+#include "edit/RemoveDialogTypes.h"
+
+#include "app/Messages.h"
+#include "edit/RemovalTexts.h"
+#include "edit/Removals.h"
+#include "edit/TagList.h"
+
+namespace edit {
+
+RemoveDialogTypes::RemoveDialogTypes(const EditParts& parts, std::vector<std::filesystem::path> files,
+                                     QWidget* parent)
+    : TickedTagsDialog(parts, kTemplate, {TagColumn::Group}, parent), files_(std::move(files)) {
+    setWindowTitle(
+        parts.language.formatted(text::kRemoveGroups, {FilesText(parts.language, files_.size())}));
+    if (list() == nullptr) return;
+    TagRows rows;
+    for (const std::string& group : RemovableGroups()) {
+        TagRow row;
+        row.group = QString::fromStdString(group);
+        rows.push_back(row);
+    }
+    list()->model().setRows(std::move(rows));
+}
+
+void RemoveDialogTypes::accept() {
+    std::vector<std::string> groups;
+    for (const TagRow& row : list()->tickedRows()) groups.push_back(row.group.toStdString());
+    if (groups.empty()) {
+        app::ShowMessage(
+            this, {QStringLiteral("Please select at least of tag type!"), app::MessageIcon::Exclamation});
+        return;
+    }
+    if (app::ShowMessage(this, {.text = QStringLiteral("Please confirm the deletion of the selected tags."),
+                                .icon = app::MessageIcon::Exclamation,
+                                .buttons = QMessageBox::Yes | QMessageBox::No}) != QMessageBox::Yes) {
+        reject();
+        return;
+    }
+    const bool wasRun = RemoveTypes(parts(), groups, files_) == 1;
+    tellEnd(wasRun);
+    if (wasRun)
+        TickedTagsDialog::accept();
+    else
+        reject();
+}
+
+void RemoveDialogTypes::tellEnd(bool wasRun) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(parts().context.reportFile, error);
+    const bool hasReport = !error && size > 0;
+    app::ShowMessage(this, {TypesRemovedText(parts().language, wasRun, hasReport, files_.size()),
+                            app::MessageIcon::Information});
+}
+
+}  // namespace edit

@@ -1,0 +1,44 @@
+#include "edit/TickedTagsDialog.h"
+
+#include "app/Messages.h"
+#include "edit/RemovalTexts.h"
+#include "edit/TagList.h"
+
+#include <QAbstractButton>
+
+namespace edit {
+
+namespace {
+
+enum Control { kListPlace = 81100, kTickAll = 81101, kTickNone = 81102 };
+
+}  // namespace
+
+TickedTagsDialog::TickedTagsDialog(const EditParts& parts, int templateNumber, std::vector<TagColumn> columns,
+                                   QWidget* parent)
+    : DarkModeDialogBase(parts.language, templateNumber, parent), parts_(parts) {
+    auto* place = control<QWidget>(kListPlace);
+    if (place == nullptr) return;
+    list_ = TagList::PlaceIn(*place, parts_, {.listControl = kListControl,
+                                              .look = {.columns = std::move(columns), .ticks = true}});
+    list_->setEmptyText(parts_.language.text(text::kNothingToRemove));
+    list_->setFocus();
+    for (const int button : {kTickAll, kTickNone}) {
+        if (auto* tick = control<QAbstractButton>(button))
+            connect(tick, &QAbstractButton::clicked, this,
+                    [this, button] { list_->model().setAllShownTicked(button == kTickAll); });
+    }
+}
+
+std::vector<TagAddress> TickedTagsDialog::tickedTags() const {
+    std::vector<TagAddress> tags;
+    for (const TagRow& row : list_->tickedRows())
+        tags.push_back({row.group.toStdString(), row.name.toStdString()});
+    return tags;
+}
+
+void TickedTagsDialog::tellLeftOut(const QString& message) {
+    app::ShowMessage(this, {message, app::MessageIcon::Information});
+}
+
+}  // namespace edit

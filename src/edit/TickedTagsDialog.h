@@ -1,0 +1,39 @@
+#pragma once
+
+#include "app/DarkModeDialogBase.h"
+#include "edit/EditParts.h"
+#include "edit/RemovalLines.h"
+#include "edit/TagListModel.h"
+
+#include <filesystem>
+#include <vector>
+
+namespace edit {
+
+class TagList;
+
+/// The base of the dialogs in which tags or groups are ticked to be removed: the list with its filter, and
+/// the buttons that tick all that is shown, or nothing.
+class TickedTagsDialog : public app::DarkModeDialogBase {
+    Q_OBJECT
+
+ public:
+    static constexpr int kListControl = 1328;
+
+ protected:
+    TickedTagsDialog(const EditParts& parts, int templateNumber, std::vector<TagColumn> columns,
+                     QWidget* parent);
+
+    const EditParts& parts() const { return parts_; }
+    TagList* list() const { return list_; }  ///< null when the form is missing
+    /// The ticked rows that have a tag, as ExifTool is to get them.
+    std::vector<TagAddress> tickedTags() const;
+    /// Shows that a file is left out.
+    void tellLeftOut(const QString& message);
+
+ private:
+    const EditParts parts_;
+    TagList* list_ = nullptr;
+};
+
+}  // namespace edit
