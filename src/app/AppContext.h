@@ -1,23 +1,28 @@
 #pragma once
 
 #include "app/Settings.h"
+#include "platform/PropertyValue.h"
 
 #include <QString>
 #include <filesystem>
 
 namespace app {
 
-/// The last tag the user looked at or edited.
+/// The last edit of a tag, as the write gets it: by copy. A new one stands for "nothing edited yet".
 struct CurrentEdit {
-    int tagId = -1;
-    int groupId = 0;
-    int valueKind = 2;
+    int id = -1;          ///< TagRecord::id, or PropertyRecord::propertyId in a group of properties
+    int groupIndex = -1;  ///< GroupId
+    QString name;         ///< of the tag, as ExifTool takes it
+    QString value;        ///< the new text; empty deletes the tag
+    QString comboCode;    ///< code that belongs to the value chosen from a list
+    QString group;        ///< TagRecord::group
+    platform::PointInTime fileTime;  ///< the moment chosen for a date
+    int valueKind = -1;
     bool writable = false;
-    int categoryId = 0;
-    int listRow = -1;
-    QString name;
-    QString value;
-    QString group;
+    int selection = -1;
+    int rowIndex = -1;
+    QString valueBefore;         ///< text on entry; what of it stands in value was not typed by the user
+    bool severalValues = false;  ///< value holds one entry a line, as edit::JoinEntries makes it
 };
 
 /// State of the one running program: where things are and what the user has set. Owned by the program's entry

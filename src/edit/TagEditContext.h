@@ -10,7 +10,8 @@ namespace edit {
 /// The tag that a value dialog works on: what it shows, and what it leaves behind.
 struct TagEditContext {
     std::filesystem::path filePath;  ///< file shown in the panel; empty when a list of tags is edited
-    QString value;                   ///< text on entry, new text on return
+    QString value;                   ///< text on entry, new text on return; one entry a line for a tag
+                                     ///< that takes several values (corrected form, edit/Entries.h)
     QString title;                   ///< tag name, for the title
     QString group;                   ///< TagRecord::group
     int tagId = -1;

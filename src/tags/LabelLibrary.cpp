@@ -100,6 +100,12 @@ bool LabelLibrary::CM_xxHasALibelle(int tagId) const {
     return tag && files().facts(tag->id);
 }
 
+bool LabelLibrary::takesSeveralValues(int tagId) const {
+    const auto tag = record(tagId);
+    const auto facts = tag ? files().facts(tag->id) : std::nullopt;
+    return facts && facts->flags.find(LabelFlag::kSeveralValues) != std::string_view::npos;
+}
+
 QString LabelLibrary::label(int tagId) const {
     const auto tag = record(tagId);
     return tag ? labelOf(*tag) : QString();

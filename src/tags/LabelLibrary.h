@@ -49,6 +49,9 @@ class LabelLibrary {
     /// The tag's label in the library's language; empty when CM_xxHasALibelle is false.
     QString label(int tagId) const;
 
+    /// Whether the tag holds a list of values, each written for itself.
+    bool takesSeveralValues(int tagId) const;
+
     /// The text that ExifTool prints in English, and takes back without '#', for a value of the tag's list;
     /// empty when there is none.
     QString printedText(int tagId, int index) const;

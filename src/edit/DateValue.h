@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/PropertyValue.h"
+
+#include <QDate>
+#include <QString>
+#include <QStringView>
+#include <QTime>
+#include <optional>
+
+namespace edit {
+
+/// A date, a time of day or both, as ExifTool prints them, together with what stands around the numbers.
+struct DateValue {
+    enum class DateFields { None, Year, Month, Day };
+    enum class TimeFields { None, Minute, Second };
+
+    DateFields dateFields = DateFields::Day;
+    TimeFields timeFields = TimeFields::Second;
+    QDate date;        ///< the first of the month or year where the text says no more
+    QTime time;        ///< to the second
+    QString fraction;  ///< of the second, with its point: ".123"; empty without
+    QString zone;      ///< "+02:00", "Z"; empty without
+
+    bool hasDate() const { return dateFields != DateFields::None; }
+    bool hasTime() const { return timeFields != TimeFields::None; }
+};
+
+/// Takes a value apart. Nothing when it is no date: other text, or numbers that no calendar has, such as
+/// "0000:00:00 00:00:00".
+std::optional<DateValue> ReadDateValue(QStringView text);
+
+/// The text of the parts that the value has, with leading zeros: "2015:06:01 12:13:14.50+02:00".
+QString DateValueText(const DateValue& value);
+
+/// A date and a time of day cut out of the text by position, whatever stands there. Nothing when that is no
+/// moment.
+struct CutMoment {
+    QDate date;
+    QTime time;
+};
+std::optional<CutMoment> CutDateByPosition(const QString& text);
+
+/// "2015:6:1 9:5:0", without leading zeros.
+QString JoinDateAndTime(const QDate& date, const QTime& time);
+
+/// That moment of local time.
+platform::PointInTime LocalMoment(const QDate& date, const QTime& time);
+
+}  // namespace edit

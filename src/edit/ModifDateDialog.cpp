@@ -1,0 +1,85 @@
+#include "edit/ModifDateDialog.h"
+
+#include "edit/EditTexts.h"
+
+#include <QDateEdit>
+#include <QDateTime>
+#include <QPushButton>
+#include <QTimeEdit>
+
+namespace edit {
+
+namespace {
+
+constexpr const char* kDateFormats[] = {"yyyy-MM-dd", "yyyy", "yyyy-MM", "yyyy-MM-dd"};
+constexpr const char* kTimeFormats[] = {"HH:mm:ss", "HH:mm", "HH:mm:ss"};
+
+}  // namespace
+
+ModifDateDialog::ModifDateDialog(const EditParts& parts, TagEditContext& edit, QWidget* parent)
+    : ValueDialog(parts, edit, kTemplate, parent) {
+    if (!hasForm()) return;
+    auto* date = control<QDateEdit>(control::kDate);
+    auto* time = control<QTimeEdit>(control::kTime);
+    date->setDateRange(QDate(1, 1, 1), QDate(9999, 12, 31));
+    value_.date = QDate::currentDate();
+    value_.time = QTime::currentTime();
+    if (isCorrected())
+        setCorrected();
+    else
+        setDesigned();
+    date->setDisplayFormat(QLatin1String(kDateFormats[static_cast<std::size_t>(value_.dateFields)]));
+    time->setDisplayFormat(QLatin1String(kTimeFormats[static_cast<std::size_t>(value_.timeFields)]));
+    date->setDate(value_.date);
+    time->setTime(value_.time);
+    date->setVisible(value_.hasDate());
+    time->setVisible(value_.hasTime());
+    const auto chosen = [this] { keepsText_ = false; };
+    connect(date, &QDateEdit::dateChanged, this, chosen);
+    connect(time, &QTimeEdit::timeChanged, this, chosen);
+    connect(control<QPushButton>(control::kNow), &QPushButton::clicked, this, &ModifDateDialog::setNow);
+    QDateTimeEdit* first = value_.hasDate() ? static_cast<QDateTimeEdit*>(date) : time;
+    first->setFocus();
+    first->selectAll();
+}
+
+void ModifDateDialog::setDesigned() {
+    if (edit().value.isEmpty()) return;
+    if (const auto moment = CutDateByPosition(edit().value)) {
+        value_.date = moment->date;
+        value_.time = moment->time;
+    }
+}
+
+void ModifDateDialog::setCorrected() {
+    if (edit().value.isEmpty()) return;
+    if (const auto value = ReadDateValue(edit().value)) {
+        value_ = *value;
+        const QString kept = value_.fraction + value_.zone;
+        if (!kept.isEmpty()) showHint(parts().language.formatted(text::kKeptOfTime, {kept}));
+        return;
+    }
+    keepsText_ = true;
+    showHint(parts().language.formatted(text::kNoDate, {edit().value}));
+}
+
+void ModifDateDialog::setNow() {
+    const QDateTime now = QDateTime::currentDateTime();
+    control<QDateEdit>(control::kDate)->setDate(now.date());
+    control<QTimeEdit>(control::kTime)->setTime(now.time());
+    keepsText_ = false;
+}
+
+void ModifDateDialog::accept() {
+    DateValue value = value_;
+    value.date = control<QDateEdit>(control::kDate)->date();
+    value.time = control<QTimeEdit>(control::kTime)->time();
+    edit().fileTime = LocalMoment(value.date, value.time);
+    if (!isCorrected())
+        edit().value = JoinDateAndTime(value.date, value.time);
+    else if (!keepsText_)
+        edit().value = DateValueText(value);
+    ValueDialog::accept();
+}
+
+}  // namespace edit

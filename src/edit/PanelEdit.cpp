@@ -1,0 +1,105 @@
+#include "edit/PanelEdit.h"
+
+#include "edit/ImageTags.h"
+#include "edit/WholeValue.h"
+
+namespace edit {
+
+namespace {
+
+QString textOf(std::u16string_view units) {
+    return QString::fromUtf16(units.data(), static_cast<qsizetype>(units.size()));
+}
+
+bool isCorrected(const EditParts& parts) {
+    return parts.context.settings.exifTool.correctedCommands;
+}
+
+/// A rating that shows as stars has no text.
+QString valueOf(const tags::MetadataRow& row) {
+    return row.stars ? QString::number(*row.stars) : row.value;
+}
+
+PanelAction viewOf(const tags::TagRecord& record) {
+    const bool asPicture =
+        record.valueKind == tags::ValueKind::Binary && IsImageTag(static_cast<int>(record.id));
+    return asPicture ? PanelAction::ViewPicture : PanelAction::ViewText;
+}
+
+}  // namespace
+
+PanelAction ActionOfClick(const EditParts& parts, const tags::MetadataRow& row,
+                          const std::optional<tags::TagRecord>& record, bool altHeld) {
+    if (!record) return PanelAction::ViewText;
+    if (altHeld || !record->writable) return viewOf(*record);
+    switch (record->valueKind) {
+        case tags::ValueKind::Date:
+        case tags::ValueKind::Integer:
+        case tags::ValueKind::Text:
+        case tags::ValueKind::Rating:
+        case tags::ValueKind::Rational:
+            return PanelAction::EditValue;
+        case tags::ValueKind::Binary:
+            return viewOf(*record);
+        case tags::ValueKind::List:
+            if (parts.labels.GetComboIndex(static_cast<int>(record->id), row.value) >= 0)
+                return PanelAction::EditValue;
+            return isCorrected(parts) ? PanelAction::TellNotInList : PanelAction::Nothing;
+    }
+    return PanelAction::Nothing;
+}
+
+int DesignedRatingSelection(QStringView value) {
+    static constexpr int kSelections[] = {0, 1, 2, 6, 4, 5};
+    if (value.isEmpty() || value[0] < u'1' || value[0] > u'5') return 0;
+    return kSelections[value[0].unicode() - u'0'];
+}
+
+TagEditContext ContextOfRow(const EditParts& parts, const std::filesystem::path& file,
+                            const tags::MetadataRow& row, const tags::TagRecord& record) {
+    TagEditContext edit;
+    edit.filePath = file;
+    edit.title = textOf(record.name);
+    edit.group = textOf(record.group);
+    edit.tagId = static_cast<int>(record.id);
+    edit.value = EditableValue(parts, file, record, valueOf(row));
+    if (record.valueKind == tags::ValueKind::Rating && !isCorrected(parts))
+        edit.selection = DesignedRatingSelection(edit.value);
+    if (record.valueKind == tags::ValueKind::List)
+        edit.selection = parts.labels.GetComboIndex(edit.tagId, edit.value);
+    return edit;
+}
+
+app::CurrentEdit EditOfRow(const EditParts& parts, const TagEditContext& before, const TagEditContext& after,
+                           const tags::TagRecord& record, int rowIndex) {
+    app::CurrentEdit edit;
+    edit.id = after.tagId;
+    edit.groupIndex = static_cast<int>(record.groupIndex);
+    edit.name = after.title;
+    edit.value = after.value;
+    edit.comboCode = after.comboCode;
+    edit.group = after.group;
+    edit.fileTime = after.fileTime;
+    edit.valueKind = static_cast<int>(record.valueKind);
+    edit.writable = record.writable;
+    edit.selection = after.selection;
+    edit.rowIndex = rowIndex;
+    edit.valueBefore = before.value;
+    edit.severalValues = isCorrected(parts) && record.valueKind == tags::ValueKind::Text &&
+                         parts.labels.takesSeveralValues(after.tagId);
+    if (record.valueKind == tags::ValueKind::Rating) {
+        parts.ratingMemory.Store(after.tagId, after.selection);
+        edit.value = QString::number(after.selection);
+    }
+    return edit;
+}
+
+bool IsUnchanged(const EditParts& parts, const TagEditContext& before, const TagEditContext& after,
+                 const tags::TagRecord& record) {
+    if (!isCorrected(parts)) return false;
+    // A list is shown in the program's language, whatever language the value was read in.
+    if (record.valueKind == tags::ValueKind::List) return before.selection == after.selection;
+    return before.value == after.value;
+}
+
+}  // namespace edit

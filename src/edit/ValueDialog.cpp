@@ -1,0 +1,71 @@
+#include "edit/ValueDialog.h"
+
+#include "edit/EditTexts.h"
+
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QTextBlock>
+
+namespace edit {
+
+namespace {
+
+constexpr int kMostHelpLines = 6;
+constexpr double kSecondary = 0.72;
+
+QPalette secondary(const QWidget& widget) {
+    QPalette palette = widget.palette();
+    const QColor text = palette.color(QPalette::WindowText);
+    const QColor ground = palette.color(QPalette::Window);
+    const auto mixed = [&](int onText, int onGround) {
+        return static_cast<int>(onText * kSecondary + onGround * (1 - kSecondary));
+    };
+    const QColor faint(mixed(text.red(), ground.red()), mixed(text.green(), ground.green()),
+                       mixed(text.blue(), ground.blue()));
+    palette.setColor(QPalette::WindowText, faint);
+    palette.setColor(QPalette::Text, faint);
+    palette.setColor(QPalette::Base, ground);
+    return palette;
+}
+
+}  // namespace
+
+ValueDialog::ValueDialog(const EditParts& parts, TagEditContext& edit, int templateNumber, QWidget* parent)
+    : DarkModeDialogBase(parts.language, templateNumber, parent), parts_(parts), edit_(edit) {
+    setWindowTitle(parts.language.formatted(text::kModify, {edit.title}));
+    showLabel();
+    showHelp();
+    showHint({});
+}
+
+void ValueDialog::showLabel() {
+    auto* label = control<QLabel>(control::kTagLabel);
+    if (label == nullptr) return;
+    const QString known = parts_.labels.label(edit_.tagId);
+    const QString place = edit_.group.isEmpty() ? QString() : QStringLiteral("  (%1)").arg(edit_.group);
+    label->setText((known.isEmpty() ? edit_.title : known) + place);
+}
+
+void ValueDialog::showHelp() {
+    auto* help = control<QPlainTextEdit>(control::kHelp);
+    if (help == nullptr) return;
+    QString text;
+    parts_.labels.GetHelpFromLibelle(edit_.tagId, text);
+    // Its first line is the label, which stands above.
+    if (text.startsWith(parts_.labels.label(edit_.tagId) + u'\n')) text.remove(0, text.indexOf(u'\n') + 1);
+    help->setVisible(!text.isEmpty());
+    help->setPalette(secondary(*this));
+    help->document()->setDocumentMargin(0);
+    help->setPlainText(text);
+    const int lines = std::min(static_cast<int>(text.count(u'\n')) + 2, kMostHelpLines);
+    help->setMinimumHeight(lines * help->fontMetrics().lineSpacing());
+}
+
+void ValueDialog::showHint(const QString& text) {
+    auto* hint = control<QLabel>(control::kHint);
+    if (hint == nullptr) return;
+    hint->setText(text);
+    hint->setVisible(!text.isEmpty());
+}
+
+}  // namespace edit

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "app/DarkModeDialogBase.h"
+#include "edit/EditParts.h"
+#include "edit/TagEditContext.h"
+
+namespace edit {
+
+/// What the dialogs for one value have in common: the title, the tag's label and help, and a line for hints.
+/// Each sets its control from the context and on OK puts the new value into it.
+class ValueDialog : public app::DarkModeDialogBase {
+    Q_OBJECT
+
+ public:
+    ValueDialog(const EditParts& parts, TagEditContext& edit, int templateNumber, QWidget* parent);
+
+ protected:
+    const EditParts& parts() const { return parts_; }
+    TagEditContext& edit() { return edit_; }
+    bool isCorrected() const { return parts_.context.settings.exifTool.correctedCommands; }
+
+    void showHint(const QString& text);
+
+ private:
+    void showLabel();
+    void showHelp();
+
+    const EditParts& parts_;
+    TagEditContext& edit_;
+};
+
+}  // namespace edit

@@ -1,0 +1,71 @@
+#include "edit/WholeValue.h"
+
+#include "edit/Entries.h"
+#include "exiftool/LineParts.h"
+#include "platform/Text.h"
+
+#include <fstream>
+
+namespace edit {
+
+namespace fs = std::filesystem;
+using platform::CommandText;
+
+namespace {
+
+/// A character that no text has.
+constexpr char kSeparator = '\x1E';
+
+QString textOf(std::u16string_view units) {
+    return QString::fromUtf16(units.data(), static_cast<qsizetype>(units.size()));
+}
+
+QByteArray bytesOf(const fs::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    const std::string bytes((std::istreambuf_iterator<char>(stream)), std::istreambuf_iterator<char>());
+    return QByteArray::fromStdString(bytes);
+}
+
+}  // namespace
+
+bool CouldBeShortened(QStringView shown, bool severalValues) {
+    return shown.contains(u'.') || (severalValues && shown.contains(u", "));
+}
+
+CommandText WholeValueCommand(const app::AppContext& context, const fs::path& file, const fs::path& output,
+                              QStringView group, QStringView name) {
+    CommandText command = exiftool::ToolStartWithLanguage(context);
+    command.literal(" -b -sep \"").literal(std::string_view(&kSeparator, 1)).literal("\" ");
+    command.literal(exiftool::kFileNameCharset).literal("-").outside(group.toUtf8().toStdString());
+    command.literal(":").outside(name.toUtf8().toStdString()).literal(" \"");
+    command.outside(exiftool::FileWord(file)).literal("\" >\"").outside(platform::narrow(output));
+    return command.literal("\"");
+}
+
+QStringList EntriesOfOutput(const QByteArray& output) {
+    QStringList entries;
+    if (output.isEmpty()) return entries;
+    for (const QByteArray& entry : output.split(kSeparator)) entries.append(QString::fromUtf8(entry));
+    return entries;
+}
+
+QString EditableValue(const EditParts& parts, const fs::path& file, const tags::TagRecord& tag,
+                      const QString& shown) {
+    const bool asksNothing =
+        !parts.context.settings.exifTool.correctedCommands || tag.valueKind != tags::ValueKind::Text;
+    const bool several = parts.labels.takesSeveralValues(static_cast<int>(tag.id));
+    if (asksNothing || !CouldBeShortened(shown, several)) return shown;
+    const fs::path output = parts.context.tempPath / "Value.txt";
+    std::error_code ignored;
+    fs::remove(output, ignored);
+    const CommandText command =
+        WholeValueCommand(parts.context, file, output, textOf(tag.group), textOf(tag.name));
+    const bool wasRun = parts.runner.RunToolLine(command) != 0;
+    const QStringList entries = wasRun ? EntriesOfOutput(bytesOf(output)) : QStringList();
+    fs::remove(output, ignored);
+    // Another answer than the row: the file has changed, or has the tag twice.
+    if (PanelText(entries) != shown) return shown;
+    return several ? JoinEntries(entries) : entries.join(QStringLiteral(", "));
+}
+
+}  // namespace edit

@@ -1,0 +1,144 @@
+#include "edit/WriteTag.h"
+
+#include "edit/Entries.h"
+#include "exiftool/LineParts.h"
+#include "exiftool/WriteCommands.h"
+#include "platform/Text.h"
+#include "tags/PropertyWrite.h"
+#include "tags/TagDictionary.h"
+
+#include <algorithm>
+#include <fstream>
+
+namespace edit {
+
+namespace fs = std::filesystem;
+using platform::CommandText;
+
+namespace {
+
+constexpr int kCodedCharacterSet = 853;
+constexpr std::uint32_t kFirstPropertyGroup = 330;
+constexpr char16_t kLastLatin = 0xFF;
+
+bool isCorrected(const app::AppContext& context) {
+    return context.settings.exifTool.correctedCommands;
+}
+
+std::string utf8(QStringView text) {
+    return text.toUtf8().toStdString();
+}
+
+bool couldLeaveItsArgument(QStringView text) {
+    return std::ranges::any_of(text, [](QChar c) { return QStringView(u"\"<>%\n\r").contains(c); });
+}
+
+bool isPropertyGroupOfTheList(const app::CurrentEdit& edit) {
+    return edit.groupIndex >= 0 && static_cast<std::uint32_t>(edit.groupIndex) >= kFirstPropertyGroup &&
+           tags::isPropertyGroup(static_cast<std::uint32_t>(edit.groupIndex));
+}
+
+bool goesToThePropertyStore(const app::AppContext& context, const app::CurrentEdit& edit) {
+    if (edit.groupIndex < 0 || edit.id < 0) return false;
+    // The rows of [File] and [System] carry the numbers of tags. One that happens to be a property's number
+    // as well would write another property than the one that was clicked.
+    return isCorrected(context) ? isPropertyGroupOfTheList(edit)
+                                : tags::isPropertyGroup(static_cast<std::uint32_t>(edit.groupIndex));
+}
+
+/// `-GROUP:NAME`; without a group where the designed form or the list's own groups have none to give.
+CommandText tagWord(const app::AppContext& context, const app::CurrentEdit& edit) {
+    CommandText word("-");
+    if (isCorrected(context) && !edit.group.isEmpty() && !isPropertyGroupOfTheList(edit))
+        word.outside(utf8(edit.group)).literal(":");
+    return word.outside(utf8(edit.name));
+}
+
+bool opensWithEscape(const app::AppContext& context, const app::CurrentEdit& edit) {
+    if (edit.id != kCodedCharacterSet || edit.value.startsWith(u'U')) return false;
+    return !(isCorrected(context) && edit.value.startsWith(u"ESC"));
+}
+
+bool isBeyondLatin(QStringView text) {
+    return std::ranges::any_of(text, [](QChar c) { return c.unicode() > kLastLatin; });
+}
+
+/// IPTC is Latin unless the file says otherwise, and whatever Latin lacks would become question marks. The
+/// record's other values are rewritten together with the mark of the new encoding.
+CommandText encodingTerms(const app::AppContext& context, const app::CurrentEdit& edit) {
+    if (!isCorrected(context) || edit.group != u"IPTC" || !isBeyondLatin(edit.value)) return {};
+    return CommandText("-tagsfromfile @ -IPTC:All --IPTC:")
+        .outside(utf8(edit.name))
+        .literal(" -IPTC:CodedCharacterSet=UTF8 ");
+}
+
+std::uintmax_t reportSize(const app::AppContext& context) {
+    std::error_code error;
+    const std::uintmax_t size = fs::file_size(context.reportFile, error);
+    return error ? 0 : size;
+}
+
+QString reportBehind(const app::AppContext& context, std::uintmax_t begin) {
+    std::ifstream report(context.reportFile, std::ios::binary);
+    report.seekg(static_cast<std::streamoff>(begin));
+    const std::string added((std::istreambuf_iterator<char>(report)), std::istreambuf_iterator<char>());
+    return platform::wide(added).trimmed();
+}
+
+}  // namespace
+
+CommandText EditedValue(const app::AppContext& context, QStringView value, QStringView valueBefore) {
+    if (!couldLeaveItsArgument(valueBefore)) return exiftool::QuotedValue(context, value);
+    return CommandText("\"").outside(utf8(value)).literal("\"");
+}
+
+CommandText TagTerms(const app::AppContext& context, const app::CurrentEdit& edit) {
+    const CommandText word = tagWord(context, edit);
+    CommandText terms;
+    const bool byCode = isCorrected(context) && !edit.comboCode.isEmpty() &&
+                        edit.valueKind == static_cast<int>(tags::ValueKind::List);
+    if (byCode) return terms.append(word).literal("#=\"").outside(utf8(edit.comboCode)).literal("\" ");
+    if (edit.value.isEmpty()) return terms.append(word).literal("= ");
+    terms.append(encodingTerms(context, edit));
+    if (isCorrected(context) && edit.severalValues) {
+        const QStringList entries = SplitEntries(edit.value);
+        for (const QString& entry : entries)
+            terms.append(word).literal("=").append(EditedValue(context, entry, {})).literal(" ");
+        if (entries.isEmpty()) terms.append(word).literal("= ");
+        return terms;
+    }
+    // An escape sequence is written in a readable form, with "ESC" for its first byte.
+    const QString opening = opensWithEscape(context, edit) ? QStringLiteral("ESC ") : QString();
+    const CommandText quoted = EditedValue(context, opening + edit.value, edit.valueBefore);
+    return terms.append(word).literal("=").append(quoted).literal(" ");
+}
+
+CommandText WriteTagCommand(const app::AppContext& context, const fs::path& file,
+                            const app::CurrentEdit& edit) {
+    CommandText command = exiftool::ToolStart(context).append(TagTerms(context, edit));
+    command.literal(exiftool::fragments::kOverwriteOriginal).literal(exiftool::kFileNameCharset);
+    command.literal("\"").outside(exiftool::FileWord(file)).literal("\"");
+    if (isCorrected(context)) command.append(exiftool::ReportBehind(context));
+    return command;
+}
+
+TagWriteResult WriteOneTag(const app::AppContext& context, exiftool::ToolRunner& runner, const fs::path& file,
+                           app::CurrentEdit edit) {
+    if (goesToThePropertyStore(context, edit)) {
+        const auto result =
+            tags::WriteProperty(file, {static_cast<std::uint32_t>(edit.id), edit.value, edit.fileTime});
+        if (result) return {static_cast<int>(*result), platform::propertyResultMessage(*result), {}};
+    }
+    return WriteOneTagWithExifTool(context, runner, file, edit);
+}
+
+TagWriteResult WriteOneTagWithExifTool(const app::AppContext& context, exiftool::ToolRunner& runner,
+                                       const fs::path& file, const app::CurrentEdit& edit) {
+    TagWriteResult result;
+    const std::uintmax_t begin = reportSize(context);
+    result.code = runner.RunToolLine(WriteTagCommand(context, file, edit)) == 0 ? 1 : 0;
+    if (isCorrected(context)) result.complaint = reportBehind(context, begin);
+    return result;
+}
+
+}  // namespace edit
