@@ -45,8 +45,8 @@ void TagListModel::sort(TagSort column, bool ascending) {
     endResetModel();
 }
 
-void TagListModel::setValue(std::size_t row, const QString& value, const QString& code) {
-    SetRowValue(rows_[row], value, code);
+void TagListModel::setValue(std::size_t row, const NewValue& value) {
+    SetRowValue(rows_[row], value);
     rowChanged(row);
 }
 

@@ -40,7 +40,7 @@ class TagListModel : public QAbstractTableModel {
     void sort(TagSort column, bool ascending);
 
     // --- one row, by its place among all rows
-    void setValue(std::size_t row, const QString& value, const QString& code = {});
+    void setValue(std::size_t row, const NewValue& value);
     void empty(std::size_t row, bool severalFiles);
     void undo(std::size_t row);
     void setTicked(std::size_t row, bool ticked);

@@ -57,29 +57,35 @@ void FillValues(TagRows& rows, const std::filesystem::path& outputFile, GroupMat
     for (TagRow& row : rows) {
         const auto found = values.constFind(keyOf(row.group, row.name, match));
         if (found == values.cend()) continue;
-        row.value = row.fileValue = *found;
-        row.code.clear();
-        row.changed = false;
+        row.fileValue = *found;
+        UndoRow(row);
     }
 }
 
-void SetRowValue(TagRow& row, const QString& value, const QString& code) {
-    row.value = value;
-    row.changed = value != row.fileValue;
-    row.code = row.changed ? code : QString();
+void SetRowValue(TagRow& row, const NewValue& value) {
+    if (value.value == row.fileValue) {
+        UndoRow(row);
+        return;
+    }
+    row.value = value.value;
+    row.code = value.code;
+    row.severalEntries = value.severalEntries;
+    row.loaded = value.loaded;
+    row.changed = true;
 }
 
 void EmptyRow(TagRow& row, bool severalFiles) {
     const bool forgets = severalFiles && row.changed;
+    UndoRow(row);
+    if (forgets) return;
     row.value.clear();
-    row.code.clear();
-    row.changed = severalFiles ? !forgets : !row.fileValue.isEmpty();
+    row.changed = severalFiles || !row.fileValue.isEmpty();
 }
 
 void UndoRow(TagRow& row) {
     row.value = row.fileValue;
     row.code.clear();
-    row.changed = false;
+    row.changed = row.severalEntries = row.loaded = false;
 }
 
 void SortRows(TagRows& rows, TagSort column, bool ascending) {

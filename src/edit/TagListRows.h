@@ -22,6 +22,8 @@ struct TagRow {
     QString fileValue;  ///< what the one file holds; empty when it lacks the tag or there are several files
     QString code;       ///< of the chosen entry of a list; empty: value is written as text
     bool changed = false;  ///< by the user; with an empty value the tag is to be removed
+    bool severalEntries = false;  ///< value holds one entry a line, as JoinEntries makes it
+    bool loaded = false;          ///< value came out of a values file; nobody typed it
     bool ticked = false;
 
     bool isRemoval() const { return changed && value.isEmpty(); }
@@ -46,8 +48,16 @@ enum class GroupMatch {
 /// a group and name counts. The file is read once. A file that cannot be read leaves the rows as they are.
 void FillValues(TagRows& rows, const std::filesystem::path& outputFile, GroupMatch match);
 
-/// A value of the user's. Equal to what the file holds, or empty where it holds nothing, it is no change.
-void SetRowValue(TagRow& row, const QString& value, const QString& code = {});
+/// A value of the user's.
+struct NewValue {
+    QString value;
+    QString code = {};  ///< of the chosen entry of a list
+    bool severalEntries = false;
+    bool loaded = false;
+};
+
+/// Equal to what the file holds, or empty where it holds nothing, the value is no change.
+void SetRowValue(TagRow& row, const NewValue& value);
 
 /// The user empties the row. Of a tag that the one file holds, this asks for its removal. With several files,
 /// whose values are not known, a value typed before is forgotten, and a row without one is marked for

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "edit/EditParts.h"
+#include "edit/Removals.h"
+#include "edit/TagListRows.h"
+
+#include <QString>
+#include <QStringView>
+#include <filesystem>
+#include <functional>
+#include <vector>
+
+/// What the dialogs with lists of values decide and do: which rows they have, what the rows hold, and the writes
+/// at OK. Reads and writes block until the tool has ended. GUI thread.
+namespace edit {
+
+// --- DialogModifMain
+
+/// What the dialog is to list: 1 EXIF, 2 IPTC, 7 XMP. The designed form takes the command's own number, which is
+/// none of these.
+int ModeOfCommand(const app::AppContext& context, int commandId);
+
+/// The writable tags of the mode's family; none for a number that is no mode.
+TagRows RowsOfMode(const tags::TagDictionary& dictionary, int mode);
+
+/// The category by which the values of the mode are read.
+int ReadCategoryOfMode(const app::AppContext& context, int mode);
+
+/// "EXIF", "IPTC" or "XMP", also in the designed form.
+QString FamilyNameOfCommand(int commandId);
+
+/// How the files with values are named.
+struct ValuesFileType {
+    int preselected = 0;  ///< index into ValuesFileTypes
+    QString extension;    ///< without its dot; empty for a number that is no mode
+};
+QStringList ValuesFileTypes(const app::AppContext& context);
+ValuesFileType ValuesFileTypeOfMode(int mode);
+
+/// The write of one file. 1 when it was run, or when there was nothing to write; else 0.
+int ModifyFile(const EditParts& parts, int mode, const TagRows& rows, const std::filesystem::path& file);
+int ModifyGroupInFile(const EditParts& parts, const TagRows& rows, const std::filesystem::path& file);
+int ModifyGpsInFile(const EditParts& parts, const TagRows& rows, const std::filesystem::path& file);
+
+// --- DialogAddTagsMain and DialogAddATag_ToOneFile
+
+/// The writable tags of a group, by its name in the panel; those of a group without tags are none.
+TagRows RowsOfGroup(const tags::TagDictionary& dictionary, const QString& group);
+
+int AddTagsToFile(const EditParts& parts, const TagRows& rows, QStringView group,
+                  const std::filesystem::path& file);
+int AddATagToFile(const EditParts& parts, const TagRows& rows, QStringView group,
+                  const std::filesystem::path& file);
+
+// --- all
+
+/// Where the values of a file are read to: its name with ".txt" behind it, in the temp folder.
+std::filesystem::path ValuesOutput(const app::AppContext& context, const std::filesystem::path& file);
+
+/// Reads what the file holds into the rows. False when it could not be read; the rows are then as before.
+using ReadInto = std::function<int(const std::filesystem::path& output)>;
+bool ReadValues(const EditParts& parts, TagRows& rows, const std::filesystem::path& output,
+                const ReadInto& read);
+
+/// Whether OK has anything to do. The designed form always has: it empties the group.
+bool HasSomethingToWrite(const EditParts& parts, const TagRows& rows);
+
+/// Calls write for each file, with the progress shown. A file whose extension is unknown is told and left out.
+using WriteFile = std::function<int(const std::filesystem::path& file)>;
+FileRuns WriteFiles(const EditParts& parts, const QString& title,
+                    const std::vector<std::filesystem::path>& files, const TellLeftOut& tell,
+                    const WriteFile& write);
+
+}  // namespace edit
