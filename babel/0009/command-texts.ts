@@ -812,6 +812,42 @@
         <source>Text dump</source>
         <translation></translation>
     </message>
+    <message id="10034">
+        <source>Text</source>
+        <translation></translation>
+    </message>
+    <message id="10035">
+        <source>CSV</source>
+        <translation></translation>
+    </message>
+    <message id="10036">
+        <source>HTML table</source>
+        <translation></translation>
+    </message>
+    <message id="10037">
+        <source>XML</source>
+        <translation></translation>
+    </message>
+    <message id="10038">
+        <source>MIE</source>
+        <translation></translation>
+    </message>
+    <message id="10039">
+        <source>HTML table by groups</source>
+        <translation></translation>
+    </message>
+    <message id="10040">
+        <source>Text, tag names short</source>
+        <translation></translation>
+    </message>
+    <message id="10041">
+        <source>Text, values as numbers</source>
+        <translation></translation>
+    </message>
+    <message id="10042">
+        <source>Print...</source>
+        <translation></translation>
+    </message>
     <message id="10044">
         <source>Everything...</source>
         <translation></translation>
@@ -1376,6 +1412,122 @@
         <source>Desktop</source>
         <translation></translation>
     </message>
+    <message id="70250">
+        <source>Colour 1</source>
+        <translation></translation>
+    </message>
+    <message id="70251">
+        <source>Colour 2</source>
+        <translation></translation>
+    </message>
+    <message id="70252">
+        <source>Colour 3</source>
+        <translation></translation>
+    </message>
+    <message id="70253">
+        <source>Colour 4</source>
+        <translation></translation>
+    </message>
+    <message id="70254">
+        <source>Colour 5</source>
+        <translation></translation>
+    </message>
+    <message id="70255">
+        <source>Colour 6</source>
+        <translation></translation>
+    </message>
+    <message id="70256">
+        <source>Colour 7</source>
+        <translation></translation>
+    </message>
+    <message id="70257">
+        <source>Colour 8</source>
+        <translation></translation>
+    </message>
+    <message id="70258">
+        <source>Colour 9</source>
+        <translation></translation>
+    </message>
+    <message id="70259">
+        <source>Colour 10</source>
+        <translation></translation>
+    </message>
+    <message id="70260">
+        <source>Colour 11</source>
+        <translation></translation>
+    </message>
+    <message id="70261">
+        <source>Colour 12</source>
+        <translation></translation>
+    </message>
+    <message id="70262">
+        <source>Colour 13</source>
+        <translation></translation>
+    </message>
+    <message id="70263">
+        <source>Colour 14</source>
+        <translation></translation>
+    </message>
+    <message id="70264">
+        <source>Colour 15</source>
+        <translation></translation>
+    </message>
+    <message id="70265">
+        <source>Colour 16</source>
+        <translation></translation>
+    </message>
+    <message id="70266">
+        <source>Colour 17</source>
+        <translation></translation>
+    </message>
+    <message id="70267">
+        <source>Colour 18</source>
+        <translation></translation>
+    </message>
+    <message id="70268">
+        <source>Colour 19</source>
+        <translation></translation>
+    </message>
+    <message id="70269">
+        <source>Colour 20</source>
+        <translation></translation>
+    </message>
+    <message id="70270">
+        <source>Colour 21</source>
+        <translation></translation>
+    </message>
+    <message id="70271">
+        <source>Colour 22</source>
+        <translation></translation>
+    </message>
+    <message id="70272">
+        <source>Colour 23</source>
+        <translation></translation>
+    </message>
+    <message id="70273">
+        <source>Colour 24</source>
+        <translation></translation>
+    </message>
+    <message id="70274">
+        <source>Colour 25</source>
+        <translation></translation>
+    </message>
+    <message id="70275">
+        <source>Colour 26</source>
+        <translation></translation>
+    </message>
+    <message id="70276">
+        <source>Colour 27</source>
+        <translation></translation>
+    </message>
+    <message id="70277">
+        <source>Colour 28</source>
+        <translation></translation>
+    </message>
+    <message id="70278">
+        <source>Colour 29</source>
+        <translation></translation>
+    </message>
     <message id="70304">
         <source>ExifTool</source>
         <translation></translation>
@@ -1564,6 +1716,10 @@
         <source>Help</source>
         <translation></translation>
     </message>
+    <message id="72136">
+        <source>Shown file</source>
+        <translation></translation>
+    </message>
     <message id="72301">
         <source>Sort by</source>
         <translation></translation>
@@ -1616,12 +1772,40 @@
         <source>Family</source>
         <translation></translation>
     </message>
+    <message id="72314">
+        <source>Files</source>
+        <translation></translation>
+    </message>
+    <message id="72315">
+        <source>Documents</source>
+        <translation></translation>
+    </message>
+    <message id="72316">
+        <source>Media</source>
+        <translation></translation>
+    </message>
+    <message id="72317">
+        <source>Save tags</source>
+        <translation></translation>
+    </message>
+    <message id="72318">
+        <source>Highlight</source>
+        <translation></translation>
+    </message>
     <message id="100006">
         <source>Opens the help in the browser.</source>
         <translation></translation>
     </message>
     <message id="100008">
         <source>Shows the tree of folders at the left.</source>
+        <translation></translation>
+    </message>
+    <message id="100009">
+        <source>Shows the line at the foot of the window.</source>
+        <translation></translation>
+    </message>
+    <message id="100010">
+        <source>Shows a picture of the selected file.</source>
         <translation></translation>
     </message>
     <message id="100012">
@@ -1660,12 +1844,392 @@
         <source>Changes the EXIF tags of the selected files.</source>
         <translation></translation>
     </message>
+    <message id="100023">
+        <source>Adds tags of IFD0 to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100024">
+        <source>Adds tags of IFD1 to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100025">
+        <source>Adds tags of IFD2 to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100026">
+        <source>Adds tags of InteropIFD to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100027">
+        <source>Adds tags of SubIFD to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100028">
+        <source>Adds tags of SubIFD1 to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100029">
+        <source>Adds tags of SubIFD2 to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100030">
+        <source>Adds tags of ExifIFD to the selected files.</source>
+        <translation></translation>
+    </message>
     <message id="100031">
         <source>Changes the IPTC tags of the selected files.</source>
         <translation></translation>
     </message>
+    <message id="100032">
+        <source>Adds tags of the IPTC application record to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100033">
+        <source>Adds tags of the IPTC envelope record to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100034">
+        <source>Adds tags of the IPTC news photo record to the selected files.</source>
+        <translation></translation>
+    </message>
     <message id="100035">
         <source>Changes the XMP tags of the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100036">
+        <source>Adds XMP tags of all kinds to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100057">
+        <source>Adds tags of XMP-aas to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100058">
+        <source>Adds tags of XMP-acdsee to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100059">
+        <source>Adds tags of XMP-album to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100060">
+        <source>Adds tags of XMP-AnalogExif to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100061">
+        <source>Adds tags of XMP-APDI to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100062">
+        <source>Adds tags of XMP-AppleFI to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100063">
+        <source>Adds tags of XMP-art to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100064">
+        <source>Adds tags of XMP-attr to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100065">
+        <source>Adds tags of XMP-aux to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100066">
+        <source>Adds tags of XMP-xmpBJ to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100067">
+        <source>Adds tags of XMP-Camera to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100068">
+        <source>Adds tags of XMP-Camera_1_ to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100069">
+        <source>Adds tags of XMP-Cc to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100070">
+        <source>Adds tags of XMP-Cell to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100071">
+        <source>Adds tags of XMP-Claro to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100072">
+        <source>Adds tags of XMP-Crd to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100073">
+        <source>Adds tags of XMP-CreatorAtom to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100074">
+        <source>Adds tags of XMP-crs to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100075">
+        <source>Adds tags of XMP-dc to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100076">
+        <source>Adds tags of XMP-DepthBlueEffect to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100077">
+        <source>Adds tags of XMP-DepthData to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100078">
+        <source>Adds tags of XMP-Dex to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100079">
+        <source>Adds tags of XMP-Dicom to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100080">
+        <source>Adds tags of XMP-Digikam to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100081">
+        <source>Adds tags of XMP-Drone-Dji to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100082">
+        <source>Adds tags of XMP-Drone-Parrot to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100083">
+        <source>Adds tags of XMP-Dwc to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100084">
+        <source>Adds tags of XMP-exif to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100085">
+        <source>Adds tags of XMP-exifEX to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100086">
+        <source>Adds tags of XMP-expressionmedia to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100087">
+        <source>Adds tags of XMP-extensis to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100088">
+        <source>Adds tags of XMP-fpv to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100089">
+        <source>Adds tags of XMP-GAudio to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100090">
+        <source>Adds tags of XMP-GCamera to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100091">
+        <source>Adds tags of XMP-GCreations to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100092">
+        <source>Adds tags of XMP-GDepth to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100093">
+        <source>Adds tags of XMP-Getty to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100094">
+        <source>Adds tags of XMP-GFocus to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100095">
+        <source>Adds tags of XMP-GImage to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100096">
+        <source>Adds tags of XMP-Gml to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100097">
+        <source>Adds tags of XMP-GPano to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100098">
+        <source>Adds tags of XMP-GSpherical to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100099">
+        <source>Adds tags of XMP-ics to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100100">
+        <source>Adds tags of XMP-idpriv to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100101">
+        <source>Adds tags of XMP-illustrator to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100102">
+        <source>Adds tags of XMP-iptcCore to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100103">
+        <source>Adds tags of XMP-iptcExt to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100104">
+        <source>Adds tags of XMP-leaf to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100105">
+        <source>Adds tags of XMP-lfaschema to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100106">
+        <source>Adds tags of XMP-lightroom to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100108">
+        <source>Adds tags of XMP-mets to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100109">
+        <source>Adds tags of XMP-mediapro to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100110">
+        <source>Adds tags of XMP-microsoft to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100111">
+        <source>Adds tags of XMP-mp1 to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100112">
+        <source>Adds tags of XMP-Mp to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100113">
+        <source>Adds tags of XMP-mwg-rs to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100114">
+        <source>Adds tags of XMP-opmedia to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100115">
+        <source>Adds tags of XMP-pdf to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100116">
+        <source>Adds tags of XMP-pdfx to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100117">
+        <source>Adds tags of XMP-photomech to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100118">
+        <source>Adds tags of XMP-photoshop to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100119">
+        <source>Adds tags of XMP-pixellive to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100120">
+        <source>Adds tags of XMP-plus to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100121">
+        <source>Adds tags of XMP-pmtm-1 to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100122">
+        <source>Adds tags of XMP-prism to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100123">
+        <source>Adds tags of XMP-rdf to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100124">
+        <source>Adds tags of XMP-silverfast to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100125">
+        <source>Adds tags of XMP-subversion to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100126">
+        <source>Adds tags of XMP-swf to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100127">
+        <source>Adds tags of XMP-tiff to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100129">
+        <source>Adds tags of XMP-vrae to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100130">
+        <source>Adds tags of XMP-webdam to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100131">
+        <source>Adds tags of XMP-x to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100132">
+        <source>Adds tags of XMP-xmp to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100133">
+        <source>Adds tags of XMP-xmpDM to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100134">
+        <source>Adds tags of XMP-xmpNote to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100135">
+        <source>Adds tags of XMP-xmpMM to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100136">
+        <source>Adds tags of XMP-xmpRights to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100137">
+        <source>Adds tags of XMP-xmpTpg to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100138">
+        <source>Adds tags of XMP-xmpXs to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100139">
+        <source>Adds tags of XMP-xmpXsd to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100140">
+        <source>Adds tags of XMP-xmpXsi to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100141">
+        <source>Adds tags of XMP-xmpXsl to the selected files.</source>
         <translation></translation>
     </message>
     <message id="100142">
@@ -1676,8 +2240,24 @@
         <source>Adds a comment to the selected files.</source>
         <translation></translation>
     </message>
+    <message id="100147">
+        <source>Adds comments out of text files.</source>
+        <translation></translation>
+    </message>
+    <message id="100148">
+        <source>Removes the comments.</source>
+        <translation></translation>
+    </message>
     <message id="100150">
         <source>Adds a copyright notice to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100151">
+        <source>Removes the copyright notices.</source>
+        <translation></translation>
+    </message>
+    <message id="100152">
+        <source>Adds all fields of a copyright notice.</source>
         <translation></translation>
     </message>
     <message id="100154">
@@ -1698,6 +2278,10 @@
     </message>
     <message id="100159">
         <source>Adds a description to the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="100160">
+        <source>Removes the descriptions.</source>
         <translation></translation>
     </message>
     <message id="100162">
@@ -1764,8 +2348,56 @@
         <source>Adds a title to the selected files.</source>
         <translation></translation>
     </message>
+    <message id="100188">
+        <source>Removes the titles.</source>
+        <translation></translation>
+    </message>
     <message id="100191">
         <source>Finds files that hold chosen tags.</source>
+        <translation></translation>
+    </message>
+    <message id="100192">
+        <source>Finds files that hold chosen EXIF tags.</source>
+        <translation></translation>
+    </message>
+    <message id="100193">
+        <source>Finds files that hold chosen IPTC tags.</source>
+        <translation></translation>
+    </message>
+    <message id="100194">
+        <source>Finds files that hold chosen XMP tags.</source>
+        <translation></translation>
+    </message>
+    <message id="100195">
+        <source>Finds files that hold chosen GPS tags.</source>
+        <translation></translation>
+    </message>
+    <message id="100196">
+        <source>Finds files that hold chosen tags of a colour profile.</source>
+        <translation></translation>
+    </message>
+    <message id="100197">
+        <source>Finds files that hold chosen maker notes.</source>
+        <translation></translation>
+    </message>
+    <message id="100198">
+        <source>Finds files that have chosen composite tags.</source>
+        <translation></translation>
+    </message>
+    <message id="100199">
+        <source>Finds files by tags of the file itself.</source>
+        <translation></translation>
+    </message>
+    <message id="100200">
+        <source>Finds audio and video files with chosen tags.</source>
+        <translation></translation>
+    </message>
+    <message id="100201">
+        <source>Finds documents with chosen tags.</source>
+        <translation></translation>
+    </message>
+    <message id="100202">
+        <source>Finds files with chosen tags of other groups.</source>
         <translation></translation>
     </message>
     <message id="100203">
@@ -1790,6 +2422,26 @@
     </message>
     <message id="100210">
         <source>Deletes export sets.</source>
+        <translation></translation>
+    </message>
+    <message id="100211">
+        <source>Exports the EXIF tags only.</source>
+        <translation></translation>
+    </message>
+    <message id="100212">
+        <source>Exports the IPTC tags only.</source>
+        <translation></translation>
+    </message>
+    <message id="100213">
+        <source>Exports the XMP tags only.</source>
+        <translation></translation>
+    </message>
+    <message id="100214">
+        <source>Exports the GPS tags only.</source>
+        <translation></translation>
+    </message>
+    <message id="100215">
+        <source>Exports the maker notes only.</source>
         <translation></translation>
     </message>
     <message id="100216">
@@ -1832,8 +2484,44 @@
         <source>Runs ExifTool arguments of your own.</source>
         <translation></translation>
     </message>
+    <message id="100235">
+        <source>Goes to the folder of documents.</source>
+        <translation></translation>
+    </message>
+    <message id="100236">
+        <source>Goes to the folder of downloads.</source>
+        <translation></translation>
+    </message>
+    <message id="100237">
+        <source>Goes to the folder of music.</source>
+        <translation></translation>
+    </message>
+    <message id="100238">
+        <source>Goes to the folder of pictures.</source>
+        <translation></translation>
+    </message>
+    <message id="100239">
+        <source>Goes to the folder of videos.</source>
+        <translation></translation>
+    </message>
+    <message id="100240">
+        <source>Goes to the home folder.</source>
+        <translation></translation>
+    </message>
+    <message id="100241">
+        <source>Goes to the top of all folders.</source>
+        <translation></translation>
+    </message>
+    <message id="100242">
+        <source>Goes to the trash.</source>
+        <translation></translation>
+    </message>
     <message id="100245">
         <source>Opens the selected folder in the list.</source>
+        <translation></translation>
+    </message>
+    <message id="100246">
+        <source>Selects nothing.</source>
         <translation></translation>
     </message>
     <message id="100248">
@@ -1842,6 +2530,10 @@
     </message>
     <message id="100279">
         <source>Chooses the columns of the list.</source>
+        <translation></translation>
+    </message>
+    <message id="100284">
+        <source>Tells the version and the licence.</source>
         <translation></translation>
     </message>
     <message id="100298">
@@ -1900,6 +2592,10 @@
         <source>A click into a column edits its value.</source>
         <translation></translation>
     </message>
+    <message id="108056">
+        <source>Reads the tags of the file shown again.</source>
+        <translation></translation>
+    </message>
     <message id="110004">
         <source>Writes a dump of the file as a web page and opens it.</source>
         <translation></translation>
@@ -1910,6 +2606,42 @@
     </message>
     <message id="110012">
         <source>Open file</source>
+        <translation></translation>
+    </message>
+    <message id="110034">
+        <source>Writes the tags as text.</source>
+        <translation></translation>
+    </message>
+    <message id="110035">
+        <source>Writes the tags as a table for a spreadsheet.</source>
+        <translation></translation>
+    </message>
+    <message id="110036">
+        <source>Writes the tags as a table for a browser.</source>
+        <translation></translation>
+    </message>
+    <message id="110037">
+        <source>Writes the tags as XML.</source>
+        <translation></translation>
+    </message>
+    <message id="110038">
+        <source>Writes the tags to a MIE file, from which they can be copied back.</source>
+        <translation></translation>
+    </message>
+    <message id="110039">
+        <source>Writes the tags as a table for a browser, group by group.</source>
+        <translation></translation>
+    </message>
+    <message id="110040">
+        <source>Writes the tags as text, with the names that ExifTool uses.</source>
+        <translation></translation>
+    </message>
+    <message id="110041">
+        <source>Writes the tags as text, with values as they are stored.</source>
+        <translation></translation>
+    </message>
+    <message id="110042">
+        <source>Prints the tags of the file shown.</source>
         <translation></translation>
     </message>
     <message id="110044">
@@ -1924,12 +2656,48 @@
         <source>Copies tags from another file to the selected files.</source>
         <translation></translation>
     </message>
+    <message id="110066">
+        <source>Removes the EXIF tags from the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="110067">
+        <source>Removes the IPTC tags from the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="110068">
+        <source>Removes the XMP tags from the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="110069">
+        <source>Removes the colour profile from the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="110071">
+        <source>Removes the position from the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="110072">
+        <source>Removes all metadata from the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="130001">
+        <source>Opens the web site of the program in the browser.</source>
+        <translation></translation>
+    </message>
     <message id="140013">
         <source>Asks for the program that opens the selected file.</source>
         <translation></translation>
     </message>
     <message id="140014">
         <source>Opens a public map service at the position of the file.</source>
+        <translation></translation>
+    </message>
+    <message id="140063">
+        <source>Copies the selected items to the clipboard.</source>
+        <translation></translation>
+    </message>
+    <message id="140064">
+        <source>Changes the name of the selected item.</source>
         <translation></translation>
     </message>
     <message id="140065">
@@ -1948,16 +2716,484 @@
         <source>Moves the selected items to a folder.</source>
         <translation></translation>
     </message>
+    <message id="140074">
+        <source>Selects everything in the list.</source>
+        <translation></translation>
+    </message>
     <message id="140075">
         <source>Selects what is not selected, and the other way round.</source>
+        <translation></translation>
+    </message>
+    <message id="140089">
+        <source>The smallest or oldest comes first.</source>
+        <translation></translation>
+    </message>
+    <message id="140090">
+        <source>The largest or newest comes first.</source>
+        <translation></translation>
+    </message>
+    <message id="140091">
+        <source>Cuts the selected items for the clipboard.</source>
+        <translation></translation>
+    </message>
+    <message id="140092">
+        <source>Saves the settings and closes the program.</source>
         <translation></translation>
     </message>
     <message id="140093">
         <source>Takes the last file operation back.</source>
         <translation></translation>
     </message>
+    <message id="140106">
+        <source>Shows files and folders that are hidden.</source>
+        <translation></translation>
+    </message>
     <message id="140110">
         <source>Saves the settings and starts the program again.</source>
+        <translation></translation>
+    </message>
+    <message id="150001">
+        <source>Sorts the list by name.</source>
+        <translation></translation>
+    </message>
+    <message id="150002">
+        <source>Sorts the list by date modified.</source>
+        <translation></translation>
+    </message>
+    <message id="150003">
+        <source>Sorts the list by size.</source>
+        <translation></translation>
+    </message>
+    <message id="150004">
+        <source>Sorts the list by type.</source>
+        <translation></translation>
+    </message>
+    <message id="150005">
+        <source>Sorts the list by total size.</source>
+        <translation></translation>
+    </message>
+    <message id="150006">
+        <source>Sorts the list by free space.</source>
+        <translation></translation>
+    </message>
+    <message id="150007">
+        <source>Sorts the list by comments.</source>
+        <translation></translation>
+    </message>
+    <message id="150008">
+        <source>Sorts the list by date deleted.</source>
+        <translation></translation>
+    </message>
+    <message id="150009">
+        <source>Sorts the list by original location.</source>
+        <translation></translation>
+    </message>
+    <message id="150010">
+        <source>Sorts the list by attributes.</source>
+        <translation></translation>
+    </message>
+    <message id="150011">
+        <source>Sorts the list by size on disk.</source>
+        <translation></translation>
+    </message>
+    <message id="150012">
+        <source>Sorts the list by owner.</source>
+        <translation></translation>
+    </message>
+    <message id="150013">
+        <source>Sorts the list by rating.</source>
+        <translation></translation>
+    </message>
+    <message id="150014">
+        <source>Sorts the list by product name.</source>
+        <translation></translation>
+    </message>
+    <message id="150015">
+        <source>Sorts the list by company.</source>
+        <translation></translation>
+    </message>
+    <message id="150016">
+        <source>Sorts the list by file description.</source>
+        <translation></translation>
+    </message>
+    <message id="150017">
+        <source>Sorts the list by file version.</source>
+        <translation></translation>
+    </message>
+    <message id="150018">
+        <source>Sorts the list by product version.</source>
+        <translation></translation>
+    </message>
+    <message id="150021">
+        <source>Sorts the list by extension.</source>
+        <translation></translation>
+    </message>
+    <message id="150022">
+        <source>Sorts the list by date created.</source>
+        <translation></translation>
+    </message>
+    <message id="150023">
+        <source>Sorts the list by date accessed.</source>
+        <translation></translation>
+    </message>
+    <message id="150024">
+        <source>Sorts the list by title.</source>
+        <translation></translation>
+    </message>
+    <message id="150025">
+        <source>Sorts the list by subject.</source>
+        <translation></translation>
+    </message>
+    <message id="150026">
+        <source>Sorts the list by authors.</source>
+        <translation></translation>
+    </message>
+    <message id="150027">
+        <source>Sorts the list by keywords.</source>
+        <translation></translation>
+    </message>
+    <message id="150029">
+        <source>Sorts the list by camera model.</source>
+        <translation></translation>
+    </message>
+    <message id="150030">
+        <source>Sorts the list by date taken.</source>
+        <translation></translation>
+    </message>
+    <message id="150031">
+        <source>Sorts the list by width.</source>
+        <translation></translation>
+    </message>
+    <message id="150032">
+        <source>Sorts the list by height.</source>
+        <translation></translation>
+    </message>
+    <message id="150033">
+        <source>Sorts the list by virtual comments.</source>
+        <translation></translation>
+    </message>
+    <message id="150035">
+        <source>Sorts the list by bit rate.</source>
+        <translation></translation>
+    </message>
+    <message id="150036">
+        <source>Sorts the list by copyright.</source>
+        <translation></translation>
+    </message>
+    <message id="150037">
+        <source>Sorts the list by duration.</source>
+        <translation></translation>
+    </message>
+    <message id="150038">
+        <source>Sorts the list by protected.</source>
+        <translation></translation>
+    </message>
+    <message id="150039">
+        <source>Sorts the list by rating of the medium.</source>
+        <translation></translation>
+    </message>
+    <message id="150040">
+        <source>Sorts the list by album artist.</source>
+        <translation></translation>
+    </message>
+    <message id="150041">
+        <source>Sorts the list by album.</source>
+        <translation></translation>
+    </message>
+    <message id="150042">
+        <source>Sorts the list by beats per minute.</source>
+        <translation></translation>
+    </message>
+    <message id="150043">
+        <source>Sorts the list by composer.</source>
+        <translation></translation>
+    </message>
+    <message id="150044">
+        <source>Sorts the list by conductor.</source>
+        <translation></translation>
+    </message>
+    <message id="150045">
+        <source>Sorts the list by director.</source>
+        <translation></translation>
+    </message>
+    <message id="150046">
+        <source>Sorts the list by genre.</source>
+        <translation></translation>
+    </message>
+    <message id="150047">
+        <source>Sorts the list by language.</source>
+        <translation></translation>
+    </message>
+    <message id="150048">
+        <source>Sorts the list by broadcast date.</source>
+        <translation></translation>
+    </message>
+    <message id="150049">
+        <source>Sorts the list by channel.</source>
+        <translation></translation>
+    </message>
+    <message id="150050">
+        <source>Sorts the list by station name.</source>
+        <translation></translation>
+    </message>
+    <message id="150051">
+        <source>Sorts the list by mood.</source>
+        <translation></translation>
+    </message>
+    <message id="150052">
+        <source>Sorts the list by parental rating.</source>
+        <translation></translation>
+    </message>
+    <message id="150053">
+        <source>Sorts the list by reason for the parental rating.</source>
+        <translation></translation>
+    </message>
+    <message id="150054">
+        <source>Sorts the list by period.</source>
+        <translation></translation>
+    </message>
+    <message id="150055">
+        <source>Sorts the list by producer.</source>
+        <translation></translation>
+    </message>
+    <message id="150056">
+        <source>Sorts the list by publisher.</source>
+        <translation></translation>
+    </message>
+    <message id="150057">
+        <source>Sorts the list by writer.</source>
+        <translation></translation>
+    </message>
+    <message id="150058">
+        <source>Sorts the list by year.</source>
+        <translation></translation>
+    </message>
+    <message id="150059">
+        <source>Sorts the list by kind.</source>
+        <translation></translation>
+    </message>
+    <message id="150101">
+        <source>Groups the list by name.</source>
+        <translation></translation>
+    </message>
+    <message id="150102">
+        <source>Groups the list by date modified.</source>
+        <translation></translation>
+    </message>
+    <message id="150103">
+        <source>Groups the list by size.</source>
+        <translation></translation>
+    </message>
+    <message id="150104">
+        <source>Groups the list by type.</source>
+        <translation></translation>
+    </message>
+    <message id="150105">
+        <source>Groups the list by total size.</source>
+        <translation></translation>
+    </message>
+    <message id="150106">
+        <source>Groups the list by free space.</source>
+        <translation></translation>
+    </message>
+    <message id="150107">
+        <source>Groups the list by comments.</source>
+        <translation></translation>
+    </message>
+    <message id="150108">
+        <source>Groups the list by date deleted.</source>
+        <translation></translation>
+    </message>
+    <message id="150109">
+        <source>Groups the list by original location.</source>
+        <translation></translation>
+    </message>
+    <message id="150110">
+        <source>Groups the list by attributes.</source>
+        <translation></translation>
+    </message>
+    <message id="150111">
+        <source>Groups the list by size on disk.</source>
+        <translation></translation>
+    </message>
+    <message id="150112">
+        <source>Groups the list by owner.</source>
+        <translation></translation>
+    </message>
+    <message id="150113">
+        <source>Groups the list by rating.</source>
+        <translation></translation>
+    </message>
+    <message id="150114">
+        <source>Groups the list by product name.</source>
+        <translation></translation>
+    </message>
+    <message id="150115">
+        <source>Groups the list by company.</source>
+        <translation></translation>
+    </message>
+    <message id="150116">
+        <source>Groups the list by file description.</source>
+        <translation></translation>
+    </message>
+    <message id="150117">
+        <source>Groups the list by file version.</source>
+        <translation></translation>
+    </message>
+    <message id="150118">
+        <source>Groups the list by product version.</source>
+        <translation></translation>
+    </message>
+    <message id="150121">
+        <source>Groups the list by extension.</source>
+        <translation></translation>
+    </message>
+    <message id="150122">
+        <source>Groups the list by date created.</source>
+        <translation></translation>
+    </message>
+    <message id="150123">
+        <source>Groups the list by date accessed.</source>
+        <translation></translation>
+    </message>
+    <message id="150124">
+        <source>Groups the list by title.</source>
+        <translation></translation>
+    </message>
+    <message id="150125">
+        <source>Groups the list by subject.</source>
+        <translation></translation>
+    </message>
+    <message id="150126">
+        <source>Groups the list by authors.</source>
+        <translation></translation>
+    </message>
+    <message id="150127">
+        <source>Groups the list by keywords.</source>
+        <translation></translation>
+    </message>
+    <message id="150129">
+        <source>Groups the list by camera model.</source>
+        <translation></translation>
+    </message>
+    <message id="150130">
+        <source>Groups the list by date taken.</source>
+        <translation></translation>
+    </message>
+    <message id="150131">
+        <source>Groups the list by width.</source>
+        <translation></translation>
+    </message>
+    <message id="150132">
+        <source>Groups the list by height.</source>
+        <translation></translation>
+    </message>
+    <message id="150133">
+        <source>Groups the list by virtual comments.</source>
+        <translation></translation>
+    </message>
+    <message id="150135">
+        <source>Groups the list by bit rate.</source>
+        <translation></translation>
+    </message>
+    <message id="150136">
+        <source>Groups the list by copyright.</source>
+        <translation></translation>
+    </message>
+    <message id="150137">
+        <source>Groups the list by duration.</source>
+        <translation></translation>
+    </message>
+    <message id="150138">
+        <source>Groups the list by protected.</source>
+        <translation></translation>
+    </message>
+    <message id="150139">
+        <source>Groups the list by rating of the medium.</source>
+        <translation></translation>
+    </message>
+    <message id="150140">
+        <source>Groups the list by album artist.</source>
+        <translation></translation>
+    </message>
+    <message id="150141">
+        <source>Groups the list by album.</source>
+        <translation></translation>
+    </message>
+    <message id="150142">
+        <source>Groups the list by beats per minute.</source>
+        <translation></translation>
+    </message>
+    <message id="150143">
+        <source>Groups the list by composer.</source>
+        <translation></translation>
+    </message>
+    <message id="150144">
+        <source>Groups the list by conductor.</source>
+        <translation></translation>
+    </message>
+    <message id="150145">
+        <source>Groups the list by director.</source>
+        <translation></translation>
+    </message>
+    <message id="150146">
+        <source>Groups the list by genre.</source>
+        <translation></translation>
+    </message>
+    <message id="150147">
+        <source>Groups the list by language.</source>
+        <translation></translation>
+    </message>
+    <message id="150148">
+        <source>Groups the list by broadcast date.</source>
+        <translation></translation>
+    </message>
+    <message id="150149">
+        <source>Groups the list by channel.</source>
+        <translation></translation>
+    </message>
+    <message id="150150">
+        <source>Groups the list by station name.</source>
+        <translation></translation>
+    </message>
+    <message id="150151">
+        <source>Groups the list by mood.</source>
+        <translation></translation>
+    </message>
+    <message id="150152">
+        <source>Groups the list by parental rating.</source>
+        <translation></translation>
+    </message>
+    <message id="150153">
+        <source>Groups the list by reason for the parental rating.</source>
+        <translation></translation>
+    </message>
+    <message id="150154">
+        <source>Groups the list by period.</source>
+        <translation></translation>
+    </message>
+    <message id="150155">
+        <source>Groups the list by producer.</source>
+        <translation></translation>
+    </message>
+    <message id="150156">
+        <source>Groups the list by publisher.</source>
+        <translation></translation>
+    </message>
+    <message id="150157">
+        <source>Groups the list by writer.</source>
+        <translation></translation>
+    </message>
+    <message id="150158">
+        <source>Groups the list by year.</source>
+        <translation></translation>
+    </message>
+    <message id="150159">
+        <source>Groups the list by kind.</source>
+        <translation></translation>
+    </message>
+    <message id="170166">
+        <source>Adds keywords to the selected files.</source>
         <translation></translation>
     </message>
     <message id="170167">
@@ -1966,6 +3202,126 @@
     </message>
     <message id="170168">
         <source>Removes the keywords.</source>
+        <translation></translation>
+    </message>
+    <message id="170234">
+        <source>Goes to the desktop.</source>
+        <translation></translation>
+    </message>
+    <message id="170250">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170251">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170252">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170253">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170254">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170255">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170256">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170257">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170258">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170259">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170260">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170261">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170262">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170263">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170264">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170265">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170266">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170267">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170268">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170269">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170270">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170271">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170272">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170273">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170274">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170275">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170276">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170277">
+        <source>Marks rows of the panel with this colour.</source>
+        <translation></translation>
+    </message>
+    <message id="170278">
+        <source>Marks rows of the panel with this colour.</source>
         <translation></translation>
     </message>
     <message id="170304">
@@ -1988,6 +3344,10 @@
         <source>A double click on a tab does the same.</source>
         <translation></translation>
     </message>
+    <message id="172301">
+        <source>Puts the files in another order.</source>
+        <translation></translation>
+    </message>
     <message id="172302">
         <source>Shows the files in groups.</source>
         <translation></translation>
@@ -2006,6 +3366,14 @@
     </message>
     <message id="172313">
         <source>Removes a family of tags from the selected files.</source>
+        <translation></translation>
+    </message>
+    <message id="172317">
+        <source>Writes the tags of the file shown to a file beside it.</source>
+        <translation></translation>
+    </message>
+    <message id="172318">
+        <source>Chooses the colour of marked rows.</source>
         <translation></translation>
     </message>
     <message id="210012">

@@ -244,15 +244,15 @@ constexpr auto kRows = std::to_array<Command>({
     {10004, "HtmlDump",                    false, true,  false, 10004, "text-html"},
     {10007, "VerboseDump",                 false, true,  false, 10007, "text-x-generic"},
     {10033, "ExportMenu",                  false, false, false, 0,     "document-export"},
-    {10034, "ExportText",                  false, false, false, 0,     ""},
-    {10035, "ExportCsv",                   false, false, false, 0,     ""},
-    {10036, "ExportHtml",                  false, false, false, 0,     ""},
-    {10037, "ExportXml",                   false, false, false, 0,     ""},
-    {10038, "ExportMie",                   false, false, false, 0,     ""},
-    {10039, "ExportHtmlDump",              false, false, false, 0,     ""},
-    {10040, "ExportTextShort",             false, false, false, 0,     ""},
-    {10041, "ExportTextNumeric",           false, false, false, 0,     ""},
-    {10042, "PrintMetadata",               false, false, false, 0,     "document-print"},
+    {10034, "ExportText",                  false, false, false, 10034, ""},
+    {10035, "ExportCsv",                   false, false, false, 10035, ""},
+    {10036, "ExportHtml",                  false, false, false, 10036, ""},
+    {10037, "ExportXml",                   false, false, false, 10037, ""},
+    {10038, "ExportMie",                   false, false, false, 10038, ""},
+    {10039, "ExportHtmlDump",              false, false, false, 10039, ""},
+    {10040, "ExportTextShort",             false, false, false, 10040, ""},
+    {10041, "ExportTextNumeric",           false, false, false, 10041, ""},
+    {10042, "PrintMetadata",               false, false, false, 10042, "document-print"},
     {10044, "RemoveEverything",            false, true,  false, 10044, "edit-delete-shred"},
     {10062, "CopyTagsFromFile",            false, true,  false, 10062, "document-import"},
     {10065, "CopyTags",                    false, true,  false, 10065, "edit-copy-path"},
@@ -267,7 +267,7 @@ constexpr auto kRows = std::to_array<Command>({
     {10077, "DeleteGroup",                 false, false, false, 165,   "group-delete"},
     {30001, "WebSite",                     false, false, false, 30001, "globe"},
     {40011, "OpenUrl",                     false, false, true,  40012, "globe"},
-    {40012, "OpenFile",                    false, true,  true,  40012, "document-open"},
+    {40012, "OpenFile",                    false, true,  true,  110012, "document-open"},
     {40013, "OpenWith",                    false, true,  false, 40013, "system-run"},
     {40014, "ShowOnPublicMap",             false, true,  false, 40014, "globe"},
     {40063, "Copy",                        false, false, false, 40063, "edit-copy"},
@@ -300,8 +300,8 @@ constexpr auto kRows = std::to_array<Command>({
 static_assert(std::ranges::is_sorted(kRows, {}, &Command::id));
 
 constexpr auto kRanges = std::to_array<CommandRange>({
-    {250, 278, "Highlight", true, "color-picker"},
-    {60000, 60008, "ViewMenu", true, ""},
+    {250, 278, "Highlight", true, 70250},
+    {60000, 60008, "ViewMenu", true, 0},
 });
 
 // The sort modes that the list can be sorted by today; it is grouped by none.

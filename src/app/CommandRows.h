@@ -10,13 +10,13 @@ struct CommandRange {
     CommandId last;
     const char* name;  ///< the number is put behind it
     bool toggle;
-    const char* iconName;
+    int firstText;  ///< string number of the first; 0: none of them has a text
 };
 
 /// The commands that have a row of their own, by ascending id.
 std::span<const Command> FixedCommands();
 
-/// None of them is built, and none has a text.
+/// None of them is built, and none has an icon.
 std::span<const CommandRange> CommandRanges();
 
 /// Whether the list can be sorted, or grouped, by the mode of this number.

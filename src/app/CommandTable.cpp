@@ -61,8 +61,8 @@ class AllCommands {
                                  .toggle = range.toggle,
                                  .needsSelection = false,
                                  .built = false,
-                                 .textNumber = 0,
-                                 .iconName = range.iconName});
+                                 .textNumber = range.firstText == 0 ? 0 : range.firstText + id - range.first,
+                                 .iconName = ""});
     }
     void add(CommandId id, const std::string& verb, const NumberedName& mode, bool built) {
         commands_.push_back({.id = id,

@@ -60,6 +60,8 @@ class MainWindow : public QWidget {
 
     /// Where every command ends: ribbon, menus, keys and scripts. An id that is not built does nothing.
     void Dispatch(CommandId id);
+    /// Whether Dispatch() has something to do for the number.
+    static bool Handles(CommandId id);
 
     void SetRightHolderWidth(int pixels);
     void SetLeftHolderWidth(int pixels);

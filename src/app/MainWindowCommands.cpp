@@ -17,6 +17,8 @@
 #include <QProcess>
 #include <QUrl>
 
+#include <algorithm>
+
 namespace app {
 
 const std::vector<MainWindow::HandledCommand>& MainWindow::handledCommands() {
@@ -55,6 +57,12 @@ const std::vector<MainWindow::HandledCommand>& MainWindow::handledCommands() {
         {kSortBy + 1, kGroupBy - 1, &MainWindow::sortBy},
     };
     return commands;
+}
+
+bool MainWindow::Handles(CommandId id) {
+    return std::ranges::any_of(handledCommands(), [id](const HandledCommand& handled) {
+        return id >= handled.first && id <= handled.last;
+    });
 }
 
 void MainWindow::Dispatch(CommandId id) {

@@ -17,11 +17,23 @@ QIcon RibbonContents::icon(const QString& name) const {
     return controls::icon(name);
 }
 
+int RibbonContents::commandText(int commandId) const {
+    const Command* command = FindCommand(commandId);
+    return command != nullptr && command->textNumber != 0 ? command->textNumber : commandId;
+}
+
+QString RibbonContents::commandIcon(int commandId) const {
+    const Command* command = FindCommand(commandId);
+    return command != nullptr ? QString::fromLatin1(command->iconName) : QString();
+}
+
 bool RibbonContents::available(int commandId) const {
     return IsBuilt(commandId);
 }
 
 QKeySequence RibbonContents::shortcut(int commandId) const {
+    // The key of this view sends a number of its own.
+    if (commandId == command::kViewThumbnails) commandId = command::kViewThumbnailsShortcut;
     for (const HotKey& key : HotKeys())
         if (key.command == commandId) return QKeyCombination(key.modifiers, key.key);
     for (const Shortcut& key : Shortcuts())

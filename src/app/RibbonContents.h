@@ -14,6 +14,8 @@ class RibbonContents : public controls::RibbonSource {
     QString text(int stringNumber) const override;
     QString tip(int stringNumber) const override;
     QIcon icon(const QString& name) const override;
+    int commandText(int commandId) const override;
+    QString commandIcon(int commandId) const override;
     bool available(int commandId) const override;
     QKeySequence shortcut(int commandId) const override;
     bool isToggle(int commandId) const override;

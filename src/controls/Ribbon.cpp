@@ -13,6 +13,7 @@
 #include "controls/RibbonButton.h"
 #include "controls/RibbonColors.h"
 #include "controls/RibbonGroup.h"
+#include "controls/RibbonKeyTips.h"
 #include "controls/RibbonKeyboard.h"
 #include "controls/RibbonPage.h"
 #include "controls/RibbonTabStrip.h"
@@ -104,6 +105,8 @@ bool Ribbon::setMarkup(const QByteArray& xml, const RibbonSource& source, QStrin
         if (error) *error = result.error;
         return false;
     }
+    nameCommands(*result.markup, source);
+    assignKeyTips(*result.markup, source);
     const RibbonMarkup markup = keepAvailable(std::move(*result.markup), source);
     const QString shown = currentTab();
     clear();
@@ -118,6 +121,7 @@ void Ribbon::clear() {
     buttons_.clear();
     actions_.clear();
     tabIds_.clear();
+    tabKeyTips_.clear();
     const QSignalBlocker quiet(tabs_);
     while (tabs_->count() > 0) tabs_->removeTab(0);
     while (QWidget* page = pages_->widget(0)) {
@@ -134,6 +138,7 @@ void Ribbon::buildTab(const RibbonTabMarkup& tab, const RibbonSource& source) {
     page->setObjectName(QStringLiteral("tab-%1").arg(tab.id));
     for (const RibbonGroupMarkup& group : tab.groups) page->addGroup(buildGroup(group, source));
     tabIds_.append(tab.id);
+    tabKeyTips_.append(tab.keyTip);
     pages_->addWidget(page);
     tabs_->addTab(escaped(source.text(tab.text)));
 }
@@ -145,6 +150,7 @@ RibbonGroup* Ribbon::buildGroup(const RibbonGroupMarkup& markup, const RibbonSou
         icon = item.icon;
     }
     auto* group = new RibbonGroup(markup.id, source.text(markup.text), source.icon(icon), markup.priority);
+    group->dropDown()->setKeyTips(markup.keyTip, {});
     for (const RibbonItem& item : markup.items) {
         RibbonButton* button = buildButton(item, source);
         group->addButton(button);
@@ -162,6 +168,7 @@ RibbonButton* Ribbon::buildButton(const RibbonItem& item, const RibbonSource& so
     button->setLabel(source.text(item.text));
     button->setIcon(source.icon(item.icon));
     button->setToolTip(tipOf(item, source));
+    button->setKeyTips(item.keyTip, item.kind == Kind::Split ? item.arrowKeyTip : QString());
     if (item.kind != Kind::Button)
         button->setButtonMenu(buildMenu(item.entries, source), item.kind == Kind::Split
                                                                    ? RibbonButton::MenuPart::Arrow
@@ -186,7 +193,7 @@ QMenu* Ribbon::buildMenu(const std::vector<RibbonItem>& entries, const RibbonSou
         } else if (entry.kind == RibbonItem::Kind::Menu) {
             QMenu* inner = buildMenu(entry.entries, source);
             inner->setParent(menu, inner->windowFlags());
-            inner->setTitle(escaped(source.text(entry.text)));
+            inner->setTitle(withMnemonic(source.text(entry.text), entry.keyTip));
             inner->setIcon(source.icon(entry.icon));
             inner->setObjectName(QStringLiteral("menu-%1").arg(entry.id));
             menu->addMenu(inner);
@@ -202,7 +209,7 @@ QMenu* Ribbon::buildMenu(const std::vector<RibbonItem>& entries, const RibbonSou
 
 QAction* Ribbon::buildAction(const RibbonItem& item, const RibbonSource& source) {
     const int command = item.command;
-    QString text = escaped(source.text(item.text));
+    QString text = withMnemonic(source.text(item.text), item.keyTip);
     const QString keys = shortcutText(command, source);
     // What stands behind a tab is shown in the column of the shortcuts, and nothing listens to it.
     if (!keys.isEmpty()) text += QLatin1Char('\t') + keys;

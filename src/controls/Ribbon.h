@@ -23,7 +23,7 @@ class RibbonTabStrip;
 /// what it does is to tell command numbers. Each button carries the dynamic property `commandId` and the
 /// object name "command-<id>"; each entry of a menu is an action with the property and the name
 /// "action-<id>"; groups are named "group-<id>", menu buttons "menu-<id>". Alt or F10 moves the focus into
-/// it, Esc back. GUI thread.
+/// it and shows the key tips, Esc goes back. GUI thread.
 class Ribbon : public QWidget {
     Q_OBJECT
 
@@ -62,8 +62,10 @@ class Ribbon : public QWidget {
     void setFolded(bool folded);
     bool isFolded() const;
 
-    /// Moves the keyboard to the current tab; Esc brings it back to where it was.
+    /// Moves the keyboard to the current tab and shows the key tips; Esc brings it back to where it was.
     void focusTabs();
+    /// What is typed for each tab on show, from left to right.
+    QStringList tabKeyTips() const { return tabKeyTips_; }
 
  Q_SIGNALS:
     void CommandTriggered(int commandId);
@@ -95,6 +97,7 @@ class Ribbon : public QWidget {
     QStackedWidget* pages_;
     std::unique_ptr<RibbonKeyboard> keyboard_;
     QStringList tabIds_;
+    QStringList tabKeyTips_;
     QHash<int, RibbonButton*> buttons_;
     QHash<int, QAction*> actions_;
     QHash<int, State> states_;

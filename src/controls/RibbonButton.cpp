@@ -74,6 +74,23 @@ QRect RibbonButton::arrowRect() const {
     return rect().adjusted(0, kLargeIcon + 2 * kGap, 0, 0);
 }
 
+void RibbonButton::setKeyTips(const QString& button, const QString& arrow) {
+    keyTip_ = button;
+    arrowKeyTip_ = arrow;
+}
+
+QRect RibbonButton::keyTipPlace() const {
+    // On the icon, so that the text can be read beside or under it.
+    if (shape_ == Shape::Large) return {(width() - kLargeIcon) / 2, 0, kLargeIcon, kLargeIcon - kGap};
+    return {kSidePadding, 0, kSmallIcon, height() / 2 + 1};
+}
+
+QRect RibbonButton::arrowKeyTipPlace() const {
+    if (shape_ == Shape::Large) return rect();
+    const QRect arrow = arrowRect();
+    return {arrow.left(), 0, arrow.width(), height() / 2 + 1};
+}
+
 QColor RibbonButton::textColor() const {
     const RibbonColors colors(palette());
     return isEnabled() ? colors.text : colors.disabledText;

@@ -30,6 +30,14 @@ class RibbonButton : public QToolButton {
     /// The arrow of a split button, in the button's coordinates; empty for others.
     QRect arrowRect() const;
 
+    /// What is typed for the button, and for the menu of its arrow; empty: none.
+    void setKeyTips(const QString& button, const QString& arrow);
+    QString keyTip() const { return keyTip_; }
+    QString arrowKeyTip() const { return arrowKeyTip_; }
+    /// Over the lower edge of which its tip, or the one of its arrow, is shown; in the button's coordinates.
+    QRect keyTipPlace() const;
+    QRect arrowKeyTipPlace() const;
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -55,6 +63,8 @@ class RibbonButton : public QToolButton {
     Shape shape_;
     MenuPart menuPart_ = MenuPart::None;
     QString label_;
+    QString keyTip_;
+    QString arrowKeyTip_;
     bool overArrow_ = false;
 };
 

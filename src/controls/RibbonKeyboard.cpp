@@ -2,11 +2,13 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QTabBar>
 #include <cstdlib>
 #include <limits>
 
 #include "controls/Ribbon.h"
 #include "controls/RibbonButton.h"
+#include "controls/RibbonGroup.h"
 #include "controls/RibbonPage.h"
 
 namespace controls {
@@ -42,9 +44,31 @@ bool isArrow(int key) {
     return key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
 }
 
+/// The letter or digit that the key types as a key tip.
+std::optional<QChar> typedTip(const QKeyEvent& event) {
+    if ((event.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier)) != 0) return std::nullopt;
+    const QString text = event.text();
+    if (text.size() != 1 || !text.at(0).isLetterOrNumber()) return std::nullopt;
+    return text.at(0);
+}
+
+void addTargets(const std::vector<RibbonButton*>& buttons, std::vector<KeyTipTarget>& targets) {
+    for (RibbonButton* button : buttons) {
+        if (!button->isEnabled() || button->visibleRegion().isEmpty()) continue;
+        targets.push_back({button->keyTip(), button, button->keyTipPlace(), false, -1});
+        if (!button->arrowKeyTip().isEmpty())
+            targets.push_back({button->arrowKeyTip(), button, button->arrowKeyTipPlace(), true, -1});
+    }
+}
+
+bool isModifier(int key) {
+    return key == Qt::Key_Shift || key == Qt::Key_Control || key == Qt::Key_Alt || key == Qt::Key_Meta ||
+           key == Qt::Key_AltGr;
+}
+
 }  // namespace
 
-RibbonKeyboard::RibbonKeyboard(Ribbon& ribbon, QWidget& tabs) : ribbon_(ribbon), tabs_(tabs) {
+RibbonKeyboard::RibbonKeyboard(Ribbon& ribbon, QTabBar& tabs) : ribbon_(ribbon), tabs_(tabs) {
     qApp->installEventFilter(this);
 }
 
@@ -71,9 +95,11 @@ void RibbonKeyboard::enter() {
     if (focusIsInside()) return;
     before_ = QApplication::focusWidget();
     tabs_.setFocus(Qt::ShortcutFocusReason);
+    showTabTips();
 }
 
 void RibbonKeyboard::leave() {
+    tips_.hide();
     if (!focusIsInside()) return;
     if (before_ && before_->isVisible())
         before_->setFocus(Qt::OtherFocusReason);
@@ -85,13 +111,26 @@ void RibbonKeyboard::leave() {
 bool RibbonKeyboard::eventFilter(QObject* watched, QEvent* event) {
     switch (event->type()) {
         case QEvent::MouseButtonPress:
+        case QEvent::Wheel:
+            altAlone_ = false;
+            tips_.hide();
+            return false;
         case QEvent::WindowDeactivate:
             altAlone_ = false;
+            return false;
+        case QEvent::FocusIn:
+            watchFocus(qobject_cast<QWidget*>(watched));
+            return false;
+        case QEvent::Resize:
+            if (watched == &ribbon_) tips_.hide();
             return false;
         case QEvent::ShortcutOverride:
             // A key that is a shortcut with Alt comes as this event only.
             if (static_cast<QKeyEvent*>(event)->key() != Qt::Key_Alt) altAlone_ = false;
-            return false;
+            if (!overridesShortcut(qobject_cast<QWidget*>(watched), *static_cast<QKeyEvent*>(event)))
+                return false;
+            event->accept();
+            return true;
         case QEvent::KeyPress:
         case QEvent::KeyRelease:
             break;
@@ -103,9 +142,123 @@ bool RibbonKeyboard::eventFilter(QObject* watched, QEvent* event) {
     auto* key = static_cast<QKeyEvent*>(event);
     if (watchAlt(*widget, *key)) return true;
     if (event->type() != QEvent::KeyPress) return false;
+    if (tips_.isShown() && belongsToRibbon(widget) && tipKey(*key)) return true;
     if (widget == &tabs_) return tabKey(*key);
     if (belongsToRibbon(widget) && qobject_cast<RibbonButton*>(widget)) return buttonKey(*widget, *key);
     return false;
+}
+
+/// Inside the ribbon its keys are its own, whatever the window does with them elsewhere.
+bool RibbonKeyboard::overridesShortcut(QWidget* widget, const QKeyEvent& event) const {
+    if (!listensTo(widget) || !belongsToRibbon(widget)) return false;
+    if (tips_.isShown() && typedTip(event)) return true;
+    if ((event.modifiers() & ~Qt::KeypadModifier) != 0) return false;
+    const int key = event.key();
+    return isArrow(key) || key == Qt::Key_Escape || key == Qt::Key_Return || key == Qt::Key_Enter ||
+           key == Qt::Key_Space;
+}
+
+void RibbonKeyboard::watchFocus(const QWidget* widget) {
+    if (tips_.isShown() && widget && !belongsToRibbon(widget)) tips_.hide();
+}
+
+bool RibbonKeyboard::tipKey(const QKeyEvent& event) {
+    if (const std::optional<QChar> letter = typedTip(event)) {
+        KeyTipTarget chosen;
+        if (tips_.type(*letter, &chosen) == RibbonKeyTips::Answer::Chosen) choose(chosen);
+        return true;
+    }
+    if (event.key() == Qt::Key_Escape) {
+        if (!tips_.takeBack()) backFromTips();
+        return true;
+    }
+    // The arrows and Enter go on without the tips.
+    if (!isModifier(event.key())) tips_.hide();
+    return false;
+}
+
+void RibbonKeyboard::backFromTips() {
+    if (tipsOnTabs_) {
+        leave();
+    } else if (tippedPopup_) {
+        tippedPopup_->closePopup();
+        showButtonTips();
+    } else {
+        tabs_.setFocus(Qt::OtherFocusReason);
+        showTabTips();
+    }
+}
+
+void RibbonKeyboard::choose(const KeyTipTarget& target) {
+    if (target.tab >= 0) {
+        tabs_.setCurrentIndex(target.tab);
+        ribbon_.setFolded(false);
+        // The tips need the places that the buttons are going to have.
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+        showButtonTips();
+        return;
+    }
+    auto* button = qobject_cast<RibbonButton*>(target.widget);
+    if (!button) return;
+    auto* group = qobject_cast<RibbonGroup*>(button->parentWidget());
+    if (group && group->dropDown() == button) {
+        button->setFocus(Qt::OtherFocusReason);
+        group->openPopup();
+        showPopupTips(*group);
+    } else if (target.menu || button->menuPart() == RibbonButton::MenuPart::Whole) {
+        openMenu(*button);
+    } else {
+        button->click();
+    }
+}
+
+void RibbonKeyboard::openMenu(RibbonButton& button) {
+    const QPointer<RibbonButton> opened = &button;
+    const QPointer<RibbonGroup> popup = tippedPopup_;
+    button.setFocus(Qt::OtherFocusReason);
+    button.showMenu();
+    // Esc has closed the menu when the keyboard is still here; a command would have sent it back.
+    if (!opened || !focusIsInside()) return;
+    if (popup && popup->isPopupOpen())
+        showPopupTips(*popup);
+    else
+        showButtonTips();
+}
+
+void RibbonKeyboard::showTabTips() {
+    tipsOnTabs_ = true;
+    tippedPopup_.clear();
+    std::vector<KeyTipTarget> targets;
+    const QStringList tips = ribbon_.tabKeyTips();
+    for (int at = 0; at < tabs_.count(); ++at) {
+        if (tabs_.tabRect(at).intersects(tabs_.rect()))
+            targets.push_back({tips.value(at), &tabs_, tabs_.tabRect(at).adjusted(0, 0, 0, -2), false, at});
+    }
+    tips_.show(std::move(targets));
+}
+
+void RibbonKeyboard::showButtonTips() {
+    tipsOnTabs_ = false;
+    tippedPopup_.clear();
+    std::vector<KeyTipTarget> targets;
+    const RibbonPage* page = ribbon_.page(ribbon_.currentTab());
+    if (!page) return;
+    for (RibbonGroup* group : page->groups()) {
+        if (group->isCollapsed())
+            targets.push_back({group->dropDown()->keyTip(), group->dropDown(),
+                               group->dropDown()->keyTipPlace(), false, -1});
+        else
+            addTargets(group->buttons(), targets);
+    }
+    tips_.show(std::move(targets));
+}
+
+void RibbonKeyboard::showPopupTips(RibbonGroup& group) {
+    tipsOnTabs_ = false;
+    tippedPopup_ = &group;
+    std::vector<KeyTipTarget> targets;
+    addTargets(group.buttons(), targets);
+    tips_.show(std::move(targets));
 }
 
 bool RibbonKeyboard::watchAlt(const QWidget& widget, const QKeyEvent& event) {

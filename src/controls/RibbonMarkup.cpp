@@ -70,6 +70,14 @@ class MarkupReader {
         return 0;
     }
 
+    /// One letter or digit, or none.
+    QString keyTip() {
+        const QString tip = attribute("keyTip").toUpper();
+        if (hasAttribute("keyTip") && (tip.size() != 1 || !tip.at(0).isLetterOrNumber()))
+            fail(QStringLiteral("A key tip is one letter or digit, not \"%1\".").arg(attribute("keyTip")));
+        return tip;
+    }
+
     QString uniqueId() {
         QString id = attribute("id");
         if (id.isEmpty())
@@ -94,9 +102,10 @@ class MarkupReader {
 
     RibbonTabMarkup readTab() {
         RibbonTabMarkup tab;
-        allowAttributes({"id", "text"});
+        allowAttributes({"id", "text", "keyTip"});
         tab.id = uniqueId();
         tab.text = number("text", 1);
+        tab.keyTip = keyTip();
         while (!xml_.hasError() && xml_.readNextStartElement()) {
             if (xml_.name() == QLatin1String("group"))
                 tab.groups.push_back(readGroup());
@@ -108,10 +117,11 @@ class MarkupReader {
 
     RibbonGroupMarkup readGroup() {
         RibbonGroupMarkup group;
-        allowAttributes({"id", "text", "icon", "priority"});
+        allowAttributes({"id", "text", "icon", "priority", "keyTip"});
         group.id = uniqueId();
         group.text = number("text", 1);
         group.icon = attribute("icon");
+        group.keyTip = keyTip();
         if (hasAttribute("priority")) group.priority = number("priority", 0);
         while (!xml_.hasError() && xml_.readNextStartElement()) group.items.push_back(readItem("group", 0));
         return group;
@@ -135,7 +145,7 @@ class MarkupReader {
 
     void readCommand(RibbonItem& item) {
         item.command = number("command", 1);
-        item.text = hasAttribute("text") ? number("text", 1) : item.command;
+        if (hasAttribute("text")) item.text = number("text", 1);
         if (commands_.contains(item.command) && !xml_.hasError())
             fail(QStringLiteral("The command %1 stands twice.").arg(item.command));
         commands_.insert(item.command);
@@ -143,8 +153,10 @@ class MarkupReader {
 
     void readLook(RibbonItem& item, bool inMenu) {
         item.icon = attribute("icon");
+        item.keyTip = keyTip();
         if (inMenu) return;
-        if (item.icon.isEmpty()) fail(QStringLiteral("<%1> lacks the attribute \"icon\".").arg(xml_.name()));
+        if (item.icon.isEmpty() && item.kind == RibbonItem::Kind::Menu)
+            fail(QStringLiteral("<%1> lacks the attribute \"icon\".").arg(xml_.name()));
         const QString size = attribute("size");
         if (hasAttribute("size") && size != QLatin1String("large") && size != QLatin1String("small"))
             fail(QStringLiteral("The size is \"large\" or \"small\", not \"%1\".").arg(size));
@@ -153,9 +165,9 @@ class MarkupReader {
 
     void allowLookAttributes(const char* key, bool inMenu) {
         if (inMenu)
-            allowAttributes({key, "text", "icon"});
+            allowAttributes({key, "text", "icon", "keyTip"});
         else
-            allowAttributes({key, "text", "icon", "size"});
+            allowAttributes({key, "text", "icon", "keyTip", "size"});
     }
 
     void readButton(RibbonItem& item, bool inMenu) {
@@ -201,6 +213,15 @@ class MarkupReader {
     QSet<int> commands_;
 };
 
+void nameCommands(std::vector<RibbonItem>& items, const RibbonSource& source) {
+    for (RibbonItem& item : items) {
+        nameCommands(item.entries, source);
+        if (item.command == 0) continue;
+        if (item.text == 0) item.text = source.commandText(item.command);
+        if (item.icon.isEmpty()) item.icon = source.commandIcon(item.command);
+    }
+}
+
 void keepAvailable(std::vector<RibbonItem>& items, const RibbonSource& source);
 
 /// Whether anything of the item is left.
@@ -220,7 +241,7 @@ bool keepAvailable(RibbonItem& item, const RibbonSource& source) {
     const bool works = source.available(item.command);
     if (works && item.entries.empty()) item.kind = Kind::Button;
     if (!works) {
-        item.kind = Kind::Menu;
+        item.kind = Kind::Menu;  // which keeps the key tip of the button
         item.id = QStringLiteral("split-%1").arg(item.command);
         item.command = 0;
     }
@@ -242,6 +263,11 @@ void keepAvailable(std::vector<RibbonItem>& items, const RibbonSource& source) {
 
 RibbonMarkupResult readRibbonMarkup(const QByteArray& xml) {
     return MarkupReader(xml).read();
+}
+
+void nameCommands(RibbonMarkup& markup, const RibbonSource& source) {
+    for (RibbonTabMarkup& tab : markup.tabs)
+        for (RibbonGroupMarkup& group : tab.groups) nameCommands(group.items, source);
 }
 
 RibbonMarkup keepAvailable(RibbonMarkup markup, const RibbonSource& source) {

@@ -18,6 +18,9 @@ class RibbonSource {
     /// A sentence more for the tool tip; empty: the text alone.
     virtual QString tip(int /*stringNumber*/) const { return {}; }
     virtual QIcon icon(const QString& name) const = 0;
+    /// String number and icon of a command for which the markup names none of its own.
+    virtual int commandText(int commandId) const { return commandId; }
+    virtual QString commandIcon(int /*commandId*/) const { return {}; }
     /// Whether the command works; others are not shown.
     virtual bool available(int commandId) const = 0;
     /// Told in tool tips and menus; the ribbon itself listens to no shortcut. Empty: none.
@@ -32,11 +35,13 @@ struct RibbonItem {
 
     Kind kind = Kind::Button;
     int command = 0;  ///< Button and Split
-    QString id;       ///< Menu
-    int text = 0;     ///< string number
-    QString icon;     ///< may be empty inside a menu
+    QString id{};     ///< Menu
+    int text = 0;     ///< string number; 0: the one of the command
+    QString icon{};   ///< empty: the one of the command, or none
     bool large = false;
-    std::vector<RibbonItem> entries;  ///< Split and Menu
+    QString keyTip{};                   ///< what is typed for it; in a menu, the letter that is underlined
+    QString arrowKeyTip{};              ///< Split, for its menu
+    std::vector<RibbonItem> entries{};  ///< Split and Menu
 
     bool operator==(const RibbonItem&) const = default;
 };
@@ -46,6 +51,7 @@ struct RibbonGroupMarkup {
     int text = 0;
     QString icon;      ///< of the drop-down that stands for the group when there is no room
     int priority = 0;  ///< the lowest makes room first; among equals the rightmost
+    QString keyTip;    ///< of that drop-down
     std::vector<RibbonItem> items;
 
     bool operator==(const RibbonGroupMarkup&) const = default;
@@ -54,6 +60,7 @@ struct RibbonGroupMarkup {
 struct RibbonTabMarkup {
     QString id;
     int text = 0;
+    QString keyTip;
     std::vector<RibbonGroupMarkup> groups;
 
     bool operator==(const RibbonTabMarkup&) const = default;
@@ -73,6 +80,9 @@ struct RibbonMarkupResult {
 
 /// Reads the XML. Refuses what it does not know, so that a slip in a language file is found at once.
 RibbonMarkupResult readRibbonMarkup(const QByteArray& xml);
+
+/// Gives each command without them its text and icon.
+void nameCommands(RibbonMarkup& markup, const RibbonSource& source);
 
 /// Takes out the commands that are not available, and every menu, group and tab that is then empty.
 RibbonMarkup keepAvailable(RibbonMarkup markup, const RibbonSource& source);

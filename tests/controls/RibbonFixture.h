@@ -1,10 +1,8 @@
 #pragma once
 
 #include <QApplication>
-#include <QFile>
 #include <QHash>
 #include <QSet>
-#include <QXmlStreamReader>
 
 #include "controls/Icons.h"
 #include "controls/RibbonMarkup.h"
@@ -20,24 +18,8 @@ struct NumberedSource : controls::RibbonSource {
         return stringNumber == 7 ? QStringLiteral("Seventh") : QString();
     }
     QIcon icon(const QString& name) const override { return controls::icon(name); }
+    QString commandIcon(int) const override { return QStringLiteral("tag"); }
     bool available(int commandId) const override { return !missing.contains(commandId); }
     QKeySequence shortcut(int commandId) const override { return keys.value(commandId); }
     bool isToggle(int commandId) const override { return toggles.contains(commandId); }
 };
-
-inline QByteArray englishFile(const char* name) {
-    QFile file(QStringLiteral(TAGWRIGHT_SOURCE_DIR "/babel/0009/%1").arg(QLatin1String(name)));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-inline QHash<int, QString> englishTexts() {
-    QHash<int, QString> texts;
-    QXmlStreamReader xml(englishFile("command-texts.ts"));
-    int id = 0;
-    while (!xml.atEnd()) {
-        if (xml.readNext() != QXmlStreamReader::StartElement) continue;
-        if (xml.name() == QLatin1String("message")) id = xml.attributes().value(QLatin1String("id")).toInt();
-        if (xml.name() == QLatin1String("source")) texts.insert(id, xml.readElementText());
-    }
-    return texts;
-}

@@ -6,6 +6,7 @@
 #include "controls/RibbonFixture.h"
 
 using controls::keepAvailable;
+using controls::nameCommands;
 using controls::readRibbonMarkup;
 using controls::RibbonItem;
 using controls::RibbonMarkup;
@@ -55,7 +56,10 @@ const Fault kFaults[] = {
      "Attribute \"command\" of <button> is no valid number: \"12a\"."},
     {"CommandIsZero", inGroup("<button command='0' icon='tag'/>"), "is no valid number: \"0\"."},
     {"CommandTooLarge", inGroup("<button command='99999999999' icon='tag'/>"), "is no valid number"},
-    {"NoIcon", inGroup("<button command='12'/>"), "<button> lacks the attribute \"icon\"."},
+    {"NoIcon", inGroup("<menu id='m' text='3'><button command='12'/></menu>"),
+     "<menu> lacks the attribute \"icon\"."},
+    {"LongKeyTip", inGroup("<button command='12' keyTip='AB'/>"),
+     "A key tip is one letter or digit, not \"AB\"."},
     {"UnknownSize", inGroup("<button command='12' icon='tag' size='huge'/>"),
      "The size is \"large\" or \"small\", not \"huge\"."},
     {"CommandTwice", inGroup("<button command='12' icon='tag'/>\n<button command='12' icon='tag'/>"),
@@ -87,22 +91,25 @@ RibbonMarkup read(const QByteArray& xml) {
 
 TEST(RibbonMarkupTest, ReadsEveryAttribute) {
     const RibbonMarkup markup = read(
-        "<ribbon foldText='5'><tab id='t' text='1'><group id='g' text='2' icon='tag' priority='3'>"
-        "<button command='10' text='11' icon='a' size='large'/><split command='12' icon='b'>"
+        "<ribbon foldText='5'><tab id='t' text='1'><group id='g' text='2' icon='tag' priority='3' keyTip='g'>"
+        "<button command='10' text='11' icon='a' size='large' keyTip='x'/><split command='12' icon='b'>"
         "<button command='13'/><separator/><menu id='m' text='14'><button command='15' "
         "icon='c'/></menu></split>"
         "</group></tab></ribbon>");
-    RibbonItem large{RibbonItem::Kind::Button, 10, {}, 11, QStringLiteral("a"), true, {}};
-    RibbonItem inner{RibbonItem::Kind::Button, 15, {}, 15, QStringLiteral("c"), false, {}};
-    RibbonItem menu{RibbonItem::Kind::Menu, 0, QStringLiteral("m"), 14, {}, false, {inner}};
-    RibbonItem entry{RibbonItem::Kind::Button, 13, {}, 13, {}, false, {}};
-    RibbonItem line{RibbonItem::Kind::Separator, 0, {}, 0, {}, false, {}};
-    RibbonItem split{RibbonItem::Kind::Split, 12, {}, 12, QStringLiteral("b"), false, {entry, line, menu}};
+    using Kind = RibbonItem::Kind;
+    const RibbonItem large{
+        .command = 10, .text = 11, .icon = QStringLiteral("a"), .large = true, .keyTip = QStringLiteral("X")};
+    const RibbonItem inner{.command = 15, .icon = QStringLiteral("c")};
+    const RibbonItem menu{.kind = Kind::Menu, .id = QStringLiteral("m"), .text = 14, .entries = {inner}};
+    const RibbonItem entry{.command = 13};
+    const RibbonItem line{.kind = Kind::Separator};
+    const RibbonItem split{
+        .kind = Kind::Split, .command = 12, .icon = QStringLiteral("b"), .entries = {entry, line, menu}};
     EXPECT_EQ(markup.foldText, 5);
     ASSERT_EQ(markup.tabs.size(), 1U);
     ASSERT_EQ(markup.tabs[0].groups.size(), 1U);
     const controls::RibbonGroupMarkup expected{
-        QStringLiteral("g"), 2, QStringLiteral("tag"), 3, {large, split}};
+        QStringLiteral("g"), 2, QStringLiteral("tag"), 3, QStringLiteral("G"), {large, split}};
     EXPECT_EQ(markup.tabs[0].groups[0], expected);
 }
 
@@ -127,7 +134,7 @@ TEST(RibbonMarkupTest, ASplitButtonKeepsTheHalfThatWorks) {
     NumberedSource source;
     source.missing = {40, 51};
     const RibbonMarkup markup =
-        keepAvailable(read(inGroup("<split command='40' icon='x'><button command='41'/></split>"
+        keepAvailable(read(inGroup("<split command='40' text='40' icon='x'><button command='41'/></split>"
                                    "<split command='50' icon='x'><button command='51'/></split>")),
                       source);
     const std::vector<RibbonItem>& items = markup.tabs.at(0).groups.at(0).items;
@@ -154,36 +161,25 @@ TEST(RibbonMarkupTest, NoSeparatorStandsAtAnEndOrTwice) {
     EXPECT_EQ(entries[2].command, 43);
 }
 
-void collect(const std::vector<RibbonItem>& items, QSet<int>& texts, QSet<QString>& icons) {
-    for (const RibbonItem& item : items) {
-        if (item.text > 0) texts.insert(item.text);
-        if (!item.icon.isEmpty()) icons.insert(item.icon);
-        collect(item.entries, texts, icons);
-    }
-}
-
-TEST(EnglishRibbonTest, HasItsTabsItsTextsAndItsIcons) {
-    const RibbonMarkup markup = read(englishFile("ribbon.xml"));
-    const QHash<int, QString> english = englishTexts();
-    QStringList tabs;
-    QSet<int> texts = {markup.foldText};
-    QSet<QString> icons;
-    for (const controls::RibbonTabMarkup& tab : markup.tabs) {
-        tabs.append(english.value(tab.text));
-        for (const controls::RibbonGroupMarkup& group : tab.groups) {
-            texts.insert(group.text);
-            if (!group.icon.isEmpty()) icons.insert(group.icon);
-            collect(group.items, texts, icons);
-        }
-    }
-    EXPECT_EQ(tabs.join(QLatin1Char(' ')),
-              QStringLiteral("Home View Metadata Batch Export Search Setup Help"));
-    for (const int number : texts) EXPECT_FALSE(english.value(number).isEmpty()) << "no text " << number;
-    for (const bool dark : {false, true}) {
-        controls::setDarkIcons(dark);
-        for (const QString& name : icons) EXPECT_TRUE(controls::hasIcon(name)) << name.toStdString();
-    }
-    controls::setDarkIcons(false);
+TEST(RibbonMarkupTest, ACommandHasItsOwnTextAndIconUnlessTheMarkupNamesOthers) {
+    struct : NumberedSource {
+        int commandText(int command) const override { return command + 70000; }
+    } source;
+    RibbonMarkup markup =
+        read(inGroup("<button command='10' text='11' icon='a'/><split command='12'>"
+                     "<button command='13'/><separator/></split>"
+                     "<menu id='m' text='5' icon='b'><button command='14'/></menu>"));
+    nameCommands(markup, source);
+    const std::vector<RibbonItem>& items = markup.tabs.at(0).groups.at(0).items;
+    EXPECT_EQ(items[0].text, 11);
+    EXPECT_EQ(items[0].icon, QStringLiteral("a"));
+    EXPECT_EQ(items[1].text, 70012);
+    EXPECT_EQ(items[1].icon, QStringLiteral("tag"));
+    EXPECT_EQ(items[1].entries[0].text, 70013);
+    EXPECT_EQ(items[1].entries[1].text, 0);
+    EXPECT_EQ(items[2].text, 5);
+    EXPECT_EQ(items[2].icon, QStringLiteral("b"));
+    EXPECT_EQ(items[2].entries[0].text, 70014);
 }
 
 }  // namespace

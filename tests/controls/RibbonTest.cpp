@@ -358,24 +358,4 @@ TEST_F(RibbonTest, AnAmpersandInATextIsOne) {
     EXPECT_EQ(tabs()->tabText(0), QStringLiteral("Copy &&&& move && more"));
 }
 
-TEST_F(RibbonTest, TheEnglishMarkupFitsAnyWindow) {
-    struct : NumberedSource {
-        QHash<int, QString> english = englishTexts();
-        QString text(int number) const override { return english.value(number); }
-    } source;
-    QString error;
-    ASSERT_TRUE(ribbon_->setMarkup(englishFile("ribbon.xml"), source, &error)) << error.toStdString();
-    for (const int width : {1280, 900, 600}) {
-        resizeWindow(width);
-        for (const QString& id : ribbon_->tabIds()) {
-            ribbon_->setCurrentTab(id);
-            QCoreApplication::processEvents();
-            int right = 0;
-            for (const RibbonGroup* group : ribbon_->page(id)->groups())
-                right = std::max(right, group->geometry().right());
-            EXPECT_LT(right, width) << id.toStdString();
-        }
-    }
-}
-
 }  // namespace

@@ -185,6 +185,24 @@ TEST_F(InspectTest, TheDictionaryIsATableOfAllRows) {
     EXPECT_EQ(inspect({"dictionary"}).output, report.output);
 }
 
+TEST_F(InspectTest, TheCommandsAreATableOfAllNumbers) {
+    const Report report = inspect({"commands"});
+    EXPECT_EQ(report.status, 0);
+    const std::vector<std::string> lines = report.lines();
+    ASSERT_GT(lines.size(), 400u);
+    EXPECT_EQ(lines[0], "id\tname\tneedsSelection\tbuilt");
+    int before = 0;
+    for (std::size_t at = 1; at < lines.size(); ++at) {
+        ASSERT_EQ(std::count(lines[at].begin(), lines[at].end(), '\t'), 3) << lines[at];
+        const int id = std::stoi(lines[at]);
+        EXPECT_GT(id, before);
+        before = id;
+    }
+    EXPECT_THAT(report.output, HasSubstr("\n8\tShowFolders\t0\t1\n"));
+    EXPECT_THAT(report.output, HasSubstr("\n40012\tOpenFile\t1\t1\n"));
+    EXPECT_THAT(report.output, HasSubstr("\n50031\tSortByWidth\t0\t0\n"));
+}
+
 TEST_F(InspectTest, TheCatalogueIsATableOfAllGroups) {
     const Report report = inspect({"catalogue"});
     EXPECT_EQ(report.status, 0);

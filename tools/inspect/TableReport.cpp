@@ -1,5 +1,6 @@
 #include "inspect/TableReport.h"
 
+#include "app/CommandTable.h"
 #include "tags/GroupCatalogue.h"
 #include "tags/TagDictionary.h"
 
@@ -57,6 +58,13 @@ void reportCatalogue(std::ostream& output) {
                << (tags::GroupHasRows(entry.groupId) ? 1 : 0) << '\n';
         ++position;
     }
+}
+
+void reportCommands(std::ostream& output) {
+    output << "id\tname\tneedsSelection\tbuilt\n";
+    for (const app::Command& command : app::CommandTable())
+        output << command.id << '\t' << command.name << '\t' << (command.needsSelection ? 1 : 0) << '\t'
+               << (command.built ? 1 : 0) << '\n';
 }
 
 }  // namespace inspect

@@ -11,4 +11,7 @@ void reportDictionary(std::ostream& output);
 /// the group or "-"; counted is 0 for the groups whose rows are dropped.
 void reportCatalogue(std::ostream& output);
 
+/// The command table as TSV, by ascending id: id name needsSelection built. The last two are 0 or 1.
+void reportCommands(std::ostream& output);
+
 }  // namespace inspect

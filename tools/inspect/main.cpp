@@ -16,7 +16,8 @@ constexpr const char* kUsage =
     "       tagwright-inspect dictionary\n"
     "       tagwright-inspect catalogue\n"
     "       tagwright-inspect properties FILE...\n"
-    "       tagwright-inspect property-catalogue\n";
+    "       tagwright-inspect property-catalogue\n"
+    "       tagwright-inspect commands\n";
 
 int usage() {
     std::cerr << kUsage;
@@ -63,6 +64,8 @@ int main(int argc, char** argv) {
         inspect::reportPropertyCatalogue(std::cout);
     else if (verb == "dictionary" && words.empty())
         inspect::reportDictionary(std::cout);
+    else if (verb == "commands" && words.empty())
+        inspect::reportCommands(std::cout);
     else if (verb == "catalogue" && words.empty())
         inspect::reportCatalogue(std::cout);
     else
