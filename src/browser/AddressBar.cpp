@@ -98,7 +98,13 @@ void AddressBar::connectTabs() {
         if (tabs_.hasTabs() && &tabs_.GetSelectedTab() == &tab) showTab(tab);
     };
     connections_.emplace_back(tabs_.TabSelected.connect(show));
-    connections_.emplace_back(tabs_.TabNavigationCompleted.connect(show));
+    connections_.emplace_back(tabs_.TabNavigationCompleted.connect([this, show](const Tab& tab) {
+        // A folder that took its time must not replace the address that is being typed by now.
+        if (!edit_->hasFocus() || !edit_->isModified())
+            show(tab);
+        else if (&tabs_.GetSelectedTab() == &tab)
+            showHistory(tab);
+    }));
     connections_.emplace_back(
         tabs_.TabNavigationStarted.connect([this](const Tab& tab, const std::filesystem::path& folder) {
             if (tabs_.hasTabs() && &tabs_.GetSelectedTab() == &tab) edit_->setText(platform::display(folder));
@@ -116,8 +122,12 @@ void AddressBar::EditPath() {
 }
 
 void AddressBar::showTab(const Tab& tab) {
-    const ShellNavigationController& controller = tab.shellBrowser().navigationController();
     edit_->setText(platform::display(tab.shellBrowser().currentFolder()));
+    showHistory(tab);
+}
+
+void AddressBar::showHistory(const Tab& tab) {
+    const ShellNavigationController& controller = tab.shellBrowser().navigationController();
     back_->setEnabled(controller.canGoToOffset(-1));
     forward_->setEnabled(controller.canGoToOffset(1));
     up_->setEnabled(controller.canGoUp());

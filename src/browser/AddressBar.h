@@ -47,6 +47,7 @@ class AddressBar : public QWidget {
     void connectTabs();
     void OnGo();
     void showTab(const Tab& tab);
+    void showHistory(const Tab& tab);
     void showIcon(const HistoryEntry* entry);
     void restore();
     void offerFolders(const QString& text);

@@ -165,6 +165,20 @@ TEST_F(TabContainerTest, AWrongPathStaysInTheBarAndIsTold) {
     EXPECT_EQ(bar->text().toStdString(), (folder / "one").native());
 }
 
+TEST_F(TabContainerTest, AFolderThatIsReadLateLeavesWhatIsTypedByThen) {
+    Tab& tab = open(folder / "one");
+    bar->EditPath();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return bar->edit().hasFocus(); }, kLimit));
+    QTest::keyClicks(&bar->edit(), "../tw");
+    tabs->TabNavigationCompleted(tab);
+    QTest::keyClicks(&bar->edit(), "o");
+    EXPECT_EQ(bar->text(), "../two");
+    QTest::keyClick(&bar->edit(), Qt::Key_Return);
+    EXPECT_TRUE(waitForFolder(folder / "two"));
+    tabs->TabNavigationCompleted(tab);
+    EXPECT_EQ(bar->text().toStdString(), (folder / "two").native());
+}
+
 TEST_F(TabContainerTest, AFolderWhoseNameIsNoTextIsReadAgainByEnter) {
     std::filesystem::create_directory(folder / "bad\xE9");
     open(folder / "bad\xE9");

@@ -120,6 +120,32 @@ TEST_F(BrowseTest, AnAddressIsTypedByKeyboardAloneAndTheListHasTheKeyboardAfterw
     EXPECT_EQ(program.quit(), 0);
 }
 
+TEST_F(BrowseTest, OneAddressAfterTheOtherIsTypedInOneWindow) {
+    DrivenProgram program;
+    program.tell("open", {path()});
+    const struct {
+        QString typed;
+        std::string folder;
+    } steps[] = {
+        {"sub/inner", "sub/inner"}, {"..", "sub"}, {path("other"), "other"},
+        {path("sub"), "sub"},       {path(), ""},
+    };
+    for (int round = 0; round < 12; ++round) {
+        for (const auto& [typed, folder] : steps) {
+            if (round % 2 == 0)
+                program.tell("key", {"Alt+D"});
+            else
+                program.tell("focus", {"Address"});
+            program.tell("key", {"Ctrl+A"});
+            program.tell("type", {typed});
+            ASSERT_EQ(program.tell("area", {"Address"})["text"].toString(), typed) << "round " << round;
+            program.tell("key", {"Return"});
+            ASSERT_EQ(program.folder(), path(folder)) << typed.toStdString() << ", round " << round;
+        }
+    }
+    EXPECT_EQ(program.quit(), 0);
+}
+
 TEST_F(BrowseTest, HiddenFilesAreShownOnCommandAndHiddenAgain) {
     photo(".secret.jpg");
     DrivenProgram program;

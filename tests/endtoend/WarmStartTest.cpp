@@ -7,6 +7,7 @@
 #include <fstream>
 #include <iterator>
 #include <random>
+#include <sstream>
 #include <thread>
 
 // A read must come to its end whatever becomes of the process that keeps ExifTool warm.
@@ -21,21 +22,32 @@ std::string contentsOf(const fs::path& file) {
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 
-/// The starters of the program, told by its install folder in their command line, children included.
+/// The starters of the program, children that they forked included.
 std::vector<pid_t> startersOf(const fs::path& install) {
+    // Started so and in no other way; other processes may name the folder in passing.
+    const std::string word = "-I" + (install / "warm").string();
     std::vector<pid_t> found;
     for (const auto& entry : fs::directory_iterator("/proc")) {
         const std::string name = entry.path().filename().string();
         if (name.find_first_not_of("0123456789") != std::string::npos) continue;
-        const std::string words = contentsOf(entry.path() / "cmdline");
-        if (words.find((install / "warm").string()) != std::string::npos) found.push_back(std::stoi(name));
+        std::istringstream words(contentsOf(entry.path() / "cmdline"));
+        for (std::string given; std::getline(words, given, '\0');)
+            if (given == word) found.push_back(std::stoi(name));
     }
     return found;
+}
+
+int killStartersOf(const fs::path& install) {
+    int killed = 0;
+    for (const pid_t starter : startersOf(install))
+        if (::kill(starter, SIGKILL) == 0) ++killed;
+    return killed;
 }
 
 }  // namespace
 
 TEST(WarmStart, KillingTheStarterAtAnyMomentIsNotNoticed) {
+    if (qgetenv("TAGWRIGHT_TEST_WARM_START") == "0") GTEST_SKIP() << "the starter is turned off";
     const support::TemporaryFolder folder;
     constexpr int kFiles = 4;
     for (int number = 0; number < kFiles; ++number) {
@@ -46,21 +58,19 @@ TEST(WarmStart, KillingTheStarterAtAnyMomentIsNotNoticed) {
     }
     DrivenProgram program;
     program.tell("open", {QString::fromStdString(folder.path().string())});
-    if (!endtoend::waitFor([&] { return !startersOf(program.install()).empty(); }, 5000))
-        GTEST_SKIP() << "the starter is turned off";
-
-    std::atomic_bool ended = false;
+    // The first is killed for certain, the later ones at moments of their own.
     std::atomic_int killed = 0;
+    ASSERT_TRUE(endtoend::waitFor([&] { return (killed = killStartersOf(program.install())) > 0; }));
+    std::atomic_bool ended = false;
     std::thread killer([&] {
         std::mt19937 random(20);
         std::uniform_int_distribution<int> pause(20, 400);
         while (!ended) {
             endtoend::waitFor([&] { return ended.load(); }, pause(random));
-            for (const pid_t starter : startersOf(program.install()))
-                if (::kill(starter, SIGKILL) == 0) ++killed;
+            killed += killStartersOf(program.install());
         }
     });
-    for (int click = 0; click < 40; ++click) {
+    for (int click = 0; click < 24; ++click) {
         const QString number = QString::number(click % kFiles);
         program.tell("click", {"photo" + number + ".jpg"});
         EXPECT_EQ(program.value("XMP-dc", "Title"), "title " + number) << click;
@@ -69,6 +79,6 @@ TEST(WarmStart, KillingTheStarterAtAnyMomentIsNotNoticed) {
     }
     ended = true;
     killer.join();
-    EXPECT_GT(killed, 0);
+    RecordProperty("killed", killed);
     EXPECT_EQ(program.quit(), 0);
 }

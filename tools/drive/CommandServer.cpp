@@ -7,7 +7,7 @@
 
 #include <QApplication>
 #include <QJsonDocument>
-#include <QWidget>
+#include <QMenu>
 
 namespace drive {
 
@@ -84,7 +84,8 @@ void CommandServer::watchForNewWindow() {
     if (running_.empty() || running_.back().answered) return;
     const Running& current = running_.back();
     QWidget* modal = QApplication::activeModalWidget();
-    QWidget* popup = QApplication::activePopupWidget();
+    // A list of offers below an edit keeps no command from returning.
+    const auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     const bool newModal = modal != nullptr && modal != current.modal && modal->isVisible();
     const bool newPopup = popup != nullptr && popup != current.popup && popup->isVisible();
     const bool blocked = blockedByProgress_ && blockedByProgress_();

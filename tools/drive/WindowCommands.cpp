@@ -255,13 +255,21 @@ Answer WindowCommands::command(int id) {
     return {};
 }
 
-/// A screen without a window manager makes no window active when a dialog has closed.
+/// Nobody manages the windows of a script's screen: when a dialog, a menu or a list of offers has closed, the
+/// keyboard may be with no window, or with the one that is gone.
 void WindowCommands::takeKeyboardBack() {
-    if (!program_.hasWindow() || QApplication::activeWindow() != nullptr || openDialog() != nullptr ||
-        openMessage() != nullptr || openMenu() != nullptr)
-        return;
-    program_.window().activateWindow();
-    waitUntil([] { return QApplication::activeWindow() != nullptr; }, kActivationLimit);
+    QWidget* front = openMessage();
+    if (front == nullptr) front = openDialog();
+    if (front == nullptr && program_.hasWindow()) front = &program_.window();
+    const auto hasKeyboard = [&] {
+        return QApplication::activeWindow() == front &&
+               QGuiApplication::focusWindow() == front->windowHandle();
+    };
+    if (front == nullptr || QApplication::activePopupWidget() != nullptr || hasKeyboard()) return;
+    front->activateWindow();
+    waitUntil(
+        [guarded = QPointer<QWidget>(front), &hasKeyboard] { return guarded == nullptr || hasKeyboard(); },
+        kActivationLimit);
 }
 
 Answer WindowCommands::type(const QString& text) {
@@ -277,6 +285,7 @@ Answer WindowCommands::key(const QString& keys) {
 }
 
 Answer WindowCommands::focus(const QString& objectName) {
+    takeKeyboardBack();
     for (QWidget* widget : program_.window().findChildren<QWidget*>(objectName)) {
         if (!widget->isVisible() || !widget->isEnabled()) continue;
         QTest::mouseClick(widget, Qt::LeftButton);
