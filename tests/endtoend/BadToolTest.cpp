@@ -123,14 +123,10 @@ TEST_F(BadToolTest, TwoHundredMegabytesOfOutputComeToAnEnd) {
         with("printf '[IFD0] 0x010f Make: x\\n'\n"
              "yes '[IFD0] 0xfedc Nothing: 012345678901234567890123456789' | head -c 200000000"));
     start(program);
-    QElapsedTimer since;
-    since.start();
     program.tell("click", {"a.jpg"});
-    RecordProperty("milliseconds", static_cast<int>(since.elapsed()));
     EXPECT_EQ(program.rows().size(), 100000);
     EXPECT_TRUE(program.tell("area", {"metadataTitle"})["text"].toString().contains("the first 100"));
     EXPECT_EQ(program.value("IFD0", "Make"), "x");
-    EXPECT_LT(since.elapsed(), 60000);
     EXPECT_EQ(program.quit(), 0);
 }
 
