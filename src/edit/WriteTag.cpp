@@ -136,7 +136,7 @@ TagWriteResult WriteOneTagWithExifTool(const app::AppContext& context, exiftool:
                                        const fs::path& file, const app::CurrentEdit& edit) {
     TagWriteResult result;
     const std::uintmax_t begin = reportSize(context);
-    result.code = runner.RunToolLine(WriteTagCommand(context, file, edit)) == 0 ? 1 : 0;
+    result.code = runner.RunWriteLine({file}, WriteTagCommand(context, file, edit)) == 0 ? 1 : 0;
     if (isCorrected(context)) result.complaint = reportBehind(context, begin);
     return result;
 }

@@ -1,0 +1,109 @@
+#include "edit/PanelEdit.h"
+
+#include "edit/EditedFile.h"
+
+using namespace edit;
+
+namespace {
+
+class PanelEdit : public EditedFile {
+ protected:
+    static tags::MetadataRow row(const char* value) {
+        tags::MetadataRow made;
+        made.value = QString::fromUtf8(value);
+        return made;
+    }
+};
+
+}  // namespace
+
+TEST_F(PanelEdit, AClickLeadsToWhatTheTagAllows) {
+    const struct {
+        const char16_t* group;
+        const char16_t* name;
+        const char* value;
+        bool altHeld;
+        PanelAction action;
+    } cases[] = {
+        {u"IFD0", u"Artist", "Ada", false, PanelAction::EditValue},
+        {u"IFD0", u"Artist", "Ada", true, PanelAction::ViewText},
+        {u"ExifIFD", u"CreateDate", "x", false, PanelAction::EditValue},
+        {u"ExifIFD", u"ExposureTime", "1/3", false, PanelAction::EditValue},
+        {u"XMP-Xmp", u"Rating", "", false, PanelAction::EditValue},
+        {u"IFD0", u"Orientation", "Rotate 180", false, PanelAction::EditValue},
+        {u"IFD0", u"Orientation", "Unknown (77)", false, PanelAction::TellNotInList},
+        {u"IFD0", u"Orientation", "Unknown (77)", true, PanelAction::ViewText},
+        {u"File", u"MIMEType", "image/jpeg", false, PanelAction::ViewText},
+        {u"File", u"PreviewImage", "(Binary data 12 bytes)", false, PanelAction::ViewText},
+        {u"IFD1", u"ThumbnailImage", "(Binary data 12 bytes)", false, PanelAction::ViewPicture},
+        {u"IFD1", u"ThumbnailImage", "(Binary data 12 bytes)", true, PanelAction::ViewPicture},
+        {u"System", u"FileName", "a.jpg", false, PanelAction::ViewText},
+    };
+    for (const auto& each : cases)
+        EXPECT_EQ(ActionOfClick(parts, row(each.value), record(each.group, each.name), each.altHeld),
+                  each.action)
+            << QString::fromUtf16(each.name).toStdString() << each.value << each.altHeld;
+    EXPECT_EQ(ActionOfClick(parts, row("x"), std::nullopt, false), PanelAction::ViewText);
+    context.settings.exifTool.correctedCommands = false;
+    EXPECT_EQ(ActionOfClick(parts, row("Unknown (77)"), record(u"IFD0", u"Orientation"), false),
+              PanelAction::Nothing);
+}
+
+TEST_F(PanelEdit, ARatingIsPreselectedAsDesigned) {
+    const std::pair<const char*, int> cases[] = {{"1", 1}, {"2", 2},       {"3", 6}, {"4", 4},
+                                                 {"5", 5}, {"", 0},        {"0", 0}, {"6", 0},
+                                                 {"x", 0}, {"3 stars", 6}, {"-3", 0}};
+    for (const auto& [value, selection] : cases)
+        EXPECT_EQ(DesignedRatingSelection(QString::fromUtf8(value)), selection) << value;
+}
+
+TEST_F(PanelEdit, AnEditedRowBecomesTheCurrentEdit) {
+    const tags::TagRecord tag = record(u"IFD0", u"Orientation");
+    const TagEditContext before = ContextOfRow(parts, "/p/a.jpg", row("Rotate 180"), tag);
+    EXPECT_EQ(before.title, QStringLiteral("Orientation"));
+    EXPECT_EQ(before.group, QStringLiteral("IFD0"));
+    EXPECT_EQ(before.value, QStringLiteral("Rotate 180"));
+    EXPECT_EQ(before.selection, labels.GetComboIndex(static_cast<int>(tag.id), u"Rotate 180"));
+    TagEditContext after = before;
+    EXPECT_TRUE(IsUnchanged(parts, before, after, tag));
+    after.selection = 0;
+    after.value = "Horizontal (normal)";
+    after.comboCode = "1";
+    EXPECT_FALSE(IsUnchanged(parts, before, after, tag));
+    const app::CurrentEdit edit = EditOfRow(parts, before, after, tag, 7);
+    EXPECT_EQ(edit.id, static_cast<int>(tag.id));
+    EXPECT_EQ(edit.groupIndex, 78);
+    EXPECT_EQ(edit.name, QStringLiteral("Orientation"));
+    EXPECT_EQ(edit.comboCode, QStringLiteral("1"));
+    EXPECT_EQ(edit.valueKind, 4);
+    EXPECT_TRUE(edit.writable);
+    EXPECT_EQ(edit.rowIndex, 7);
+    EXPECT_EQ(edit.valueBefore, QStringLiteral("Rotate 180"));
+}
+
+TEST_F(PanelEdit, ARatingThatShowsAsStarsIsEditedAsItsNumberAndRemembered) {
+    const tags::TagRecord tag = record(u"XMP-Xmp", u"Rating");
+    tags::MetadataRow stars;
+    stars.stars = 3;
+    const TagEditContext before = ContextOfRow(parts, "/p/a.jpg", stars, tag);
+    EXPECT_EQ(before.value, QStringLiteral("3"));
+    TagEditContext after = before;
+    after.selection = 4;
+    after.value = "4";
+    EXPECT_EQ(EditOfRow(parts, before, after, tag, 0).value, QStringLiteral("4"));
+    EXPECT_EQ(memory.Rating(8849), 4);
+    context.settings.exifTool.correctedCommands = false;
+    EXPECT_EQ(ContextOfRow(parts, "/p/a.jpg", stars, tag).selection, 6);
+}
+
+TEST_F(PanelEdit, TheGroupOfARecordIsTheOneThatItsRowsStandIn) {
+    QStringList different;
+    for (const tags::TagRecord& tag : dictionary.records()) {
+        if (!tag.writable || tag.valueKind == tags::ValueKind::Binary) continue;
+        const QString shown = tags::GroupName(tag.groupIndex);
+        const QString group = QStringView(tag.group).toString();
+        if (shown.compare(group, Qt::CaseInsensitive) != 0) different += shown + " <> " + group;
+    }
+    different.removeDuplicates();
+    EXPECT_EQ(different.join("; ").toStdString(), "");
+}

@@ -1,0 +1,323 @@
+#include "edit/WriteTag.h"
+
+#include "edit/EditedFile.h"
+#include "edit/PanelEdit.h"
+#include "edit/WholeValue.h"
+
+#include <gmock/gmock.h>
+
+using namespace edit;
+using testing::HasSubstr;
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr auto kHostileValues = std::to_array<const char*>({
+    "x\" -if \"system('touch owned')\" \"",
+    "\" >owned 2>>owned \"",
+    "a >owned",
+    "$(touch owned) `touch owned` ; touch owned | touch owned &",
+    "100% %PATH% %%d",
+    "line\nfeed\n-XMP-dc:Creator=owned",
+    "-execute",
+    "<owned",
+    "@owned",
+    "back\\slash \\\" end\\",
+    "gr\xC3\xBC\xC3\x9F",
+    "\xE6\x97\xA5\xE6\x9C\xAC\xE8\xAA\x9E",
+    "\xF0\x9F\x93\xB7 \xF0\x9F\x8E\x89",
+    "\xD7\xA9\xD7\x9C\xD7\x95\xD7\x9D",
+});
+
+struct LineCase {
+    const char* what;
+    app::CurrentEdit edit;
+    const char* designed;  ///< between tool and file
+    const char* corrected;
+};
+
+app::CurrentEdit edited(const char* group, const char* name, const char* value) {
+    app::CurrentEdit edit;
+    edit.id = 1;
+    edit.groupIndex = 78;
+    edit.group = QString::fromUtf8(group);
+    edit.name = QString::fromUtf8(name);
+    edit.value = QString::fromUtf8(value);
+    return edit;
+}
+
+std::vector<LineCase> lineCases() {
+    app::CurrentEdit list = edited("IFD0", "Orientation", "Rotate 90 CW");
+    list.comboCode = "6";
+    list.valueKind = 4;
+    app::CurrentEdit several = edited("XMP-dc", "Subject", "one\ntwo, three");
+    several.severalValues = true;
+    app::CurrentEdit noEntries = several;
+    noEntries.value = " \n";
+    app::CurrentEdit escape = edited("IPTC", "CodedCharacterSet", "% G");
+    escape.id = 853;
+    app::CurrentEdit escaped = escape;
+    escaped.value = "ESC % G";
+    app::CurrentEdit utf8 = escape;
+    utf8.value = "UTF8";
+    app::CurrentEdit property = edited("Photo", "CameraModel", "x");
+    property.groupIndex = 335;
+    return {
+        {"a value", edited("IFD0", "Artist", "Ada"), "-Artist=\"Ada\" ", "-IFD0:Artist=\"Ada\" "},
+        {"empty", edited("IFD0", "Artist", ""), "-Artist= ", "-IFD0:Artist= "},
+        {"a group with a hyphen", edited("XMP-dc", "Title", "a b"), "-Title=\"a b\" ",
+         "-XMP-dc:Title=\"a b\" "},
+        {"a quote", edited("IFD0", "Artist", "a\"b"), "-Artist=\"a\"b\" ", "-IFD0:Artist=\"a\"b\" "},
+        {"a choice", list, "-Orientation=\"Rotate 90 CW\" ", "-IFD0:Orientation#=\"6\" "},
+        {"entries", several, "-Subject=\"one\ntwo, three\" ",
+         "-XMP-dc:Subject=\"one\" -XMP-dc:Subject=\"two, three\" "},
+        {"no entries", noEntries, "-Subject=\" \n\" ", "-XMP-dc:Subject= "},
+        {"an escape sequence", escape, "-CodedCharacterSet=\"ESC % G\" ",
+         "-IPTC:CodedCharacterSet=\"ESC % G\" "},
+        {"one that is written out", escaped, "-CodedCharacterSet=\"ESC ESC % G\" ",
+         "-IPTC:CodedCharacterSet=\"ESC % G\" "},
+        {"a word for one", utf8, "-CodedCharacterSet=\"UTF8\" ", "-IPTC:CodedCharacterSet=\"UTF8\" "},
+        {"Latin in IPTC", edited("IPTC", "City", "K\xC3\xB6ln"), "-City=\"K\xC3\xB6ln\" ",
+         "-IPTC:City=\"K\xC3\xB6ln\" "},
+        {"more in IPTC", edited("IPTC", "City", "\xE6\x9D\xB1"), "-City=\"\xE6\x9D\xB1\" ",
+         "-tagsfromfile @ -IPTC:All --IPTC:City -IPTC:CodedCharacterSet=UTF8 -IPTC:City=\"\xE6\x9D\xB1\" "},
+        {"a property's group", property, "-CameraModel=\"x\" ", "-CameraModel=\"x\" "},
+    };
+}
+
+class WriteTag : public EditedFile {
+ protected:
+    /// The write as a click on the row leads to it.
+    TagWriteResult write(const fs::path& file, QStringView group, QStringView name, const QString& value,
+                         const QString& before = {}, const QString& code = {}) {
+        const tags::TagRecord tag = record(group, name);
+        TagEditContext from;
+        from.value = before;
+        TagEditContext to = from;
+        to.value = value;
+        to.title = QStringView(tag.name).toString();
+        to.group = QStringView(tag.group).toString();
+        to.tagId = static_cast<int>(tag.id);
+        to.comboCode = code;
+        to.selection = value.toInt();
+        return WriteOneTag(context, runner, file, EditOfRow(parts, from, to, tag, 0));
+    }
+
+    void SetUp() override { fs::current_path(folder / "photos"); }
+    void TearDown() override { fs::current_path("/"); }
+};
+
+}  // namespace
+
+TEST_F(WriteTag, TheLinesAreExactToTheBlank) {
+    for (const bool corrected : {false, true}) {
+        context.settings.exifTool.correctedCommands = corrected;
+        for (const LineCase& row : lineCases()) {
+            const std::string expected = std::string("\"/usr/bin/exiftool\" ") +
+                                         (corrected ? row.corrected : row.designed) +
+                                         "-overwrite_original -charset filename=UTF8 \"/p/a b.jpg\"" +
+                                         (corrected ? " 2>>\"" + context.reportFile.string() + "\"" : "");
+            EXPECT_EQ(WriteTagCommand(context, "/p/a b.jpg", row.edit).text(), expected) << row.what;
+        }
+    }
+}
+
+TEST_F(WriteTag, EachKindIsChangedEmptiedAndNothingElse) {
+    const struct {
+        const char16_t* group;
+        const char16_t* name;
+        const char* before;
+        const char* typed;
+        const char* code;
+        const char* after;
+    } cases[] = {
+        {u"ExifIFD", u"CreateDate", "2001:02:03 04:05:06", "2015:06:01 12:13:14", "", "2015:06:01 12:13:14"},
+        {u"IFD1", u"ImageHeight", "", "", "", ""},
+        {u"IFD0", u"Artist", "Ada", "Bob", "", "Bob"},
+        {u"XMP-Xmp", u"Rating", "2", "4", "", "4"},
+        {u"IFD0", u"Orientation", "Horizontal (normal)", "Rotate 180", "3", "Rotate 180"},
+        {u"ExifIFD", u"ExposureTime", "1/30", "1/125", "", "1/125"},
+        {u"ExifIFD", u"ISO", "100", "400", "", "400"},
+        {u"XMP-dc", u"Title", "old", "new", "", "new"},
+        {u"IPTC", u"City", "Rom", "Wien", "", "Wien"},
+    };
+    for (const auto& row : cases) {
+        if (*row.typed == 0) continue;
+        const std::string tag =
+            QString::fromUtf16(row.group).toStdString() + ":" + QString::fromUtf16(row.name).toStdString();
+        const fs::path file = photo({"-" + tag + "=" + row.before, "-XMP-dc:Creator=kept",
+                                     "-IPTC:Headline=kept", "-IFD0:Copyright=kept"});
+        const std::string others = otherTags(file, tag);
+        const TagWriteResult result =
+            write(file, row.group, row.name, QString::fromUtf8(row.typed), row.before, row.code);
+        EXPECT_EQ(result.code, 0) << tag;
+        EXPECT_EQ(result.complaint, QString()) << tag;
+        EXPECT_EQ(valueOf(file, tag), row.after);
+        EXPECT_EQ(otherTags(file, tag), others);
+        if (record(row.group, row.name).valueKind == tags::ValueKind::Rating) continue;
+        EXPECT_EQ(write(file, row.group, row.name, "").code, 0);
+        EXPECT_EQ(valueOf(file, tag), "") << tag;
+    }
+    EXPECT_FALSE(fs::exists(folder / "photos/a.jpg_original"));
+}
+
+TEST_F(WriteTag, OnlyTheRowThatWasClickedIsWritten) {
+    const fs::path file = photo({"-IFD0:ModifyDate=2001:01:01 00:00:00", "-XMP-xmp:ModifyDate=2002:01:01"});
+    write(file, u"XMP-Xmp", u"ModifyDate", "2015:06:01 12:13:14+02:00");
+    EXPECT_EQ(valueOf(file, "IFD0:ModifyDate"), "2001:01:01 00:00:00");
+    EXPECT_EQ(valueOf(file, "XMP-xmp:ModifyDate"), "2015:06:01 12:13:14+02:00");
+}
+
+TEST_F(WriteTag, EntriesStayEntries) {
+    const fs::path file = photo({"-XMP-dc:Subject=a", "-XMP-dc:Subject=b", "-IPTC:Keywords=a"});
+    for (const auto& [group, name] : {std::pair(u"XMP-dc", u"Subject"), std::pair(u"IPTC", u"Keywords")}) {
+        EXPECT_EQ(write(file, group, name, QStringLiteral("one\ntwo, three\n\u65E5\u672C")).complaint,
+                  QString());
+        const tags::TagRecord tag = record(group, name);
+        EXPECT_EQ(EditableValue(parts, file, tag, QStringLiteral("one, two, three, \u65E5\u672C")),
+                  QStringLiteral("one\ntwo, three\n\u65E5\u672C"));
+    }
+}
+
+TEST_F(WriteTag, HostileValuesReachTheFileAsTyped) {
+    const fs::path file = photo({});
+    for (const char* value : kHostileValues) {
+        for (const auto& [group, name] : {std::pair(u"XMP-dc", u"Title"), std::pair(u"IFD0", u"Artist"),
+                                          std::pair(u"IPTC", u"Headline"), std::pair(u"File", u"Comment")}) {
+            const TagWriteResult result = write(file, group, name, QString::fromUtf8(value));
+            EXPECT_EQ(result.complaint, QString()) << value;
+            const std::string tag =
+                QString::fromUtf16(group).toStdString() + ":" + QString::fromUtf16(name).toStdString();
+            EXPECT_EQ(valueOf(file, tag), value) << tag;
+        }
+    }
+    EXPECT_EQ(valueOf(file, "XMP-dc:Creator"), "");
+    EXPECT_FALSE(fs::exists("owned"));
+}
+
+TEST_F(WriteTag, WhatCameOutOfTheFileIsHarmlessInTheDesignedFormToo) {
+    context.settings.exifTool.correctedCommands = false;
+    const fs::path file = photo({});
+    for (const char* value : kHostileValues) {
+        const QString text = QString::fromUtf8(value);
+        const std::string untouched = support::ReadBytes(file);
+        EXPECT_EQ(write(file, u"XMP-dc", u"Creator", text + "!", text).code, 0);
+        EXPECT_EQ(valueOf(file, "XMP-dc:Creator"), text.toStdString() + "!");
+        EXPECT_NE(support::ReadBytes(file), untouched);
+    }
+    EXPECT_FALSE(fs::exists("owned"));
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder / "photos"), {}), 1);
+}
+
+TEST_F(WriteTag, HostileNamesAreWritten) {
+    for (const std::string& name : support::HostileNames()) {
+        const fs::path file = photo({}, name);
+        EXPECT_EQ(write(file, u"XMP-dc", u"Title", "new").code, 0) << name;
+        EXPECT_EQ(valueOf(file, "XMP-dc:Title"), "new") << name;
+    }
+    EXPECT_FALSE(fs::exists("owned"));
+}
+
+TEST_F(WriteTag, TextThatLatinLacksKeepsTheOtherValuesOfItsRecord) {
+    const fs::path file =
+        photo({"-IPTC:City=M\xC3\xBCnchen", "-IPTC:Keywords=gr\xC3\xBCn", "-IPTC:Keywords=b"});
+    EXPECT_EQ(write(file, u"IPTC", u"Headline", QStringLiteral("\u65E5\u672C")).complaint, QString());
+    EXPECT_EQ(valueOf(file, "IPTC:Headline"), "\xE6\x97\xA5\xE6\x9C\xAC");
+    EXPECT_EQ(valueOf(file, "IPTC:City"), "M\xC3\xBCnchen");
+    EXPECT_EQ(valueOf(file, "IPTC:Keywords"), "gr\xC3\xBCn\nb");
+}
+
+TEST_F(WriteTag, WhatExifToolSaysIsTold) {
+    const fs::path file = photo({"-ExifIFD:ExposureTime=1/30"});
+    const std::string before = support::ReadBytes(file);
+    support::WriteBytes(context.reportFile, "something earlier\n");
+    const TagWriteResult refused = write(file, u"ExifIFD", u"ExposureTime", "abc");
+    EXPECT_EQ(refused.code, 0);
+    EXPECT_THAT(refused.complaint.toStdString(), testing::StartsWith("Warning: "));
+    EXPECT_THAT(report(), HasSubstr("something earlier\nWarning"));
+    EXPECT_EQ(support::ReadBytes(file), before);
+
+    const TagWriteResult gone = write(folder / "photos/gone.jpg", u"IFD0", u"Artist", "x");
+    EXPECT_THAT(gone.complaint.toStdString(), HasSubstr("gone.jpg"));
+    context.exifToolPath = folder / "no tool";
+    EXPECT_EQ(write(file, u"IFD0", u"Artist", "x").code, 1);
+    EXPECT_EQ(support::ReadBytes(file), before);
+}
+
+TEST_F(WriteTag, AWriteThatIsCutLeavesTheFileWholeAndTheNextOneWorks) {
+    const fs::path file = photo({"-IFD0:Artist=Ada"});
+    const std::string before = support::ReadBytes(file);
+    const fs::path script = folder / "tool";
+    support::WriteBytes(
+        script, "#!/bin/sh\nfor last; do :; done\necho half >\"${last}_exiftool_tmp\"\nexec sleep 100\n");
+    fs::permissions(script, fs::perms::owner_all);
+    context.exifToolPath = script;
+    const fs::path half = folder / "photos/a.jpg_exiftool_tmp";
+    runner.setKeepWaiting([&](std::chrono::milliseconds) { return !fs::exists(half); });
+    EXPECT_EQ(write(file, u"IFD0", u"Artist", "Bob").code, 1);
+    EXPECT_EQ(support::ReadBytes(file), before);
+    EXPECT_FALSE(fs::exists(half));
+    runner.setKeepWaiting({});
+    context.exifToolPath = "/usr/bin/exiftool";
+    EXPECT_EQ(write(file, u"IFD0", u"Artist", "Bob").code, 0);
+    EXPECT_EQ(valueOf(file, "IFD0:Artist"), "Bob");
+}
+
+TEST_F(WriteTag, APropertyOfTheListGoesThroughTheStoreAndARowOfThePanelDoesNot) {
+    const fs::path file = photo({});
+    app::CurrentEdit property = edited("Summary", "Title", "By the store");
+    property.groupIndex = 330;
+    property.id = 31;  // Title
+    EXPECT_EQ(WriteOneTag(context, runner, file, property).code, 0);
+    EXPECT_THAT(support::ExifTool({"-s", file.string()}), HasSubstr("By the store"));
+
+    // A tag of [File] whose number is a property's as well.
+    const std::string before = support::ReadBytes(file);
+    property.groupIndex = 30;
+    property.group = "File";
+    property.name = "NoSuchTag";
+    property.value = "no";
+    EXPECT_THAT(WriteOneTag(context, runner, file, property).complaint.toStdString(), HasSubstr("NoSuchTag"));
+    EXPECT_EQ(support::ReadBytes(file), before);
+    context.settings.exifTool.correctedCommands = false;
+    EXPECT_EQ(WriteOneTag(context, runner, file, property).code, 0);
+    EXPECT_NE(support::ReadBytes(file), before) << "the designed form takes the number for the property's";
+}
+
+TEST_F(WriteTag, AStoreThatRefusesIsTold) {
+    const fs::path text = folder / "photos/a.txt";
+    support::WriteBytes(text, "no picture");
+    app::CurrentEdit property = edited("Photo", "DateTaken", "");
+    property.groupIndex = 335;
+    property.id = 250;
+    const TagWriteResult result = WriteOneTag(context, runner, text, property);
+    EXPECT_EQ(static_cast<std::uint32_t>(result.code), 0x88982F41u);
+    EXPECT_EQ(result.message, QStringLiteral("This property is not supported by this codec!"));
+    EXPECT_EQ(support::ReadBytes(text), "no picture");
+}
+
+TEST_F(WriteTag, TheWholeValueIsReadWhereTheRowCouldHideSome) {
+    const fs::path file = photo({"-XMP-dc:Title=two\nlines", "-XMP-dc:Subject=a", "-XMP-dc:Subject=b, c",
+                                 "-XMP-dc:Rights=A. B.", "-XMP-dc:Creator=first\nline", "-XMP-dc:Creator=x"});
+    const struct {
+        const char16_t* name;
+        const char* shown;
+        const char* whole;
+    } cases[] = {
+        {u"Title", "two.lines", "two\nlines"},
+        {u"Subject", "a, b, c", "a\nb, c"},
+        {u"Rights", "A. B.", "A. B."},
+        {u"Creator", "first.line, x", "first\u2028line\nx"},
+        {u"Title", "something. else", "something. else"},  // the file has changed meanwhile
+        {u"Title", "", ""},
+    };
+    for (const auto& row : cases) {
+        const tags::TagRecord tag = record(u"XMP-dc", row.name);
+        EXPECT_EQ(EditableValue(parts, file, tag, row.shown).toStdString(), row.whole);
+    }
+    EXPECT_EQ(EditableValue(parts, folder / "gone.jpg", record(u"XMP-dc", u"Title"), "a.b"),
+              QStringLiteral("a.b"));
+    context.settings.exifTool.correctedCommands = false;
+    EXPECT_EQ(EditableValue(parts, file, record(u"XMP-dc", u"Title"), "two.lines"),
+              QStringLiteral("two.lines"));
+}
