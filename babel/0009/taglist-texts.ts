@@ -83,5 +83,9 @@
         <source>%s values loaded, %s names are not in the list</source>
         <translation></translation>
     </message>
+    <message id="80519">
+        <source>Choose a tag of the group in the metadata panel first.</source>
+        <translation></translation>
+    </message>
 </context>
 </TS>

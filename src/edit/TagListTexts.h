@@ -28,5 +28,6 @@ inline constexpr int kFileNotRead = 80515;
 inline constexpr int kNoTagOfMode = 80516;
 inline constexpr int kNoValuesInFile = 80517;  ///< "%s" is the file
 inline constexpr int kValuesLoaded = 80518;    ///< "%s" values, "%s" unknown names
+inline constexpr int kNoGroupChosen = 80519;
 
 }  // namespace edit::text
