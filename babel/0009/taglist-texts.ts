@@ -47,5 +47,45 @@
         <source>Copy the row</source>
         <translation></translation>
     </message>
+    <message id="2182">
+        <source>Choose a file with values</source>
+        <translation></translation>
+    </message>
+    <message id="80511">
+        <source>Modify %s tags of %s</source>
+        <translation></translation>
+    </message>
+    <message id="80512">
+        <source>Add %s tags to %s</source>
+        <translation></translation>
+    </message>
+    <message id="80513">
+        <source>%s files</source>
+        <translation></translation>
+    </message>
+    <message id="80514">
+        <source>&amp;Write</source>
+        <translation></translation>
+    </message>
+    <message id="80515">
+        <source>The tags of this file could not be read</source>
+        <translation></translation>
+    </message>
+    <message id="80516">
+        <source>No tag belongs to this list</source>
+        <translation></translation>
+    </message>
+    <message id="80517">
+        <source>%s holds no line of names with a line of values</source>
+        <translation></translation>
+    </message>
+    <message id="80518">
+        <source>%s values loaded, %s names are not in the list</source>
+        <translation></translation>
+    </message>
+    <message id="80519">
+        <source>Choose a tag of the group in the metadata panel first.</source>
+        <translation></translation>
+    </message>
 </context>
 </TS>

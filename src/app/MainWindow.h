@@ -31,6 +31,10 @@ class Tab;
 class TabContainer;
 }  // namespace browser
 
+namespace edit {
+struct FileRuns;
+}
+
 namespace controls {
 class PaneHandle;
 class Ribbon;
@@ -130,6 +134,8 @@ class MainWindow : public QWidget {
     std::vector<std::filesystem::path> gatherFolder();
     void runBatch(CommandId id);
     void showReportBeginning();
+    /// The end of a dialog that wrote tags: what it changed is read again, and the report follows.
+    void tagsWereWritten(const edit::FileRuns& runs);
     /// After files were changed or renamed: the list and the panel are read again.
     void showWhatChanged();
 
@@ -154,6 +160,9 @@ class MainWindow : public QWidget {
     void clearMetadata(CommandId id);
     void readSelection(CommandId id);
     void refreshPanel(CommandId id);
+    void modifyTags(CommandId id);
+    void addTags(CommandId id);
+    void addTagsToShownFile(CommandId id);
     void showAbout(CommandId id);
     void closeWindow(CommandId id);
     void restart(CommandId id);

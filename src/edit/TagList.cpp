@@ -200,14 +200,26 @@ void TagList::createView() {
 }
 
 bool TagList::eventFilter(QObject* watched, QEvent* event) {
-    // From the filter straight into the list, without the mouse.
-    if (watched == filter_ && event->type() == QEvent::KeyPress &&
-        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Down && model_->rowCount() > 0) {
-        view_->setFocus(Qt::TabFocusReason);
-        if (!view_->currentIndex().isValid()) view_->setCurrentIndex(model_->index(0, 0));
-        return true;
+    if (watched != filter_ || event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+    switch (static_cast<QKeyEvent*>(event)->key()) {
+        case Qt::Key_Down:
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            // From the filter into the list; Enter must not be the dialog's OK while one is still looking.
+            if (model_->rowCount() > 0) goToList();
+            return true;
+        case Qt::Key_Escape:
+            if (filter_->text().isEmpty()) return false;
+            filter_->clear();
+            return true;
+        default:
+            return false;
     }
-    return QWidget::eventFilter(watched, event);
+}
+
+void TagList::goToList() {
+    view_->setFocus(Qt::TabFocusReason);
+    if (!view_->currentIndex().isValid()) view_->setCurrentIndex(model_->index(0, 0));
 }
 
 void TagList::setEmptyText(const QString& text) {
@@ -259,7 +271,7 @@ void TagList::copy(const QModelIndex& index) const {
     const TagRow& row = rows()[model_->rowAt(index.row())];
     QStringList cells{row.name};
     if (model_->columnOf(TagColumn::Group) >= 0) cells << row.group;
-    if (hasValues()) cells << row.value;
+    if (hasValues()) cells << ShownValue(row);
     QGuiApplication::clipboard()->setText(cells.join(u'\t'));
 }
 

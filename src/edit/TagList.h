@@ -86,6 +86,7 @@ class TagList : public QWidget {
 
  private:
     void createView();
+    void goToList();
     void setFilter(const QString& filter);
     void clicked(const QModelIndex& index, Qt::MouseButton button);
     void requestEdit(const QModelIndex& index);

@@ -105,7 +105,7 @@ QVariant TagListModel::data(const QModelIndex& index, int role) const {
         case Qt::DisplayRole:
             return textOf(row, column);
         case Qt::EditRole:
-            return column == TagColumn::Value ? QVariant(row.value) : textOf(row, column);
+            return column == TagColumn::Value ? QVariant(ShownValue(row)) : textOf(row, column);
         case Qt::DecorationRole:
             return iconOf(row, column);
         case Qt::ToolTipRole:
@@ -130,7 +130,7 @@ QVariant TagListModel::textOf(const TagRow& row, TagColumn column) const {
         case TagColumn::Kind:
             break;
         case TagColumn::Value:
-            return row.isRemoval() ? parts_.language.text(text::kWillBeRemoved) : row.value;
+            return row.isRemoval() ? parts_.language.text(text::kWillBeRemoved) : ShownValue(row);
     }
     return {};
 }

@@ -1,5 +1,6 @@
 #include "edit/TagListRows.h"
 
+#include "edit/Entries.h"
 #include "tags/OutputParser.h"
 
 #include <QHash>
@@ -72,6 +73,10 @@ void SetRowValue(TagRow& row, const NewValue& value) {
     row.severalEntries = value.severalEntries;
     row.loaded = value.loaded;
     row.changed = true;
+}
+
+QString ShownValue(const TagRow& row) {
+    return PanelText(row.severalEntries ? SplitEntries(row.value) : QStringList(row.value));
 }
 
 void EmptyRow(TagRow& row, bool severalFiles) {

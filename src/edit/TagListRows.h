@@ -21,7 +21,7 @@ struct TagRow {
     QString value;                        ///< what the value column shows and a write takes
     QString fileValue;  ///< what the one file holds; empty when it lacks the tag or there are several files
     QString code;       ///< of the chosen entry of a list; empty: value is written as text
-    bool changed = false;  ///< by the user; with an empty value the tag is to be removed
+    bool changed = false;         ///< by the user; with an empty value the tag is to be removed
     bool severalEntries = false;  ///< value holds one entry a line, as JoinEntries makes it
     bool loaded = false;          ///< value came out of a values file; nobody typed it
     bool ticked = false;
@@ -58,6 +58,9 @@ struct NewValue {
 
 /// Equal to what the file holds, or empty where it holds nothing, the value is no change.
 void SetRowValue(TagRow& row, const NewValue& value);
+
+/// The value on one line.
+QString ShownValue(const TagRow& row);
 
 /// The user empties the row. Of a tag that the one file holds, this asks for its removal. With several files,
 /// whose values are not known, a value typed before is forgotten, and a row without one is marked for

@@ -6,6 +6,8 @@ namespace edit::text {
 inline constexpr int kTagColumn = 461;
 inline constexpr int kTagValueColumn = 478;
 inline constexpr int kGroupColumn = 481;
+inline constexpr int kValuesCaption = 938;
+inline constexpr int kChooseValuesTitle = 2182;
 
 inline constexpr int kFilterHint = 80500;
 inline constexpr int kWillBeRemoved = 80501;
@@ -18,5 +20,14 @@ inline constexpr int kEditValue = 80507;
 inline constexpr int kEmptyValue = 80508;
 inline constexpr int kUndoChange = 80509;
 inline constexpr int kCopyValue = 80510;
+inline constexpr int kModifyTitle = 80511;   ///< "%s" is the family, "%s" the files
+inline constexpr int kAddTitle = 80512;      ///< "%s" is the group, "%s" the files
+inline constexpr int kCountOfFiles = 80513;  ///< "%s" is the number
+inline constexpr int kWrite = 80514;
+inline constexpr int kFileNotRead = 80515;
+inline constexpr int kNoTagOfMode = 80516;
+inline constexpr int kNoValuesInFile = 80517;  ///< "%s" is the file
+inline constexpr int kValuesLoaded = 80518;    ///< "%s" values, "%s" unknown names
+inline constexpr int kNoGroupChosen = 80519;
 
 }  // namespace edit::text

@@ -125,8 +125,7 @@ CommandText AddRowsCommand(const app::AppContext& context, const TagRows& rows, 
                            const fs::path& file) {
     CommandText command = tool(context);
     for (const TagRow& row : rows) {
-        if (!row.value.isEmpty())
-            command.literal(" ").append(rowTerm(context, row, group, addedValue(row)));
+        if (!row.value.isEmpty()) command.literal(" ").append(rowTerm(context, row, group, addedValue(row)));
     }
     command.literal(kOverwriteOriginalBehind);
     appendFile(command, file);

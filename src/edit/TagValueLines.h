@@ -9,17 +9,18 @@
 #include <filesystem>
 #include <vector>
 
-/// The lines that write what stands in a list of tags. The designed ones empty a whole group and write back every
-/// row that has a value; the corrected one, which all dialogs share, writes and deletes what the user changed.
+/// The lines that write what stands in a list of tags. The designed ones empty a whole group and write back
+/// every row that has a value; the corrected one, which all dialogs share, writes and deletes what the user
+/// changed.
 namespace edit {
 
-/// `"TOOL" -m -GROUP= -charset filename=UTF8 "FILE"`, with the group of the first row; ExifTool leaves its own
-/// copy beside the file.
+/// `"TOOL" -m -GROUP= -charset filename=UTF8 "FILE"`, with the group of the first row; ExifTool leaves its
+/// own copy beside the file.
 platform::CommandText EmptyGroupOfFirstRowCommand(const app::AppContext& context, const TagRows& rows,
                                                   const std::filesystem::path& file);
 
-/// `"TOOL" -GROUP:NAME="VALUE"... -n -z -overwrite_original -charset filename=UTF8 "FILE"`, for the rows with a
-/// value.
+/// `"TOOL" -GROUP:NAME="VALUE"... -n -z -overwrite_original -charset filename=UTF8 "FILE"`, for the rows with
+/// a value.
 platform::CommandText WriteRowsCommand(const app::AppContext& context, const TagRows& rows,
                                        const std::filesystem::path& file);
 
@@ -31,12 +32,13 @@ platform::CommandText WriteGpsRowsCommand(const app::AppContext& context, const 
 platform::CommandText EmptyGroupCommand(const app::AppContext& context, QStringView group,
                                         const std::filesystem::path& file);
 
-/// `"TOOL" -GROUP:NAME="VALUE"... -overwrite_original -charset filename=UTF8 "FILE" 2>"REPORT"`, for the rows with
-/// a value.
+/// `"TOOL" -GROUP:NAME="VALUE"... -overwrite_original -charset filename=UTF8 "FILE" 2>"REPORT"`, for the rows
+/// with a value.
 platform::CommandText AddRowsCommand(const app::AppContext& context, const TagRows& rows, QStringView group,
                                      const std::filesystem::path& file);
 
-/// `"TOOL" -GROUP:NAME="VALUE" ... -overwrite_original -charset filename=UTF8 "FILE"`, for the rows with a value.
+/// `"TOOL" -GROUP:NAME="VALUE" ... -overwrite_original -charset filename=UTF8 "FILE"`, for the rows with a
+/// value.
 platform::CommandText AddRowsToOneFileCommand(const app::AppContext& context, const TagRows& rows,
                                               QStringView group, const std::filesystem::path& file);
 
@@ -47,7 +49,8 @@ app::CurrentEdit EditOfTagRow(const EditParts& parts, const TagRow& row);
 /// Of the changed rows, in their order.
 std::vector<app::CurrentEdit> ChangedTags(const EditParts& parts, const TagRows& rows);
 
-/// `"TOOL" TERMS -overwrite_original -charset filename=UTF8 "FILE" 2>>"REPORT"`, with the terms of WriteTag.h.
+/// `"TOOL" TERMS -overwrite_original -charset filename=UTF8 "FILE" 2>>"REPORT"`, with the terms of
+/// WriteTag.h.
 platform::CommandText WriteChangedTagsCommand(const app::AppContext& context,
                                               const std::vector<app::CurrentEdit>& changed,
                                               const std::filesystem::path& file);

@@ -84,8 +84,7 @@ QStringList ValuesFileTypes(const app::AppContext& context) {
 
 ValuesFileType ValuesFileTypeOfMode(int mode) {
     if (mode == kGpsMode) return {2, QStringLiteral("gps")};
-    const ModifyMode* const row =
-        rowOf(&ModifyMode::mode, mode == kOtherXmpMode ? kModes.back().mode : mode);
+    const ModifyMode* const row = rowOf(&ModifyMode::mode, mode == kOtherXmpMode ? kModes.back().mode : mode);
     if (row == nullptr) return {};
     return {static_cast<int>(row - kModes.data()), QString::fromLatin1(row->extension)};
 }

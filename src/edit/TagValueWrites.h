@@ -10,14 +10,14 @@
 #include <functional>
 #include <vector>
 
-/// What the dialogs with lists of values decide and do: which rows they have, what the rows hold, and the writes
-/// at OK. Reads and writes block until the tool has ended. GUI thread.
+/// What the dialogs with lists of values decide and do: which rows they have, what the rows hold, and the
+/// writes at OK. Reads and writes block until the tool has ended. GUI thread.
 namespace edit {
 
 // --- DialogModifMain
 
-/// What the dialog is to list: 1 EXIF, 2 IPTC, 7 XMP. The designed form takes the command's own number, which is
-/// none of these.
+/// What the dialog is to list: 1 EXIF, 2 IPTC, 7 XMP. The designed form takes the command's own number, which
+/// is none of these.
 int ModeOfCommand(const app::AppContext& context, int commandId);
 
 /// The writable tags of the mode's family; none for a number that is no mode.
@@ -65,7 +65,8 @@ bool ReadValues(const EditParts& parts, TagRows& rows, const std::filesystem::pa
 /// Whether OK has anything to do. The designed form always has: it empties the group.
 bool HasSomethingToWrite(const EditParts& parts, const TagRows& rows);
 
-/// Calls write for each file, with the progress shown. A file whose extension is unknown is told and left out.
+/// Calls write for each file, with the progress shown. A file whose extension is unknown is told and left
+/// out.
 using WriteFile = std::function<int(const std::filesystem::path& file)>;
 FileRuns WriteFiles(const EditParts& parts, const QString& title,
                     const std::vector<std::filesystem::path>& files, const TellLeftOut& tell,

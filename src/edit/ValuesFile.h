@@ -9,15 +9,17 @@
 #include <string_view>
 #include <vector>
 
-/// A file with values to fill a list with: a line of names separated by commas, and a line with the values that
-/// belong to them. It begins with the name of the file that the values were read from.
+/// A file with values to fill a list with: a line of names separated by commas, and a line with the values
+/// that belong to them. It begins with the name of the file that the values were read from.
 namespace edit {
 
 enum class ValuesFileForm {
-    /// The first line has to end in a carriage return and is cut at 256 names, a name at 255 bytes, the values at
+    /// The first line has to end in a carriage return and is cut at 256 names, a name at 255 bytes, the
+    /// values at
     /// 5096 bytes.
     Designed,
-    /// As ExifTool writes it with -csv, on any platform and of any length: quotes are doubled within quotes, and a
+    /// As ExifTool writes it with -csv, on any platform and of any length: quotes are doubled within quotes,
+    /// and a
     /// name may have its group before it ("IFD0:Make").
     Corrected,
 };

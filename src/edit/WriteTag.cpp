@@ -63,13 +63,19 @@ bool isBeyondLatin(QStringView text) {
     return std::ranges::any_of(text, [](QChar c) { return c.unicode() > kLastLatin; });
 }
 
+bool isIptcBeyondLatin(const app::CurrentEdit& edit) {
+    return edit.group == u"IPTC" && isBeyondLatin(edit.value);
+}
+
 /// IPTC is Latin unless the file says otherwise, and whatever Latin lacks would become question marks. The
-/// record's other values are rewritten together with the mark of the new encoding.
-CommandText encodingTerms(const app::AppContext& context, const app::CurrentEdit& edit) {
-    if (!isCorrected(context) || edit.group != u"IPTC" || !isBeyondLatin(edit.value)) return {};
-    return CommandText("-tagsfromfile @ -IPTC:All --IPTC:")
-        .outside(utf8(edit.name))
-        .literal(" -IPTC:CodedCharacterSet=UTF8 ");
+/// record's other values are rewritten together with the mark of the new encoding, those aside that get a new
+/// value on the same line.
+CommandText encodingTerms(const app::AppContext& context, std::span<const app::CurrentEdit> edits) {
+    if (!isCorrected(context) || std::ranges::none_of(edits, isIptcBeyondLatin)) return {};
+    CommandText terms("-tagsfromfile @ -IPTC:All ");
+    for (const app::CurrentEdit& edit : edits)
+        if (edit.group == u"IPTC") terms.literal("--IPTC:").outside(utf8(edit.name)).literal(" ");
+    return terms.literal("-IPTC:CodedCharacterSet=UTF8 ");
 }
 
 std::uintmax_t reportSize(const app::AppContext& context) {
@@ -92,14 +98,16 @@ CommandText EditedValue(const app::AppContext& context, QStringView value, QStri
     return CommandText("\"").outside(utf8(value)).literal("\"");
 }
 
-CommandText TagTerms(const app::AppContext& context, const app::CurrentEdit& edit) {
+namespace {
+
+/// Without what the encoding of the group asks for.
+CommandText termsOfOneTag(const app::AppContext& context, const app::CurrentEdit& edit) {
     const CommandText word = tagWord(context, edit);
     CommandText terms;
     const bool byCode = isCorrected(context) && !edit.comboCode.isEmpty() &&
                         edit.valueKind == static_cast<int>(tags::ValueKind::List);
     if (byCode) return terms.append(word).literal("#=\"").outside(utf8(edit.comboCode)).literal("\" ");
     if (edit.value.isEmpty()) return terms.append(word).literal("= ");
-    terms.append(encodingTerms(context, edit));
     if (isCorrected(context) && edit.severalValues) {
         const QStringList entries = SplitEntries(edit.value);
         for (const QString& entry : entries)
@@ -111,6 +119,18 @@ CommandText TagTerms(const app::AppContext& context, const app::CurrentEdit& edi
     const QString opening = opensWithEscape(context, edit) ? QStringLiteral("ESC ") : QString();
     const CommandText quoted = EditedValue(context, opening + edit.value, edit.valueBefore);
     return terms.append(word).literal("=").append(quoted).literal(" ");
+}
+
+}  // namespace
+
+CommandText TagTerms(const app::AppContext& context, const app::CurrentEdit& edit) {
+    return TermsOfTags(context, {&edit, 1});
+}
+
+CommandText TermsOfTags(const app::AppContext& context, std::span<const app::CurrentEdit> edits) {
+    CommandText terms = encodingTerms(context, edits);
+    for (const app::CurrentEdit& edit : edits) terms.append(termsOfOneTag(context, edit));
+    return terms;
 }
 
 CommandText WriteTagCommand(const app::AppContext& context, const fs::path& file,

@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringView>
 #include <filesystem>
+#include <span>
 
 namespace edit {
 
@@ -18,6 +19,9 @@ platform::CommandText EditedValue(const app::AppContext& context, QStringView va
 /// `-GROUP:NAME="VALUE" `, one term for each entry where the tag holds several, and `-GROUP:NAME#="CODE" `
 /// for a choice from a list. An empty value deletes: `-NAME= `.
 platform::CommandText TagTerms(const app::AppContext& context, const app::CurrentEdit& edit);
+
+/// The same for several tags of one line.
+platform::CommandText TermsOfTags(const app::AppContext& context, std::span<const app::CurrentEdit> edits);
 
 /// The line that writes one tag: tool, terms, `-overwrite_original -charset filename=UTF8 "FILE"`; in the
 /// corrected form the report takes what ExifTool has to say.

@@ -10,11 +10,17 @@ using platform::CommandText;
 
 namespace {
 
-/// With this off a category is read without tags that stand twice. Nothing sets it.
+/// With this off a group is read without tags that stand twice in the file, though in another group. Nothing
+/// sets it.
 constexpr bool kReadAllDuplicates = false;
 
 bool isCorrected(const app::AppContext& context) {
     return context.settings.exifTool.correctedCommands;
+}
+
+/// Without "-a" a tag of the thumbnail's IFD that the main image has too is left out.
+bool readsDuplicates(const app::AppContext& context) {
+    return kReadAllDuplicates || isCorrected(context);
 }
 
 CommandText& appendFile(CommandText& command, const fs::path& file, const fs::path& output) {
@@ -57,7 +63,9 @@ CommandText PanelReadCommand(const app::AppContext& context, const fs::path& fil
 
 CommandText GroupAllCommand(const app::AppContext& context, const fs::path& file, const fs::path& output,
                             std::string_view groupName) {
-    CommandText command = ToolStartWithLanguage(context).literal(" -sort -S -G1 --ExifToolVersion -");
+    CommandText command = ToolStartWithLanguage(context);
+    if (readsDuplicates(context)) command.literal(" -a");
+    command.literal(" -sort -S -G1 --ExifToolVersion -");
     command.outside(groupName).literal(":All ").literal(kFileNameCharset);
     return appendFile(command, file, output);
 }
@@ -65,7 +73,7 @@ CommandText GroupAllCommand(const app::AppContext& context, const fs::path& file
 CommandText CategoryCommand(const app::AppContext& context, const fs::path& file, const fs::path& output,
                             int categoryId) {
     CommandText command = ToolStartWithLanguage(context);
-    if (kReadAllDuplicates) command.literal(" -a");
+    if (readsDuplicates(context)) command.literal(" -a");
     appendExclusions(command, context.settings.exifTool);
     if (context.settings.exifTool.ignoreComposite) command.literal(" -e");
     command.literal(" -sort -S -G1 --ExifToolVersion ");

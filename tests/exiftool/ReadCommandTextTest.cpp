@@ -68,7 +68,8 @@ TEST_P(BothForms, PanelRead) {
 
 TEST_P(BothForms, GroupAll) {
     EXPECT_EQ(GroupAllCommand(context_, kFile, kOutput, "XMP-dc").text(),
-              kTool + "-lang en -sort -S -G1 --ExifToolVersion -XMP-dc:All -charset filename=UTF8 " + kTail);
+              kTool + (GetParam() ? "-lang en -a" : "-lang en") +
+                  " -sort -S -G1 --ExifToolVersion -XMP-dc:All -charset filename=UTF8 " + kTail);
 }
 
 TEST_P(BothForms, GpsPosition) {
@@ -92,7 +93,7 @@ TEST_P(BothForms, LanguageStandsInTheRightCommands) {
     EXPECT_EQ(panel.text().rfind(kTool + "-lang zh-cn -a -u ", 0), 0U);
     context_.settings.exifTool.dataLanguage = 0;
     EXPECT_EQ(GroupAllCommand(context_, kFile, kOutput, "GPS").text(),
-              kTool + (GetParam() ? "-lang cs" : "-lang ce") +
+              kTool + (GetParam() ? "-lang cs -a" : "-lang ce") +
                   " -sort -S -G1 --ExifToolVersion -GPS:All -charset filename=UTF8 " + kTail);
     EXPECT_EQ(GpsPositionCommand(context_, kFile, kOutput).text().find("-lang"), std::string::npos);
 }
@@ -178,12 +179,12 @@ TEST(ReadCommandText, CategorySelectors) {
         {2003, "-XMP-AnalogExif", "-XMP-AnalogExif:All "},
         {2016, "-XMP-leaf", "-XMP-leaf:All "},
     };
-    const std::string start = kTool + "-lang en -x XML:All -x File:All -e -sort -S -G1 --ExifToolVersion ";
+    const std::string rest = " -x XML:All -x File:All -e -sort -S -G1 --ExifToolVersion ";
     for (const SelectorCase& row : cases) {
         EXPECT_EQ(CategoryCommand(contextFor(false), kFile, kOutput, row.category).text(),
-                  joined({start, row.designed, kTail}));
+                  joined({kTool, "-lang en", rest, row.designed, kTail}));
         EXPECT_EQ(CategoryCommand(contextFor(true), kFile, kOutput, row.category).text(),
-                  joined({start, row.corrected, "-charset filename=UTF8 ", kTail}));
+                  joined({kTool, "-lang en -a", rest, row.corrected, "-charset filename=UTF8 ", kTail}));
     }
 }
 

@@ -1,0 +1,44 @@
+#include "edit/DialogAddTagsMain.h"
+
+#include "edit/TagListTexts.h"
+
+namespace edit {
+
+namespace {
+
+constexpr int kNameWidth = 220;
+constexpr int kKindWidth = 22;
+
+QString textOf(std::string_view bytes) {
+    return QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size()));
+}
+
+TagValuesDialog::Task taskOf(const EditParts& parts, int commandId,
+                             std::vector<std::filesystem::path> files) {
+    const QString title = parts.language.formatted(
+        text::kAddTitle, {textOf(AddTagsGroupOf(commandId).group), FilesText(parts.language, files)});
+    return {DialogAddTagsMain::kTemplate,
+            title,
+            std::move(files),
+            {TagColumn::Name, TagColumn::Kind, TagColumn::Value}};
+}
+
+}  // namespace
+
+DialogAddTagsMain::DialogAddTagsMain(const EditParts& parts, int commandId,
+                                     std::vector<std::filesystem::path> files, QWidget* parent)
+    : TagValuesDialog(parts, taskOf(parts, commandId, std::move(files)), parent),
+      group_(AddTagsGroupOf(commandId)) {
+    list().setColumnWidths({kNameWidth, kKindWidth});
+    const std::filesystem::path& first = this->files().front();
+    fill(RowsOfCategory(parts.dictionary, group_.categoryId), ValuesOutput(parts.context, first),
+         [&](const std::filesystem::path& output) {
+             return this->parts().reads.ReadCategory(first, output, static_cast<int>(group_.categoryId));
+         });
+}
+
+int DialogAddTagsMain::writeFile(const std::filesystem::path& file) {
+    return AddTagsToFile(parts(), list().rows(), textOf(group_.group), file);
+}
+
+}  // namespace edit

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "edit/AddTagsGroups.h"
+#include "edit/TagValuesDialog.h"
+
+namespace edit {
+
+/// Every tag of one group that can be written, for one file or several. Shown with run().
+class DialogAddTagsMain : public TagValuesDialog {
+    Q_OBJECT
+
+ public:
+    static constexpr int kTemplate = 8;
+
+    /// The command chooses the group. Reads the file when there is only one.
+    DialogAddTagsMain(const EditParts& parts, int commandId, std::vector<std::filesystem::path> files,
+                      QWidget* parent);
+
+ protected:
+    int writeFile(const std::filesystem::path& file) override;
+
+ private:
+    const AddTagsGroup& group_;
+};
+
+}  // namespace edit
