@@ -259,7 +259,7 @@ void TagList::copy(const QModelIndex& index) const {
     const TagRow& row = rows()[model_->rowAt(index.row())];
     QStringList cells{row.name};
     if (model_->columnOf(TagColumn::Group) >= 0) cells << row.group;
-    if (hasValues()) cells << row.value;
+    if (model_->columnOf(TagColumn::Value) >= 0) cells << row.value;
     QGuiApplication::clipboard()->setText(cells.join(u'\t'));
 }
 
