@@ -31,10 +31,11 @@ CopyTagsDialog::CopyTagsDialog(const EditParts& parts, std::vector<fs::path> fil
 }
 
 void CopyTagsDialog::chooseSource() {
-    fs::path start = source();
-    if (start.empty() && !files_.empty()) start = files_.front().parent_path();
-    const fs::path file = app::ChooseFileToOpen(
-        this, {.title = parts_.language.text(text::kChooseSource), .start = start});
+    app::FileQuestion question;
+    question.title = parts_.language.text(text::kChooseSource);
+    question.start = source();
+    if (question.start.empty() && !files_.empty()) question.start = files_.front().parent_path();
+    const fs::path file = app::ChooseFileToOpen(this, question);
     if (file.empty()) return;
     chosen_ = file;
     edit_->setText(platform::display(file));
@@ -57,10 +58,11 @@ void CopyTagsDialog::accept() {
     const fs::path from = source();
     const exiftool::CopiedFamilies chosen = families();
     std::error_code error;
-    const int refusal = CopyRefusal(fs::is_regular_file(from, error), chosen.exif || chosen.iptc || chosen.xmp);
+    const int refusal =
+        CopyRefusal(fs::is_regular_file(from, error), chosen.exif || chosen.iptc || chosen.xmp);
     if (refusal != 0) {
-        app::ShowMessage(this, {parts_.language.formatted(refusal, {edit_->text()}),
-                                app::MessageIcon::Exclamation});
+        app::ShowMessage(
+            this, {parts_.language.formatted(refusal, {edit_->text()}), app::MessageIcon::Exclamation});
         return;
     }
     CopyTags(parts_, windowTitle(), chosen, from, files_);

@@ -77,8 +77,8 @@ void DeleteAll::accept() {
     const DeleteAllChoice choice{isTicked(kEverything), isTicked(kExif), isTicked(kIptc), isTicked(kXmp),
                                  settings_.keepDate};
     if (choice.choosesNothing()) {
-        app::ShowMessage(
-            this, {QStringLiteral("Please select at least one tag."), app::MessageIcon::Exclamation});
+        app::ShowMessage(this,
+                         {QStringLiteral("Please select at least one tag."), app::MessageIcon::Exclamation});
         return;
     }
     const bool makeCopies = !parts_.context.settings.exifTool.correctedCommands || settings_.safetyCopy;

@@ -28,15 +28,29 @@ Line split(std::string_view line) {
     return {line.substr(1, groupEnd - 1), line.substr(tagBegin, tagEnd - tagBegin), value};
 }
 
+QString latin(std::string_view name) {
+    return QString::fromLatin1(name.data(), static_cast<qsizetype>(name.size()));
+}
+
+/// The catalogue spells some XMP namespaces otherwise than ExifTool prints them: "XMP_lr", "XMP-applefi".
+std::optional<std::uint32_t> groupOf(std::string_view printed) {
+    const QString name = latin(printed);
+    const auto find = [](const QString& spelled) {
+        return tags::FindGroup(QStringLiteral("[%1]").arg(spelled));
+    };
+    std::optional<std::uint32_t> group = find(name);
+    const QString prefix = QStringLiteral("XMP-");
+    if (group || !name.startsWith(prefix)) return group;
+    QString space = name.mid(prefix.size());
+    group = find(QStringLiteral("XMP_") + space);
+    return group ? group : find(prefix + space.remove(u'-'));
+}
+
 /// -1 for a tag that is unknown or cannot be written.
 int writableTag(const Line& line, const tags::TagDictionary& dictionary) {
     if (!IsPlainName(line.group) || !IsPlainName(line.tag)) return -1;
-    const QString token =
-        QStringLiteral("[%1]").arg(QString::fromLatin1(line.group.data(), qsizetype(line.group.size())));
-    const std::optional<std::uint32_t> group = tags::FindGroup(token);
-    if (!group) return -1;
-    const int id =
-        dictionary.FindTagId(*group, QString::fromLatin1(line.tag.data(), qsizetype(line.tag.size())));
+    const std::optional<std::uint32_t> group = groupOf(line.group);
+    const int id = group ? dictionary.FindTagId(*group, latin(line.tag)) : -1;
     if (id < 0) return -1;
     const std::optional<tags::TagRecord> record = dictionary.FindTagById(static_cast<std::uint32_t>(id));
     return record && record->writable ? id : -1;

@@ -2,7 +2,6 @@
 
 #include "exiftool/WriteCommands.h"
 #include "platform/Text.h"
-#include "tags/GroupCatalogue.h"
 
 #include <algorithm>
 #include <array>
@@ -16,13 +15,113 @@ using platform::CommandText;
 
 namespace {
 
-constexpr auto kGroupsBesideXmp = std::to_array<std::string_view>(
-    {"EXIF",     "IFD0",         "IFD1",          "SubIFD",      "ExifIFD",   "InteropIFD",
-     "GPS",      "MakerNotes",   "IPTC",          "XMP",         "Photoshop", "ICC_Profile",
-     "Adobe",    "JFIF",         "Ducky",         "MPF",         "FlashPix",  "PrintIM",
-     "CanonVRD", "NikonCapture", "PhotoMechanic", "FotoStation", "AFCP",      "CIFF",
-     "Jpeg2000", "PNG",          "PDF",           "QuickTime",   "ItemList",  "Keys",
-     "UserData", "MIE",          "Microsoft",     "Meta",        "RMETA",     "Trailer"});
+/// ExifTool's own names: families and parts of EXIF, blocks of other makers, XMP namespaces.
+constexpr auto kRemovableGroups = std::to_array<const char*>({"EXIF",
+                                                              "IFD0",
+                                                              "IFD1",
+                                                              "SubIFD",
+                                                              "ExifIFD",
+                                                              "InteropIFD",
+                                                              "GPS",
+                                                              "MakerNotes",
+                                                              "IPTC",
+                                                              "XMP",
+                                                              "Photoshop",
+                                                              "ICC_Profile",
+                                                              "Adobe",
+                                                              "JFIF",
+                                                              "Ducky",
+                                                              "MPF",
+                                                              "FlashPix",
+                                                              "PrintIM",
+                                                              "CanonVRD",
+                                                              "NikonCapture",
+                                                              "PhotoMechanic",
+                                                              "FotoStation",
+                                                              "AFCP",
+                                                              "CIFF",
+                                                              "Jpeg2000",
+                                                              "PNG",
+                                                              "PDF",
+                                                              "QuickTime",
+                                                              "ItemList",
+                                                              "Keys",
+                                                              "UserData",
+                                                              "MIE",
+                                                              "Microsoft",
+                                                              "Meta",
+                                                              "RMETA",
+                                                              "Trailer",
+                                                              "XMP-aas",
+                                                              "XMP-acdsee",
+                                                              "XMP-album",
+                                                              "XMP-apple-fi",
+                                                              "XMP-ast",
+                                                              "XMP-aux",
+                                                              "XMP-cc",
+                                                              "XMP-cell",
+                                                              "XMP-crd",
+                                                              "XMP-creatorAtom",
+                                                              "XMP-crs",
+                                                              "XMP-dc",
+                                                              "XMP-Device",
+                                                              "XMP-dex",
+                                                              "XMP-DICOM",
+                                                              "XMP-digiKam",
+                                                              "XMP-drone-dji",
+                                                              "XMP-dwc",
+                                                              "XMP-exif",
+                                                              "XMP-exifEX",
+                                                              "XMP-expressionmedia",
+                                                              "XMP-extensis",
+                                                              "XMP-fpv",
+                                                              "XMP-GAudio",
+                                                              "XMP-GCamera",
+                                                              "XMP-GCreations",
+                                                              "XMP-GDepth",
+                                                              "XMP-getty",
+                                                              "XMP-GFocus",
+                                                              "XMP-GImage",
+                                                              "XMP-GPano",
+                                                              "XMP-GSpherical",
+                                                              "XMP-hdr",
+                                                              "XMP-ics",
+                                                              "XMP-iptcCore",
+                                                              "XMP-iptcExt",
+                                                              "XMP-LImage",
+                                                              "XMP-lr",
+                                                              "XMP-mediapro",
+                                                              "XMP-microsoft",
+                                                              "XMP-MP",
+                                                              "XMP-MP1",
+                                                              "XMP-mwg-coll",
+                                                              "XMP-mwg-kw",
+                                                              "XMP-mwg-rs",
+                                                              "XMP-nine",
+                                                              "XMP-pdf",
+                                                              "XMP-pdfx",
+                                                              "XMP-photomech",
+                                                              "XMP-photoshop",
+                                                              "XMP-PixelLive",
+                                                              "XMP-plus",
+                                                              "XMP-pmi",
+                                                              "XMP-prism",
+                                                              "XMP-prl",
+                                                              "XMP-prm",
+                                                              "XMP-pur",
+                                                              "XMP-rdf",
+                                                              "XMP-sdc",
+                                                              "XMP-swf",
+                                                              "XMP-tiff",
+                                                              "XMP-x",
+                                                              "XMP-xmp",
+                                                              "XMP-xmpBJ",
+                                                              "XMP-xmpDM",
+                                                              "XMP-xmpMM",
+                                                              "XMP-xmpNote",
+                                                              "XMP-xmpPLUS",
+                                                              "XMP-xmpRights",
+                                                              "XMP-xmpTPg"});
 
 bool isCorrected(const app::AppContext& context) {
     return context.settings.exifTool.correctedCommands;
@@ -106,13 +205,8 @@ CommandText HeldTagsCommand(const app::AppContext& context, const fs::path& file
     return command.literal(">\"").outside(platform::narrow(output)).literal("\"");
 }
 
-std::vector<std::string> RemovableGroups() {
-    std::vector<std::string> groups(kGroupsBesideXmp.begin(), kGroupsBesideXmp.end());
-    for (std::uint32_t at = 0; at < tags::kGroupCount; ++at) {
-        const std::string name = tags::GroupName(at).toStdString();
-        if (name.starts_with("XMP-") && IsPlainName(name)) groups.push_back(name);
-    }
-    return groups;
+std::span<const char* const> RemovableGroups() {
+    return kRemovableGroups;
 }
 
 }  // namespace edit

@@ -5,6 +5,7 @@
 #include "platform/CommandText.h"
 
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -60,8 +61,7 @@ platform::CommandText HeldTagsCommand(const app::AppContext& context, const std:
                                       const std::vector<std::filesystem::path>& otherFiles,
                                       const std::filesystem::path& output);
 
-/// The groups that can be removed as a whole, under ExifTool's names: families and parts of EXIF first, then
-/// blocks of other makers, then every XMP namespace that the program knows.
-std::vector<std::string> RemovableGroups();
+/// The groups that can be removed as a whole, under ExifTool's names, in the order in which they are offered.
+std::span<const char* const> RemovableGroups();
 
 }  // namespace edit

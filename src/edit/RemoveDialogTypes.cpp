@@ -10,13 +10,12 @@ namespace edit {
 RemoveDialogTypes::RemoveDialogTypes(const EditParts& parts, std::vector<std::filesystem::path> files,
                                      QWidget* parent)
     : TickedTagsDialog(parts, kTemplate, {TagColumn::Group}, parent), files_(std::move(files)) {
-    setWindowTitle(
-        parts.language.formatted(text::kRemoveGroups, {FilesText(parts.language, files_.size())}));
+    setWindowTitle(parts.language.formatted(text::kRemoveGroups, {FilesText(parts.language, files_.size())}));
     if (list() == nullptr) return;
     TagRows rows;
-    for (const std::string& group : RemovableGroups()) {
+    for (const char* group : RemovableGroups()) {
         TagRow row;
-        row.group = QString::fromStdString(group);
+        row.group = QString::fromLatin1(group);
         rows.push_back(row);
     }
     list()->model().setRows(std::move(rows));

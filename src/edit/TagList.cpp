@@ -271,7 +271,7 @@ void TagList::copy(const QModelIndex& index) const {
     const TagRow& row = rows()[model_->rowAt(index.row())];
     QStringList cells{row.name};
     if (model_->columnOf(TagColumn::Group) >= 0) cells << row.group;
-    if (hasValues()) cells << ShownValue(row);
+    if (model_->columnOf(TagColumn::Value) >= 0) cells << ShownValue(row);
     QGuiApplication::clipboard()->setText(cells.join(u'\t'));
 }
 

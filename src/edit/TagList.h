@@ -96,7 +96,8 @@ class TagList : public QWidget {
     void showMenu(const QModelIndex& index, const QPoint& position);
     void sortBy(int section);
     void updateCount();
-    bool hasValues() const { return model_->columnOf(TagColumn::Value) >= 0; }
+    /// In a list that ticks, values are only shown.
+    bool hasValues() const { return !wishes_.look.ticks && model_->columnOf(TagColumn::Value) >= 0; }
 
     const EditParts parts_;
     Wishes wishes_;

@@ -19,8 +19,9 @@ TickedTagsDialog::TickedTagsDialog(const EditParts& parts, int templateNumber, s
     : DarkModeDialogBase(parts.language, templateNumber, parent), parts_(parts) {
     auto* place = control<QWidget>(kListPlace);
     if (place == nullptr) return;
-    list_ = TagList::PlaceIn(*place, parts_, {.listControl = kListControl,
-                                              .look = {.columns = std::move(columns), .ticks = true}});
+    list_ = TagList::PlaceIn(
+        *place, parts_,
+        {.listControl = kListControl, .look = {.columns = std::move(columns), .ticks = true}});
     list_->setEmptyText(parts_.language.text(text::kNothingToRemove));
     list_->setFocus();
     for (const int button : {kTickAll, kTickNone}) {
