@@ -16,6 +16,7 @@ void prepare(QFileDialog& dialog, const FileQuestion& question) {
     if (!question.types.isEmpty()) dialog.setNameFilters(question.types);
     if (!question.preselectedType.isEmpty()) dialog.selectNameFilter(question.preselectedType);
     dialog.setDefaultSuffix(question.defaultExtension);
+    if (!question.nameLabel.isEmpty()) dialog.setLabelText(QFileDialog::FileName, question.nameLabel);
     std::error_code error;
     if (fs::is_directory(question.start, error)) {
         dialog.setDirectory(platform::display(question.start));
