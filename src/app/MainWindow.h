@@ -19,6 +19,10 @@
 
 class QLabel;
 
+namespace batch {
+class QuietSuccessNotice;
+}
+
 namespace browser {
 class AddressBar;
 class PlacesPanel;
@@ -115,6 +119,18 @@ class MainWindow : public QWidget {
     std::filesystem::path selectedFile();
     edit::EditParts editParts();
 
+    // Operations over several files.
+    /// The files that a command over several files works on: those of the selection, or else of a folder that
+    /// the user is asked for. Ends the last operation's report. None when there is nothing to work on.
+    std::vector<std::filesystem::path> GatherSelection();
+    /// At the end of such a command: the report, or a quiet word when there is none.
+    void ShowBatchReport();
+    std::vector<std::filesystem::path> gatherFolder();
+    void runBatch(CommandId id);
+    void showReportBeginning();
+    /// After files were changed or renamed: the list and the panel are read again.
+    void showWhatChanged();
+
     // Commands.
     void toggleFolders(CommandId id);
     void toggleStatusBar(CommandId id);
@@ -176,6 +192,7 @@ class MainWindow : public QWidget {
     controls::PaneHandle* rightHandle_ = nullptr;
     tags::MetadataPanel* metadataPanel_ = nullptr;
     std::vector<QWidget*> emptyHolders_;
+    batch::QuietSuccessNotice* successNotice_ = nullptr;
     QWidget* statusBar_ = nullptr;
     QLabel* statusText_ = nullptr;
     QLabel* selectionText_ = nullptr;

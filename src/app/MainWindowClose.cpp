@@ -1,5 +1,6 @@
 #include "app/ColumnsHeader.h"
 #include "app/MainWindow.h"
+#include "app/MainWindowFeedback.h"
 #include "app/Messages.h"
 #include "app/ProgressDialog.h"
 #include "app/SettingsStore.h"
@@ -35,8 +36,9 @@ void MainWindow::loadColumns() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    // The file that is being read comes first; its wait is ended by its own dialog.
-    if (progress_.isWaiting()) {
+    // The file that is being read or written comes first. A read's wait is ended by its own dialog; an
+    // operation over files closes the window behind the file.
+    if (feedback_->CloseAfterThisFile() || progress_.isWaiting()) {
         event->ignore();
         return;
     }

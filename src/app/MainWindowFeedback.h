@@ -7,12 +7,13 @@
 
 namespace app {
 
-/// What reads and loads say in the main window: wait cursor, status bar, progress dialog, messages.
+/// What reads, loads and operations over several files say in the main window: wait cursor, status bar,
+/// progress dialog, messages.
 class MainWindow::Feedback : public exiftool::ReadFeedback,
                              public exiftool::LoadFeedback,
                              public exiftool::FileProgress {
  public:
-    Feedback(MainWindow& window, ProgressDialog& progress) : window_(window), progress_(progress) {}
+    Feedback(MainWindow& window, ProgressDialog& progress);
 
     void ShowStatus(const QString& text) override;
     void BeginWait() override;
@@ -23,9 +24,31 @@ class MainWindow::Feedback : public exiftool::ReadFeedback,
     void ShowError(const QString& text) override;
     void FocusFileList() override;
 
+    /// An operation within another counts as part of the outer one.
+    void Begin(const QString& title, std::size_t count) override;
+    bool ShowFile(const std::filesystem::path& file, std::size_t number) override;
+    void End() override;
+
+    /// The window is to close: true when an operation over files runs, which then begins no other file, and
+    /// after which the window closes itself.
+    bool CloseAfterThisFile();
+
+    /// A safety copy has failed: a box, and for the further ones of one operation a line of the report, since
+    /// a box for each of a thousand files could not be got rid of.
+    void SafetyCopyFailed(const QString& message);
+
  private:
+    void tellFilesLeft();
+    void closeWhenIdle();
+
     MainWindow& window_;
     ProgressDialog& progress_;
+    int depth_ = 0;  ///< of operations within one another
+    std::size_t count_ = 0;
+    std::size_t begun_ = 0;
+    std::filesystem::path currentFile_;
+    bool isClosing_ = false;
+    bool hasShownCopyFailure_ = false;
 };
 
 }  // namespace app

@@ -5,8 +5,10 @@
 #include <QApplication>
 #include <QFile>
 #include <QLabel>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QWindow>
+#include <utility>
 
 // A library's resources are only there once it has asked for them, and the asking must stand outside any
 // namespace.
@@ -17,6 +19,8 @@ static void provideForms() {
 namespace app {
 
 namespace {
+
+constexpr int kTextWidth = 396;  // pixels, within the form's least width
 
 QByteArray ownForm() {
     provideForms();
@@ -59,7 +63,8 @@ ProgressDialog::ProgressDialog(int language)
     setAttribute(Qt::WA_ShowWithoutActivating);
     text_ = qobject_cast<QLabel*>(FindControl(*this, kTextControl));
     stop_ = qobject_cast<QPushButton*>(FindControl(*this, kStopControl));
-    Q_ASSERT(text_ != nullptr && stop_ != nullptr);
+    bar_ = qobject_cast<QProgressBar*>(FindControl(*this, kBarControl));
+    Q_ASSERT(text_ != nullptr && bar_ != nullptr && stop_ != nullptr);
     stop_->hide();
     connect(stop_, &QPushButton::clicked, this, &ProgressDialog::stopWaiting);
     setLanguage(language);
@@ -78,24 +83,61 @@ void ProgressDialog::HandleCommand(int number, const QString& fileName) {
         sinceFirstStep_.start();
     }
     stopped_ = false;
-    // A name can hold line feeds; the dialog has one line.
-    text_->setText(ProgressText(language_, *step, fileName).replace(u'\n', u' ').replace(u'\r', u' '));
+    say(ProgressText(language_, *step, fileName));
     pulse();
+}
+
+void ProgressDialog::say(const QString& text) {
+    // A name can hold line feeds, and be longer than the screen is wide; the dialog has one line.
+    QString line = text;
+    line.replace(u'\n', u' ').replace(u'\r', u' ');
+    text_->setText(fontMetrics().elidedText(line, Qt::ElideMiddle, kTextWidth));
+}
+
+void ProgressDialog::beginFiles(const QString& title, std::size_t count) {
+    waiting_ = true;
+    isShowingFiles_ = true;
+    stopped_ = false;
+    sinceFirstStep_.start();
+    setWindowTitle(title);
+    count_ = count;
+    bar_->setRange(0, static_cast<int>(count));
+    bar_->setValue(0);
+    text_->clear();
+}
+
+void ProgressDialog::showFile(const QString& fileName, std::size_t number) {
+    if (!isShowingFiles_) return;
+    // The numbers behind the name must stay when the name is too long.
+    const QString numbers = FileCountText({}, number, count_);
+    const int room = kTextWidth - fontMetrics().horizontalAdvance(numbers);
+    QString name = fileName;
+    name.replace(u'\n', u' ').replace(u'\r', u' ');
+    say(FileCountText(fontMetrics().elidedText(name, Qt::ElideMiddle, room), number, count_));
+    bar_->setValue(static_cast<int>(number) - 1);
+    stop_->hide();
+    pulse();
+}
+
+void ProgressDialog::showClosing() {
+    if (isShowingFiles_) setWindowTitle(ClosingText(language_));
 }
 
 void ProgressDialog::pulse() {
     if (!waiting_ || sinceFirstStep_.elapsed() < kShowAfter.count()) return;
     showNow();
-    paintWaitingWindows(false);
+    paintWaitingWindows(isShowingFiles_);
 }
 
 bool ProgressDialog::keepWaiting(std::chrono::milliseconds sinceStart) {
-    if (sinceStart < kShowAfter) return true;
+    // Many short runs make a long wait.
+    const std::chrono::milliseconds waited(isShowingFiles_ ? sinceFirstStep_.elapsed() : sinceStart.count());
+    if (waited < kShowAfter) return true;
     waiting_ = true;
     showNow();
     const bool canStop = sinceStart >= kStopAfter;
     if (stop_->isHidden() == canStop) stop_->setVisible(canStop);
-    paintWaitingWindows(canStop);
+    paintWaitingWindows(canStop || isShowingFiles_);
     const bool stopped = stopped_;
     stopped_ = false;
     return !stopped;
@@ -106,6 +148,9 @@ void ProgressDialog::finish() {
     stopped_ = false;
     stop_->hide();
     hide();
+    if (!std::exchange(isShowingFiles_, false)) return;
+    bar_->setRange(0, 0);
+    setWindowTitle(QStringLiteral("Tagwright"));
 }
 
 QString ProgressDialog::text() const {
@@ -127,6 +172,9 @@ void ProgressDialog::stopWaiting() {
 
 void ProgressDialog::showNow() {
     if (isVisible()) return;
+    // A dialog that is open shuts out every other window's input, and the button must be reached.
+    const bool isOverDialog = QApplication::activeModalWidget() != nullptr;
+    setWindowModality(isOverDialog ? Qt::ApplicationModal : Qt::NonModal);
     adjustSize();
     if (const QWidget* active = QApplication::activeWindow()) {
         const QPoint middle = active->frameGeometry().center();
@@ -156,8 +204,14 @@ bool ProgressDialog::isOwn(QObject* receiver) const {
     return widget != nullptr && isAncestorOf(widget);
 }
 
+bool ProgressDialog::isClosing(QObject* receiver, QEvent::Type type) const {
+    if (type != QEvent::Close || !isShowingFiles_ || closableWindow_ == nullptr) return false;
+    return receiver == closableWindow_ || receiver == closableWindow_->windowHandle();
+}
+
 bool ProgressDialog::eventFilter(QObject* receiver, QEvent* event) {
-    if (!painting_ || !isUserInput(event->type()) || isOwn(receiver)) return false;
+    if (!painting_ || !isUserInput(event->type()) || isOwn(receiver) || isClosing(receiver, event->type()))
+        return false;
     event->ignore();
     return true;
 }

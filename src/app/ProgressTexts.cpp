@@ -1,5 +1,7 @@
 #include "app/ProgressTexts.h"
 
+#include "app/LanguageFile.h"
+
 #include <algorithm>
 #include <array>
 #include <iterator>
@@ -42,6 +44,10 @@ constexpr StepTexts kSteps[] = {
       u"Clasificaci\u00F3n de matadatos ..."}},
 };
 
+constexpr std::array<const char16_t*, kLanguageCount> kClosing = {
+    u"Closing after this file ...", u"Fermeture apr\u00E8s ce fichier ...",
+    u"Schlie\u00DFen nach dieser Datei ...", u"Cerrando despu\u00E9s de este archivo ..."};
+
 constexpr std::array<const char16_t*, kLanguageCount> kStopWaiting = {
     u"Stop waiting", u"Ne plus attendre", u"Nicht mehr warten", u"No esperar m\u00E1s"};
 
@@ -61,6 +67,14 @@ std::optional<ProgressStep> ProgressStepOf(int number) {
 
 QString StopWaitingText(int language) {
     return QString::fromUtf16(kStopWaiting[languageOf(language)]);
+}
+
+QString FileCountText(const QString& fileName, std::size_t number, std::size_t count) {
+    return FormatText(u"%s  (%d / %u)", {fileName, QString::number(number), QString::number(count)});
+}
+
+QString ClosingText(int language) {
+    return QString::fromUtf16(kClosing[languageOf(language)]);
 }
 
 }  // namespace app

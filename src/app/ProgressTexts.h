@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <cstddef>
 #include <optional>
 
 /// What ProgressDialog says, in the four languages that are compiled in, since it stands on the screen before
@@ -24,5 +25,11 @@ std::optional<ProgressStep> ProgressStepOf(int number);
 
 /// The label of the button that ends a wait.
 QString StopWaitingText(int language);
+
+/// Where an operation over several files is: the name, the number of the file counted from 1, of how many.
+QString FileCountText(const QString& fileName, std::size_t number, std::size_t count);
+
+/// Said once the window is to close and the running file is waited for.
+QString ClosingText(int language);
 
 }  // namespace app

@@ -1,6 +1,7 @@
 #include "exiftool/ToolRunner.h"
 
 #include "exiftool/LineParts.h"
+#include "exiftool/ReportFile.h"
 #include "exiftool/WarmStarter.h"
 #include "platform/AtomicFile.h"
 #include "platform/FileDescriptor.h"
@@ -22,6 +23,7 @@ constexpr const char* kCommonBatchFile = "Metadata.bat";
 constexpr const char* kWriteBatchFile = "MetaData.bat";
 constexpr const char* kFileList = "files.tmp";
 constexpr mode_t kNewFileMode = 0666;
+constexpr int kToolFailed = 1;
 
 bool writeFile(const fs::path& file, int mode, std::string_view bytes) {
     const platform::FileDescriptor descriptor(
@@ -38,6 +40,24 @@ std::string refusalLine(std::string name) {
     std::replace_if(
         name.begin(), name.end(), [](char c) { return c == '\n' || c == '\r' || c == 0; }, '?');
     return "Error: A line end in a file name cannot stand in a list of files - " + name + '\n';
+}
+
+/// What a report does not say by itself, since it was not the tool's to say; empty when all is well.
+std::string problemOf(const platform::LineOutcome& line, bool hasReportGrown) {
+    using Kind = platform::ChildOutcome::Kind;
+    switch (line.child.kind) {
+        case Kind::Killed:
+            return "ExifTool was ended by signal " + std::to_string(line.child.number);
+        case Kind::Stopped:
+            return "ExifTool was not waited for any longer and ended";
+        case Kind::NotStarted:
+            return hasReportGrown ? std::string() : "ExifTool was not started: " + line.child.reason;
+        case Kind::Ended:
+            break;
+    }
+    // Its complaints got lost, as on a full disk.
+    const bool isSilent = line.child.number == kToolFailed && !hasReportGrown;
+    return isSilent ? "ExifTool failed" : std::string();
 }
 
 /// ExifTool writes a new file beside the old one, and refuses to when one is there already. A run that was
@@ -98,7 +118,9 @@ int ToolRunner::RunOnFile(const fs::path& file, const CommandText& arguments) {
     command.outside(FileWord(file)).literal("\" 2>>\"").outside(platform::narrow(context_.reportFile));
     command.literal("\"");
     const LeftoverRemover remover(file);
+    const std::uintmax_t sizeBefore = ReportSize(context_);
     const int result = RunBatchFile(context_.tempPath / kWriteBatchFile, command);
+    tellReport(file, sizeBefore);
     if (wasCut()) remover.removeLeftover();
     return result;
 }
@@ -123,6 +145,13 @@ int ToolRunner::RunHidden(const CommandText& command) {
     return run(command, {context_.exifToolPath, context_.ffmpegPath, context_.imageMagickPath});
 }
 
+int ToolRunner::RunHiddenOnFile(const fs::path& file, const CommandText& command) {
+    const std::uintmax_t sizeBefore = ReportSize(context_);
+    const int result = RunHidden(command);
+    tellReport(file, sizeBefore);
+    return result;
+}
+
 int ToolRunner::RunProgram(const CommandText& command) {
     return run(command, {context_.ffmpegPath, context_.imageMagickPath});
 }
@@ -143,7 +172,7 @@ FileList ToolRunner::WriteFileList(const std::vector<fs::path>& files) {
         lines.append(word).append("\r\n");
         ++list.listed;
     }
-    if (!refusals.empty()) writeFile(context_.reportFile, O_APPEND, refusals);
+    if (!refusals.empty() && !writeFile(context_.reportFile, O_APPEND, refusals)) untold_ += refusals;
     const fs::path path = context_.tempPath / kFileList;
     if (writeFile(path, O_TRUNC, lines)) list.path = path;
     return list;
@@ -153,6 +182,15 @@ void ToolRunner::CopyForSafety(const fs::path& file) const {
     if (safetyCopies_.SafetyCopyEnabled == 0) return;
     const QString failure = MakeSafetyCopy(file, context_.cachePath, safetyCopies_);
     if (!failure.isEmpty() && safetyCopyFailed_) safetyCopyFailed_(failure);
+}
+
+void ToolRunner::tellReport(const fs::path& file, std::uintmax_t sizeBefore) {
+    const bool hasGrown = ReportSize(context_) > sizeBefore;
+    std::string problem = outcome_.lines.empty() ? "The command could not be written" : std::string();
+    for (const platform::LineOutcome& line : outcome_.lines) problem += problemOf(line, hasGrown);
+    if (problem.empty()) return;
+    const std::string told = "Error: " + problem + " - " + platform::narrow(file);
+    if (!AppendToReport(context_, told)) untold_ += told + '\n';
 }
 
 int ToolRunner::runWritten(const fs::path& batchFile, const CommandText& command) {

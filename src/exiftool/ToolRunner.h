@@ -8,6 +8,8 @@
 #include <chrono>
 #include <filesystem>
 #include <functional>
+#include <string>
+#include <utility>
 #include <vector>
 
 namespace exiftool {
@@ -59,7 +61,8 @@ class ToolRunner {
 
     /// The road of all writes of one file: a safety copy first when they are on, then by way of
     /// <temp>/MetaData.bat the line `"<tool>" -lang <lang> <arguments> "<file>" 2>>"<report>"`. What ExifTool
-    /// complains of stands in the report. An empty path runs nothing and gives 0; else the same answer.
+    /// complains of stands in the report, and so does what became of a tool that could not, because it was
+    /// killed, stopped, or not started. An empty path runs nothing and gives 0; else the same answer.
     int RunOnFile(const std::filesystem::path& file, const platform::CommandText& arguments);
 
     /// RunToolLine for a line that writes these files: a half-written one of a run that was cut is removed,
@@ -68,6 +71,13 @@ class ToolRunner {
 
     /// Runs a line without a batch file; the same answer.
     int RunHidden(const platform::CommandText& command);
+
+    /// RunHidden for a line that works on this file and leads its error stream to the report.
+    int RunHiddenOnFile(const std::filesystem::path& file, const platform::CommandText& command);
+
+    /// What the report should say of the runs on files since the last call but could not, because it cannot
+    /// be written; one line a run. An operation that leaves neither report nor this went well.
+    std::string takeUntold() { return std::exchange(untold_, {}); }
 
     /// The same for FFmpeg and Convert, and for no other program.
     int RunProgram(const platform::CommandText& command);
@@ -90,10 +100,12 @@ class ToolRunner {
     bool wasCut() const;
     int runWritten(const std::filesystem::path& batchFile, const platform::CommandText& command);
     int run(const platform::CommandText& command, std::vector<std::filesystem::path> tools);
+    void tellReport(const std::filesystem::path& file, std::uintmax_t sizeBefore);
 
     const app::AppContext& context_;
     KeepWaiting keepWaiting_;
     platform::CommandOutcome outcome_;
+    std::string untold_;
     WarmStarter* warmStarter_ = nullptr;
     SafetyCopies safetyCopies_;
     SafetyCopyFailed safetyCopyFailed_;

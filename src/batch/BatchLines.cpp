@@ -1,0 +1,71 @@
+#include "batch/BatchLines.h"
+
+#include "exiftool/LineParts.h"
+#include "exiftool/WriteCommands.h"
+
+namespace batch {
+
+namespace fs = std::filesystem;
+using exiftool::FileWord;
+using exiftool::ReportBehind;
+using exiftool::ToolStart;
+using platform::CommandText;
+namespace fragments = exiftool::fragments;
+
+namespace {
+
+bool isCorrected(const app::AppContext& context) {
+    return context.settings.exifTool.correctedCommands;
+}
+
+// A count is digits. A name put together from the text of a tag must not lead to another folder, hide the
+// file or take apart the pattern (%d is a folder); and one of nothing is no name: "undefined" makes ExifTool
+// leave the file as it is and say so.
+constexpr std::string_view kCountPart = "${ShutterCount;tr/0-9//cd;$_=undef if !length}";
+constexpr std::string_view kTextPartEnd =
+    R"(;tr!/\\?*:|<>\x22\x25\x00-\x1f\x7f!!d;s/^\s+|\s+$//g;$_=undef if !length})";
+
+}  // namespace
+
+CommandText FileDateLine(const app::AppContext& context, const fs::path& file) {
+    CommandText line = ToolStart(context);
+    line.literal("-overwrite_original -FileModifyDate<DateTimeOriginal ");
+    if (isCorrected(context)) line.literal(fragments::kFileNameCharset);
+    line.literal("\"").outside(FileWord(file)).literal("\"");
+    if (isCorrected(context)) line.append(ReportBehind(context));
+    return line;
+}
+
+CommandText ShutterCountLine(const app::AppContext& context, const fs::path& file) {
+    CommandText line = ToolStart(context);
+    if (isCorrected(context))
+        line.literal(fragments::kFileNameCharset)
+            .literal("\"-FileName<")
+            .literal(kCountPart)
+            .literal("%-c.%e\" ");
+    else
+        line.literal("\"-FileName <${ShutterCount;}.%e\" ");
+    return line.literal("\"").outside(FileWord(file)).literal("\"").append(ReportBehind(context));
+}
+
+CommandText DateAndCameraArguments(const app::AppContext& context, CameraPart part) {
+    const std::string_view tag = part == CameraPart::Make ? "Make" : "Model";
+    CommandText arguments("-d \"%%Y-%%m-%%d %%H-%%M-%%S\" ");
+    if (!isCorrected(context))
+        return arguments.literal("\"-FileName<${FileCreateDate;} - ${").literal(tag).literal(";}-%%f.%%e\" ");
+    arguments.literal("\"-FileName<${FileModifyDate;} - ${").literal(tag).literal(kTextPartEnd);
+    return arguments.literal("-%%f%%-c.%%e\" ").literal(fragments::kFileNameCharset);
+}
+
+CommandText ThumbnailArguments(const app::AppContext& context, const std::vector<fs::path>& filesSoFar) {
+    CommandText arguments;
+    if (isCorrected(context))
+        return arguments.literal("-ThumbnailImage= ")
+            .literal(fragments::kOverwriteOriginal)
+            .literal(fragments::kFileNameCharset);
+    for (const fs::path& file : filesSoFar)
+        arguments.literal("-ThumbnailImage=\"").outside(FileWord(file)).literal("\"");
+    return arguments;
+}
+
+}  // namespace batch

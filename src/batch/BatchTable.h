@@ -1,0 +1,30 @@
+#pragma once
+
+#include "app/CommandTable.h"
+
+#include <span>
+
+namespace batch {
+
+inline constexpr app::CommandId kFirstBatchCommand = 146;
+inline constexpr app::CommandId kLastBatchCommand = 228;
+
+/// An operation over the gathered files. Whether it is built tells app::IsBuilt; one that is not is shown
+/// nowhere and never dispatched.
+struct BatchOperation {
+    app::CommandId id;
+    const char* dialog;         ///< the class that asks for the parameters; empty: nothing is asked
+    int templateNumber;         ///< of the dialog where it is fixed, else 0
+    int titleNumber;            ///< what a progress says is done; 0 where a dialog tells it
+    bool listsFiles = false;    ///< <temp>/files.tmp is written before the dialog
+    bool reportFollows = true;  ///< ShowBatchReport comes after it
+    bool isOfWindow = false;    ///< the window has an entry of its own for the command, and that one runs
+};
+
+/// All, by ascending id.
+std::span<const BatchOperation> BatchTable();
+
+/// Null when the command is no batch operation.
+const BatchOperation* FindBatchOperation(app::CommandId id);
+
+}  // namespace batch

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "app/AppContext.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+/// The batch report of the day: what ExifTool writes to its error stream, and what this program adds of
+/// itself in the same manner. Whether an operation went well is judged from it alone.
+namespace exiftool {
+
+/// Bytes; 0 when there is none.
+std::uintmax_t ReportSize(const app::AppContext& context);
+
+/// Every operation starts without a report. Makes its folder where it is missing. Empty, or for people why
+/// the old report cannot be put away or a new one could not be written.
+std::string DeleteReport(const app::AppContext& context);
+
+/// Adds a line; line ends within it become question marks. False when the report cannot be written.
+bool AppendToReport(const app::AppContext& context, std::string_view line);
+
+}  // namespace exiftool
