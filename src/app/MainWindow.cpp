@@ -54,6 +54,7 @@ MainWindow::MainWindow(AppContext& context, const LanguageFile& language, Progre
     setWindowTitle(QStringLiteral("Tagwright"));
     runner_.setKeepWaiting(
         [this](std::chrono::milliseconds elapsed) { return progress_.keepWaiting(elapsed); });
+    runner_.setRunEnded([this] { feedback_->RunEnded(); });
     runner_.setSafetyCopyFailed([this](const QString& message) { feedback_->SafetyCopyFailed(message); });
 }
 

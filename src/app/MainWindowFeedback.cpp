@@ -22,6 +22,7 @@ MainWindow::Feedback::Feedback(MainWindow& window, ProgressDialog& progress)
 }
 
 void MainWindow::Feedback::ShowStatus(const QString& text) {
+    isReadingShown_ = text.startsWith(QLatin1StringView("Reading "));
     window_.ShowStatus(text);
 }
 
@@ -34,6 +35,7 @@ void MainWindow::Feedback::EndWait() {
 }
 
 void MainWindow::Feedback::ShowReading(const std::filesystem::path& file) {
+    isLoading_ = true;
     if (depth_ == 0) progress_.showReading(platform::display(file.filename()));
 }
 
@@ -42,6 +44,7 @@ void MainWindow::Feedback::ShowSorting() {
 }
 
 void MainWindow::Feedback::HideProgress() {
+    isLoading_ = false;
     if (depth_ == 0) progress_.finish();
 }
 
@@ -51,6 +54,12 @@ void MainWindow::Feedback::ShowError(const QString& text) {
 
 void MainWindow::Feedback::FocusFileList() {
     window_.focusFileList();
+}
+
+void MainWindow::Feedback::RunEnded() {
+    if (depth_ > 0 || isLoading_) return;
+    progress_.finish();
+    if (isReadingShown_) ShowStatus(QStringLiteral("Ready"));
 }
 
 void MainWindow::Feedback::Begin(const QString& title, std::size_t count) {

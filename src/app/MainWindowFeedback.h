@@ -29,6 +29,10 @@ class MainWindow::Feedback : public exiftool::ReadFeedback,
     bool ShowFile(const std::filesystem::path& file, std::size_t number) override;
     void End() override;
 
+    /// A tool has ended. A load and an operation over files end their wait themselves; of any other run this
+    /// is all.
+    void RunEnded();
+
     /// The window is to close: true when an operation over files runs, which then begins no other file, and
     /// after which the window closes itself.
     bool CloseAfterThisFile();
@@ -43,6 +47,8 @@ class MainWindow::Feedback : public exiftool::ReadFeedback,
 
     MainWindow& window_;
     ProgressDialog& progress_;
+    bool isLoading_ = false;
+    bool isReadingShown_ = false;
     int depth_ = 0;  ///< of operations within one another
     std::size_t count_ = 0;
     std::size_t begun_ = 0;

@@ -133,7 +133,7 @@ bool ProgressDialog::keepWaiting(std::chrono::milliseconds sinceStart) {
     // Many short runs make a long wait.
     const std::chrono::milliseconds waited(isShowingFiles_ ? sinceFirstStep_.elapsed() : sinceStart.count());
     if (waited < kShowAfter) return true;
-    waiting_ = true;
+    if (!std::exchange(waiting_, true)) say(QStringLiteral("ExifTool ..."));
     showNow();
     const bool canStop = sinceStart >= kStopAfter;
     if (stop_->isHidden() == canStop) stop_->setVisible(canStop);

@@ -211,6 +211,7 @@ int ToolRunner::run(const CommandText& command, std::vector<fs::path> tools) {
             });
     }
     outcome_ = interpreter.run(command, keepWaiting_);
+    if (runEnded_) runEnded_();
     return outcome_.everyToolStarted() && !outcome_.wasStopped() ? 1 : 0;
 }
 

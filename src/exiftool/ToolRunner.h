@@ -41,6 +41,9 @@ class ToolRunner {
     /// What to ask while a tool runs; empty: wait without limit.
     void setKeepWaiting(KeepWaiting keepWaiting);
 
+    /// What to call when a run has ended, whichever way; empty: nothing.
+    void setRunEnded(std::function<void()> runEnded) { runEnded_ = std::move(runEnded); }
+
     /// Where ExifTool's lines go first; it starts them or leaves them. Not owned; null for none.
     void setWarmStarter(WarmStarter* starter) { warmStarter_ = starter; }
 
@@ -104,6 +107,7 @@ class ToolRunner {
 
     const app::AppContext& context_;
     KeepWaiting keepWaiting_;
+    std::function<void()> runEnded_;
     platform::CommandOutcome outcome_;
     std::string untold_;
     WarmStarter* warmStarter_ = nullptr;
