@@ -1792,6 +1792,26 @@
         <source>Highlight</source>
         <translation></translation>
     </message>
+    <message id="82500">
+        <source>ExifTool wrote nothing about "%s".</source>
+        <translation></translation>
+    </message>
+    <message id="82501">
+        <source>"%s" exists already. Replace it?</source>
+        <translation></translation>
+    </message>
+    <message id="82502">
+        <source>"%s" cannot be written: %s</source>
+        <translation></translation>
+    </message>
+    <message id="82503">
+        <source>Tags written to %s</source>
+        <translation></translation>
+    </message>
+    <message id="82504">
+        <source>"%s" has not been written: ExifTool gave no values.</source>
+        <translation></translation>
+    </message>
     <message id="100006">
         <source>Opens the help in the browser.</source>
         <translation></translation>

@@ -40,6 +40,10 @@ class PaneHandle;
 class Ribbon;
 }  // namespace controls
 
+namespace exiftool {
+struct ValuesExport;
+}
+
 namespace tags {
 class MetadataPanel;
 }
@@ -123,6 +127,14 @@ class MainWindow : public QWidget {
     void focusFileList();
     void setRightPanel(bool Settings::Lists::*flag, bool shown);
     std::filesystem::path selectedFile();
+    /// The first file among what is selected; where there is none, a message says so.
+    std::filesystem::path selectedRegularFile();
+    bool clearTheWay(const std::filesystem::path& target);
+    /// Both give the reason for people when nothing has been written, else an empty text.
+    QString exportStraight(const std::filesystem::path& file, const std::filesystem::path& target,
+                           const exiftool::ValuesExport& format);
+    QString exportByWayOfTemp(const std::filesystem::path& file, const std::filesystem::path& target,
+                              const exiftool::ValuesExport& format);
     edit::EditParts editParts();
 
     // Operations over several files.
@@ -160,6 +172,11 @@ class MainWindow : public QWidget {
     void clearMetadata(CommandId id);
     void readSelection(CommandId id);
     void refreshPanel(CommandId id);
+    void dumpFile(CommandId id);
+    void showExportMenu(CommandId id);
+    void exportValues(CommandId id);
+    void openAddress(CommandId id);
+    void applyItemStates(CommandId id);
     void modifyTags(CommandId id);
     void addTags(CommandId id);
     void addTagsToShownFile(CommandId id);

@@ -278,6 +278,11 @@ void MetadataPanel::showHelp(const QModelIndex& index) {
     });
 }
 
+void MetadataPanel::OpenAddress() const {
+    const QModelIndex current = list_->currentIndex();
+    if (current.isValid()) openAddress(model_->row(current.row()).value);
+}
+
 void MetadataPanel::openAddress(const QString& value) {
     // The value comes out of a file: it may name a web page, never a program or a local file.
     const QUrl address(value.trimmed(), QUrl::StrictMode);

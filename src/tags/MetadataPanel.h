@@ -44,6 +44,8 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
 
     /// Copies the current cell, or the whole selected row where no cell is current.
     void Copy() const;
+    /// Command 40011: opens the value of the current row when it is the address of a web page.
+    void OpenAddress() const;
 
     const std::filesystem::path& file() const { return file_; }
     MetadataListView& list() { return *list_; }
@@ -61,7 +63,7 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     void showRowMenu(const QModelIndex& index, const QPoint& position);
     void showGroupMenu(int groupId, const QPoint& position);
     void collapseAll(bool collapsed);
-    void openAddress(const QString& value);
+    static void openAddress(const QString& value);
     /// The help of a tag whose name was clicked, in a pop-up beside it.
     void showHelp(const QModelIndex& index);
     void load(const std::filesystem::path& file);

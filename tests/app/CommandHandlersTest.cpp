@@ -16,7 +16,7 @@ TEST(CommandHandlers, EveryBuiltCommandHasOne) {
 }
 
 TEST(CommandHandlers, NumbersWithoutACommandHaveNone) {
-    for (const int id : {0, -1, 7, 107, 99999, 1 << 30}) EXPECT_FALSE(app::MainWindow::Handles(id)) << id;
+    for (const int id : {0, -1, 7, 99999, 1 << 30}) EXPECT_FALSE(app::MainWindow::Handles(id)) << id;
 }
 
 }  // namespace

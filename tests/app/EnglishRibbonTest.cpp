@@ -116,8 +116,8 @@ TEST_F(EnglishRibbon, TheEntriesOfAMenuHaveTheirOwnLetters) {
                 EXPECT_TRUE(letters.insert(entry.keyTip).second) << entry.command;
         }
     }
-    // The colours all begin with the same word and have more numbers than there are digits.
-    EXPECT_LE(without, 20);
+    // Twenty colours differ in a second digit only; some XMP groups have no letter of their own left.
+    EXPECT_LE(without, 36);
 }
 
 TEST_F(EnglishRibbon, FitsAnyWindow) {
@@ -134,7 +134,7 @@ TEST_F(EnglishRibbon, FitsAnyWindow) {
             int right = 0;
             for (const controls::RibbonGroup* group : ribbon->page(id)->groups()) {
                 right = std::max(right, group->geometry().right());
-                EXPECT_FALSE(width >= 1280 && group->isCollapsed()) << group->title().toStdString();
+                EXPECT_FALSE(width >= 1920 && group->isCollapsed()) << group->title().toStdString();
             }
             EXPECT_LT(right, width) << id.toStdString();
         }

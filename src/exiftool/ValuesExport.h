@@ -1,0 +1,35 @@
+#pragma once
+
+#include "app/AppContext.h"
+#include "app/CommandTable.h"
+#include "platform/CommandText.h"
+
+#include <filesystem>
+#include <span>
+#include <string_view>
+
+namespace exiftool {
+
+/// One way to write the values of a file to another file.
+struct ValuesExport {
+    app::CommandId command;
+    std::string_view extension;  ///< with its dot
+    std::string_view arguments;  ///< for ExifTool, with a blank behind each
+};
+
+/// In the order in which a menu offers them.
+std::span<const ValuesExport> ValuesExports();
+
+/// Null for a command that is none.
+const ValuesExport* FindValuesExport(app::CommandId command);
+
+/// Beside the file, with its base name and the extension. Where that is the file itself, the extension goes
+/// behind the whole name.
+std::filesystem::path ExportTarget(const std::filesystem::path& file, const ValuesExport& format);
+
+/// The two words that ExportValues takes: the file in quotes, and the output in quotes. The corrected form
+/// leads what ExifTool complains of to the report.
+platform::CommandText ExportFileWord(const std::filesystem::path& file);
+platform::CommandText ExportOutputWord(const app::AppContext& context, const std::filesystem::path& output);
+
+}  // namespace exiftool
