@@ -1,7 +1,6 @@
 #pragma once
 
-/// Numbers of the language file's strings that the edits of single tags show, and of the controls that their
-/// forms have beside those of the design.
+/// Numbers of the language file's strings that the edits of single tags show, and of the controls of their forms.
 namespace edit::text {
 
 inline constexpr int kModify = 80001;  ///< "%s" is the tag
