@@ -36,5 +36,54 @@
         <source>The present value "%s" is none of these. It stays as it is until one is chosen.</source>
         <translation></translation>
     </message>
+    <message id="80010">
+        <source>%s is no longer there.</source>
+        <translation></translation>
+    </message>
+    <message id="80011">
+        <source>%s was changed by another program. Its tags have been read again.</source>
+        <translation></translation>
+    </message>
+    <message id="80012">
+        <source>%s was changed by another program in the meantime.
+Write the new value nevertheless?</source>
+        <translation></translation>
+    </message>
+    <message id="80013">
+        <source>%s was changed in %s</source>
+        <translation></translation>
+    </message>
+    <message id="80014">
+        <source>"%s" is not among the values of this tag, which cannot be edited therefore</source>
+        <translation></translation>
+    </message>
+    <message id="80015">
+        <source>The write was stopped. %s is as it was.</source>
+        <translation></translation>
+    </message>
+    <message id="80016">
+        <source>%s cannot be deleted</source>
+        <translation></translation>
+    </message>
+    <message id="80017">
+        <source>%s is as it was</source>
+        <translation></translation>
+    </message>
+    <message id="80018">
+        <source>%s was deleted from %s</source>
+        <translation></translation>
+    </message>
+    <message id="80019">
+        <source>Group %s of %s</source>
+        <translation></translation>
+    </message>
+    <message id="80020">
+        <source>%s tags of %s:</source>
+        <translation></translation>
+    </message>
+    <message id="80021">
+        <source>Click a row of the tags first.</source>
+        <translation></translation>
+    </message>
 </context>
 </TS>

@@ -12,7 +12,7 @@
         <translation></translation>
     </message>
     <message id="167">
-        <source>Remove this group from the selected files ...</source>
+        <source>Remove tags from the selected files ...</source>
         <translation></translation>
     </message>
     <message id="168">
@@ -116,7 +116,7 @@
         <translation></translation>
     </message>
     <message id="1831">
-        <source>Add a tag ...</source>
+        <source>Delete this group ...</source>
         <translation></translation>
     </message>
     <message id="2049">

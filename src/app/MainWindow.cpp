@@ -156,6 +156,8 @@ void MainWindow::createHolders() {
         new tags::MetadataPanel({context_, dictionary_, ratingMemory_, parser_, load_, *feedback_,
                                  [this](int number) { return language_.text(number); }, &labels_},
                                 client_);
+    connect(metadataPanel_, &tags::MetadataPanel::ValueChosen, this, &MainWindow::EditTagFromPanel);
+    connect(metadataPanel_, &tags::MetadataPanel::CommandChosen, this, &MainWindow::Dispatch);
     for (const char* name : {"GPS_HOLDER", "HEXADUMP_HOLDER", "HELP_HOLDER"}) {
         auto* holder = new QWidget(client_);
         holder->setObjectName(QLatin1String(name));

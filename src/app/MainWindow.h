@@ -33,7 +33,8 @@ class TabContainer;
 
 namespace edit {
 struct FileRuns;
-}
+struct TagWriteResult;
+}  // namespace edit
 
 namespace controls {
 class PaneHandle;
@@ -150,6 +151,22 @@ class MainWindow : public QWidget {
     void tagsWereWritten(const edit::FileRuns& runs);
     /// After files were changed or renamed: the list and the panel are read again.
     void showWhatChanged();
+
+    // Editing the shown file.
+    /// A click on a value of the panel, or Enter on its row: the dialog that fits the tag, and the write.
+    void EditTagFromPanel(int rowIndex, bool altHeld);
+    /// False, with the reason told, when the shown file is gone or no longer the one that was read.
+    bool isPanelUpToDate();
+    void viewRow(const tags::MetadataRow& row, int templateNumber);
+    void editRow(int rowIndex, const tags::MetadataRow& row, const tags::TagRecord& record);
+    bool mayWriteAfterAll(const std::filesystem::path& file);
+    void writeEdit(const std::filesystem::path& file, const CurrentEdit& edit);
+    /// Tells what became of a write. False when nothing was written.
+    bool tellWrite(const edit::TagWriteResult& result, const QString& done);
+    void readPanelAgainSoon();
+    void deleteTag(CommandId id);
+    void deleteGroup(CommandId id);
+    void readFileAgain(CommandId id);
 
     // Commands.
     void toggleFolders(CommandId id);

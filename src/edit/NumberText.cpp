@@ -10,24 +10,35 @@ namespace {
 
 constexpr qsizetype kLongestAddition = 255;
 
-/// The text with a mark in the place of each number. A sign belongs to its number only where it cannot be a
-/// hyphen between two.
-QString formOf(QStringView text) {
-    static const QRegularExpression number(
-        QStringLiteral(R"((?:(?<![\w.)])[+-])?\d+(?:\.\d*)?(?:e[+-]?\d+)?)"),
-        QRegularExpression::CaseInsensitiveOption);
-    return text.toString().replace(number, QStringLiteral("#"));
+QRegularExpression expression(const char* pattern) {
+    return QRegularExpression(QLatin1String(pattern), QRegularExpression::CaseInsensitiveOption);
 }
 
-bool hasFormOf(QStringView text, QStringView before) {
-    const QString form = formOf(before.trimmed());
-    return form.contains(u'#') && formOf(text) == form;
+/// One number among other text. A sign belongs to it only where it cannot be a hyphen between two.
+const QRegularExpression& integerWithin() {
+    static const QRegularExpression number = expression(R"((?:(?<![\w.)])[+-])?\d+)");
+    return number;
 }
 
-std::optional<QString> checked(QStringView text, QStringView before, const QRegularExpression& number) {
+const QRegularExpression& numberWithin() {
+    static const QRegularExpression number = expression(R"((?:(?<![\w.)])[+-])?\d+(?:\.\d*)?(?:e[+-]?\d+)?)");
+    return number;
+}
+
+/// Whether only the numbers in the text differ from those before.
+bool hasFormOf(QStringView text, QStringView before, const QRegularExpression& number) {
+    const auto formOf = [&](QStringView given) {
+        return given.toString().replace(number, QStringLiteral("#"));
+    };
+    const QString form = formOf(before);
+    return text == before || (form.contains(u'#') && formOf(text) == form);
+}
+
+std::optional<QString> checked(QStringView text, QStringView before, const QRegularExpression& whole,
+                               const QRegularExpression& within) {
     const QStringView bare = text.trimmed();
-    if (bare.isEmpty() || number.match(bare.toString()).hasMatch() || hasFormOf(bare, before) ||
-        bare == before.trimmed())
+    if (bare.isEmpty() || whole.match(bare.toString()).hasMatch() ||
+        hasFormOf(bare, before.trimmed(), within))
         return bare.toString();
     return std::nullopt;
 }
@@ -47,9 +58,8 @@ QString DesignedInteger(const QString& text) {
 }
 
 std::optional<QString> CorrectedInteger(QStringView text, QStringView before) {
-    static const QRegularExpression number(QStringLiteral(R"(^(?:[+-]?\d+|0x[0-9a-f]+)$)"),
-                                           QRegularExpression::CaseInsensitiveOption);
-    return checked(text, before, number);
+    static const QRegularExpression whole = expression(R"(^(?:[+-]?\d+|0x[0-9a-f]+)$)");
+    return checked(text, before, whole, integerWithin());
 }
 
 QString DesignedRational(const QString& before, const QString& text) {
@@ -57,10 +67,9 @@ QString DesignedRational(const QString& before, const QString& text) {
 }
 
 std::optional<QString> CorrectedRational(QStringView text, QStringView before) {
-    static const QRegularExpression number(
-        QStringLiteral(R"(^(?:[+-]?(?:\d+\.?\d*|\.\d+)(?:e[+-]?\d+)?|[+-]?\d+/\d+|[+-]?inf|undef)$)"),
-        QRegularExpression::CaseInsensitiveOption);
-    return checked(text, before, number);
+    static const QRegularExpression whole =
+        expression(R"(^(?:[+-]?(?:\d+\.?\d*|\.\d+)(?:e[+-]?\d+)?|[+-]?\d+/\d+|[+-]?inf|undef)$)");
+    return checked(text, before, whole, numberWithin());
 }
 
 }  // namespace edit

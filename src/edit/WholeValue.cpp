@@ -63,9 +63,11 @@ QString EditableValue(const EditParts& parts, const fs::path& file, const tags::
     const bool wasRun = parts.runner.RunToolLine(command) != 0;
     const QStringList entries = wasRun ? EntriesOfOutput(bytesOf(output)) : QStringList();
     fs::remove(output, ignored);
-    // Another answer than the row: the file has changed, or has the tag twice.
-    if (PanelText(entries) != shown) return shown;
-    return several ? JoinEntries(entries) : entries.join(QStringLiteral(", "));
+    // Another answer than the row: the file has changed, has the tag twice, or stores what is shown as
+    // numbers.
+    const bool isSame = PanelText(entries) == shown;
+    if (several) return JoinEntries(isSame ? entries : shown.split(QStringLiteral(", ")));
+    return isSame ? entries.join(QStringLiteral(", ")) : shown;
 }
 
 }  // namespace edit

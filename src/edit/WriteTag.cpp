@@ -2,10 +2,13 @@
 
 #include "edit/Entries.h"
 #include "exiftool/LineParts.h"
+#include "exiftool/ReportFile.h"
 #include "exiftool/WriteCommands.h"
 #include "platform/Text.h"
 #include "tags/PropertyWrite.h"
 #include "tags/TagDictionary.h"
+
+#include <unistd.h>
 
 #include <algorithm>
 #include <fstream>
@@ -78,12 +81,6 @@ CommandText encodingTerms(const app::AppContext& context, std::span<const app::C
     return terms.literal("-IPTC:CodedCharacterSet=UTF8 ");
 }
 
-std::uintmax_t reportSize(const app::AppContext& context) {
-    std::error_code error;
-    const std::uintmax_t size = fs::file_size(context.reportFile, error);
-    return error ? 0 : size;
-}
-
 QString reportBehind(const app::AppContext& context, std::uintmax_t begin) {
     std::ifstream report(context.reportFile, std::ios::binary);
     report.seekg(static_cast<std::streamoff>(begin));
@@ -152,13 +149,22 @@ TagWriteResult WriteOneTag(const app::AppContext& context, exiftool::ToolRunner&
     return WriteOneTagWithExifTool(context, runner, file, edit);
 }
 
-TagWriteResult WriteOneTagWithExifTool(const app::AppContext& context, exiftool::ToolRunner& runner,
-                                       const fs::path& file, const app::CurrentEdit& edit) {
+TagWriteResult RunTagWrite(const app::AppContext& context, exiftool::ToolRunner& runner, const fs::path& file,
+                           const CommandText& command) {
+    if (isCorrected(context) && ::access(file.c_str(), F_OK) == 0 && ::access(file.c_str(), W_OK) != 0) {
+        constexpr auto kDenied = platform::PropertyResult::AccessDenied;
+        return {static_cast<int>(kDenied), platform::propertyResultMessage(kDenied), {}};
+    }
     TagWriteResult result;
-    const std::uintmax_t begin = reportSize(context);
-    result.code = runner.RunWriteLine({file}, WriteTagCommand(context, file, edit)) == 0 ? 1 : 0;
+    const std::uintmax_t begin = exiftool::ReportSize(context);
+    result.code = runner.RunWriteLine({file}, command) == 0 ? 1 : 0;
     if (isCorrected(context)) result.complaint = reportBehind(context, begin);
     return result;
+}
+
+TagWriteResult WriteOneTagWithExifTool(const app::AppContext& context, exiftool::ToolRunner& runner,
+                                       const fs::path& file, const app::CurrentEdit& edit) {
+    return RunTagWrite(context, runner, file, WriteTagCommand(context, file, edit));
 }
 
 }  // namespace edit

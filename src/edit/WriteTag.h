@@ -40,6 +40,11 @@ struct TagWriteResult {
 TagWriteResult WriteOneTag(const app::AppContext& context, exiftool::ToolRunner& runner,
                            const std::filesystem::path& file, app::CurrentEdit edit);
 
+/// Runs a line that writes the file, and gathers how it went. In the corrected form a file that is marked
+/// read-only is left alone; ExifTool would put a new one in its place.
+TagWriteResult RunTagWrite(const app::AppContext& context, exiftool::ToolRunner& runner,
+                           const std::filesystem::path& file, const platform::CommandText& command);
+
 /// The road by ExifTool: code 0 when the run happened, else 1.
 TagWriteResult WriteOneTagWithExifTool(const app::AppContext& context, exiftool::ToolRunner& runner,
                                        const std::filesystem::path& file, const app::CurrentEdit& edit);

@@ -38,6 +38,16 @@ void MetadataListModel::Commit() {
     endResetModel();
 }
 
+void MetadataListModel::SetValue(int position, const QString& value) {
+    MetadataRow& changed = rows_[static_cast<std::size_t>(position)];
+    if (changed.stars)
+        changed.stars = LeadingInteger(value);
+    else
+        changed.value = value;
+    const int column = static_cast<int>(PanelColumn::Value);
+    Q_EMIT dataChanged(index(position, column), index(position, column));
+}
+
 int MetadataListModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(rows_.size());
 }

@@ -24,6 +24,9 @@ class MetadataListModel : public QAbstractTableModel {
 
     const MetadataRow& row(int position) const { return rows_[static_cast<std::size_t>(position)]; }
 
+    /// What was written in place of the row's value: text, or stars where the row shows stars.
+    void SetValue(int position, const QString& value);
+
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;

@@ -1,5 +1,7 @@
 #include "tags/MetadataPanel.h"
 
+#include "app/CommandTable.h"
+#include "app/LanguageFile.h"
 #include "app/TextNumbers.h"
 #include "controls/Icons.h"
 #include "platform/Text.h"
@@ -18,6 +20,8 @@
 #include <QToolTip>
 #include <QUrl>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <array>
 
 namespace tags {
 
@@ -74,6 +78,51 @@ QAction* addEntry(QMenu& menu, int id, const QString& text, const QString& iconN
     return entry;
 }
 
+/// A command of the main window, with its icon; null when it is not built yet, and not shown.
+QAction* addCommand(QMenu& menu, int id, const QString& text) {
+    if (!app::IsBuilt(id)) return nullptr;
+    return addEntry(menu, id, text, QLatin1String(app::FindCommand(id)->iconName));
+}
+
+/// Names come out of files; an ampersand would become a key of the menu.
+QString menuText(QString name) {
+    return name.left(kLongestGroupTitle).replace(u'&', QStringLiteral("&&"));
+}
+
+struct GroupMenuEntry {
+    int textNumber;
+    int command;
+};
+
+constexpr std::array<GroupMenuEntry, 5> kGroupMenu = {{
+    {1829, app::command::kAddTagsToFile},
+    {1830, app::command::kRemoveTagsFromFile},
+    {1831, app::command::kRemoveGroupFromFile},
+    {167, app::command::kRemoveTags},
+    {168, app::command::kRemoveGroupTypes},
+}};
+
+/// The command that removes the family that the group belongs to; 0 for none.
+int familyRemoval(std::uint32_t groupId) {
+    switch (GroupGateOf(groupId)) {
+        case GroupGate::Exif:
+            return app::command::kRemoveExif;
+        case GroupGate::Iptc:
+            return app::command::kRemoveIptc;
+        case GroupGate::Xmp:
+            return app::command::kRemoveXmp;
+        case GroupGate::Icc:
+            return app::command::kRemoveIccProfile;
+        case GroupGate::Gps:
+            return app::command::kRemoveGps;
+        case GroupGate::None:
+        case GroupGate::MakerNotes:
+        case GroupGate::Composite:
+            break;
+    }
+    return 0;
+}
+
 int chosenIn(QMenu& menu, const QPoint& position) {
     const QAction* chosen = menu.exec(position);
     return chosen == nullptr ? 0 : chosen->data().toInt();
@@ -116,15 +165,44 @@ MetadataPanel::MetadataPanel(const Parts& parts, QWidget* parent)
     CreatePanelGroups();
     Clear();
 
-    connect(list_, &controls::GroupedListView::CellClicked, this,
-            [this](const QModelIndex& index, Qt::MouseButton button) {
-                if (button == Qt::LeftButton) showHelp(index);
+    connectList();
+}
+
+void MetadataPanel::connectList() {
+    using controls::GroupedListView;
+    connect(list_, &GroupedListView::CellClicked, this,
+            [this](const QModelIndex& index, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
+                if (button != Qt::LeftButton) return;
+                const auto column = static_cast<PanelColumn>(index.column());
+                if (column == PanelColumn::Value || column == PanelColumn::Kind)
+                    Q_EMIT ValueChosen(index.row(), modifiers.testFlag(Qt::AltModifier));
+                else
+                    showHelp(index);
             });
-    connect(list_, &controls::GroupedListView::CellMenuRequested, this, &MetadataPanel::showRowMenu);
-    connect(list_, &controls::GroupedListView::GroupHeaderMenuRequested, this, &MetadataPanel::showGroupMenu);
+    connect(list_, &QAbstractItemView::activated, this,
+            [this](const QModelIndex& index) { Q_EMIT ValueChosen(index.row(), false); });
+    connect(list_, &GroupedListView::CellMenuRequested, this, &MetadataPanel::showRowMenu);
+    connect(list_, &GroupedListView::GroupHeaderMenuRequested, this, &MetadataPanel::showGroupMenu);
+    list_->installEventFilter(this);
     auto* copy = new QShortcut(QKeySequence::Copy, list_);
     copy->setContext(Qt::WidgetWithChildrenShortcut);
     connect(copy, &QShortcut::activated, this, &MetadataPanel::Copy);
+}
+
+int MetadataPanel::commandOfKey(const QKeyEvent& key) {
+    if (key.modifiers() != Qt::NoModifier && key.modifiers() != Qt::KeypadModifier) return 0;
+    if (key.key() == Qt::Key_Delete) return app::command::kDeleteTag;
+    return key.key() == Qt::Key_F5 ? app::command::kRefreshPanel : 0;
+}
+
+bool MetadataPanel::eventFilter(QObject* watched, QEvent* event) {
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
+    const int command = watched == list_ && isKey ? commandOfKey(static_cast<QKeyEvent&>(*event)) : 0;
+    if (command == 0) return QWidget::eventFilter(watched, event);
+    // Taken from the window's shortcuts, of which F5 reads the folder again.
+    event->accept();
+    if (event->type() == QEvent::KeyPress) Q_EMIT CommandChosen(command);
+    return true;
 }
 
 void MetadataPanel::createColumns() {
@@ -168,6 +246,7 @@ void MetadataPanel::NewSelection(const std::filesystem::path& file) {
 
 void MetadataPanel::load(const std::filesystem::path& file) {
     file_ = file;
+    stamp_ = platform::StampOf(file);
     title_->setText(platform::display(file.filename()));
     title_->setToolTip(platform::display(file));
     counts_.clear();
@@ -192,8 +271,10 @@ void MetadataPanel::Refresh() {
     const QModelIndex current = list_->currentIndex();
     const MetadataRow before = current.isValid() ? model_->row(current.row()) : MetadataRow();
     const int scrolled = list_->verticalScrollBar()->value();
+    const bool hadFocus = list_->hasFocus();
     model_->Clear();
     load(std::filesystem::path(file_));
+    if (hadFocus) list_->setFocus();
     for (int position = 0; current.isValid() && position < model_->rowCount(); ++position) {
         const MetadataRow& row = model_->row(position);
         if (row.groupId != before.groupId || row.tag != before.tag || row.itemIndex != before.itemIndex)
@@ -227,6 +308,25 @@ void MetadataPanel::Copy() const {
     QGuiApplication::clipboard()->setText(text);
 }
 
+bool MetadataPanel::canDelete(const MetadataRow& row) const {
+    if (row.tagId < 0) return false;
+    const std::optional<TagRecord> record =
+        parts_.dictionary.FindTagById(static_cast<std::uint32_t>(row.tagId));
+    return record && record->writable;
+}
+
+void MetadataPanel::addRemovalEntries(QMenu& menu, const MetadataRow& row) const {
+    const std::vector<MetadataRow> group = rowsOfCurrentGroup();
+    const bool anyOfGroup = std::ranges::any_of(group, [this](const MetadataRow& r) { return canDelete(r); });
+    if (QAction* entry =
+            addCommand(menu, app::command::kDeleteGroup,
+                       app::FormatText(parts_.text(app::text::kGroupDelete), {menuText(row.group)})))
+        entry->setEnabled(anyOfGroup);
+    menu.addSeparator();
+    if (QAction* entry = addCommand(menu, app::command::kDeleteTag, parts_.text(app::text::kTagDelete)))
+        entry->setEnabled(canDelete(row));
+}
+
 void MetadataPanel::showRowMenu(const QModelIndex& index, const QPoint& position) {
     if (!index.isValid()) return;
     list_->setCurrentIndex(index);
@@ -234,29 +334,72 @@ void MetadataPanel::showRowMenu(const QModelIndex& index, const QPoint& position
     QMenu menu(this);
     addEntry(menu, kCopy, parts_.text(app::text::kCopyCell), QStringLiteral("edit-copy"));
     const bool onValue = index.column() == static_cast<int>(PanelColumn::Value);
+    if (onValue) {
+        menu.addSeparator();
+        addRemovalEntries(menu, row);
+    }
     if (onValue && LooksLikeAddress(row.value)) {
         menu.addSeparator();
         addEntry(menu, kOpenAddress, parts_.text(kOpenAddressText), QStringLiteral("internet-services"));
     }
-    switch (chosenIn(menu, position)) {
-        case kCopy:
-            Copy();
-            break;
-        case kOpenAddress:
-            openAddress(row.value);
-            break;
-        default:
-            break;
-    }
+    const int chosen = chosenIn(menu, position);
+    if (chosen == kCopy)
+        Copy();
+    else if (chosen == kOpenAddress)
+        openAddress(row.value);
+    else if (chosen != 0)
+        Q_EMIT CommandChosen(chosen);
 }
 
 void MetadataPanel::showGroupMenu(int groupId, const QPoint& position) {
-    static_cast<void>(groupId);
     QMenu menu(this);
+    for (const GroupMenuEntry& entry : kGroupMenu)
+        addCommand(menu, entry.command, parts_.text(entry.textNumber));
+    menu.addSeparator();
+    const int family =
+        groupId < static_cast<int>(kGroupCount) ? familyRemoval(static_cast<std::uint32_t>(groupId)) : 0;
+    for (const int removal : {family, app::command::kRemoveAllMetadata})
+        if (removal != 0) addCommand(menu, removal, parts_.text(removal));
+    menu.addSeparator();
     addEntry(menu, kCollapseAll, parts_.text(app::text::kCollapseAll), QStringLiteral("view-list-tree"));
     addEntry(menu, kExpandAll, parts_.text(app::text::kExpandAll), QStringLiteral("view-list-details"));
     const int chosen = chosenIn(menu, position);
-    if (chosen == kCollapseAll || chosen == kExpandAll) collapseAll(chosen == kCollapseAll);
+    if (chosen == kCollapseAll || chosen == kExpandAll) {
+        collapseAll(chosen == kCollapseAll);
+    } else if (chosen != 0) {
+        makeCurrent(groupId);
+        Q_EMIT CommandChosen(chosen);
+    }
+}
+
+/// The commands about a group take it from the current row.
+void MetadataPanel::makeCurrent(int groupId) {
+    const QModelIndex current = list_->currentIndex();
+    if (current.isValid() && static_cast<int>(model_->row(current.row()).groupId) == groupId) return;
+    for (int position = 0; position < model_->rowCount(); ++position) {
+        if (static_cast<int>(model_->row(position).groupId) != groupId) continue;
+        list_->setCurrentIndex(model_->index(position, static_cast<int>(PanelColumn::Value)));
+        return;
+    }
+}
+
+std::vector<MetadataRow> MetadataPanel::rowsOfCurrentGroup() const {
+    std::vector<MetadataRow> rows;
+    const QModelIndex current = list_->currentIndex();
+    if (!current.isValid()) return rows;
+    const std::uint32_t groupId = model_->row(current.row()).groupId;
+    for (int position = 0; position < model_->rowCount(); ++position)
+        if (model_->row(position).groupId == groupId) rows.push_back(model_->row(position));
+    return rows;
+}
+
+bool MetadataPanel::isFileUnchanged() const {
+    return platform::StampOf(file_) == stamp_;
+}
+
+void MetadataPanel::ShowWrittenValue(int row, const QString& value) {
+    stamp_ = platform::StampOf(file_);
+    if (row >= 0 && row < model_->rowCount()) model_->SetValue(row, value);
 }
 
 void MetadataPanel::collapseAll(bool collapsed) {

@@ -2,6 +2,7 @@
 
 #include "app/AppContext.h"
 #include "exiftool/MetadataLoad.h"
+#include "platform/FileStamp.h"
 #include "tags/LabelLibrary.h"
 #include "tags/MetadataListModel.h"
 #include "tags/MetadataListView.h"
@@ -10,6 +11,7 @@
 #include <filesystem>
 #include <functional>
 
+class QKeyEvent;
 class QLabel;
 class QMenu;
 
@@ -48,6 +50,13 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     void OpenAddress() const;
 
     const std::filesystem::path& file() const { return file_; }
+    /// Whether the file is still the one whose tags are shown, and nobody has written it since.
+    bool isFileUnchanged() const;
+    /// The value that was written is shown in its row, and the file counts as unchanged again.
+    void ShowWrittenValue(int row, const QString& value);
+    /// The rows of the group of the current row, or none without one.
+    std::vector<MetadataRow> rowsOfCurrentGroup() const;
+
     MetadataListView& list() { return *list_; }
     const MetadataListModel& model() const { return *model_; }
     /// Width of the value column in pixels, for the settings.
@@ -57,8 +66,23 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     void InsertMetadataRow(MetadataRow&& row) override;
     void SetGroupCount(std::uint32_t groupId, int count) override;
 
+ Q_SIGNALS:
+    /// A click on a value or on the icon of its kind, or Enter on a row.
+    void ValueChosen(int row, bool altHeld);
+    /// A command was chosen in a menu or by a key; it is about the current row.
+    void CommandChosen(int commandId);
+
+ protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
     void createColumns();
+    void connectList();
+    /// The command of a key that the panel takes; 0 for none.
+    static int commandOfKey(const QKeyEvent& key);
+    void addRemovalEntries(QMenu& menu, const MetadataRow& row) const;
+    bool canDelete(const MetadataRow& row) const;
+    void makeCurrent(int groupId);
     void CreatePanelGroups();
     void showRowMenu(const QModelIndex& index, const QPoint& position);
     void showGroupMenu(int groupId, const QPoint& position);
@@ -70,6 +94,7 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
 
     Parts parts_;
     std::filesystem::path file_;
+    platform::FileStamp stamp_;
     QLabel* title_;
     MetadataListModel* model_;
     MetadataListView* list_;

@@ -95,15 +95,3 @@ TEST_F(PanelEdit, ARatingThatShowsAsStarsIsEditedAsItsNumberAndRemembered) {
     context.settings.exifTool.correctedCommands = false;
     EXPECT_EQ(ContextOfRow(parts, "/p/a.jpg", stars, tag).selection, 6);
 }
-
-TEST_F(PanelEdit, TheGroupOfARecordIsTheOneThatItsRowsStandIn) {
-    QStringList different;
-    for (const tags::TagRecord& tag : dictionary.records()) {
-        if (!tag.writable || tag.valueKind == tags::ValueKind::Binary) continue;
-        const QString shown = tags::GroupName(tag.groupIndex);
-        const QString group = QStringView(tag.group).toString();
-        if (shown.compare(group, Qt::CaseInsensitive) != 0) different += shown + " <> " + group;
-    }
-    different.removeDuplicates();
-    EXPECT_EQ(different.join("; ").toStdString(), "");
-}

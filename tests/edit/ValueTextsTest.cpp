@@ -153,7 +153,7 @@ TEST(NumberText, ARationalReplacesTheOldOneUnlessItIsNone) {
         {"24-70mm f/2.8", "18-55mm f/3.5", true},
         {"24-70mm", "18-55mm f/3.5", false},
         {"1/3 ", "1/3", true},
-        {"+1/3 EV", "-2/3 EV", false},
+        {"+1/3 EV", "-2/3 EV", true},
         {"0.7 0.8", "1", false},
     };
     for (const auto& row : cases) {

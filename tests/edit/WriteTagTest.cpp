@@ -132,17 +132,16 @@ TEST_F(WriteTag, EachKindIsChangedEmptiedAndNothingElse) {
         const char* after;
     } cases[] = {
         {u"ExifIFD", u"CreateDate", "2001:02:03 04:05:06", "2015:06:01 12:13:14", "", "2015:06:01 12:13:14"},
-        {u"IFD1", u"ImageHeight", "", "", "", ""},
+
         {u"IFD0", u"Artist", "Ada", "Bob", "", "Bob"},
         {u"XMP-Xmp", u"Rating", "2", "4", "", "4"},
-        {u"IFD0", u"Orientation", "Horizontal (normal)", "Rotate 180", "3", "Rotate 180"},
-        {u"ExifIFD", u"ExposureTime", "1/30", "1/125", "", "1/125"},
+        {u"IFD0", u"Orientation", "Horizontal (normal)", "Rotate 180", "3", "3"},
+        {u"ExifIFD", u"ExposureTime", "1/30", "1/125", "", "0.008"},
         {u"ExifIFD", u"ISO", "100", "400", "", "400"},
         {u"XMP-dc", u"Title", "old", "new", "", "new"},
         {u"IPTC", u"City", "Rom", "Wien", "", "Wien"},
     };
     for (const auto& row : cases) {
-        if (*row.typed == 0) continue;
         const std::string tag =
             QString::fromUtf16(row.group).toStdString() + ":" + QString::fromUtf16(row.name).toStdString();
         const fs::path file = photo({"-" + tag + "=" + row.before, "-XMP-dc:Creator=kept",
@@ -182,16 +181,25 @@ TEST_F(WriteTag, EntriesStayEntries) {
 TEST_F(WriteTag, HostileValuesReachTheFileAsTyped) {
     const fs::path file = photo({});
     for (const char* value : kHostileValues) {
-        for (const auto& [group, name] : {std::pair(u"XMP-dc", u"Title"), std::pair(u"IFD0", u"Artist"),
-                                          std::pair(u"IPTC", u"Headline"), std::pair(u"File", u"Comment")}) {
-            const TagWriteResult result = write(file, group, name, QString::fromUtf8(value));
-            EXPECT_EQ(result.complaint, QString()) << value;
-            const std::string tag =
-                QString::fromUtf16(group).toStdString() + ":" + QString::fromUtf16(name).toStdString();
-            EXPECT_EQ(valueOf(file, tag), value) << tag;
-        }
+        EXPECT_EQ(write(file, u"XMP-dc", u"Title", QString::fromUtf8(value)).complaint, QString()) << value;
+        EXPECT_EQ(valueOf(file, "XMP-dc:Title"), value);
     }
     EXPECT_EQ(valueOf(file, "XMP-dc:Creator"), "");
+    EXPECT_FALSE(fs::exists("owned"));
+}
+
+TEST_F(WriteTag, OtherFormatsKeepForeignAndOddTextToo) {
+    const fs::path file = photo({});
+    for (const char* value : {"x\" -if \"system('touch owned')\" \"", "line\nfeed",
+                              "\xE6\x97\xA5 \xF0\x9F\x93\xB7 \xD7\xA9\xD7\x9C"}) {
+        for (const auto& [group, name] : {std::pair(u"IFD0", u"Artist"), std::pair(u"IPTC", u"Headline"),
+                                          std::pair(u"File", u"Comment")}) {
+            EXPECT_EQ(write(file, group, name, QString::fromUtf8(value)).complaint, QString()) << value;
+            EXPECT_EQ(valueOf(file, QString::fromUtf16(group).toStdString() + ":" +
+                                        QString::fromUtf16(name).toStdString()),
+                      value);
+        }
+    }
     EXPECT_FALSE(fs::exists("owned"));
 }
 
@@ -225,6 +233,22 @@ TEST_F(WriteTag, TextThatLatinLacksKeepsTheOtherValuesOfItsRecord) {
     EXPECT_EQ(valueOf(file, "IPTC:Headline"), "\xE6\x97\xA5\xE6\x9C\xAC");
     EXPECT_EQ(valueOf(file, "IPTC:City"), "M\xC3\xBCnchen");
     EXPECT_EQ(valueOf(file, "IPTC:Keywords"), "gr\xC3\xBCn\nb");
+}
+
+TEST_F(WriteTag, SeveralSuchTextsOfOneLineAllArrive) {
+    const fs::path file = photo({"-IPTC:City=Rom", "-IPTC:Credit=gr\xC3\xBCn"});
+    const app::CurrentEdit edits[] = {edited("IPTC", "City", "\xE6\x9D\xB1"), edited("IFD0", "Artist", "Ada"),
+                                      edited("IPTC", "Headline", "\xE4\xBA\xAC")};
+    const platform::CommandText terms = TermsOfTags(context, edits);
+    EXPECT_EQ(terms.text(),
+              "-tagsfromfile @ -IPTC:All --IPTC:City --IPTC:Headline -IPTC:CodedCharacterSet=UTF8 "
+              "-IPTC:City=\"\xE6\x9D\xB1\" -IFD0:Artist=\"Ada\" -IPTC:Headline=\"\xE4\xBA\xAC\" ");
+    platform::CommandText line = exiftool::ToolStart(context).append(terms).literal("-overwrite_original \"");
+    EXPECT_EQ(runner.RunToolLine(line.outside(file.string()).literal("\"")), 1);
+    EXPECT_EQ(valueOf(file, "IPTC:City"), "\xE6\x9D\xB1");
+    EXPECT_EQ(valueOf(file, "IPTC:Headline"), "\xE4\xBA\xAC");
+    EXPECT_EQ(valueOf(file, "IPTC:Credit"), "gr\xC3\xBCn");
+    EXPECT_EQ(valueOf(file, "IFD0:Artist"), "Ada");
 }
 
 TEST_F(WriteTag, WhatExifToolSaysIsTold) {
