@@ -2,6 +2,7 @@
 
 #include "platform/Text.h"
 #include "tags/ExtensionTable.h"
+#include "tags/GroupCatalogue.h"
 
 #include <algorithm>
 #include <fstream>
@@ -147,7 +148,13 @@ std::vector<HeldTag> ReadHeldTags(const EditParts& parts, const std::vector<fs::
 }
 
 std::vector<HeldTag> ReadHeldTagsOfGroup(const EditParts& parts, const fs::path& file,
-                                         std::string_view group) {
+                                         const std::string& group) {
+    if (parts.context.settings.exifTool.correctedCommands) {
+        std::vector<HeldTag> held = ReadHeldTags(parts, {file});
+        const auto id = tags::FindGroup(QStringLiteral("[%1]").arg(QString::fromStdString(group)));
+        std::erase_if(held, [&](const HeldTag& tag) { return tag.groupId != id; });
+        return held;
+    }
     const fs::path output = parts.context.tempPath / kReadOutput;
     if (!IsPlainName(group) || parts.reads.ReadGroupAll(file, output, group) == 0) return {};
     return HeldTags(bytesOf(output), parts.dictionary);

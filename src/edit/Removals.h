@@ -58,8 +58,10 @@ FileRuns CopyTags(const EditParts& parts, const QString& title, exiftool::Copied
 /// could not be run.
 std::vector<HeldTag> ReadHeldTags(const EditParts& parts, const std::vector<std::filesystem::path>& files);
 
-/// The writable tags of one group that the file holds, by the group read.
+/// The writable tags of one group that the file holds. group is in the catalogue's spelling, which ExifTool
+/// does not know of every group: the designed form reads by it and then finds nothing, the corrected one
+/// reads all and takes those of the group.
 std::vector<HeldTag> ReadHeldTagsOfGroup(const EditParts& parts, const std::filesystem::path& file,
-                                         std::string_view group);
+                                         const std::string& group);
 
 }  // namespace edit

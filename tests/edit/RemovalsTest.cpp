@@ -254,6 +254,18 @@ TEST_F(RemovalsTest, ValuesOfAHostileFileAreShownAndDoNothing) {
     EXPECT_FALSE(fs::exists(folder / "photos/owned"));
 }
 
+TEST_F(RemovalsTest, AGroupIsReadInEitherFormAndUnderTheCataloguesSpelling) {
+    const fs::path file = makePhoto("a.jpg");
+    for (const bool corrected : {false, true}) {
+        context.settings.exifTool.correctedCommands = corrected;
+        std::vector<std::string> names;
+        for (const HeldTag& tag : ReadHeldTagsOfGroup(parts, file, "IPTC")) names.push_back(tag.address.name);
+        EXPECT_THAT(names, testing::IsSupersetOf({"City", "Keywords"}));
+        // ExifTool calls it XMP-lr.
+        EXPECT_EQ(ReadHeldTagsOfGroup(parts, file, "XMP_lr").size(), corrected ? 1u : 0u);
+    }
+}
+
 TEST_F(RemovalsTest, TagsAreCopiedAndAMissingTargetIsInTheReport) {
     const fs::path source = makePhoto("source.jpg");
     const fs::path target = folder / "photos/target.jpg";
