@@ -63,6 +63,10 @@
         <source>Remove tags of the file</source>
         <translation></translation>
     </message>
+    <message id="81026">
+        <source>Reading the tags of %s</source>
+        <translation></translation>
+    </message>
     <message id="81030">
         <source>in %s of %s</source>
         <translation></translation>

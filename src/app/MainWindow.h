@@ -168,6 +168,18 @@ class MainWindow : public QWidget {
     void deleteGroup(CommandId id);
     void readFileAgain(CommandId id);
 
+    // Removing and copying tags.
+    /// Command 1819 for a group of the panel; an empty one stands for all groups.
+    void RemoveTagsOfGroup(const QString& group);
+    /// Shows what has changed, and the report.
+    void endRemoval(bool hasRun);
+    void deleteAll(CommandId id);
+    void removeTags(CommandId id);
+    void removeGroupTypes(CommandId id);
+    void removeFamily(CommandId id);
+    void copyTags(CommandId id);
+    void removeTagsFromShownFile(CommandId id);
+
     // Commands.
     void toggleFolders(CommandId id);
     void toggleStatusBar(CommandId id);

@@ -11,6 +11,7 @@ namespace {
 
 const std::vector<TagColumn> kColumns{TagColumn::Name, TagColumn::Group, TagColumn::Kind, TagColumn::Value};
 const std::vector<int> kWidths{240, 120, 24};
+constexpr QSize kSize(640, 520);
 
 /// Of several files the value column says how many hold the tag.
 TagRows rowsOf(const EditParts& parts, const std::vector<HeldTag>& held, std::size_t files) {
@@ -41,7 +42,7 @@ bool isNothing(const std::vector<TagAddress>& ticked, QWidget* dialog) {
 
 DialogRemoveTags::DialogRemoveTags(const EditParts& parts, std::vector<std::filesystem::path> files,
                                    QWidget* parent)
-    : TickedTagsDialog(parts, kTemplate, kColumns, parent), files_(std::move(files)) {
+    : TickedTagsDialog(parts, kTemplate, kColumns, kSize, parent), files_(std::move(files)) {
     setWindowTitle(parts.language.formatted(text::kRemoveTags, {FilesText(parts.language, files_.size())}));
     if (list() == nullptr) return;
     list()->model().setRows(rowsOf(parts, ReadHeldTags(parts, files_), files_.size()));
@@ -58,7 +59,7 @@ void DialogRemoveTags::accept() {
 
 DialogRemoveATag_FromOneFile::DialogRemoveATag_FromOneFile(const EditParts& parts, std::filesystem::path file,
                                                            const QString& group, QWidget* parent)
-    : TickedTagsDialog(parts, kTemplate, kColumns, parent), file_(std::move(file)) {
+    : TickedTagsDialog(parts, kTemplate, kColumns, kSize, parent), file_(std::move(file)) {
     const QString shortGroup = group.left(kLongestGroup);
     setWindowTitle(group.isEmpty() ? parts.language.text(text::kRemoveTagsOfFile)
                                    : parts.language.formatted(text::kRemoveTagsOfGroup, {shortGroup}));
@@ -73,7 +74,8 @@ DialogRemoveATag_FromOneFile::DialogRemoveATag_FromOneFile(const EditParts& part
 void DialogRemoveATag_FromOneFile::accept() {
     const std::vector<TagAddress> ticked = tickedTags();
     if (isNothing(ticked, this)) return;
-    RemoveTagsFromShownFile(parts(), ticked, file_, [this](const QString& message) { tellLeftOut(message); });
+    RemoveTagsFromShownFile(parts(), windowTitle(), ticked, file_,
+                            [this](const QString& message) { tellLeftOut(message); });
     TickedTagsDialog::accept();
 }
 

@@ -46,14 +46,21 @@ std::optional<std::uint32_t> groupOf(std::string_view printed) {
     return group ? group : find(prefix + space.remove(u'-'));
 }
 
-/// -1 for a tag that is unknown or cannot be written.
-int writableTag(const Line& line, const tags::TagDictionary& dictionary) {
-    if (!IsPlainName(line.group) || !IsPlainName(line.tag)) return -1;
+/// Nothing for a tag that is unknown or cannot be written.
+std::optional<HeldTag> writableTag(const Line& line, const tags::TagDictionary& dictionary) {
+    if (!IsPlainName(line.group) || !IsPlainName(line.tag)) return std::nullopt;
     const std::optional<std::uint32_t> group = groupOf(line.group);
     const int id = group ? dictionary.FindTagId(*group, latin(line.tag)) : -1;
-    if (id < 0) return -1;
+    if (id < 0) return std::nullopt;
     const std::optional<tags::TagRecord> record = dictionary.FindTagById(static_cast<std::uint32_t>(id));
-    return record && record->writable ? id : -1;
+    if (!record || !record->writable) return std::nullopt;
+    HeldTag held;
+    held.address = {std::string(line.group), std::string(line.tag)};
+    held.tagId = id;
+    held.groupId = *group;
+    held.files = 1;
+    held.value = QString::fromUtf8(line.value.data(), static_cast<qsizetype>(line.value.size()));
+    return held;
 }
 
 }  // namespace
@@ -80,13 +87,10 @@ std::vector<HeldTag> HeldTags(std::string_view output, const tags::TagDictionary
             known->second.lastFile = file;
             continue;
         }
-        const int id = writableTag(line, dictionary);
-        if (id < 0) continue;
+        std::optional<HeldTag> tag = writableTag(line, dictionary);
+        if (!tag) continue;
         places.emplace(std::move(key), Place{held.size(), file});
-        held.push_back({{std::string(line.group), std::string(line.tag)},
-                        id,
-                        1,
-                        QString::fromUtf8(line.value.data(), qsizetype(line.value.size()))});
+        held.push_back(std::move(*tag));
     }
     return held;
 }

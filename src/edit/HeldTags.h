@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -12,8 +13,9 @@ namespace edit {
 
 /// A tag that at least one of some files holds and that can be written.
 struct HeldTag {
-    TagAddress address;     ///< as ExifTool printed it
-    int tagId = -1;         ///< of its record
+    TagAddress address;  ///< as ExifTool printed it
+    int tagId = -1;      ///< of its record
+    std::uint32_t groupId = 0;
     std::size_t files = 0;  ///< how many hold it
     QString value;          ///< that of the first one
 };

@@ -1,7 +1,9 @@
 #include "edit/Removals.h"
 
+#include "edit/RemovalTexts.h"
 #include "platform/Text.h"
 #include "tags/ExtensionTable.h"
+#include "tags/GroupCatalogue.h"
 
 #include <algorithm>
 #include <fstream>
@@ -14,6 +16,8 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* kReadOutput = "Metadata.txt";
+/// The count of files for the progress of a run over all of them, of which nobody knows how far it is.
+constexpr std::size_t kOneRun = 0;
 
 /// Turns the safety copies off for a while.
 class WithoutSafetyCopies {
@@ -85,20 +89,20 @@ FileRuns RemoveTagsFromFiles(const EditParts& parts, const QString& title,
     });
 }
 
-FileRuns RemoveTagsFromShownFile(const EditParts& parts, const std::vector<TagAddress>& tags,
-                                 const fs::path& file, const TellLeftOut& tell) {
-    FileRuns runs;
-    if (tags.empty() || !isKnown(file, tell)) return runs;
-    parts.runner.CopyForSafety(file);
-    runs.begun = 1;
-    runs.lastWasRun =
-        parts.runner.RunWriteLine({file}, RemoveTagsOfFileCommand(parts.context, tags, file)) == 1;
-    runs.wasStopped = parts.runner.wasStopped();
-    return runs;
+FileRuns RemoveTagsFromShownFile(const EditParts& parts, const QString& title,
+                                 const std::vector<TagAddress>& tags, const fs::path& file,
+                                 const TellLeftOut& tell) {
+    if (tags.empty()) return {};
+    return runOverFiles(parts, title, {file}, [&](const fs::path& shown) -> std::optional<bool> {
+        if (!isKnown(shown, tell)) return std::nullopt;
+        parts.runner.CopyForSafety(shown);
+        return parts.runner.RunWriteLine({shown}, RemoveTagsOfFileCommand(parts.context, tags, shown)) == 1;
+    });
 }
 
-int RemoveTypes(const EditParts& parts, const std::vector<std::string>& groups,
+int RemoveTypes(const EditParts& parts, const QString& title, const std::vector<std::string>& groups,
                 const std::vector<fs::path>& files) {
+    const exiftool::FileProgressScope scope(parts.progress, title, kOneRun);
     const exiftool::FileList list = parts.runner.WriteFileList(files);
     if (groups.empty() || list.listed == 0 || list.path.empty()) return 0;
     return parts.runner.RunWriteLine(files, RemoveTypesCommand(parts.context, groups, list.path));
@@ -133,6 +137,9 @@ FileRuns CopyTags(const EditParts& parts, const QString& title, exiftool::Copied
 
 std::vector<HeldTag> ReadHeldTags(const EditParts& parts, const std::vector<fs::path>& files) {
     if (files.empty()) return {};
+    const QString title =
+        parts.language.formatted(text::kReadingTags, {FilesText(parts.language, files.size())});
+    const exiftool::FileProgressScope scope(parts.progress, title, kOneRun);
     std::vector<fs::path> listed;
     std::vector<fs::path> others;
     std::partition_copy(files.begin(), files.end(), std::back_inserter(listed), std::back_inserter(others),
@@ -147,7 +154,13 @@ std::vector<HeldTag> ReadHeldTags(const EditParts& parts, const std::vector<fs::
 }
 
 std::vector<HeldTag> ReadHeldTagsOfGroup(const EditParts& parts, const fs::path& file,
-                                         std::string_view group) {
+                                         const std::string& group) {
+    if (parts.context.settings.exifTool.correctedCommands) {
+        std::vector<HeldTag> held = ReadHeldTags(parts, {file});
+        const auto id = tags::FindGroup(QStringLiteral("[%1]").arg(QString::fromStdString(group)));
+        std::erase_if(held, [&](const HeldTag& tag) { return tag.groupId != id; });
+        return held;
+    }
     const fs::path output = parts.context.tempPath / kReadOutput;
     if (!IsPlainName(group) || parts.reads.ReadGroupAll(file, output, group) == 0) return {};
     return HeldTags(bytesOf(output), parts.dictionary);

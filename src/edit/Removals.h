@@ -36,11 +36,12 @@ FileRuns RemoveTagsFromFiles(const EditParts& parts, const QString& title,
                              const std::vector<std::filesystem::path>& files, const TellLeftOut& tell);
 
 /// The same for the shown file, by the line of command 1819.
-FileRuns RemoveTagsFromShownFile(const EditParts& parts, const std::vector<TagAddress>& tags,
-                                 const std::filesystem::path& file, const TellLeftOut& tell);
+FileRuns RemoveTagsFromShownFile(const EditParts& parts, const QString& title,
+                                 const std::vector<TagAddress>& tags, const std::filesystem::path& file,
+                                 const TellLeftOut& tell);
 
 /// Removes the groups from all files in one run. 1 when it happened, else 0: no files.tmp, no tool, stopped.
-int RemoveTypes(const EditParts& parts, const std::vector<std::string>& groups,
+int RemoveTypes(const EditParts& parts, const QString& title, const std::vector<std::string>& groups,
                 const std::vector<std::filesystem::path>& files);
 
 /// makeSafetyCopies false leaves out the copies of this run; true leaves it to the safety settings.
@@ -58,8 +59,10 @@ FileRuns CopyTags(const EditParts& parts, const QString& title, exiftool::Copied
 /// could not be run.
 std::vector<HeldTag> ReadHeldTags(const EditParts& parts, const std::vector<std::filesystem::path>& files);
 
-/// The writable tags of one group that the file holds, by the group read.
+/// The writable tags of one group that the file holds. group is in the catalogue's spelling, which ExifTool
+/// does not know of every group: the designed form reads by it and then finds nothing, the corrected one
+/// reads all and takes those of the group.
 std::vector<HeldTag> ReadHeldTagsOfGroup(const EditParts& parts, const std::filesystem::path& file,
-                                         std::string_view group);
+                                         const std::string& group);
 
 }  // namespace edit

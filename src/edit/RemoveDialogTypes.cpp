@@ -7,9 +7,15 @@
 
 namespace edit {
 
+namespace {
+
+constexpr QSize kSize(420, 520);
+
+}  // namespace
+
 RemoveDialogTypes::RemoveDialogTypes(const EditParts& parts, std::vector<std::filesystem::path> files,
                                      QWidget* parent)
-    : TickedTagsDialog(parts, kTemplate, {TagColumn::Group}, parent), files_(std::move(files)) {
+    : TickedTagsDialog(parts, kTemplate, {TagColumn::Group}, kSize, parent), files_(std::move(files)) {
     setWindowTitle(parts.language.formatted(text::kRemoveGroups, {FilesText(parts.language, files_.size())}));
     if (list() == nullptr) return;
     TagRows rows;
@@ -35,7 +41,7 @@ void RemoveDialogTypes::accept() {
         reject();
         return;
     }
-    const bool wasRun = RemoveTypes(parts(), groups, files_) == 1;
+    const bool wasRun = RemoveTypes(parts(), windowTitle(), groups, files_) == 1;
     tellEnd(wasRun);
     if (wasRun)
         TickedTagsDialog::accept();

@@ -15,8 +15,9 @@ enum Control { kListPlace = 81100, kTickAll = 81101, kTickNone = 81102 };
 }  // namespace
 
 TickedTagsDialog::TickedTagsDialog(const EditParts& parts, int templateNumber, std::vector<TagColumn> columns,
-                                   QWidget* parent)
+                                   QSize size, QWidget* parent)
     : DarkModeDialogBase(parts.language, templateNumber, parent), parts_(parts) {
+    resize(size);
     auto* place = control<QWidget>(kListPlace);
     if (place == nullptr) return;
     list_ = TagList::PlaceIn(

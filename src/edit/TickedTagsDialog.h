@@ -5,6 +5,7 @@
 #include "edit/RemovalLines.h"
 #include "edit/TagListModel.h"
 
+#include <QSize>
 #include <filesystem>
 #include <vector>
 
@@ -21,7 +22,7 @@ class TickedTagsDialog : public app::DarkModeDialogBase {
     static constexpr int kListControl = 1328;
 
  protected:
-    TickedTagsDialog(const EditParts& parts, int templateNumber, std::vector<TagColumn> columns,
+    TickedTagsDialog(const EditParts& parts, int templateNumber, std::vector<TagColumn> columns, QSize size,
                      QWidget* parent);
 
     const EditParts& parts() const { return parts_; }

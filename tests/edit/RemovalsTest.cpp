@@ -78,7 +78,7 @@ TEST_F(RemovalsTest, TheShownFileLosesItsTagsByItsOwnLine) {
         const fs::path file = makePhoto(corrected ? "a.jpg" : "b.jpg");
         const std::string before = ReadBytes(file);
         const FileRuns runs =
-            RemoveTagsFromShownFile(parts, {{"IFD0", "Artist"}, {"IFD0", "Make"}}, file, nullptr);
+            RemoveTagsFromShownFile(parts, {}, {{"IFD0", "Artist"}, {"IFD0", "Make"}}, file, nullptr);
         EXPECT_TRUE(runs.lastWasRun);
         EXPECT_EQ(valueOf(file, "IFD0:Artist") + valueOf(file, "IFD0:Make"), "");
         EXPECT_EQ(valueOf(file, "XMP-dc:Title"), "A title");
@@ -100,7 +100,7 @@ TEST_F(RemovalsTest, AReadOnlyFileAmongSeveralIsInTheReportAndTheOthersGoOn) {
     EXPECT_THAT(report(), HasSubstr("locked.jpg"));
 
     fs::remove(context.reportFile);
-    EXPECT_EQ(RemoveTypes(parts, {"IPTC"}, {first, locked, last}), 1);
+    EXPECT_EQ(RemoveTypes(parts, {}, {"IPTC"}, {first, locked, last}), 1);
     EXPECT_EQ(ReadBytes(locked), before);
     EXPECT_EQ(valueOf(first, "IPTC:All") + valueOf(last, "IPTC:All"), "");
     EXPECT_THAT(report(), HasSubstr("locked.jpg"));
@@ -121,27 +121,27 @@ TEST_F(RemovalsTest, AWholeGroupGoesFromAllFilesInOneRun) {
     std::vector<fs::path> files = {makePhoto("a.jpg"), makePhoto("b.jpg")};
     const std::string before = ReadBytes(files[0]);
     const std::string tagsBefore = tagsOf(files[0]);
-    EXPECT_EQ(RemoveTypes(parts, {"XMP-dc", "GPS"}, files), 1);
+    EXPECT_EQ(RemoveTypes(parts, {}, {"XMP-dc", "GPS"}, files), 1);
     for (const fs::path& file : files) {
         EXPECT_EQ(tagsOf(file), without(tagsBefore, {"[XMP-dc]", "[GPS]"}));
         EXPECT_EQ(copyOf(file), before);
     }
     EXPECT_EQ(report(), "");
-    EXPECT_EQ(RemoveTypes(parts, {}, files), 0);
-    EXPECT_EQ(RemoveTypes(parts, {"EXIF"}, {}), 0);
+    EXPECT_EQ(RemoveTypes(parts, {}, {}, files), 0);
+    EXPECT_EQ(RemoveTypes(parts, {}, {"EXIF"}, {}), 0);
 }
 
 TEST_F(RemovalsTest, TheDesignedTermsInOnePairOfQuotesChangeNothing) {
     context.settings.exifTool.correctedCommands = false;
     const fs::path file = makePhoto("a.jpg");
     const std::string before = ReadBytes(file);
-    EXPECT_EQ(RemoveTypes(parts, {"EXIF", "IPTC"}, {file}), 1);
+    EXPECT_EQ(RemoveTypes(parts, {}, {"EXIF", "IPTC"}, {file}), 1);
     EXPECT_EQ(ReadBytes(file), before);
 }
 
 TEST_F(RemovalsTest, EveryGroupThatIsOfferedCanBeRemoved) {
     const fs::path file = makePhoto("a.jpg");
-    EXPECT_EQ(RemoveTypes(parts, {RemovableGroups().begin(), RemovableGroups().end()}, {file}), 1);
+    EXPECT_EQ(RemoveTypes(parts, {}, {RemovableGroups().begin(), RemovableGroups().end()}, {file}), 1);
     EXPECT_THAT(report(), Not(HasSubstr("Not a deletable group")));
     EXPECT_THAT(report(), Not(HasSubstr("not defined")));
     EXPECT_EQ(valueOf(file, "EXIF:All") + valueOf(file, "XMP:All") + valueOf(file, "IPTC:All"), "");
@@ -252,6 +252,18 @@ TEST_F(RemovalsTest, ValuesOfAHostileFileAreShownAndDoNothing) {
     EXPECT_EQ(valueOf(file, "XMP-dc:Title"), "");
     EXPECT_THAT(ReadHeldTagsOfGroup(parts, file, "all -b \"x"), IsEmpty());
     EXPECT_FALSE(fs::exists(folder / "photos/owned"));
+}
+
+TEST_F(RemovalsTest, AGroupIsReadInEitherFormAndUnderTheCataloguesSpelling) {
+    const fs::path file = makePhoto("a.jpg");
+    for (const bool corrected : {false, true}) {
+        context.settings.exifTool.correctedCommands = corrected;
+        std::vector<std::string> names;
+        for (const HeldTag& tag : ReadHeldTagsOfGroup(parts, file, "IPTC")) names.push_back(tag.address.name);
+        EXPECT_THAT(names, testing::IsSupersetOf({"City", "Keywords"}));
+        // ExifTool calls it XMP-lr.
+        EXPECT_EQ(ReadHeldTagsOfGroup(parts, file, "XMP_lr").size(), corrected ? 1u : 0u);
+    }
 }
 
 TEST_F(RemovalsTest, TagsAreCopiedAndAMissingTargetIsInTheReport) {
