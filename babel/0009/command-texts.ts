@@ -657,11 +657,11 @@
         <translation></translation>
     </message>
     <message id="216">
-        <source>ICC profile</source>
+        <source>Thumbnail</source>
         <translation></translation>
     </message>
     <message id="217">
-        <source>Thumbnail</source>
+        <source>ICC profile</source>
         <translation></translation>
     </message>
     <message id="219">
@@ -2465,11 +2465,11 @@
         <translation></translation>
     </message>
     <message id="100216">
-        <source>Writes the embedded colour profile to a file.</source>
+        <source>Writes the embedded pictures to files.</source>
         <translation></translation>
     </message>
     <message id="100217">
-        <source>Writes the embedded pictures to files.</source>
+        <source>Writes the embedded colour profile to a file.</source>
         <translation></translation>
     </message>
     <message id="100219">

@@ -20,6 +20,8 @@
 class QLabel;
 
 namespace batch {
+struct BatchOperation;
+struct BatchOptions;
 class QuietSuccessNotice;
 }
 
@@ -146,6 +148,9 @@ class MainWindow : public QWidget {
     void ShowBatchReport();
     std::vector<std::filesystem::path> gatherFolder();
     void runBatch(CommandId id);
+    /// The dialog of an operation that asks for something: 1 when it ran, 0 when it was cancelled.
+    int openBatchDialog(const batch::BatchOperation& operation, const batch::BatchOptions& options);
+    void exportPayloads(CommandId id);
     void showReportBeginning();
     /// The end of a dialog that wrote tags: what it changed is read again, and the report follows.
     void tagsWereWritten(const edit::FileRuns& runs);

@@ -77,8 +77,11 @@ void MainWindow::ShowBatchReport() {
 void MainWindow::runBatch(CommandId id) {
     const std::vector<fs::path> files = GatherSelection();
     if (files.empty()) return;
-    // Of the operations that are built none asks anything.
-    batch::BatchDispatcher dispatcher({context_, language_, runner_, *feedback_}, {});
+    batch::BatchDispatcher dispatcher(
+        {context_, language_, runner_, *feedback_},
+        [this](const batch::BatchOperation& operation, const batch::BatchOptions& options) {
+            return openBatchDialog(operation, options);
+        });
     const bool isDone = dispatcher.BatchDispatch(id, files);
     if (isDone) showWhatChanged();
     if (!isDone)

@@ -1,6 +1,6 @@
 #include "edit/PayloadExporter.h"
 
-#include "edit/ReportTail.h"
+#include "exiftool/ReportFile.h"
 #include "platform/FileCopy.h"
 #include "platform/Text.h"
 
@@ -15,16 +15,41 @@ namespace {
 
 constexpr const char* kFetched = "Payload.bin";
 
+bool isThere(const fs::path& path) {
+    std::error_code error;
+    return fs::exists(fs::symlink_status(path, error));
+}
+
+fs::path freeTarget(const fs::path& wanted) {
+    for (int number = 2;; ++number) {
+        fs::path name = wanted.stem();
+        name += " (" + std::to_string(number) + ")";
+        name += wanted.extension();
+        fs::path target = wanted.parent_path() / name;
+        if (!isThere(target)) return target;
+    }
+}
+
 }  // namespace
 
 PayloadExporter::PayloadExporter(const app::AppContext& context, exiftool::ToolRunner& runner,
-                                 fs::path folder, const std::vector<fs::path>& selection, Ask ask)
-    : context_(context), runner_(runner), folder_(std::move(folder)), ask_(std::move(ask)) {
-    for (const fs::path& file : selection) {
+                                 fs::path folder, std::vector<fs::path> selection)
+    : context_(context), runner_(runner), folder_(std::move(folder)), selection_(std::move(selection)) {
+    for (const fs::path& file : selection_) {
         std::error_code error;
         const fs::path whole = fs::canonical(file, error);
-        if (!error) selection_.insert(whole);
+        if (!error) selectedFiles_.insert(whole);
     }
+}
+
+fs::path PayloadExporter::FirstExisting(std::span<const PayloadExport> payloads) const {
+    for (const PayloadExport& payload : payloads) {
+        for (const fs::path& file : selection_) {
+            fs::path target = TargetOf(payload, file);
+            if (isThere(target) && isReplaceable(target)) return target;
+        }
+    }
+    return {};
 }
 
 fs::path PayloadExporter::TargetOf(const PayloadExport& payload, const fs::path& file) const {
@@ -53,23 +78,16 @@ PayloadExporter::Outcome PayloadExporter::exportCorrected(const PayloadExport& p
     const fs::path fetched = context_.tempPath / kFetched;
     std::error_code error;
     fs::remove(fetched, error);
-    const ReportTail report(context_.reportFile);
+    const std::uintmax_t reported = exiftool::ReportSize(context_);
     const int ran = runner_.RunToolLine(ExportPayloadCommand(context_, payload, file, fetched));
     if (runner_.wasStopped()) return Outcome::Stopped;
     if (ran == 0) return fail("ExifTool was not run", file);
     const std::uintmax_t size = fs::file_size(fetched, error);
-    if (error || size == 0) return report.hasGrown() ? Outcome::Failed : Outcome::NoData;
+    if (error || size == 0)
+        return exiftool::ReportSize(context_) > reported ? Outcome::Failed : Outcome::NoData;
 
     fs::path target = TargetOf(payload, file);
-    if (fs::exists(fs::symlink_status(target, error))) {
-        const bool isForeign = !written_.contains(target) && !isOfSelection(target);
-        if (isForeign && !hasAnswer_) {
-            answer_ = ask_(target);
-            hasAnswer_ = true;
-        }
-        if (isForeign && answer_ == ExistingTarget::Stop) return Outcome::Stopped;
-        if (!isForeign || answer_ == ExistingTarget::KeepBoth) target = freeTarget(target);
-    }
+    if (isThere(target) && !(replaceExisting_ && isReplaceable(target))) target = freeTarget(target);
     if (const int failure = platform::copyFile(fetched, target); failure != 0)
         return fail(std::system_category().message(failure), target);
     written_.insert(target);
@@ -77,25 +95,18 @@ PayloadExporter::Outcome PayloadExporter::exportCorrected(const PayloadExport& p
     return Outcome::Written;
 }
 
+bool PayloadExporter::isReplaceable(const fs::path& target) const {
+    return !written_.contains(target) && !isOfSelection(target);
+}
+
 bool PayloadExporter::isOfSelection(const fs::path& target) const {
     std::error_code error;
     const fs::path whole = fs::canonical(target, error);
-    return !error && selection_.contains(whole);
-}
-
-fs::path PayloadExporter::freeTarget(const fs::path& wanted) const {
-    std::error_code error;
-    for (int number = 2;; ++number) {
-        fs::path name = wanted.stem();
-        name += " (" + std::to_string(number) + ")";
-        name += wanted.extension();
-        const fs::path target = wanted.parent_path() / name;
-        if (!fs::exists(fs::symlink_status(target, error))) return target;
-    }
+    return !error && selectedFiles_.contains(whole);
 }
 
 PayloadExporter::Outcome PayloadExporter::fail(const std::string& reason, const fs::path& file) const {
-    AppendToReport(context_.reportFile, "Error: " + reason + " - " + platform::narrow(file));
+    exiftool::AppendToReport(context_, "Error: " + reason + " - " + platform::narrow(file));
     return Outcome::Failed;
 }
 

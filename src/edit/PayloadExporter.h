@@ -5,15 +5,12 @@
 #include "exiftool/ToolRunner.h"
 
 #include <filesystem>
-#include <functional>
 #include <set>
+#include <span>
 #include <string>
 #include <vector>
 
 namespace edit {
-
-/// What is to become of a file that stands where data are to be written.
-enum class ExistingTarget { Replace, KeepBoth, Stop };
 
 /// Writes data that are embedded in files out into a folder. In the designed form ExifTool writes the targets
 /// itself, empty ones too, and one over the other; in the corrected form nothing is lost: data are fetched
@@ -21,12 +18,14 @@ enum class ExistingTarget { Replace, KeepBoth, Stop };
 /// writes over a file of the selection. GUI thread, as the runner.
 class PayloadExporter {
  public:
-    /// Asked once in a run, about the first target that exists.
-    using Ask = std::function<ExistingTarget(const std::filesystem::path& target)>;
-
     PayloadExporter(const app::AppContext& context, exiftool::ToolRunner& runner,
-                    std::filesystem::path folder, const std::vector<std::filesystem::path>& selection,
-                    Ask ask);
+                    std::filesystem::path folder, std::vector<std::filesystem::path> selection);
+
+    /// The first target of these kinds that is there already and that the corrected form may replace; empty
+    /// when there is none.
+    std::filesystem::path FirstExisting(std::span<const PayloadExport> payloads) const;
+    /// Whether the corrected form replaces what was there before; else it puts a number behind the new name.
+    void setReplaceExisting(bool replace) { replaceExisting_ = replace; }
 
     enum class Outcome {
         Written,
@@ -42,18 +41,17 @@ class PayloadExporter {
  private:
     Outcome exportAsDesigned(const PayloadExport& payload, const std::filesystem::path& file);
     Outcome exportCorrected(const PayloadExport& payload, const std::filesystem::path& file);
+    bool isReplaceable(const std::filesystem::path& target) const;
     bool isOfSelection(const std::filesystem::path& target) const;
-    std::filesystem::path freeTarget(const std::filesystem::path& wanted) const;
     Outcome fail(const std::string& reason, const std::filesystem::path& file) const;
 
     const app::AppContext& context_;
     exiftool::ToolRunner& runner_;
     std::filesystem::path folder_;
-    std::set<std::filesystem::path> selection_;  ///< in their canonical form
+    std::vector<std::filesystem::path> selection_;
+    std::set<std::filesystem::path> selectedFiles_;  ///< in their canonical form
     std::set<std::filesystem::path> written_;
-    Ask ask_;
-    bool hasAnswer_ = false;
-    ExistingTarget answer_ = ExistingTarget::KeepBoth;
+    bool replaceExisting_ = false;
 };
 
 }  // namespace edit

@@ -26,4 +26,7 @@ struct ThumbnailWritten {
 ThumbnailWritten WriteThumbnail(const app::AppContext& context, exiftool::ToolRunner& runner,
                                 const std::filesystem::path& file, const platform::CommandText& command);
 
+/// Says in the report how many files an operation that the user stopped has not begun.
+void TellFilesLeft(const app::AppContext& context, std::size_t left);
+
 }  // namespace edit

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "edit/ExportDialogPayload.h"
+
+namespace edit {
+
+/// Writes the colour profiles of the selected files into a folder.
+class ExportDialogICC : public ExportDialogPayload {
+    Q_OBJECT
+
+ public:
+    static constexpr int kTemplate = 81501;
+
+    ExportDialogICC(const EditParts& parts, std::vector<std::filesystem::path> files, QWidget* parent);
+
+ protected:
+    std::vector<PayloadExport> payloads() const override;
+};
+
+}  // namespace edit
