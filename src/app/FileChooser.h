@@ -12,11 +12,11 @@ namespace app {
 /// What a file dialog is to ask.
 struct FileQuestion {
     QString title;
-    QStringList types;            ///< "JPEG image (*.jpg *.jpeg)", as Qt reads them; none: all files
-    QString preselectedType;      ///< one of types; empty: the first
-    QString defaultExtension;     ///< without its dot; put behind a name that is typed without one
-    std::filesystem::path start;  ///< folder, or a file that is proposed
-    QString nameLabel = {};       ///< before the name field; empty: the dialog's own
+    QStringList types = {};            ///< "JPEG image (*.jpg *.jpeg)", as Qt reads them; none: all files
+    QString preselectedType = {};      ///< one of types; empty: the first
+    QString defaultExtension = {};     ///< without its dot; put behind a name that is typed without one
+    std::filesystem::path start = {};  ///< folder, or a file that is proposed
+    QString nameLabel = {};            ///< before the name field; empty: the dialog's own
 };
 
 /// Each asks modally and gives what was chosen, or nothing when the user cancels. The program's own dialog is
