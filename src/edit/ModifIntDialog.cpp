@@ -21,7 +21,7 @@ void ModifIntDialog::accept() {
     const auto value = isCorrected() ? CorrectedInteger(field->text(), edit().value)
                                      : std::optional(DesignedInteger(field->text()));
     if (!value) {
-        showHint(parts().language.formatted(text::kNoInteger, {field->text()}));
+        showHint(parts().language.formatted(text::kNoInteger, {field->text()}), HintKind::Refusal);
         field->setFocus();
         field->selectAll();
         return;

@@ -21,7 +21,7 @@ void ModifRationalDialog::accept() {
     const auto value = isCorrected() ? CorrectedRational(field->text(), edit().value)
                                      : std::optional(DesignedRational(edit().value, field->text()));
     if (!value) {
-        showHint(parts().language.formatted(text::kNoRational, {field->text()}));
+        showHint(parts().language.formatted(text::kNoRational, {field->text()}), HintKind::Refusal);
         field->setFocus();
         field->selectAll();
         return;

@@ -3,6 +3,7 @@
 #include "edit/EditTexts.h"
 
 #include <QLabel>
+#include <QLayout>
 #include <QPlainTextEdit>
 #include <QTextBlock>
 
@@ -11,6 +12,9 @@ namespace edit {
 namespace {
 
 constexpr int kMostHelpLines = 6;
+/// Without it a text that just fits could be scrolled.
+constexpr int kHelpSpare = 6;
+constexpr int kWidth = 460;
 constexpr double kSecondary = 0.72;
 
 QPalette secondary(const QWidget& widget) {
@@ -38,6 +42,16 @@ ValueDialog::ValueDialog(const EditParts& parts, TagEditContext& edit, int templ
     showHint({});
 }
 
+void ValueDialog::setVisible(bool visible) {
+    // No taller than its contents ask for: text edits would like more.
+    if (visible && !testAttribute(Qt::WA_Resized) && layout() != nullptr) {
+        const int width = std::max(kWidth, layout()->totalMinimumSize().width());
+        resize(width,
+               std::max(layout()->totalMinimumHeightForWidth(width), layout()->totalMinimumSize().height()));
+    }
+    DarkModeDialogBase::setVisible(visible);
+}
+
 void ValueDialog::showLabel() {
     auto* label = control<QLabel>(control::kTagLabel);
     if (label == nullptr) return;
@@ -57,13 +71,16 @@ void ValueDialog::showHelp() {
     help->setPalette(secondary(*this));
     help->document()->setDocumentMargin(0);
     help->setPlainText(text);
-    const int lines = std::min(static_cast<int>(text.count(u'\n')) + 2, kMostHelpLines);
-    help->setMinimumHeight(lines * help->fontMetrics().lineSpacing());
+    const int lines = std::min(static_cast<int>(text.count(u'\n')) + 1, kMostHelpLines);
+    help->setMinimumHeight(lines * help->fontMetrics().lineSpacing() + kHelpSpare);
 }
 
-void ValueDialog::showHint(const QString& text) {
+void ValueDialog::showHint(const QString& text, HintKind kind) {
     auto* hint = control<QLabel>(control::kHint);
     if (hint == nullptr) return;
+    QFont font = hint->font();
+    font.setBold(kind == HintKind::Refusal);
+    hint->setFont(font);
     hint->setText(text);
     hint->setVisible(!text.isEmpty());
 }

@@ -14,12 +14,16 @@ class ValueDialog : public app::DarkModeDialogBase {
  public:
     ValueDialog(const EditParts& parts, TagEditContext& edit, int templateNumber, QWidget* parent);
 
+    void setVisible(bool visible) override;
+
  protected:
     const EditParts& parts() const { return parts_; }
     TagEditContext& edit() { return edit_; }
     bool isCorrected() const { return parts_.context.settings.exifTool.correctedCommands; }
 
-    void showHint(const QString& text);
+    enum class HintKind { Remark, Refusal };
+    /// Empty takes the line away.
+    void showHint(const QString& text, HintKind kind = HintKind::Remark);
 
  private:
     void showLabel();
