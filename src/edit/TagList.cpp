@@ -18,6 +18,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace edit {
 
@@ -298,11 +299,30 @@ void TagList::showMenu(const QModelIndex& index, const QPoint& position) {
 
 void TagList::sortBy(int section) {
     const TagColumn column = wishes_.look.columns[static_cast<std::size_t>(section)];
-    if (column != TagColumn::Name && column != TagColumn::Group) return;
-    ascending_ = !ascending_;
-    model_->sort(column == TagColumn::Name ? TagSort::Name : TagSort::Group, ascending_);
-    view_->header()->setSortIndicator(section, ascending_ ? Qt::AscendingOrder : Qt::DescendingOrder);
-    view_->header()->setSortIndicatorShown(true);
+    if (column == TagColumn::Name || column == TagColumn::Group) {
+        ascending_ = !ascending_;
+        sortedSection_ = section;
+        const QModelIndex current = view_->currentIndex();
+        const TagRow kept = current.isValid() ? rows()[model_->rowAt(current.row())] : TagRow();
+        model_->sort(column == TagColumn::Name ? TagSort::Name : TagSort::Group, ascending_);
+        if (current.isValid()) goTo(kept);
+    }
+    // The header turns its arrow at every click, also over a column that does not sort.
+    QHeaderView& header = *view_->header();
+    header.setSortIndicatorShown(sortedSection_ >= 0);
+    if (sortedSection_ < 0) return;
+    header.setSortIndicator(sortedSection_, ascending_ ? Qt::AscendingOrder : Qt::DescendingOrder);
+}
+
+void TagList::goTo(const TagRow& wanted) {
+    const auto found = std::ranges::find_if(rows(), [&](const TagRow& row) {
+        return row.tagId == wanted.tagId && row.name == wanted.name && row.group == wanted.group;
+    });
+    if (found == rows().end()) return;
+    const int shown = model_->shownRowOf(static_cast<std::size_t>(found - rows().begin()));
+    if (shown < 0) return;
+    view_->setCurrentIndex(model_->index(shown, 0));
+    view_->scrollTo(view_->currentIndex());
 }
 
 void TagList::updateCount() {

@@ -95,6 +95,7 @@ class TagList : public QWidget {
     void copy(const QModelIndex& index) const;
     void showMenu(const QModelIndex& index, const QPoint& position);
     void sortBy(int section);
+    void goTo(const TagRow& wanted);
     void updateCount();
     /// In a list that ticks, values are only shown.
     bool hasValues() const { return !wishes_.look.ticks && model_->columnOf(TagColumn::Value) >= 0; }
@@ -106,7 +107,8 @@ class TagList : public QWidget {
     TagListView* view_;
     QLabel* count_;
     QString emptyText_;
-    bool ascending_ = true;
+    bool ascending_ = true;  ///< the first click on a header turns it
+    int sortedSection_ = -1;
 };
 
 }  // namespace edit

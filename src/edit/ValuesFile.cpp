@@ -109,6 +109,21 @@ bool equalWithoutCase(const QString& left, const QString& right) {
     return left.compare(right, Qt::CaseInsensitive) == 0;
 }
 
+/// The groups that a name without one is most likely to come from, and those that repeat the tags of others.
+// What both of the first two have is at home in the ExifIFD.
+constexpr QStringView kLikelyGroups[] = {u"ExifIFD", u"IFD0",    u"GPS",           u"IPTC",
+                                         u"XMP-dc",  u"XMP-xmp", u"XMP-photoshop", u"XMP-iptcCore"};
+constexpr QStringView kRepeatingGroups[] = {u"IFD1", u"IFD2", u"IFD3", u"SubIFD"};
+
+std::size_t rankOf(const QString& group) {
+    const auto startsGroup = [&](QStringView start) { return group.startsWith(start); };
+    constexpr std::size_t kCount = std::size(kLikelyGroups);
+    if (std::ranges::any_of(kRepeatingGroups, startsGroup)) return kCount + 1;
+    const auto* const found = std::ranges::find_if(
+        kLikelyGroups, [&](QStringView likely) { return likely.compare(group, Qt::CaseInsensitive) == 0; });
+    return static_cast<std::size_t>(found - std::begin(kLikelyGroups));
+}
+
 }  // namespace
 
 std::vector<NamedValue> ParseValuesFile(std::string_view bytes, ValuesFileForm form) {
@@ -116,14 +131,17 @@ std::vector<NamedValue> ParseValuesFile(std::string_view bytes, ValuesFileForm f
 }
 
 TagRow* RowOfValue(TagRows& rows, const NamedValue& value, ValuesFileForm form) {
-    const auto found = std::ranges::find_if(rows, [&](const TagRow& row) {
-        const QString name = form == ValuesFileForm::Corrected
-                                 ? row.name
-                                 : QString::fromUtf8(row.name.toUtf8().left(kLongestNameOfRow));
-        return equalWithoutCase(name, value.name) &&
-               (value.group.isEmpty() || equalWithoutCase(row.group, value.group));
-    });
-    return found == rows.end() ? nullptr : &*found;
+    const bool corrected = form == ValuesFileForm::Corrected;
+    TagRow* best = nullptr;
+    for (TagRow& row : rows) {
+        const QString name =
+            corrected ? row.name : QString::fromUtf8(row.name.toUtf8().left(kLongestNameOfRow));
+        if (!equalWithoutCase(name, value.name)) continue;
+        if (!value.group.isEmpty() && !equalWithoutCase(row.group, value.group)) continue;
+        if (!corrected) return &row;
+        if (best == nullptr || rankOf(row.group) < rankOf(best->group)) best = &row;
+    }
+    return best;
 }
 
 LoadedValues ApplyValues(TagRows& rows, std::span<const NamedValue> values, ValuesFileForm form,

@@ -40,9 +40,10 @@ struct LoadedValues {
     std::size_t unknown = 0;  ///< names that no row has
 };
 
-/// Gives each value to the first row of its name, blind to case; in the corrected form of its group too where
-/// it has one, and without touching a row for an empty value. takesSeveral: whether the tag of an id holds a
-/// list, whose entries ExifTool writes with ", " between them.
+/// Gives each value to the first row of its name, blind to case. In the corrected form to the row of its
+/// group, and where it has none, of the likeliest one: a make is that of IFD0 before that of the thumbnail;
+/// an empty value touches no row there. takesSeveral: whether the tag of an id holds a list, whose entries
+/// ExifTool writes with ", " between them.
 using TakesSeveral = std::function<bool(int tagId)>;
 LoadedValues ApplyValues(TagRows& rows, std::span<const NamedValue> values, ValuesFileForm form,
                          const TakesSeveral& takesSeveral);

@@ -67,13 +67,13 @@ class TagValueWrites : public EditedFile {
 }  // namespace
 
 TEST_F(TagValueWrites, RowsHoldWhatTheFileHolds) {
-    const fs::path file = photo({"-IFD0:Make=Acme", "-IFD0:XResolution=300", "-IFD1:XResolution=99",
+    const fs::path file = photo({"-IFD0:Make=Acme", "-IFD0:XResolution=300", "-IFD1:Make=Thumb",
                                  "-ExifIFD:ISO=200", "-IPTC:Keywords=one", "-IPTC:Keywords=two",
                                  "-XMP-xmp:Rating=3", "-XMP-lr:HierarchicalSubject=a|b"});
     TagRows exif = rowsOf(1, file);
     EXPECT_EQ(rowOf(exif, "IFD0", "Make").value, "Acme");
     EXPECT_EQ(rowOf(exif, "IFD0", "XResolution").value, "300");
-    EXPECT_EQ(rowOf(exif, "IFD1", "XResolution").value, "99");
+    EXPECT_EQ(rowOf(exif, "IFD1", "Make").value, "Thumb");
     EXPECT_EQ(rowOf(exif, "ExifIFD", "ISO").value, "200");
     EXPECT_EQ(ChangedCount(exif), 0U);
     TagRows iptc = rowsOf(2, file);
@@ -163,24 +163,25 @@ TEST_F(TagValueWrites, AnAddedTagLeavesTheRestOfItsGroup) {
 }
 
 TEST_F(TagValueWrites, TheDesignedFormLosesRowsWithoutAValueAndLeavesACopy) {
-    const fs::path file = photo({"-XMP-dc:Title=kept", "-XMP-dc:Source=lost"});
+    const fs::path file = photo({"-IPTC:City=kept", "-IPTC:Source=lost"});
     context.settings.exifTool.correctedCommands = false;
-    TagRows rows = RowsOfGroup(dictionary, "XMP-dc");
-    set(rows, "XMP-dc", "Title", "kept");
-    EXPECT_EQ(AddTagsToFile(parts, rows, u"XMP-dc", file), 1);
-    EXPECT_EQ(valueOf(file, "XMP-dc:Title"), "kept");
-    EXPECT_EQ(valueOf(file, "XMP-dc:Source"), "");
+    TagRows rows = RowsOfGroup(dictionary, "IPTC");
+    set(rows, "IPTC", "City", "new");
+    EXPECT_EQ(AddTagsToFile(parts, rows, u"IPTC", file), 1);
+    EXPECT_EQ(valueOf(file, "IPTC:City"), "new");
+    EXPECT_EQ(valueOf(file, "IPTC:Source"), "");
     EXPECT_TRUE(fs::exists(file.string() + "_original"));
 }
 
-TEST_F(TagValueWrites, TheDesignedModifyWorksOnTheGroupOfTheFirstRow) {
-    const fs::path file = photo({"-IFD0:Make=Acme", "-IFD0:Model=lost"});
+TEST_F(TagValueWrites, TheDesignedModifyEmptiesTheGroupOfTheFirstRow) {
+    const fs::path file = photo({"-IPTC:City=Town", "-IPTC:Source=lost", "-XMP-dc:Title=stays"});
     context.settings.exifTool.correctedCommands = false;
-    TagRows rows = RowsOfGroup(dictionary, "IFD0");
-    set(rows, "IFD0", "Make", "New");
+    TagRows rows = RowsOfGroup(dictionary, "IPTC");
+    set(rows, "IPTC", "City", "New");
     EXPECT_EQ(ModifyFile(parts, 22, rows, file), 1);
-    EXPECT_EQ(valueOf(file, "IFD0:Make"), "New");
-    EXPECT_EQ(valueOf(file, "IFD0:Model"), "");
+    EXPECT_EQ(valueOf(file, "IPTC:City"), "New");
+    EXPECT_EQ(valueOf(file, "IPTC:Source"), "");
+    EXPECT_EQ(valueOf(file, "XMP-dc:Title"), "stays");
     EXPECT_TRUE(fs::exists(file.string() + "_original"));
 }
 

@@ -60,7 +60,9 @@ class TagValuesDialogTest : public EditedFile {
                           dialog.list().view().visualRect(cell).center());
     }
     static void typeText(app::DarkModeDialogBase& dialog, const QString& text) {
-        dialog.control<QPlainTextEdit>(1694)->setPlainText(text);
+        auto* field = dialog.control<QPlainTextEdit>(1694);
+        field->selectAll();
+        field->insertPlainText(text);
         dialog.accept();
     }
     static void show(QDialog& dialog) {

@@ -106,9 +106,10 @@ TEST(ValuesFile, ValuesGoToTheFirstRowOfTheirName) {
         const NamedValue values[] = {{"", "MAKE", "Acme"}, {"", "Unknown", "x"}, {"", "Model", ""}};
         const LoadedValues loaded = ApplyValues(rows, values, form, [](int) { return false; });
         const bool corrected = form == ValuesFileForm::Corrected;
-        EXPECT_EQ(rows[0].value, "Acme");
-        EXPECT_TRUE(rows[0].changed && rows[0].loaded);
-        EXPECT_FALSE(rows[1].changed);
+        // A name alone means the picture, and not its thumbnail.
+        EXPECT_EQ(rows[corrected ? 1 : 0].value, "Acme");
+        EXPECT_TRUE(rows[corrected ? 1 : 0].changed && rows[corrected ? 1 : 0].loaded);
+        EXPECT_FALSE(rows[corrected ? 0 : 1].changed);
         EXPECT_EQ(rows[2].value, corrected ? "kept" : "");
         EXPECT_EQ(loaded.set, corrected ? 1U : 2U);
         EXPECT_EQ(loaded.unknown, 1U);
