@@ -87,6 +87,14 @@
         <source>The run could not be carried to its end.</source>
         <translation></translation>
     </message>
+    <message id="81035">
+        <source>Filter by group</source>
+        <translation></translation>
+    </message>
+    <message id="81036">
+        <source>%s of %s groups</source>
+        <translation></translation>
+    </message>
     <message id="81040">
         <source>Choose the file with the tags</source>
         <translation></translation>

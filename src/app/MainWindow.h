@@ -174,8 +174,6 @@ class MainWindow : public QWidget {
     void readFileAgain(CommandId id);
 
     // Removing and copying tags.
-    /// Command 1819 for a group of the panel; an empty one stands for all groups.
-    void RemoveTagsOfGroup(const QString& group);
     /// Shows what has changed, and the report.
     void endRemoval(bool hasRun);
     void deleteAll(CommandId id);
@@ -183,6 +181,7 @@ class MainWindow : public QWidget {
     void removeGroupTypes(CommandId id);
     void removeFamily(CommandId id);
     void copyTags(CommandId id);
+    /// Of the group of the panel's current row; without one, of all groups.
     void removeTagsFromShownFile(CommandId id);
 
     // Commands.

@@ -60,15 +60,12 @@ void MainWindow::removeFamily(CommandId id) {
 }
 
 void MainWindow::removeTagsFromShownFile(CommandId) {
-    const QModelIndex row = metadataPanel_->list().currentIndex();
-    const bool isShown = context_.settings.lists.showMetadataWindow && row.isValid();
-    RemoveTagsOfGroup(isShown ? metadataPanel_->model().row(row.row()).group : QString());
-}
-
-void MainWindow::RemoveTagsOfGroup(const QString& group) {
-    const fs::path file = context_.currentFile.empty() ? selectedFile() : context_.currentFile;
+    const bool isShown = context_.settings.lists.showMetadataWindow && !metadataPanel_->file().empty();
+    const fs::path file = isShown ? metadataPanel_->file() : selectedFile();
     if (file.empty()) return;
-    exiftool::DeleteReport(context_);
+    const QModelIndex row = metadataPanel_->list().currentIndex();
+    const QString group = isShown && row.isValid() ? metadataPanel_->model().row(row.row()).group : QString();
+    static_cast<void>(exiftool::DeleteReport(context_));
     endRemoval(edit::DialogRemoveATag_FromOneFile(editParts(), file, group, this).run() == 1);
 }
 

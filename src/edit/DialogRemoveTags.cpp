@@ -3,7 +3,6 @@
 #include "app/Messages.h"
 #include "edit/RemovalTexts.h"
 #include "edit/Removals.h"
-#include "edit/TagList.h"
 
 namespace edit {
 
@@ -42,7 +41,8 @@ bool isNothing(const std::vector<TagAddress>& ticked, QWidget* dialog) {
 
 DialogRemoveTags::DialogRemoveTags(const EditParts& parts, std::vector<std::filesystem::path> files,
                                    QWidget* parent)
-    : TickedTagsDialog(parts, kTemplate, kColumns, kSize, parent), files_(std::move(files)) {
+    : TickedTagsDialog(parts, kTemplate, {.look = {.columns = kColumns}}, kSize, parent),
+      files_(std::move(files)) {
     setWindowTitle(parts.language.formatted(text::kRemoveTags, {FilesText(parts.language, files_.size())}));
     if (list() == nullptr) return;
     list()->model().setRows(rowsOf(parts, ReadHeldTags(parts, files_), files_.size()));
@@ -59,7 +59,8 @@ void DialogRemoveTags::accept() {
 
 DialogRemoveATag_FromOneFile::DialogRemoveATag_FromOneFile(const EditParts& parts, std::filesystem::path file,
                                                            const QString& group, QWidget* parent)
-    : TickedTagsDialog(parts, kTemplate, kColumns, kSize, parent), file_(std::move(file)) {
+    : TickedTagsDialog(parts, kTemplate, {.look = {.columns = kColumns}}, kSize, parent),
+      file_(std::move(file)) {
     const QString shortGroup = group.left(kLongestGroup);
     setWindowTitle(group.isEmpty() ? parts.language.text(text::kRemoveTagsOfFile)
                                    : parts.language.formatted(text::kRemoveTagsOfGroup, {shortGroup}));

@@ -3,7 +3,6 @@
 #include "app/Messages.h"
 #include "edit/RemovalTexts.h"
 #include "edit/Removals.h"
-#include "edit/TagList.h"
 
 namespace edit {
 
@@ -15,7 +14,12 @@ constexpr QSize kSize(420, 520);
 
 RemoveDialogTypes::RemoveDialogTypes(const EditParts& parts, std::vector<std::filesystem::path> files,
                                      QWidget* parent)
-    : TickedTagsDialog(parts, kTemplate, {TagColumn::Group}, kSize, parent), files_(std::move(files)) {
+    : TickedTagsDialog(parts, kTemplate,
+                       {.look = {.columns = {TagColumn::Group}},
+                        .filterHint = text::kFilterGroups,
+                        .countOfRows = text::kCountOfGroups},
+                       kSize, parent),
+      files_(std::move(files)) {
     setWindowTitle(parts.language.formatted(text::kRemoveGroups, {FilesText(parts.language, files_.size())}));
     if (list() == nullptr) return;
     TagRows rows;

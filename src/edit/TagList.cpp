@@ -5,7 +5,6 @@
 #include "controls/Icons.h"
 #include "controls/ListColors.h"
 #include "controls/TickBox.h"
-#include "edit/TagListTexts.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -147,7 +146,7 @@ TagList::TagList(const EditParts& parts, Wishes wishes, QWidget* parent)
       view_(new TagListView(*model_, this)),
       count_(new QLabel(this)) {
     filter_->setProperty(app::kControlIdProperty, kFilterControl);
-    filter_->setPlaceholderText(parts_.language.text(text::kFilterHint));
+    filter_->setPlaceholderText(parts_.language.text(wishes_.filterHint));
     filter_->setClearButtonEnabled(true);
     filter_->addAction(controls::icon(QStringLiteral("view-filter")), QLineEdit::LeadingPosition);
     filter_->installEventFilter(this);
@@ -329,7 +328,7 @@ void TagList::updateCount() {
     const QLocale locale;
     const auto number = [&](std::size_t count) { return locale.toString(static_cast<qulonglong>(count)); };
     QStringList parts{parts_.language.formatted(
-        text::kCountOfRows, {number(static_cast<std::size_t>(model_->rowCount())), number(rows().size())})};
+        wishes_.countOfRows, {number(static_cast<std::size_t>(model_->rowCount())), number(rows().size())})};
     if (hasValues()) parts << parts_.language.formatted(text::kCountChanged, {number(ChangedCount(rows()))});
     if (wishes_.look.ticks)
         parts << parts_.language.formatted(text::kCountTicked, {number(TickedCount(rows()))});

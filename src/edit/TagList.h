@@ -3,6 +3,7 @@
 #include "controls/GroupedListView.h"
 #include "edit/EditParts.h"
 #include "edit/TagListModel.h"
+#include "edit/TagListTexts.h"
 
 #include <QWidget>
 #include <vector>
@@ -55,6 +56,8 @@ class TagList : public QWidget {
         int listControl = 0;  ///< the number by which scripts and dialogs find the list
         TagListModel::Look look;
         bool severalFiles = false;  ///< the rows' values are for several files, whose own are not known
+        int filterHint = text::kFilterHint;  ///< numbers of the language file's strings
+        int countOfRows = text::kCountOfRows;
     };
 
     /// parts outlive the list.

@@ -2,7 +2,6 @@
 
 #include "app/Messages.h"
 #include "edit/RemovalTexts.h"
-#include "edit/TagList.h"
 
 #include <QAbstractButton>
 
@@ -14,15 +13,15 @@ enum Control { kListPlace = 81100, kTickAll = 81101, kTickNone = 81102 };
 
 }  // namespace
 
-TickedTagsDialog::TickedTagsDialog(const EditParts& parts, int templateNumber, std::vector<TagColumn> columns,
+TickedTagsDialog::TickedTagsDialog(const EditParts& parts, int templateNumber, TagList::Wishes wishes,
                                    QSize size, QWidget* parent)
     : DarkModeDialogBase(parts.language, templateNumber, parent), parts_(parts) {
     resize(size);
     auto* place = control<QWidget>(kListPlace);
     if (place == nullptr) return;
-    list_ = TagList::PlaceIn(
-        *place, parts_,
-        {.listControl = kListControl, .look = {.columns = std::move(columns), .ticks = true}});
+    wishes.listControl = kListControl;
+    wishes.look.ticks = true;
+    list_ = TagList::PlaceIn(*place, parts_, std::move(wishes));
     list_->setEmptyText(parts_.language.text(text::kNothingToRemove));
     list_->setFocus();
     for (const int button : {kTickAll, kTickNone}) {

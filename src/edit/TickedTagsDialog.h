@@ -3,15 +3,13 @@
 #include "app/DarkModeDialogBase.h"
 #include "edit/EditParts.h"
 #include "edit/RemovalLines.h"
-#include "edit/TagListModel.h"
+#include "edit/TagList.h"
 
 #include <QSize>
 #include <filesystem>
 #include <vector>
 
 namespace edit {
-
-class TagList;
 
 /// The base of the dialogs in which tags or groups are ticked to be removed: the list with its filter, and
 /// the buttons that tick all that is shown, or nothing.
@@ -22,7 +20,8 @@ class TickedTagsDialog : public app::DarkModeDialogBase {
     static constexpr int kListControl = 1328;
 
  protected:
-    TickedTagsDialog(const EditParts& parts, int templateNumber, std::vector<TagColumn> columns, QSize size,
+    /// wishes for the list; the control number and the ticks are set here.
+    TickedTagsDialog(const EditParts& parts, int templateNumber, TagList::Wishes wishes, QSize size,
                      QWidget* parent);
 
     const EditParts& parts() const { return parts_; }
