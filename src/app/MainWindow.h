@@ -240,6 +240,7 @@ class MainWindow : public QWidget {
 
     bool ready_ = false;
     bool hasPainted_ = false;
+    bool keepsStatus_ = false;  ///< the next reading of the list leaves the status as it is
     bool closed_ = false;
     controls::Ribbon* ribbon_ = nullptr;
     QWidget* client_ = nullptr;

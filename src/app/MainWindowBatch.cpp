@@ -98,6 +98,7 @@ void MainWindow::showReportBeginning() {
 }
 
 void MainWindow::showWhatChanged() {
+    keepsStatus_ = true;
     refresh(command::kRefresh);
     if (context_.currentFile.empty() || !context_.settings.lists.showMetadataWindow) return;
     std::error_code error;

@@ -15,6 +15,7 @@
 #include <QStackedWidget>
 #include <QStandardPaths>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace app {
 
@@ -93,7 +94,7 @@ void MainWindow::navigationCompleted() {
     RefreshStatusBar();
     if (!ready_) return;
     updateToggles();
-    ShowStatus(QStringLiteral("Ready"));
+    if (!std::exchange(keepsStatus_, false)) ShowStatus(QStringLiteral("Ready"));
 }
 
 void MainWindow::updateTitle() {

@@ -6,8 +6,15 @@
 
 namespace batch {
 
+namespace {
+
+constexpr QSize kFirstSize(760, 420);
+
+}  // namespace
+
 ReportDialog::ReportDialog(const app::LanguageFile& languageFile, const QString& text, QWidget* parent)
     : DarkModeDialogBase(languageFile, kTemplate, parent) {
+    resize(kFirstSize);
     setSizeGripEnabled(true);
     if (auto* report = control<QPlainTextEdit>(kTextControl)) {
         report->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
@@ -17,7 +24,10 @@ ReportDialog::ReportDialog(const app::LanguageFile& languageFile, const QString&
         report->setTabChangesFocus(true);
         report->setPlainText(text);
     }
-    if (auto* ok = control<QPushButton>(app::kOkControl)) ok->setFocus();
+    if (auto* ok = control<QPushButton>(app::kOkControl)) {
+        ok->setDefault(true);
+        ok->setFocus();
+    }
 }
 
 }  // namespace batch

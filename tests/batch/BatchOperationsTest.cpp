@@ -1,0 +1,362 @@
+#include "batch/BatchDispatch.h"
+#include "exiftool/ReportFile.h"
+#include "support/SmallFiles.h"
+#include "support/TemporaryFolder.h"
+
+#include <gmock/gmock.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+using app::CommandId;
+using support::ExifTool;
+using support::ReadBytes;
+using support::WriteBytes;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::Not;
+using testing::UnorderedElementsAre;
+
+/// Notes what it is told; closes at a file when it is to.
+class NotingProgress : public exiftool::FileProgress {
+ public:
+    void Begin(const QString& title, std::size_t count) override {
+        events.push_back(title.toStdString() + ' ' + std::to_string(count));
+    }
+    bool ShowFile(const fs::path& file, std::size_t number) override {
+        events.push_back(std::to_string(number) + ' ' + file.filename().string());
+        return number < closesAt;
+    }
+    void End() override { events.emplace_back("end"); }
+
+    std::vector<std::string> events;
+    std::size_t closesAt = 1000;
+};
+
+class BatchOperationsTest : public testing::Test {
+ protected:
+    BatchOperationsTest() {
+        for (const char* name : {"Temp", "photos", "cache"}) fs::create_directory(folder_ / name);
+        context_.tempPath = folder_ / "Temp";
+        context_.cachePath = folder_ / "cache";
+        context_.reportFile = folder_ / "cache/report.txt";
+        context_.exifToolPath = "/usr/bin/exiftool";
+        context_.settings.exifTool.correctedCommands = true;
+        support::WriteJpeg(master_);
+        ExifTool({"-q", "-overwrite_original", "-EXIF:Make=Maker/s", "-EXIF:Model=Model 1",
+                  "-DateTimeOriginal=2001:02:03 04:05:06", "-XMP-dc:Title=A title",
+                  "-FileModifyDate=2020:01:02 03:04:05", master_.string()});
+    }
+
+    fs::path make(const std::string& name) {
+        const fs::path file = folder_ / "photos" / name;
+        fs::copy_file(master_, file);
+        fs::last_write_time(file, fs::last_write_time(master_));
+        return file;
+    }
+    static void set(const fs::path& file, const std::string& assignment) {
+        ExifTool({"-q", "-m", "-P", "-overwrite_original", assignment, file.string()});
+    }
+    static std::string valueOf(const fs::path& file, const std::string& tag) {
+        std::string value = ExifTool({"-s3", tag, file.string()});
+        if (value.ends_with('\n')) value.pop_back();
+        return value;
+    }
+    bool run(CommandId id, const std::vector<fs::path>& files) {
+        return batch::BatchDispatcher({context_, language_, runner_, progress_}, {}).BatchDispatch(id, files);
+    }
+    std::string report() const {
+        return fs::exists(context_.reportFile) ? ReadBytes(context_.reportFile) : "";
+    }
+    std::vector<std::string> names() const {
+        std::vector<std::string> all;
+        for (const auto& entry : fs::directory_iterator(folder_ / "photos"))
+            all.push_back(entry.path().filename().string());
+        return all;
+    }
+    void useTool(const std::string& script) {
+        context_.exifToolPath = folder_ / "tool";
+        WriteBytes(context_.exifToolPath, "#!/bin/sh\n" + script);
+        fs::permissions(context_.exifToolPath, fs::perms::owner_all);
+    }
+
+    /// Counts are read only where cameras write them; here they are a tag of a namespace of our own.
+    void useToolThatWritesCounts() {
+        WriteBytes(
+            folder_ / "config",
+            "%Image::ExifTool::UserDefined = ('Image::ExifTool::XMP::Main' => { test => { SubDirectory "
+            "=> { TagTable => 'Image::ExifTool::UserDefined::test' } } });\n"
+            "%Image::ExifTool::UserDefined::test = (GROUPS => { 0 => 'XMP', 1 => 'XMP-test', 2 => "
+            "'Other' }, NAMESPACE => { 'test' => 'http://test.example/1.0/' }, WRITABLE => 'string', "
+            "ShutterCount => { });\n1;\n");
+        useTool("exec exiftool -config '" + (folder_ / "config").string() + "' \"$@\"\n");
+    }
+
+    support::TemporaryFolder folder_;
+    fs::path master_ = folder_ / "master.jpg";
+    app::AppContext context_;
+    const app::LanguageFile language_{TAGWRIGHT_BIN_DIR, 9};
+    exiftool::ToolRunner runner_{context_};
+    NotingProgress progress_;
+};
+
+TEST_F(BatchOperationsTest, TheFileDateBecomesThatOfThePhoto) {
+    const fs::path photo = make("a.jpg");
+    const fs::path dateless = make("b.jpg");
+    set(dateless, "-DateTimeOriginal=");
+    const std::string before = ReadBytes(photo);
+    EXPECT_TRUE(run(157, {photo, dateless}));
+    EXPECT_THAT(valueOf(photo, "-FileModifyDate"), HasSubstr("2001:02:03 04:05:06"));
+    EXPECT_THAT(valueOf(dateless, "-FileModifyDate"), HasSubstr("2020:01:02 03:04:05"));
+    EXPECT_EQ(ReadBytes(photo), before);
+    EXPECT_THAT(report(), HasSubstr("b.jpg"));
+    EXPECT_THAT(report(), Not(HasSubstr("a.jpg")));
+    EXPECT_TRUE(fs::exists(
+        exiftool::SafetyCopyPath(photo, context_.cachePath, exiftool::SafetyCopies(), QDateTime())));
+}
+
+TEST_F(BatchOperationsTest, FilesAreNamedAfterTheShutterCountAndNoneIsReplaced) {
+    useToolThatWritesCounts();
+    const auto makeWith = [&](const std::string& name, const std::string& count) {
+        const fs::path file = make(name);
+        ExifTool({"-config", (folder_ / "config").string(), "-q", "-overwrite_original",
+                  "-XMP-test:ShutterCount=" + count, file.string()});
+        return file;
+    };
+    const fs::path one = makeWith("a.jpg", "1234");
+    const fs::path same = makeWith("b.jpg", "1234");
+    const fs::path odd = makeWith("c.jpg", "../5 6%d");
+    const fs::path wordless = makeWith("wordless.jpg", "unknown");
+    const fs::path countless = make("countless.jpg");
+    EXPECT_TRUE(run(172, {one, same, odd, wordless, countless}));
+    const auto expected =
+        UnorderedElementsAre("1234.jpg", "1234-1.jpg", "56.jpg", "wordless.jpg", "countless.jpg");
+    EXPECT_THAT(names(), expected);
+    EXPECT_THAT(report(), HasSubstr("'ShutterCount' not defined - " + countless.string()));
+    EXPECT_THAT(report(), HasSubstr(wordless.string()));
+    EXPECT_TRUE(run(172, {folder_ / "photos/1234.jpg", folder_ / "photos/1234-1.jpg"}));
+    EXPECT_THAT(names(), expected) << "who has the name keeps it";
+}
+
+TEST_F(BatchOperationsTest, FilesAreNamedAfterDateAndCamera) {
+    const fs::path photo = make("a.jpg");
+    EXPECT_TRUE(run(173, {photo}));
+    EXPECT_THAT(names(), ElementsAre("2020-01-02 03-04-05 - Makers-a.jpg"));
+    EXPECT_TRUE(run(174, {folder_ / "photos/2020-01-02 03-04-05 - Makers-a.jpg"}));
+    EXPECT_THAT(names(), ElementsAre("2020-01-02 03-04-05 - Model 1-2020-01-02 03-04-05 - Makers-a.jpg"));
+    EXPECT_EQ(report(), "");
+    EXPECT_EQ(ReadBytes(folder_ / "photos" / names().front()), ReadBytes(master_));
+}
+
+TEST_F(BatchOperationsTest, NoFileTakesTheNameOfAnother) {
+    const fs::path photo = make("a.jpg");
+    const fs::path other = folder_ / "photos/2020-01-02 03-04-05 - Makers-a.jpg";
+    WriteBytes(other, "somebody else's");
+    EXPECT_TRUE(run(173, {photo}));
+    EXPECT_THAT(names(), UnorderedElementsAre("2020-01-02 03-04-05 - Makers-a.jpg",
+                                              "2020-01-02 03-04-05 - Makers-a-1.jpg"));
+    EXPECT_EQ(ReadBytes(other), "somebody else's");
+}
+
+TEST_F(BatchOperationsTest, AFileWithoutTheTagKeepsItsName) {
+    const fs::path without = make("without.jpg");
+    set(without, "-Make=");
+    const fs::path blank = make("blank.jpg");
+    set(blank, "-Make=   ");
+    const fs::path slashes = make("slashes.jpg");
+    set(slashes, "-Make=///");
+    EXPECT_TRUE(run(173, {without, blank, slashes}));
+    EXPECT_THAT(names(), UnorderedElementsAre("without.jpg", "blank.jpg", "slashes.jpg"));
+    for (const char* name : {"without.jpg", "blank.jpg", "slashes.jpg"})
+        EXPECT_THAT(report(), HasSubstr(name));
+}
+
+TEST_F(BatchOperationsTest, WhatStandsInATagLeadsToNoOtherFolderAndRunsNothing) {
+    struct {
+        const char* make;
+        const char* expected;
+    } const cases[] = {
+        {"../../owned", "....owned"},
+        {"%d%f%e", "dfe"},
+        {"x\" -if \"system('touch owned')\" \"", "x -if system('touch owned')"},
+        {"$(touch owned)`touch owned`", "$(touch owned)`touch owned`"},
+        {"${Title} $Title", "${Title} $Title"},
+        {">owned 2>>owned", "owned 2owned"},
+        {"line\nfeed", "linefeed"},
+        {"-x", "-x"},
+        {"\xE6\x97\xA5\xE6\x9C\xAC \xF0\x9F\x93\xB7", "\xE6\x97\xA5\xE6\x9C\xAC \xF0\x9F\x93\xB7"},
+    };
+    for (const auto& row : cases) {
+        const fs::path photo = make("a.jpg");
+        set(photo, std::string("-XMP-tiff:Make=") + row.make);
+        set(photo, "-EXIF:Make=");
+        EXPECT_TRUE(run(173, {photo}));
+        const std::string expected = std::string("2020-01-02 03-04-05 - ") + row.expected + "-a.jpg";
+        EXPECT_THAT(names(), ElementsAre(expected)) << row.make << '\n' << report();
+        fs::remove(folder_ / "photos" / names().front());
+    }
+    EXPECT_FALSE(fs::exists("owned"));
+    EXPECT_FALSE(fs::exists(folder_ / "owned"));
+}
+
+TEST_F(BatchOperationsTest, HostileNamesAreKeptBehindTheDate) {
+    for (const std::string& name : support::HostileNames()) {
+        const fs::path photo = make(name);
+        EXPECT_TRUE(run(174, {photo}));
+        EXPECT_THAT(names(), ElementsAre("2020-01-02 03-04-05 - Model 1-" + name)) << report();
+        fs::remove(folder_ / "photos" / names().front());
+    }
+    EXPECT_EQ(report(), "");
+}
+
+TEST_F(BatchOperationsTest, ThumbnailsGoAndNothingElseDoes) {
+    const fs::path photo = make("a.jpg");
+    ExifTool({"-q", "-overwrite_original", "-ThumbnailImage<=" + master_.string(), photo.string()});
+    ASSERT_NE(valueOf(photo, "-ThumbnailImage"), "");
+    const fs::path without = make("b.jpg");
+    EXPECT_TRUE(run(185, {photo, without}));
+    EXPECT_EQ(valueOf(photo, "-ThumbnailImage"), "");
+    EXPECT_EQ(valueOf(photo, "-Title"), "A title");
+    EXPECT_EQ(valueOf(photo, "-EXIF:Make"), "Maker/s");
+    EXPECT_EQ(ReadBytes(without), ReadBytes(master_));
+    EXPECT_EQ(report(), "");
+    EXPECT_THAT(names(), UnorderedElementsAre("a.jpg", "b.jpg"));
+}
+
+TEST_F(BatchOperationsTest, TheDesignedFormsLoseNoFile) {
+    context_.settings.exifTool.correctedCommands = false;
+    const fs::path one = make("a.jpg");
+    const fs::path two = make("b.jpg");
+    for (const CommandId id : {172, 173, 174, 185}) EXPECT_TRUE(run(id, {one, two})) << id;
+    EXPECT_THAT(names(), UnorderedElementsAre("a.jpg", "b.jpg"));
+    EXPECT_EQ(ReadBytes(one), ReadBytes(master_));
+    EXPECT_EQ(ReadBytes(two), ReadBytes(master_));
+    EXPECT_NE(report(), "");
+}
+
+TEST_F(BatchOperationsTest, ProgressTellsEachFile) {
+    run(185, {make("a.jpg"), make("b.jpg")});
+    EXPECT_THAT(progress_.events, ElementsAre("Removing thumbnails 2", "1 a.jpg", "2 b.jpg", "end"));
+}
+
+TEST_F(BatchOperationsTest, AWindowThatClosesLetsNoOtherFileBegin) {
+    progress_.closesAt = 2;
+    const fs::path one = make("a.jpg");
+    const fs::path two = make("b.jpg");
+    EXPECT_TRUE(run(173, {one, two}));
+    EXPECT_FALSE(fs::exists(one));
+    EXPECT_TRUE(fs::exists(two));
+}
+
+TEST_F(BatchOperationsTest, OneBadFileDoesNotKeepTheOthersFromTheirTurn) {
+    const fs::path good = make("good.jpg");
+    const fs::path barred = make("barred.jpg");
+    // Bars a write also for those whom permissions do not.
+    fs::create_directory(folder_ / "photos/barred.jpg_exiftool_tmp");
+    const fs::path vanished = folder_ / "photos/vanished.jpg";
+    const fs::path noPicture = folder_ / "photos/text.jpg";
+    WriteBytes(noPicture, "no picture");
+    const fs::path last = make("last.jpg");
+    for (const fs::path& file : {good, barred, last})
+        ExifTool(
+            {"-q", "-o", file.string() + ".with.jpg", "-ThumbnailImage<=" + master_.string(), file.string()});
+    for (const fs::path& file : {good, barred, last}) fs::rename(file.string() + ".with.jpg", file);
+    const std::string before = ReadBytes(barred);
+    EXPECT_TRUE(run(185, {good, barred, vanished, noPicture, last}));
+    EXPECT_EQ(valueOf(good, "-ThumbnailImage"), "");
+    EXPECT_EQ(valueOf(last, "-ThumbnailImage"), "");
+    EXPECT_EQ(ReadBytes(barred), before);
+    for (const char* name : {"barred.jpg", "vanished.jpg", "text.jpg"})
+        EXPECT_THAT(report(), HasSubstr(name));
+    for (const char* name : {"good.jpg", "last.jpg"}) EXPECT_THAT(report(), Not(HasSubstr(name)));
+}
+
+TEST_F(BatchOperationsTest, AToolThatIsKilledIsInTheReportAndTheRestGoesOn) {
+    useTool("for last; do :; done\ncase \"$last\" in *a.jpg) kill -9 $$;; esac\nexec exiftool \"$@\"\n");
+    const fs::path one = make("a.jpg");
+    const fs::path two = make("b.jpg");
+    EXPECT_TRUE(run(173, {one, two}));
+    EXPECT_EQ(report(), "Error: ExifTool was ended by signal 9 - " + one.string() + "\n");
+    EXPECT_TRUE(fs::exists(one));
+    EXPECT_FALSE(fs::exists(two));
+}
+
+TEST_F(BatchOperationsTest, ADiskThatIsFullLeavesTheFileWhole) {
+    const fs::path photo = make("a.jpg");
+    ExifTool({"-q", "-overwrite_original", "-ThumbnailImage<=" + master_.string(),
+              "-XMP-dc:Description=" + std::string(20'000, 'x'), photo.string()});
+    const std::string before = ReadBytes(photo);
+    for (const char* onTooBig : {"trap '' XFSZ\n", ""}) {
+        useTool(std::string(onTooBig) + "ulimit -f 4\nexec exiftool \"$@\"\n");
+        fs::remove(context_.reportFile);
+        EXPECT_TRUE(run(185, {photo}));
+        EXPECT_EQ(ReadBytes(photo), before);
+        EXPECT_THAT(report(), HasSubstr("a.jpg"));
+        EXPECT_THAT(names(), ElementsAre("a.jpg")) << "nothing half written is left";
+    }
+}
+
+TEST_F(BatchOperationsTest, AToolThatIsMissingIsInTheReport) {
+    context_.exifToolPath = folder_ / "gone";
+    const fs::path photo = make("a.jpg");
+    EXPECT_TRUE(run(185, {photo}));
+    EXPECT_NE(report(), "");
+}
+
+TEST_F(BatchOperationsTest, WhatTheReportCannotHoldIsStillTold) {
+    const fs::path photo = make("a.jpg");
+    context_.reportFile = folder_ / "no/folder/report.txt";
+    EXPECT_TRUE(run(185, {photo}));
+    EXPECT_THAT(runner_.takeUntold(), HasSubstr(photo.string()));
+    EXPECT_EQ(runner_.takeUntold(), "") << "told once";
+    context_.reportFile = folder_ / "cache/report.txt";
+    context_.tempPath = folder_ / "no";
+    EXPECT_TRUE(run(185, {photo}));
+    EXPECT_THAT(report(), HasSubstr("could not be written - " + photo.string()));
+}
+
+TEST_F(BatchOperationsTest, AFailureThatSaysNothingIsNoSuccess) {
+    useTool("exit 1\n");
+    const fs::path photo = make("a.jpg");
+    run(185, {photo});
+    EXPECT_EQ(report(), "Error: ExifTool failed - " + photo.string() + "\n");
+}
+
+TEST_F(BatchOperationsTest, WhoDoesNotWaitForOneFileIsToldHowManyWereLeft) {
+    useTool("exec sleep 100\n");
+    runner_.setKeepWaiting([](std::chrono::milliseconds waited) { return waited.count() < 50; });
+    const fs::path one = make("a.jpg");
+    EXPECT_TRUE(run(185, {one, make("b.jpg"), make("c.jpg")}));
+    EXPECT_EQ(report(), "Error: ExifTool was not waited for any longer and ended - " + one.string() +
+                            "\nWarning: Stopped - 2 files were not begun\n");
+    EXPECT_EQ(ReadBytes(one), ReadBytes(master_));
+}
+
+TEST_F(BatchOperationsTest, NothingIsDispatchedThatIsNoBuiltBatchCommand) {
+    const fs::path photo = make("a.jpg");
+    int opened = 0;
+    batch::BatchDispatcher dispatcher({context_, language_, runner_, progress_},
+                                      [&](const batch::BatchOperation&, batch::BatchOptions&) {
+                                          ++opened;
+                                          return 1;
+                                      });
+    for (const CommandId id : {0, 12, 145, 146, 149, 170, 191, 206, 210, 228, 229})
+        EXPECT_FALSE(dispatcher.BatchDispatch(id, {photo})) << id;
+    EXPECT_FALSE(dispatcher.BatchDispatch(173, {}));
+    EXPECT_EQ(opened, 0);
+    EXPECT_THAT(names(), ElementsAre("a.jpg"));
+}
+
+TEST_F(BatchOperationsTest, TheOptionsOfTheLastOperationAreCleared) {
+    const fs::path photo = make("a.jpg");
+    batch::BatchDispatcher dispatcher({context_, language_, runner_, progress_}, {});
+    dispatcher.BatchDispatch(185, {photo});
+    EXPECT_EQ(dispatcher.options().command, 185);
+    EXPECT_THAT(dispatcher.options().files, ElementsAre(photo));
+    dispatcher.BatchDispatch(146, {photo});
+    EXPECT_EQ(dispatcher.options().command, 0);
+    EXPECT_THAT(dispatcher.options().files, IsEmpty());
+}
+
+}  // namespace
