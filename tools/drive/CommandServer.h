@@ -25,7 +25,8 @@ struct Answer {
 /// Reads commands from a descriptor, one a line, and answers each with one line of JSON as soon as its effect
 /// has happened. A command that opens a modal dialog, a message box or a menu does not return before that is
 /// closed; it is answered when the new window stands, and the commands that follow run in the window's own
-/// event loop. GUI thread.
+/// event loop. The one that closes the window is answered when what the window was opened for has come to its
+/// end, or to the next window. GUI thread.
 class CommandServer : public QObject {
     Q_OBJECT
 
@@ -47,11 +48,16 @@ class CommandServer : public QObject {
         QPointer<QWidget> modal;
         QPointer<QWidget> popup;
         bool answered = false;
+        QPointer<QWidget> heldUpBy;     ///< the window that kept it from returning, for which it was answered
+        bool heldUpByProgress = false;  ///< a wait that the user can end did
+        std::optional<Answer> inherited;  ///< of the command that closed that window
     };
 
     void readInput();
     void executeNext();
     void watchForNewWindow();
+    void finish(const Answer& given);
+    bool isFreed(const Running& running) const;
     void answer(const Answer& given);
 
     int output_;
