@@ -2,6 +2,8 @@
 
 #include "drive/CommandLineWords.h"
 
+#include "app/ProgressDialog.h"
+
 #include <errno.h>
 #include <unistd.h>
 
@@ -59,6 +61,10 @@ void CommandServer::readInput() {
 void CommandServer::executeNext() {
     // The command before has to be answered first; its answer starts the next one.
     if (!running_.empty() && !running_.back().answered) return;
+    if (busy_ && busy_()) {
+        next_.start(kWatchMilliseconds);
+        return;
+    }
     if (lines_.empty()) {
         if (ended_) Q_EMIT InputEnded();
         return;
@@ -112,6 +118,8 @@ void CommandServer::watchForNewWindow() {
     if (running_.empty() || running_.back().answered) return;
     Running& current = running_.back();
     QWidget* modal = QApplication::activeModalWidget();
+    // The dialog that tells of a wait keeps no command from returning either, unless the wait can be ended.
+    if (qobject_cast<app::ProgressDialog*>(modal) != nullptr) modal = nullptr;
     // A list of offers below an edit keeps no command from returning.
     QWidget* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     const bool newModal = modal != nullptr && modal != current.modal && modal->isVisible();

@@ -38,6 +38,9 @@ class CommandServer : public QObject {
     /// Tells whether a command waits for a tool and the user can end the wait: it is answered then, too.
     void setBlockedByProgress(std::function<bool()> blocked) { blockedByProgress_ = std::move(blocked); }
 
+    /// Tells whether the program waits for a tool and nobody can do anything; the next command is put off.
+    void setBusy(std::function<bool()> busy) { busy_ = std::move(busy); }
+
  Q_SIGNALS:
     /// The input has ended and the last command was answered.
     void InputEnded();
@@ -63,6 +66,7 @@ class CommandServer : public QObject {
     int output_;
     Execute execute_;
     std::function<bool()> blockedByProgress_;
+    std::function<bool()> busy_;
     QSocketNotifier notifier_;
     QTimer next_;
     QTimer watch_;

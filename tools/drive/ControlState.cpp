@@ -28,6 +28,10 @@ QString textOf(const QWidget& control) {
     if (const auto* edit = qobject_cast<const QPlainTextEdit*>(&control)) return edit->toPlainText();
     if (const auto* edit = qobject_cast<const QTextEdit*>(&control)) return edit->toPlainText();
     if (const auto* combo = qobject_cast<const QComboBox*>(&control)) return combo->currentText();
+    if (const auto* date = qobject_cast<const QDateEdit*>(&control))
+        return date->date().toString(Qt::ISODate);
+    if (const auto* time = qobject_cast<const QTimeEdit*>(&control))
+        return time->time().toString(Qt::ISODate);
     if (const auto* dates = qobject_cast<const QDateTimeEdit*>(&control))
         return dates->dateTime().toString(Qt::ISODate);
     if (const auto* bar = qobject_cast<const QProgressBar*>(&control)) return bar->text();

@@ -41,15 +41,19 @@ constexpr int kCancel = 2;
 constexpr int kFileNameControl = 1148;
 constexpr int kFileTypeControl = 1136;
 
-/// The modal dialog in front; without one the dialog of a wait, which is modeless but keeps input from all
-/// else.
-QDialog* frontDialog() {
-    if (auto* modal = qobject_cast<QDialog*>(QApplication::activeModalWidget())) return modal;
+app::ProgressDialog* visibleProgress() {
     for (QWidget* window : QApplication::topLevelWidgets()) {
         auto* progress = qobject_cast<app::ProgressDialog*>(window);
         if (progress != nullptr && progress->isVisible()) return progress;
     }
     return nullptr;
+}
+
+/// The modal dialog in front; without one the dialog of a wait, which is modeless but keeps input from all
+/// else.
+QDialog* frontDialog() {
+    if (auto* modal = qobject_cast<QDialog*>(QApplication::activeModalWidget())) return modal;
+    return visibleProgress();
 }
 
 /// A control of a file dialog by one of these numbers; null for others.
@@ -191,6 +195,11 @@ QDialog* openDialog() {
 
 QMenu* openMenu() {
     return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+}
+
+bool isWaitingForTool() {
+    const app::ProgressDialog* progress = visibleProgress();
+    return progress != nullptr && progress->isWaiting();
 }
 
 Answer describeMessage() {

@@ -16,6 +16,9 @@ QMessageBox* openMessage();
 QDialog* openDialog();
 QMenu* openMenu();
 
+/// Whether the dialog that tells of a wait for a tool is visible.
+bool isWaitingForTool();
+
 Answer describeMessage();
 /// Template number and title of the open dialog, every control that has an id, and the ids of the one with
 /// the keyboard and of the button that Enter presses, where they have one.
