@@ -179,18 +179,20 @@ TEST_F(DriveTest, MenusOfThePanelAreToldAndChosenFrom) {
     program.tell("open", {path()});
     program.tell("click", {"a.jpg"});
     program.tell("row", {"XMP-dc", "Title", "right"});
-    EXPECT_EQ(entryIds(program.tell("menu")), QList<int>({40063}));
+    EXPECT_TRUE(entryIds(program.tell("menu")).contains(40063));
+    EXPECT_FALSE(entryIds(program.tell("menu")).contains(40011));
     program.refuse("choose", {"1"});
     program.tell("key", {"Escape"});
     program.refuse("menu");
     program.tell("row", {"IFD0", "Artist", "Value", "right"});
-    EXPECT_EQ(entryIds(program.tell("menu")), QList<int>({40063, 40011})) << "an address can be opened";
+    EXPECT_TRUE(entryIds(program.tell("menu")).contains(40011)) << "an address can be opened";
     program.tell("click", {"b c.jpg"});
     program.refuse("menu");
     EXPECT_EQ(program.selectedFiles(), QStringList("b c.jpg")) << "a click beside the menu closes it";
     program.tell("click", {"a.jpg"});
     program.tell("header", {"IFD0"});
-    EXPECT_EQ(entryIds(program.tell("menu")), QList<int>({40201, 40202}));
+    for (const int entry : {1821, 1824, 40201, 40202})
+        EXPECT_TRUE(entryIds(program.tell("menu")).contains(entry)) << entry;
     program.tell("choose", {"40201"});
     program.refuse("menu");
     EXPECT_GT(program.rows().size(), 10) << "rows of collapsed groups count";

@@ -2,6 +2,8 @@
 
 #include "drive/CommandLineWords.h"
 
+#include "app/ProgressDialog.h"
+
 #include <errno.h>
 #include <unistd.h>
 
@@ -59,6 +61,10 @@ void CommandServer::readInput() {
 void CommandServer::executeNext() {
     // The command before has to be answered first; its answer starts the next one.
     if (!running_.empty() && !running_.back().answered) return;
+    if (busy_ && busy_()) {
+        next_.start(kWatchMilliseconds);
+        return;
+    }
     if (lines_.empty()) {
         if (ended_) Q_EMIT InputEnded();
         return;
@@ -69,27 +75,60 @@ void CommandServer::executeNext() {
         next_.start(0);
         return;
     }
-    running_.push_back({QApplication::activeModalWidget(), QApplication::activePopupWidget(), false});
+    Running begun;
+    begun.modal = QApplication::activeModalWidget();
+    begun.popup = QApplication::activePopupWidget();
+    running_.push_back(begun);
     watch_.start(kWatchMilliseconds);
     const std::optional<QStringList> words = splitWords(line);
-    const Answer given = !words || words->isEmpty() ? Answer::failed(QStringLiteral("the line is no command"))
-                                                    : execute_(*words);
-    if (!running_.back().answered) answer(given);
-    running_.pop_back();
+    finish(!words || words->isEmpty() ? Answer::failed(QStringLiteral("the line is no command"))
+                                      : execute_(*words));
     if (running_.empty()) watch_.stop();
     next_.start(0);
 }
 
+/// The window is gone that an earlier command waits for.
+bool CommandServer::isFreed(const Running& running) const {
+    if (!running.answered) return false;
+    if (running.heldUpByProgress) return !blockedByProgress_ || !blockedByProgress_();
+    return running.heldUpBy == nullptr || !running.heldUpBy->isVisible();
+}
+
+void CommandServer::finish(const Answer& given) {
+    Running& ended = running_.back();
+    const bool owesAnswer = !ended.answered;
+    const Answer owed = ended.inherited.value_or(given);
+    if (owesAnswer && running_.size() > 1 && isFreed(running_[running_.size() - 2])) {
+        // What was begun before now goes on; its end, or the next window, is what this command leads to.
+        running_.pop_back();
+        Running& freed = running_.back();
+        freed = Running{QApplication::activeModalWidget(),
+                        QApplication::activePopupWidget(),
+                        false,
+                        nullptr,
+                        false,
+                        owed};
+        return;
+    }
+    if (owesAnswer) answer(owed);
+    running_.pop_back();
+}
+
 void CommandServer::watchForNewWindow() {
     if (running_.empty() || running_.back().answered) return;
-    const Running& current = running_.back();
+    Running& current = running_.back();
     QWidget* modal = QApplication::activeModalWidget();
+    // The dialog that tells of a wait keeps no command from returning either, unless the wait can be ended.
+    if (qobject_cast<app::ProgressDialog*>(modal) != nullptr) modal = nullptr;
     // A list of offers below an edit keeps no command from returning.
-    const auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    QWidget* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     const bool newModal = modal != nullptr && modal != current.modal && modal->isVisible();
     const bool newPopup = popup != nullptr && popup != current.popup && popup->isVisible();
     const bool blocked = blockedByProgress_ && blockedByProgress_();
-    if (newModal || newPopup || blocked) answer({});
+    if (!newModal && !newPopup && !blocked) return;
+    current.heldUpBy = newPopup ? popup : modal;
+    current.heldUpByProgress = !newModal && !newPopup;
+    answer(current.inherited.value_or(Answer{}));
 }
 
 void CommandServer::answer(const Answer& given) {

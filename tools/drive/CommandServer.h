@@ -25,7 +25,8 @@ struct Answer {
 /// Reads commands from a descriptor, one a line, and answers each with one line of JSON as soon as its effect
 /// has happened. A command that opens a modal dialog, a message box or a menu does not return before that is
 /// closed; it is answered when the new window stands, and the commands that follow run in the window's own
-/// event loop. GUI thread.
+/// event loop. The one that closes the window is answered when what the window was opened for has come to its
+/// end, or to the next window. GUI thread.
 class CommandServer : public QObject {
     Q_OBJECT
 
@@ -37,6 +38,9 @@ class CommandServer : public QObject {
     /// Tells whether a command waits for a tool and the user can end the wait: it is answered then, too.
     void setBlockedByProgress(std::function<bool()> blocked) { blockedByProgress_ = std::move(blocked); }
 
+    /// Tells whether the program waits for a tool and nobody can do anything; the next command is put off.
+    void setBusy(std::function<bool()> busy) { busy_ = std::move(busy); }
+
  Q_SIGNALS:
     /// The input has ended and the last command was answered.
     void InputEnded();
@@ -47,16 +51,22 @@ class CommandServer : public QObject {
         QPointer<QWidget> modal;
         QPointer<QWidget> popup;
         bool answered = false;
+        QPointer<QWidget> heldUpBy;     ///< the window that kept it from returning, for which it was answered
+        bool heldUpByProgress = false;  ///< a wait that the user can end did
+        std::optional<Answer> inherited;  ///< of the command that closed that window
     };
 
     void readInput();
     void executeNext();
     void watchForNewWindow();
+    void finish(const Answer& given);
+    bool isFreed(const Running& running) const;
     void answer(const Answer& given);
 
     int output_;
     Execute execute_;
     std::function<bool()> blockedByProgress_;
+    std::function<bool()> busy_;
     QSocketNotifier notifier_;
     QTimer next_;
     QTimer watch_;

@@ -1,6 +1,7 @@
 #include "drive/DriveCommands.h"
 
 #include "app/Program.h"
+#include "drive/CellClicks.h"
 #include "drive/OpenWindows.h"
 
 namespace drive {
@@ -13,8 +14,32 @@ bool isNumber(const QString& word) {
     return valid;
 }
 
-bool isHow(const QString& word) {
-    return word == u"left" || word == u"right" || word == u"alt";
+/// The kind of click that a command ends with; "left" when it names none.
+QString clickOf(const QStringList& words, qsizetype at) {
+    return words.value(at, QStringLiteral("left"));
+}
+
+Answer noSuchClick(const QString& how) {
+    return Answer::failed(QStringLiteral("\"%1\" is no kind of click").arg(how));
+}
+
+Answer clickRow(WindowCommands& window, const QStringList& words) {
+    // The column can be left out, the kind of click too.
+    const bool columnLeftOut = words.size() == 3 && isKindOfClick(words[2]);
+    const QString how = clickOf(words, columnLeftOut ? 2 : 3);
+    if (!isKindOfClick(how)) return noSuchClick(how);
+    return window.row(words[0], words[1], columnLeftOut ? QString() : words.value(2), how);
+}
+
+Answer clickDialogCell(const QStringList& words) {
+    const QString how = clickOf(words, 3);
+    if (!isKindOfClick(how)) return noSuchClick(how);
+    return clickCell(words[0].toInt(), words[1], words[2], how);
+}
+
+Answer tickRow(const QStringList& words) {
+    if (!isNumber(words[2])) return Answer::failed(QStringLiteral("\"%1\" is no number").arg(words[2]));
+    return checkRow(words[0].toInt(), words[1], words[2].toInt() != 0);
 }
 
 }  // namespace
@@ -48,12 +73,7 @@ const std::vector<DriveCommands::Verb>& DriveCommands::verbs() {
         {"doubleclick", 1, 1, 0, Reachable,
          [](WindowCommands& w, const Words& words) { return w.click(words[0], {}, true); }},
         {"rows", 0, 0, 0, Window, [](WindowCommands& w, const Words&) { return w.rows(); }},
-        {"row", 2, 4, 0, Reachable,
-         [](WindowCommands& w, const Words& words) {
-             const bool columnLeftOut = words.size() == 3 && isHow(words[2]);
-             return w.row(words[0], words[1], columnLeftOut ? QString() : words.value(2),
-                          columnLeftOut ? words[2] : words.value(3, QStringLiteral("left")));
-         }},
+        {"row", 2, 4, 0, Reachable, clickRow},
         {"header", 1, 1, 0, Reachable,
          [](WindowCommands& w, const Words& words) { return w.header(words[0]); }},
         {"command", 1, 1, 1, Reachable,
@@ -77,10 +97,11 @@ const std::vector<DriveCommands::Verb>& DriveCommands::verbs() {
         {"dialog", 0, 0, 0, Nothing, [](WindowCommands&, const Words&) { return describeDialog(); }},
         {"set", 2, 2, 1, Nothing,
          [](WindowCommands&, const Words& words) { return setControl(words[0].toInt(), words[1]); }},
-        {"check", 3, 3, 3, Nothing,
-         [](WindowCommands&, const Words& words) {
-             return checkRow(words[0].toInt(), words[1].toInt(), words[2].toInt() != 0);
-         }},
+        {"check", 3, 3, 1, Nothing, [](WindowCommands&, const Words& words) { return tickRow(words); }},
+        {"cell", 3, 4, 1, Nothing,
+         [](WindowCommands&, const Words& words) { return clickDialogCell(words); }},
+        {"column", 2, 2, 1, Nothing,
+         [](WindowCommands&, const Words& words) { return clickColumnHeader(words[0].toInt(), words[1]); }},
         {"press", 1, 1, 1, Nothing,
          [](WindowCommands&, const Words& words) { return pressButton(words[0].toInt()); }},
     };

@@ -1,5 +1,6 @@
 #include "drive/OpenWindows.h"
 
+#include "drive/CellClicks.h"
 #include "drive/ControlState.h"
 
 #include "app/FormLoader.h"
@@ -7,11 +8,15 @@
 #include "app/ProgressDialog.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QDialog>
 #include <QDialogButtonBox>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QInputMethodEvent>
 #include <QJsonArray>
 #include <QKeySequence>
 #include <QLineEdit>
@@ -21,6 +26,9 @@
 #include <QPushButton>
 #include <QtTest/QTest>
 
+#include <algorithm>
+#include <variant>
+
 namespace drive {
 
 namespace {
@@ -28,13 +36,12 @@ namespace {
 constexpr int kOk = 1;
 constexpr int kCancel = 2;
 
-/// The edit for the name in a file dialog, which comes from no form and has no number of its own.
+/// The edit for the name in a file dialog and its list of file types, which come from no form and have no
+/// numbers of their own.
 constexpr int kFileNameControl = 1148;
+constexpr int kFileTypeControl = 1136;
 
-/// The modal dialog in front; without one the dialog of a wait, which is modeless but keeps input from all
-/// else.
-QDialog* frontDialog() {
-    if (auto* modal = qobject_cast<QDialog*>(QApplication::activeModalWidget())) return modal;
+app::ProgressDialog* visibleProgress() {
     for (QWidget* window : QApplication::topLevelWidgets()) {
         auto* progress = qobject_cast<app::ProgressDialog*>(window);
         if (progress != nullptr && progress->isVisible()) return progress;
@@ -42,15 +49,47 @@ QDialog* frontDialog() {
     return nullptr;
 }
 
-QWidget* fileNameEdit(const QDialog& dialog) {
-    return qobject_cast<const QFileDialog*>(&dialog) == nullptr
-               ? nullptr
-               : dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+/// The modal dialog in front; without one the dialog of a wait, which is modeless but keeps input from all
+/// else.
+QDialog* frontDialog() {
+    if (auto* modal = qobject_cast<QDialog*>(QApplication::activeModalWidget())) return modal;
+    return visibleProgress();
+}
+
+/// A control of a file dialog by one of these numbers; null for others.
+QWidget* fileControl(const QDialog& dialog, int id) {
+    if (qobject_cast<const QFileDialog*>(&dialog) == nullptr) return nullptr;
+    if (id == kFileNameControl) return dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    if (id == kFileTypeControl) return dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+    return nullptr;
 }
 
 QWidget* controlOf(const QDialog& dialog, int id) {
-    return id == kFileNameControl && fileNameEdit(dialog) != nullptr ? fileNameEdit(dialog)
-                                                                     : app::FindControl(dialog, id);
+    QWidget* control = fileControl(dialog, id);
+    return control != nullptr ? control : app::FindControl(dialog, id);
+}
+
+/// The number of the control or of what it is a part of; 0 when it has none.
+int idOf(const QDialog& dialog, const QWidget* control) {
+    for (const QWidget* at = control; at != nullptr && at != &dialog; at = at->parentWidget()) {
+        const QVariant id = at->property(app::kControlIdProperty);
+        if (id.isValid()) return id.toInt();
+        for (const int fileId : {kFileNameControl, kFileTypeControl})
+            if (at == fileControl(dialog, fileId)) return fileId;
+    }
+    return 0;
+}
+
+/// The control of the open dialog with this number and type; else why not.
+template <typename Control>
+std::variant<Control*, Answer> openControl(int id) {
+    const QDialog* dialog = openDialog();
+    if (dialog == nullptr) return Answer::failed(QStringLiteral("no dialog is open"));
+    QWidget* control = controlOf(*dialog, id);
+    if (control == nullptr) return Answer::failed(QStringLiteral("the dialog has no control %1").arg(id));
+    auto* wanted = qobject_cast<Control*>(control);
+    if (wanted == nullptr) return Answer::failed(QStringLiteral("the control is no list"));
+    return wanted;
 }
 
 int entryId(const QAction& action) {
@@ -91,28 +130,37 @@ QList<QAction*> wayToEntry(const QMenu& menu, int id) {
     return {};
 }
 
+/// 1 for the button that agrees, 2 for the one that gives up or, without one, that says no; another's own.
+int idOfButton(const QMessageBox& box, QAbstractButton* button) {
+    const auto buttons = box.buttons();
+    const bool hasCancel = std::any_of(buttons.begin(), buttons.end(), [&](QAbstractButton* other) {
+        return box.buttonRole(other) == QMessageBox::RejectRole;
+    });
+    switch (box.buttonRole(button)) {
+        case QMessageBox::AcceptRole:
+        case QMessageBox::YesRole:
+            return kOk;
+        case QMessageBox::RejectRole:
+            return kCancel;
+        case QMessageBox::NoRole:
+            return hasCancel ? static_cast<int>(box.standardButton(button)) : kCancel;
+        default:
+            return static_cast<int>(box.standardButton(button));
+    }
+}
+
 QJsonArray buttonsOf(const QMessageBox& box) {
     QJsonArray buttons;
-    for (const QAbstractButton* button : box.buttons()) {
-        const auto standard = box.standardButton(const_cast<QAbstractButton*>(button));
-        const auto role = box.buttonRole(const_cast<QAbstractButton*>(button));
-        int id = static_cast<int>(standard);
-        if (role == QMessageBox::AcceptRole || role == QMessageBox::YesRole) id = kOk;
-        if (role == QMessageBox::RejectRole || role == QMessageBox::NoRole) id = kCancel;
-        buttons.append(QJsonObject{{"id", id}, {"text", QString(button->text()).remove(u'&')}});
-    }
+    for (QAbstractButton* button : box.buttons())
+        buttons.append(
+            QJsonObject{{"id", idOfButton(box, button)}, {"text", QString(button->text()).remove(u'&')}});
     return buttons;
 }
 
 QAbstractButton* buttonOf(QDialog& dialog, int id) {
     if (auto* box = qobject_cast<QMessageBox*>(&dialog)) {
-        for (QAbstractButton* button : box->buttons()) {
-            const auto role = box->buttonRole(button);
-            const bool accepts = role == QMessageBox::AcceptRole || role == QMessageBox::YesRole;
-            const bool rejects = role == QMessageBox::RejectRole || role == QMessageBox::NoRole;
-            if ((id == kOk && accepts) || (id == kCancel && rejects)) return button;
-            if (static_cast<int>(box->standardButton(button)) == id) return button;
-        }
+        for (QAbstractButton* button : box->buttons())
+            if (idOfButton(*box, button) == id) return button;
         return nullptr;
     }
     if (auto* button = qobject_cast<QAbstractButton*>(app::FindControl(dialog, id))) return button;
@@ -122,6 +170,16 @@ QAbstractButton* buttonOf(QDialog& dialog, int id) {
             if (id == kOk && role == QDialogButtonBox::AcceptRole) return button;
             if (id == kCancel && role == QDialogButtonBox::RejectRole) return button;
         }
+    return nullptr;
+}
+
+QPushButton* defaultButton(const QDialog& dialog) {
+    // One that has the keyboard is the one for the moment.
+    if (auto* focused = qobject_cast<QPushButton*>(dialog.focusWidget());
+        focused != nullptr && focused->autoDefault())
+        return focused;
+    for (QPushButton* button : dialog.findChildren<QPushButton*>())
+        if (button->isDefault()) return button;
     return nullptr;
 }
 
@@ -137,6 +195,11 @@ QDialog* openDialog() {
 
 QMenu* openMenu() {
     return qobject_cast<QMenu*>(QApplication::activePopupWidget());
+}
+
+bool isWaitingForTool() {
+    const app::ProgressDialog* progress = visibleProgress();
+    return progress != nullptr && progress->isWaiting();
 }
 
 Answer describeMessage() {
@@ -157,10 +220,12 @@ Answer describeDialog() {
         const QVariant id = widget->property(app::kControlIdProperty);
         if (id.isValid()) controls.append(describeControl(*widget, id.toInt()));
     }
-    if (const QWidget* name = fileNameEdit(*dialog))
-        controls.append(describeControl(*name, kFileNameControl));
+    for (const int id : {kFileNameControl, kFileTypeControl})
+        if (const QWidget* control = fileControl(*dialog, id)) controls.append(describeControl(*control, id));
     return {{{"template", dialog->property(app::kTemplateNumberProperty).toInt()},
              {"title", dialog->windowTitle()},
+             {"focus", idOf(*dialog, dialog->focusWidget())},
+             {"default", idOf(*dialog, defaultButton(*dialog))},
              {"controls", controls}},
             {}};
 }
@@ -188,19 +253,44 @@ Answer chooseEntry(int id) {
 }
 
 Answer setControl(int id, const QString& value) {
-    QDialog* dialog = openDialog();
-    if (dialog == nullptr) return Answer::failed(QStringLiteral("no dialog is open"));
-    QWidget* control = controlOf(*dialog, id);
-    if (control == nullptr) return Answer::failed(QStringLiteral("the dialog has no control %1").arg(id));
-    return setControlState(*control, value);
+    const auto control = openControl<QWidget>(id);
+    if (const auto* failure = std::get_if<Answer>(&control)) return *failure;
+    return setControlState(*std::get<QWidget*>(control), value);
 }
 
-Answer checkRow(int id, int row, bool checked) {
-    QDialog* dialog = openDialog();
-    if (dialog == nullptr) return Answer::failed(QStringLiteral("no dialog is open"));
-    QWidget* control = controlOf(*dialog, id);
-    if (control == nullptr) return Answer::failed(QStringLiteral("the dialog has no control %1").arg(id));
-    return setRowChecked(*control, row, checked);
+Answer checkRow(int id, const QString& row, bool checked) {
+    const auto control = openControl<QWidget>(id);
+    if (const auto* failure = std::get_if<Answer>(&control)) return *failure;
+    return setRowChecked(*std::get<QWidget*>(control), row, checked);
+}
+
+Answer clickCell(int id, const QString& row, const QString& column, const QString& how) {
+    const auto control = openControl<QAbstractItemView>(id);
+    if (const auto* failure = std::get_if<Answer>(&control)) return *failure;
+    auto* view = std::get<QAbstractItemView*>(control);
+    if (!view->isVisible() || !view->isEnabled() || view->model() == nullptr)
+        return Answer::failed(QStringLiteral("the list cannot be clicked"));
+    const int number = rowNamed(*view->model(), row);
+    if (number < 0) return Answer::failed(QStringLiteral("the list has no row \"%1\"").arg(row));
+    const int section = columnNamed(*view->model(), column);
+    if (section < 0) return Answer::failed(QStringLiteral("no column \"%1\"").arg(column));
+    return clickIndex(*view, view->model()->index(number, section), how);
+}
+
+Answer clickColumnHeader(int id, const QString& column) {
+    const auto control = openControl<QAbstractItemView>(id);
+    if (const auto* failure = std::get_if<Answer>(&control)) return *failure;
+    const auto* view = std::get<QAbstractItemView*>(control);
+    for (auto* header : view->findChildren<QHeaderView*>()) {
+        if (!header->isVisible() || header->orientation() != Qt::Horizontal) continue;
+        const int section = columnNamed(*header->model(), column);
+        if (section < 0) break;
+        const QPoint point(header->sectionViewportPosition(section) + header->sectionSize(section) / 2,
+                           header->height() / 2);
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, Qt::NoModifier, point);
+        return {};
+    }
+    return Answer::failed(QStringLiteral("no column \"%1\"").arg(column));
 }
 
 Answer pressButton(int id) {
@@ -209,6 +299,8 @@ Answer pressButton(int id) {
     QAbstractButton* button = buttonOf(*dialog, id);
     if (button != nullptr && !button->isEnabled())
         return Answer::failed(QStringLiteral("the button is disabled"));
+    if (button != nullptr && !button->isVisible())
+        return Answer::failed(QStringLiteral("the button is not shown"));
     if (button != nullptr)
         QTest::mouseClick(button, Qt::LeftButton);
     else if (id == kCancel)
@@ -239,6 +331,12 @@ QString textOfKey(QKeyCombination key) {
     return key.keyboardModifiers().testFlag(Qt::ShiftModifier) ? character : character.toLower();
 }
 
+/// The offscreen platform activates a list of offers like any window, some time after it is shown. When the
+/// list has closed by then, the activation would take the keyboard away from what has it.
+void letPopupSettle() {
+    if (QApplication::activePopupWidget() != nullptr) QCoreApplication::processEvents();
+}
+
 void clickKey(QWidget& receiver, QKeyCombination key, const QString& text) {
     const QPointer<QWidget> still = &receiver;
     QTest::sendKeyEvent(QTest::Press, still.data(), key.key(), text, key.keyboardModifiers());
@@ -256,6 +354,7 @@ Answer pressKey(const QString& keys) {
             return Answer::failed(QStringLiteral("\"%1\" is no key").arg(keys));
     if (sequence.isEmpty()) return Answer::failed(QStringLiteral("\"%1\" is no key").arg(keys));
     for (int at = 0; at < sequence.count(); ++at) {
+        letPopupSettle();
         QWidget* receiver = keyboardReceiver();
         if (receiver == nullptr) return Answer::failed(QStringLiteral("nothing has the keyboard"));
         const QKeyCombination key = sequence[static_cast<uint>(at)];
@@ -264,13 +363,38 @@ Answer pressKey(const QString& keys) {
     return {};
 }
 
+namespace {
+
+/// What no key stands for comes out of an input method.
+bool needsInputMethod(char32_t character) {
+    return character > 0xff;
+}
+
+void commitText(QWidget& receiver, const QString& text) {
+    QInputMethodEvent event;
+    event.setCommitString(text);
+    QCoreApplication::sendEvent(&receiver, &event);
+}
+
+QKeyCombination keyOf(QChar character) {
+    if (character == u'\n') return QKeyCombination(Qt::Key_Return);
+    if (character == u'\t') return QKeyCombination(Qt::Key_Tab);
+    const auto key = static_cast<Qt::Key>(character.toUpper().unicode());
+    return QKeyCombination(character.isUpper() ? Qt::ShiftModifier : Qt::NoModifier, key);
+}
+
+}  // namespace
+
 Answer typeText(const QString& text) {
-    for (const QChar character : text) {
+    for (const char32_t character : text.toUcs4()) {
+        letPopupSettle();
         QWidget* receiver = keyboardReceiver();
         if (receiver == nullptr) return Answer::failed(QStringLiteral("nothing has the keyboard"));
-        const Qt::KeyboardModifiers modifiers = character.isUpper() ? Qt::ShiftModifier : Qt::NoModifier;
-        clickKey(*receiver, QKeyCombination(modifiers, static_cast<Qt::Key>(character.toUpper().unicode())),
-                 character);
+        const QString typed = QString::fromUcs4(&character, 1);
+        if (needsInputMethod(character) && receiver->testAttribute(Qt::WA_InputMethodEnabled))
+            commitText(*receiver, typed);
+        else
+            clickKey(*receiver, keyOf(typed[0]), typed == u"\n" ? QStringLiteral("\r") : typed);
     }
     return {};
 }

@@ -16,8 +16,12 @@ QMessageBox* openMessage();
 QDialog* openDialog();
 QMenu* openMenu();
 
+/// Whether the dialog that tells of a wait for a tool is visible.
+bool isWaitingForTool();
+
 Answer describeMessage();
-/// Template number, title and every control of the open dialog that has an id.
+/// Template number and title of the open dialog, every control that has an id, and the ids of the one with
+/// the keyboard and of the button that Enter presses, where they have one.
 Answer describeDialog();
 Answer describeMenu();
 
@@ -25,9 +29,15 @@ Answer describeMenu();
 Answer chooseEntry(int id);
 /// Sets the state of a control of the open dialog by what a user would do to it.
 Answer setControl(int id, const QString& value);
-/// Ticks or unticks a row of a list or tree of the open dialog.
-Answer checkRow(int id, int row, bool checked);
-/// Presses a button of the open dialog or message box; 1 is OK (or Yes), 2 Cancel (or No).
+/// Ticks or unticks a row of a list or tree of the open dialog; rows are named as by rowNamed().
+Answer checkRow(int id, const QString& row, bool checked);
+/// Clicks a cell of a list of the open dialog, its column by title or number; how: "left", "right", "alt" or
+/// "double".
+Answer clickCell(int id, const QString& row, const QString& column, const QString& how);
+/// Clicks the header of a column of a list of the open dialog.
+Answer clickColumnHeader(int id, const QString& column);
+/// Presses a button of the open dialog or message box; 1 is OK (or Yes), 2 Cancel (or No, where there is no
+/// Cancel).
 Answer pressButton(int id);
 /// A key or a combination such as "Ctrl+D", to whatever has the keyboard.
 Answer pressKey(const QString& keys);

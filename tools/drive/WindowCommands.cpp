@@ -5,6 +5,7 @@
 #include "browser/AddressPath.h"
 #include "browser/ShellBrowser.h"
 #include "browser/TabContainer.h"
+#include "drive/CellClicks.h"
 #include "drive/ControlState.h"
 #include "drive/OpenWindows.h"
 #include "platform/Text.h"
@@ -44,7 +45,7 @@ bool waitUntil(const std::function<bool()>& condition, int limitMilliseconds) {
     return true;
 }
 
-int rowNamed(const browser::FileListModel& model, const QString& name) {
+int rowOfFile(const browser::FileListModel& model, const QString& name) {
     for (int row = 0; row < model.rowCount(); ++row)
         if (model.index(row, 0).data(browser::FileListModel::NameRole).toString() == name) return row;
     return -1;
@@ -54,30 +55,10 @@ Answer noSuchFile(const QString& name) {
     return Answer::failed(QStringLiteral("no file \"%1\" in the list").arg(name));
 }
 
-/// A point of the cell that is on the screen.
-std::optional<QPoint> pointOf(QAbstractItemView& view, const QModelIndex& index) {
-    view.scrollTo(index);
-    const QRect shown = view.visualRect(index).intersected(view.viewport()->rect());
-    if (shown.isEmpty()) return std::nullopt;
-    return shown.center();
-}
-
 /// The title of a group without the number of its rows.
 QString nameOfHeader(const QString& title) {
     static const QRegularExpression count(QStringLiteral(" \\(\\d+\\)$"));
     return QString(title).remove(count).trimmed();
-}
-
-/// By title or by number.
-int sectionNamed(const QHeaderView& header, const QString& name) {
-    const QAbstractItemModel& model = *header.model();
-    bool isNumber = false;
-    const int number = name.toInt(&isNumber);
-    if (isNumber) return number >= 0 && number < model.columnCount() ? number : -1;
-    for (int section = 0; section < model.columnCount(); ++section)
-        if (model.headerData(section, Qt::Horizontal).toString().compare(name, Qt::CaseInsensitive) == 0)
-            return section;
-    return -1;
 }
 
 /// The main window with what other windows show over it; without one the front window. There is no screen to
@@ -91,15 +72,6 @@ QPixmap pictureOfWindows(app::Program& program) {
         if (front != base && front->isVisible())
             painter.drawPixmap(base->mapFromGlobal(front->mapToGlobal(QPoint(0, 0))), front->grab());
     return picture;
-}
-
-/// A cell is clicked in the middle; a check box at its left is thus never hit.
-Answer clickCell(QAbstractItemView& view, const QModelIndex& index, Qt::MouseButton button,
-                 Qt::KeyboardModifiers modifiers) {
-    const std::optional<QPoint> point = pointOf(view, index);
-    if (!point) return Answer::failed(QStringLiteral("the cell is not on the screen"));
-    QTest::mouseClick(view.viewport(), button, modifiers, *point);
-    return {};
 }
 
 /// Closes what stands in front, then the window. What comes up while the window closes is left to the script.
@@ -168,7 +140,7 @@ Answer WindowCommands::select(const QStringList& names) {
     QItemSelection selection;
     QModelIndex last;
     for (const QString& name : names) {
-        const int row = rowNamed(browser.model(), name);
+        const int row = rowOfFile(browser.model(), name);
         if (row < 0) return noSuchFile(name);
         last = browser.model().index(row, 0);
         selection.select(last, last);
@@ -181,19 +153,15 @@ Answer WindowCommands::select(const QStringList& names) {
 
 Answer WindowCommands::click(const QString& name, const QString& column, bool twice) {
     browser::ShellBrowser& browser = program_.window().activeBrowser();
-    const int row = rowNamed(browser.model(), name);
+    const int row = rowOfFile(browser.model(), name);
     if (row < 0) return noSuchFile(name);
-    const int section = column.isEmpty() ? 0 : sectionNamed(*browser.view().header(), column);
+    const int section = column.isEmpty() ? 0 : columnNamed(browser.model(), column);
     if (section < 0) return Answer::failed(QStringLiteral("no column \"%1\"").arg(column));
     const QModelIndex index = browser.model().index(row, section);
-    const QPointer<QWidget> viewport = browser.view().viewport();
-    const std::optional<QPoint> point = pointOf(browser.view(), index);
-    if (!point) return Answer::failed(QStringLiteral("the cell is not on the screen"));
-    QTest::mouseClick(viewport.data(), Qt::LeftButton, Qt::NoModifier, *point);
-    if (twice && viewport != nullptr)
-        QTest::mouseDClick(viewport.data(), Qt::LeftButton, Qt::NoModifier, *point);
+    Answer answer =
+        clickIndex(browser.view(), index, twice ? QStringLiteral("double") : QStringLiteral("left"));
     waitForFolder();
-    return {};
+    return answer;
 }
 
 Answer WindowCommands::rows() {
@@ -214,16 +182,14 @@ Answer WindowCommands::rows() {
 Answer WindowCommands::row(const QString& group, const QString& tag, const QString& column,
                            const QString& how) {
     tags::MetadataPanel& panel = program_.window().metadataPanel();
-    const int section = column.isEmpty() ? static_cast<int>(tags::PanelColumn::Value)
-                                         : sectionNamed(*panel.list().header(), column);
+    const int section =
+        column.isEmpty() ? static_cast<int>(tags::PanelColumn::Value) : columnNamed(panel.model(), column);
     if (section < 0) return Answer::failed(QStringLiteral("no column \"%1\"").arg(column));
     for (int position = 0; position < panel.model().rowCount(); ++position) {
         const tags::MetadataRow& row = panel.model().row(position);
         if (row.group.compare(group, Qt::CaseInsensitive) != 0 || row.tag != tag) continue;
         panel.list().setGroupCollapsed(static_cast<int>(row.groupId), false);
-        return clickCell(panel.list(), panel.model().index(position, section),
-                         how == u"right" ? Qt::RightButton : Qt::LeftButton,
-                         how == u"alt" ? Qt::AltModifier : Qt::NoModifier);
+        return clickIndex(panel.list(), panel.model().index(position, section), how);
     }
     return Answer::failed(QStringLiteral("no row %1:%2").arg(group, tag));
 }

@@ -26,7 +26,7 @@ class WindowCommands {
     Answer select(const QStringList& names);
     Answer click(const QString& name, const QString& column, bool twice);
     Answer rows();
-    /// how: "left", "right" or "alt".
+    /// how: as clickIndex() takes it.
     Answer row(const QString& group, const QString& tag, const QString& column, const QString& how);
     /// The menu of a group header.
     Answer header(const QString& group);

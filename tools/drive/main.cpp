@@ -2,6 +2,7 @@
 #include "app/Program.h"
 #include "drive/CommandServer.h"
 #include "drive/DriveCommands.h"
+#include "drive/OpenWindows.h"
 
 #include <unistd.h>
 
@@ -30,6 +31,7 @@ int main(int argc, char** argv) {
     drive::CommandServer server(STDIN_FILENO, answers,
                                 [&](const QStringList& words) { return commands.execute(words); });
     server.setBlockedByProgress([&] { return program.canStopWaiting(); });
+    server.setBusy([&] { return drive::isWaitingForTool() && !program.canStopWaiting(); });
     QObject::connect(&server, &drive::CommandServer::InputEnded, &application,
                      [&] { commands.endUnattended(); });
     if (const std::optional<int> status = program.start()) return *status;

@@ -1,0 +1,135 @@
+#include "EditedFolder.h"
+
+#include <fstream>
+
+// Operations over several files, one of which cannot be written.
+
+namespace fs = std::filesystem;
+using endtoend::DrivenProgram;
+
+namespace {
+
+class BatchTest : public endtoend::EditedFolder {
+ protected:
+    void SetUp() override {
+        photo("a.jpg", {"-XMP-dc:Source=of a"});
+        photo("c.jpg", {"-XMP-dc:Source=of c"});
+        // Whoever runs the tests may write every file, so one that nobody can write stands in for a read-only
+        // one.
+        support::WriteBytes(file("b.jpg"), kNoPicture);
+    }
+
+    static constexpr const char* kNoPicture = "no picture at all";
+};
+
+}  // namespace
+
+TEST_F(BatchTest, AFileThatCannotBeWrittenIsReportedAndTheOthersAreWritten) {
+    DrivenProgram program;
+    program.tell("open", {path()});
+    program.tell("select", {"a.jpg", "b.jpg", "c.jpg"});
+    program.tell("command", {"75"});
+    program.tell("cell", {kTagList, "Title", "Value"});
+    program.tell("set", {kText, "for all"});
+    program.tell("press", {"1"});
+    program.tell("press", {"1"});
+    const QJsonObject report = program.tell("dialog");
+    EXPECT_EQ(report["template"].toInt(), 94);
+    EXPECT_TRUE(controlOf(report, 924)["text"].toString().contains("b.jpg"));
+    EXPECT_FALSE(controlOf(report, 924)["text"].toString().contains("a.jpg"));
+    program.tell("key", {"Escape"});
+    program.refuse("dialog");
+    for (const char* name : {"a.jpg", "c.jpg"}) {
+        EXPECT_EQ(held(name, "XMP-dc:Title"), "for all") << name;
+        EXPECT_EQ(held(name, "XMP-dc:Source"), "of " + std::string(name, 1)) << "what was not changed stays";
+    }
+    EXPECT_EQ(support::ReadBytes(file("b.jpg")), kNoPicture);
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(BatchTest, AnExtensionThatIsNotKnownIsToldAndLeftOut) {
+    support::WriteBytes(file("notes.unknown"), "notes");
+    DrivenProgram program;
+    program.tell("open", {path()});
+    program.tell("select", {"a.jpg", "notes.unknown"});
+    program.tell("command", {"75"});
+    program.tell("cell", {kTagList, "Title", "Value"});
+    program.tell("set", {kText, "for all"});
+    program.tell("press", {"1"});
+    program.tell("press", {"1"});
+    EXPECT_EQ(program.takeMessage(), path("notes.unknown") + " cannot be modified");
+    program.refuse("dialog");
+    EXPECT_EQ(held("a.jpg", "XMP-dc:Title"), "for all");
+    EXPECT_EQ(support::ReadBytes(file("notes.unknown")), "notes");
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(BatchTest, WithoutASelectionTheFolderIsAskedFor) {
+    subfolder("sub");
+    photo("sub/d.jpg");
+    const auto before = contents();
+    DrivenProgram program;
+    program.tell("open", {path()});
+    program.tell("select");
+    program.tell("command", {"75"});
+    EXPECT_EQ(program.tell("dialog")["template"].toInt(), 9);
+    program.tell("key", {"Escape"});
+    program.refuse("dialog");
+    EXPECT_EQ(contents(), before);
+    program.tell("command", {"75"});
+    program.tell("set", {"1931", "1"});
+    program.tell("set", {"1321", path("missing")});
+    program.tell("press", {"1"});
+    EXPECT_FALSE(program.takeMessage().isEmpty());
+    program.tell("set", {"1321", path("sub")});
+    program.tell("press", {"1"});
+    program.tell("cell", {kTagList, "Title", "Value"});
+    program.tell("set", {kText, "of the folder"});
+    program.tell("press", {"1"});
+    program.tell("press", {"1"});
+    program.refuse("dialog");
+    EXPECT_EQ(held("sub/d.jpg", "XMP-dc:Title"), "of the folder");
+    EXPECT_EQ(held("a.jpg", "XMP-dc:Title"), "");
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(BatchTest, OperationsWithoutADialogRunOverAllFiles) {
+    fs::remove(file("b.jpg"));
+    for (const char* name : {"a.jpg", "c.jpg"})
+        support::ExifTool(
+            {"-q", "-overwrite_original", "-DateTimeOriginal=2001:02:03 04:05:06", file(name).string()});
+    DrivenProgram program;
+    program.tell("open", {path()});
+    program.tell("select", {"a.jpg", "c.jpg"});
+    program.tell("command", {"157"});
+    program.refuse("dialog");
+    EXPECT_FALSE(program.status().isEmpty());
+    for (const char* name : {"a.jpg", "c.jpg"})
+        EXPECT_TRUE(support::ExifTool({"-s3", "-FileModifyDate", file(name).string()})
+                        .starts_with("2001:02:03 04:05:06"))
+            << name;
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(BatchTest, AReadOnlyFileIsLeftAsItIs) {
+    fs::remove(file("b.jpg"));
+    fs::permissions(folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
+    const bool mayWriteAnyway = std::ofstream(folder / "probe").is_open();
+    fs::permissions(folder.path(), fs::perms::owner_all);
+    if (mayWriteAnyway) {
+        fs::remove(folder / "probe");
+        GTEST_SKIP() << "this user may write everything";
+    }
+    const std::string before = support::ReadBytes(file("a.jpg"));
+    DrivenProgram program;
+    show(program, "a.jpg");
+    fs::permissions(folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
+    program.tell("row", {"XMP-dc", "Source", "Value"});
+    program.tell("set", {kText, "never written"});
+    program.tell("press", {"1"});
+    EXPECT_EQ(program.tell("dialog")["template"].toInt(), 94);
+    program.tell("press", {"1"});
+    fs::permissions(folder.path(), fs::perms::owner_all);
+    EXPECT_EQ(support::ReadBytes(file("a.jpg")), before);
+    EXPECT_EQ(program.quit(), 0);
+}
