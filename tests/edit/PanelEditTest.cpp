@@ -95,3 +95,14 @@ TEST_F(PanelEdit, ARatingThatShowsAsStarsIsEditedAsItsNumberAndRemembered) {
     context.settings.exifTool.correctedCommands = false;
     EXPECT_EQ(ContextOfRow(parts, "/p/a.jpg", stars, tag).selection, 6);
 }
+
+TEST_F(PanelEdit, TheLibraryKnowsWhichTagsHoldSeveralValues) {
+    const std::pair<const char16_t*, bool> tagsOfDc[] = {
+        {u"Subject", true}, {u"Creator", true}, {u"Title", false}, {u"Format", false}};
+    for (const auto& [name, several] : tagsOfDc)
+        EXPECT_EQ(labels.takesSeveralValues(static_cast<int>(record(u"XMP-dc", name).id)), several)
+            << QString::fromUtf16(name).toStdString();
+    EXPECT_TRUE(labels.takesSeveralValues(static_cast<int>(record(u"IPTC", u"Keywords").id)));
+    EXPECT_FALSE(labels.takesSeveralValues(-1));
+    EXPECT_FALSE(labels.takesSeveralValues(1'000'000));
+}

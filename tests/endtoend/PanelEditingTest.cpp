@@ -1,0 +1,128 @@
+#include "DrivenProgram.h"
+#include "PictureFolder.h"
+
+using endtoend::DrivenProgram;
+using endtoend::waitFor;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const QByteArray kDesigned = "[ExifTool]\nCorrectedCommands=0\n";
+
+class PanelEditingTest : public endtoend::PictureFolder {
+ protected:
+    void show(DrivenProgram& program) {
+        program.tell("open", {path()});
+        program.tell("click", {"a.jpg"});
+    }
+
+    std::string stored(const std::string& tag) {
+        return support::ExifTool({"-s3", "-b", "-" + tag, (folder / "a.jpg").string()});
+    }
+
+    /// The copy that was made before the last write.
+    std::string safetyCopy(const DrivenProgram& program) const {
+        const fs::path saved = program.install() / "cache/sav" / folder.path().relative_path() / "a-sav.jpg";
+        return fs::exists(saved) ? support::ReadBytes(saved) : std::string();
+    }
+
+    static bool hasRow(DrivenProgram& program, const QString& group, const QString& tag,
+                       const QString& value) {
+        return waitFor([&] { return program.value(group, tag) == value; });
+    }
+};
+
+}  // namespace
+
+TEST_F(PanelEditingTest, AnUnchangedValueIsNotWritten) {
+    photo("a.jpg", {"-IFD0:Artist=Ada", "-XMP-xmp:Rating=3", "-ExifIFD:CreateDate=0000:00:00 00:00:00"});
+    const std::string before = support::ReadBytes(folder / "a.jpg");
+    DrivenProgram program;
+    show(program);
+    program.tell("row", {"IFD0", "Artist"});
+    program.tell("set", {"1694", "Bob"});
+    program.tell("press", {"2"});
+    for (const auto& [group, tag] :
+         {std::pair("IFD0", "Artist"), std::pair("XMP-xmp", "Rating"), std::pair("ExifIFD", "CreateDate")}) {
+        program.tell("row", {group, tag});
+        program.tell("press", {"1"});
+        EXPECT_EQ(program.status(), QStringLiteral("%1 is as it was").arg(tag));
+    }
+    EXPECT_EQ(support::ReadBytes(folder / "a.jpg"), before);
+    EXPECT_EQ(safetyCopy(program), "");
+}
+
+TEST_F(PanelEditingTest, AGroupIsDeletedFromTheMenuOfARowAndOfItsHeader) {
+    photo("a.jpg", {"-XMP-dc:Title=t", "-XMP-dc:Creator=c", "-XMP-xmp:Label=l", "-IFD0:Artist=kept"});
+    DrivenProgram program;
+    show(program);
+    program.tell("row", {"XMP-dc", "Title", "right"});
+    program.tell("choose", {"10077"});
+    program.tell("press", {"1"});
+    EXPECT_EQ(stored("XMP-dc:All"), "");
+    program.tell("header", {"XMP-xmp"});
+    program.tell("choose", {"1821"});
+    EXPECT_EQ(program.tell("dialog")["template"].toInt(), 80077);
+    program.tell("press", {"1"});
+    EXPECT_EQ(stored("XMP-xmp:Label"), "");
+    EXPECT_EQ(stored("IFD0:Artist"), "kept");
+}
+
+TEST_F(PanelEditingTest, AFileThatChangedOrVanishedIsTold) {
+    photo("a.jpg", {"-IFD0:Artist=Ada"});
+    DrivenProgram program;
+    show(program);
+    support::ExifTool({"-q", "-overwrite_original", "-IFD0:Artist=Eve", (folder / "a.jpg").string()});
+    program.tell("row", {"IFD0", "Artist"});
+    EXPECT_EQ(program.value("IFD0", "Artist"), QStringLiteral("Eve")) << "read again";
+    program.tell("row", {"IFD0", "Artist"});
+    program.tell("set", {"1694", "Bob"});
+    support::ExifTool({"-q", "-overwrite_original", "-IFD0:Artist=Zoe", (folder / "a.jpg").string()});
+    program.tell("press", {"1"});
+    EXPECT_TRUE(program.tell("message")["text"].toString().contains("in the meantime"));
+    program.tell("press", {"2"});
+    EXPECT_EQ(stored("IFD0:Artist"), "Zoe");
+    fs::remove(folder / "a.jpg");
+    program.tell("row", {"IFD0", "Artist"});
+    EXPECT_TRUE(program.takeMessage().contains("is no longer there"));
+    EXPECT_TRUE(program.rows().isEmpty());
+}
+
+TEST_F(PanelEditingTest, WhatExifToolRefusesIsShown) {
+    photo("a.jpg", {"-IFD0:Artist=Ada"});
+    const std::string before = support::ReadBytes(folder / "a.jpg");
+    fs::create_directory(folder / "a.jpg_exiftool_tmp");
+    DrivenProgram program;
+    show(program);
+    program.tell("row", {"IFD0", "Artist"});
+    program.tell("set", {"1694", "Bob"});
+    program.tell("press", {"1"});
+    EXPECT_EQ(program.tell("dialog")["template"].toInt(), 94) << "the report";
+    program.tell("press", {"1"});
+    EXPECT_EQ(support::ReadBytes(folder / "a.jpg"), before);
+    EXPECT_TRUE(hasRow(program, "IFD0", "Artist", "Ada"));
+}
+
+TEST_F(PanelEditingTest, TheDesignedFormShowsTheTypedValueInItsRow) {
+    photo("a.jpg", {"-ExifIFD:ISO=100"});
+    DrivenProgram program({.moreSettings = kDesigned});
+    show(program);
+    program.tell("row", {"ExifIFD", "ISO"});
+    program.tell("set", {"1694", "abc"});
+    program.tell("press", {"1"});
+    EXPECT_EQ(program.value("ExifIFD", "ISO"), QStringLiteral("0"));
+    EXPECT_EQ(stored("ExifIFD:ISO"), "0");
+}
+
+TEST_F(PanelEditingTest, ReadingAgainKeepsTheRowAndTheKeyboard) {
+    photo("a.jpg", {"-IFD0:Artist=Ada", "-IFD0:Copyright=c"});
+    DrivenProgram program;
+    show(program);
+    program.tell("row", {"IFD0", "Artist", "Tag"});
+    support::ExifTool({"-q", "-overwrite_original", "-IFD0:Artist=Eve", (folder / "a.jpg").string()});
+    program.tell("key", {"F5"});
+    EXPECT_TRUE(hasRow(program, "IFD0", "Artist", "Eve"));
+    program.tell("key", {"Return"});
+    EXPECT_EQ(program.tell("dialog")["title"].toString(), QStringLiteral("Modify: Artist"));
+}
