@@ -35,8 +35,8 @@ DialogAddATag_ToOneFile::DialogAddATag_ToOneFile(const EditParts& parts, const Q
     });
 }
 
-int DialogAddATag_ToOneFile::writeFile(const std::filesystem::path& file) {
-    return AddATagToFile(parts(), list().rows(), group_, file);
+int DialogAddATag_ToOneFile::writeFile(const TagRows& rows, const std::filesystem::path& file) {
+    return AddATagToFile(parts(), rows, group_, file);
 }
 
 }  // namespace edit

@@ -16,7 +16,7 @@ class DialogAddATag_ToOneFile : public TagValuesDialog {
                             QWidget* parent);
 
  protected:
-    int writeFile(const std::filesystem::path& file) override;
+    int writeFile(const TagRows& rows, const std::filesystem::path& file) override;
 
  private:
     QString group_;

@@ -37,8 +37,8 @@ DialogAddTagsMain::DialogAddTagsMain(const EditParts& parts, int commandId,
          });
 }
 
-int DialogAddTagsMain::writeFile(const std::filesystem::path& file) {
-    return AddTagsToFile(parts(), list().rows(), textOf(group_.group), file);
+int DialogAddTagsMain::writeFile(const TagRows& rows, const std::filesystem::path& file) {
+    return AddTagsToFile(parts(), rows, textOf(group_.group), file);
 }
 
 }  // namespace edit

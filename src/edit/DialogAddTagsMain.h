@@ -17,7 +17,7 @@ class DialogAddTagsMain : public TagValuesDialog {
                       QWidget* parent);
 
  protected:
-    int writeFile(const std::filesystem::path& file) override;
+    int writeFile(const TagRows& rows, const std::filesystem::path& file) override;
 
  private:
     const AddTagsGroup& group_;

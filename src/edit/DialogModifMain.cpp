@@ -118,8 +118,8 @@ void DialogModifMain::loadValues(const std::filesystem::path& file) {
                                            locale.toString(static_cast<qulonglong>(loaded.unknown))}));
 }
 
-int DialogModifMain::writeFile(const std::filesystem::path& file) {
-    return ModifyFile(parts(), mode_, list().rows(), file);
+int DialogModifMain::writeFile(const TagRows& rows, const std::filesystem::path& file) {
+    return ModifyFile(parts(), mode_, rows, file);
 }
 
 }  // namespace edit

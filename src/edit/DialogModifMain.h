@@ -21,7 +21,7 @@ class DialogModifMain : public TagValuesDialog {
     void loadValues(const std::filesystem::path& file);
 
  protected:
-    int writeFile(const std::filesystem::path& file) override;
+    int writeFile(const TagRows& rows, const std::filesystem::path& file) override;
     int result() const override { return 1; }
     bool eventFilter(QObject* watched, QEvent* event) override;
 

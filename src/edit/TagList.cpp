@@ -24,6 +24,7 @@ namespace edit {
 namespace {
 
 constexpr int kTickMargin = 6;
+constexpr QSize kKindIcon(12, 12);
 constexpr int kGrid = 8;
 
 /// Draws the box in front of the first column, changed rows in bold, and what is to be removed in a fainter
@@ -50,6 +51,7 @@ class TagListDelegate : public controls::GroupedListDelegate {
  protected:
     void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
         GroupedListDelegate::initStyleOption(option, index);
+        if (index.column() == model_.columnOf(TagColumn::Kind)) option->decorationSize = kKindIcon;
         const TagRow& row = model_.rows()[model_.rowAt(index.row())];
         if (row.changed) option->font.setBold(true);
         if (row.isRemoval() && index.column() == model_.columnOf(TagColumn::Value)) {

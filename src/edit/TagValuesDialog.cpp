@@ -122,13 +122,15 @@ void TagValuesDialog::accept() {
     settings.widthAddModify = width();
     settings.heightAddModify = height();
     runs_ = {};
-    if (HasSomethingToWrite(parts_, list_->rows())) {
+    // The window stays alive while ExifTool runs.
+    const TagRows rows = list_->rows();
+    if (HasSomethingToWrite(parts_, rows)) {
         const auto tell = [this](const QString& message) {
             app::ShowMessage(this, {.text = message, .icon = app::MessageIcon::Information});
         };
-        runs_ = WriteFiles(parts_, windowTitle(), files(), tell, [this](const std::filesystem::path& file) {
+        runs_ = WriteFiles(parts_, windowTitle(), files(), tell, [&](const std::filesystem::path& file) {
             showStatus(platform::display(file));
-            return writeFile(file);
+            return writeFile(rows, file);
         });
     }
     showStatus({});

@@ -44,7 +44,8 @@ class TagValuesDialog : public app::DarkModeDialogBase {
     /// is then empty.
     bool fill(TagRows rows, const std::filesystem::path& output, const ReadInto& read);
 
-    virtual int writeFile(const std::filesystem::path& file) = 0;
+    /// rows: as they stood at OK.
+    virtual int writeFile(const TagRows& rows, const std::filesystem::path& file) = 0;
     /// What the dialog ends with: 1 or 0.
     virtual int result() const;
 
