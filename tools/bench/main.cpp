@@ -19,7 +19,8 @@ struct Part {
     int rounds;
 };
 
-constexpr Part kParts[] = {{"Parsing", 5}, {"Folder", 7}, {"Click", 9}, {"Start", 11}};
+constexpr Part kParts[] = {{"Parsing", 5}, {"Folder", 7}, {"Click", 9},
+                           {"Start", 11},  {"Edit", 3},   {"Picker", 7}};
 
 constexpr bench::Figure kFigures[] = {
     {"Parsing with all families shown", "Parsing/AllFamilies", "lines", Comparison::Ratio,
@@ -53,7 +54,8 @@ constexpr bench::Figure kFigures[] = {
 };
 
 int usage() {
-    std::fputs("usage: tagwright-bench [--part Parsing|Folder|Click|Start] [FOLDER_OF_SAMPLES]\n", stderr);
+    std::fputs("usage: tagwright-bench [--part Parsing|Folder|Click|Start|Edit|Picker] [FOLDER_OF_SAMPLES]\n",
+               stderr);
     return 2;
 }
 

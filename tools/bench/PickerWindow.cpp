@@ -1,0 +1,68 @@
+// The program's window, in which the list of all XMP tags is opened for the files of a folder:
+// INSTALL_FOLDER FOLDER
+
+#include "FirstPaint.h"
+#include "PlainProcess.h"
+#include "app/MainWindow.h"
+#include "app/Program.h"
+#include "browser/FileListView.h"
+#include "browser/ShellBrowser.h"
+#include "edit/TagList.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QTest>
+#include <filesystem>
+#include <stdexcept>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr int kPatience = 5000;  // milliseconds
+
+void waitFor(const std::function<bool()>& condition) {
+    if (!QTest::qWaitFor(condition, kPatience)) throw std::runtime_error("the window does not answer");
+}
+
+void open(app::MainWindow& window, const char* seconds) {
+    std::size_t rows = 0;
+    double end = 0;
+    const double begin = bench::monotonicSeconds();
+    const bench::FirstPaint watch(
+        [](const QWidget& widget) { return qobject_cast<edit::TagListView*>(widget.parent()) != nullptr; },
+        [&] {
+            end = bench::monotonicSeconds();
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            rows = dialog->findChild<edit::TagList*>()->rows().size();
+            dialog->reject();
+        });
+    window.Dispatch(app::command::kModifyXmp);
+    if (end == 0) throw std::runtime_error("the list was not shown");
+    bench::printMeasurement(seconds, end - begin);
+    bench::printMeasurement("rows", static_cast<double>(rows));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    if (argc != 3) return 2;
+    app::Program program(*qApp, fs::absolute(argv[1]) / "Tagwright");
+    if (program.start()) return 1;
+    try {
+        app::MainWindow& window = program.window();
+        waitFor([&] { return window.activeBrowser().isFolderLoaded(); });
+        window.OpenFolder(argv[2]);
+        waitFor([&] {
+            return window.activeBrowser().currentFolder() == argv[2] && !window.activeBrowser().isLoading();
+        });
+        window.activeBrowser().view().selectAll();
+        open(window, "first");
+        open(window, "seconds");
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "%s\n", failure.what());
+        return 1;
+    }
+    return 0;
+}
