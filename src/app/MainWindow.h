@@ -23,7 +23,7 @@ namespace batch {
 struct BatchOperation;
 struct BatchOptions;
 class QuietSuccessNotice;
-}
+}  // namespace batch
 
 namespace browser {
 class AddressBar;
@@ -156,6 +156,7 @@ class MainWindow : public QWidget {
     void tagsWereWritten(const edit::FileRuns& runs);
     /// After files were changed or renamed: the list and the panel are read again.
     void showWhatChanged();
+    void selectAgain();
 
     // Editing the shown file.
     /// A click on a value of the panel, or Enter on its row: the dialog that fits the tag, and the write.
@@ -240,6 +241,7 @@ class MainWindow : public QWidget {
 
     bool ready_ = false;
     bool hasPainted_ = false;
+    std::vector<std::filesystem::path> selectedAgain_;  ///< once the list has been read again
     bool keepsStatus_ = false;  ///< the next reading of the list leaves the status as it is
     bool closed_ = false;
     controls::Ribbon* ribbon_ = nullptr;

@@ -15,6 +15,10 @@
 #include "platform/Text.h"
 #include "tags/MetadataPanel.h"
 
+#include <QItemSelectionModel>
+#include <algorithm>
+#include <utility>
+
 namespace app {
 
 namespace fs = std::filesystem;
@@ -99,6 +103,7 @@ void MainWindow::showReportBeginning() {
 
 void MainWindow::showWhatChanged() {
     keepsStatus_ = true;
+    selectedAgain_ = activeBrowser().GetSelectedFiles();
     refresh(command::kRefresh);
     if (context_.currentFile.empty() || !context_.settings.lists.showMetadataWindow) return;
     std::error_code error;
@@ -106,6 +111,25 @@ void MainWindow::showWhatChanged() {
         refreshPanel(command::kRefreshPanel);
     else
         clearMetadata(command::kClearMetadata);
+}
+
+// Whoever has changed some files often wants to do something else with the same ones.
+void MainWindow::selectAgain() {
+    std::vector<fs::path> wanted = std::exchange(selectedAgain_, {});
+    if (wanted.empty()) return;
+    std::ranges::sort(wanted);
+    browser::ShellBrowser& list = activeBrowser();
+    const browser::FileListModel& model = list.model();
+    QItemSelection selection;
+    for (int row = 0; row < model.rowCount(); ++row) {
+        if (!std::ranges::binary_search(wanted, list.GetItem(row).path)) continue;
+        const QModelIndex index = model.index(row, 0);
+        selection.select(index, index);
+    }
+    QItemSelectionModel& selected = *list.view().selectionModel();
+    selected.select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    if (!selection.isEmpty())
+        selected.setCurrentIndex(selection.first().topLeft(), QItemSelectionModel::NoUpdate);
 }
 
 }  // namespace app

@@ -94,6 +94,7 @@ void MainWindow::navigationCompleted() {
     RefreshStatusBar();
     if (!ready_) return;
     updateToggles();
+    selectAgain();
     if (!std::exchange(keepsStatus_, false)) ShowStatus(QStringLiteral("Ready"));
 }
 
