@@ -19,11 +19,11 @@ namespace endtoend {
 class DrivenProgram {
  public:
     struct Options {
-        QByteArray settings;      ///< replaces the first-run settings file when not empty
-        QByteArray moreSettings;  ///< added at its end, where a key counts that stands there twice
-        std::function<void(const std::filesystem::path& install)> prepare;  ///< called before the start
-        std::optional<std::filesystem::path> exifTool;  ///< written into the settings file
-        std::vector<std::string> environment;           ///< NAME=value
+        QByteArray settings = {};      ///< replaces the first-run settings file when not empty
+        QByteArray moreSettings = {};  ///< added at its end, where a key counts that stands there twice
+        std::function<void(const std::filesystem::path& install)> prepare = {};  ///< called before the start
+        std::optional<std::filesystem::path> exifTool = {};  ///< written into the settings file
+        std::vector<std::string> environment = {};           ///< NAME=value
     };
 
     DrivenProgram();
