@@ -85,7 +85,7 @@ QAction* addCommand(QMenu& menu, int id, const QString& text) {
 }
 
 /// Names come out of files; an ampersand would become a key of the menu.
-QString menuText(QString name) {
+QString menuText(const QString& name) {
     return name.left(kLongestGroupTitle).replace(u'&', QStringLiteral("&&"));
 }
 
