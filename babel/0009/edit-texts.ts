@@ -85,5 +85,9 @@ Write the new value nevertheless?</source>
         <source>Click a row of the tags first.</source>
         <translation></translation>
     </message>
+    <message id="80022">
+        <source>Remove from the selected files</source>
+        <translation></translation>
+    </message>
 </context>
 </TS>

@@ -37,6 +37,7 @@ inline constexpr int kExpandAll = 70516;
 inline constexpr int kCollapseAll = 70517;
 inline constexpr int kFolderVanished = 70518;  ///< "%s" is the folder
 
+inline constexpr int kRemoveFamily = 80022;
 inline constexpr int kFolderNotWritable = 70520;  ///< "%s" is the folder
 inline constexpr int kNoProgramOpens = 70521;     ///< "%s" is the file's name
 

@@ -24,6 +24,7 @@ DialogDeleteGroup_FromOneFile::DialogDeleteGroup_FromOneFile(const EditParts& pa
     QStringList names;
     for (const TagAddress& tag : tags_) names.append(QString::fromStdString(tag.name));
     if (auto* list = control<QPlainTextEdit>(control::kHelp)) list->setPlainText(names.join(u'\n'));
+    if (QWidget* confirm = FindControl(*this, app::kOkControl)) confirm->setFocus();
 }
 
 void DialogDeleteGroup_FromOneFile::accept() {

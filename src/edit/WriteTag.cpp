@@ -140,7 +140,7 @@ CommandText WriteTagCommand(const app::AppContext& context, const fs::path& file
 }
 
 TagWriteResult WriteOneTag(const app::AppContext& context, exiftool::ToolRunner& runner, const fs::path& file,
-                           app::CurrentEdit edit) {
+                           const app::CurrentEdit& edit) {
     if (goesToThePropertyStore(context, edit)) {
         const auto result =
             tags::WriteProperty(file, {static_cast<std::uint32_t>(edit.id), edit.value, edit.fileTime});

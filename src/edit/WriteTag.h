@@ -38,7 +38,7 @@ struct TagWriteResult {
 /// Writes one tag by the road that fits its group: as a property of the file, or by ExifTool. No safety copy.
 /// Blocks until the tool has ended. GUI thread.
 TagWriteResult WriteOneTag(const app::AppContext& context, exiftool::ToolRunner& runner,
-                           const std::filesystem::path& file, app::CurrentEdit edit);
+                           const std::filesystem::path& file, const app::CurrentEdit& edit);
 
 /// Runs a line that writes the file, and gathers how it went. In the corrected form a file that is marked
 /// read-only is left alone; ExifTool would put a new one in its place.

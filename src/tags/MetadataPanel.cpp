@@ -85,7 +85,7 @@ QAction* addCommand(QMenu& menu, int id, const QString& text) {
 }
 
 /// Names come out of files; an ampersand would become a key of the menu.
-QString menuText(QString name) {
+QString menuText(const QString& name) {
     return name.left(kLongestGroupTitle).replace(u'&', QStringLiteral("&&"));
 }
 
@@ -358,8 +358,10 @@ void MetadataPanel::showGroupMenu(int groupId, const QPoint& position) {
     menu.addSeparator();
     const int family =
         groupId < static_cast<int>(kGroupCount) ? familyRemoval(static_cast<std::uint32_t>(groupId)) : 0;
+    QMenu families(parts_.text(app::text::kRemoveFamily), &menu);
     for (const int removal : {family, app::command::kRemoveAllMetadata})
-        if (removal != 0) addCommand(menu, removal, parts_.text(removal));
+        if (removal != 0) addCommand(families, removal, parts_.text(removal));
+    if (!families.isEmpty()) menu.addMenu(&families);
     menu.addSeparator();
     addEntry(menu, kCollapseAll, parts_.text(app::text::kCollapseAll), QStringLiteral("view-list-tree"));
     addEntry(menu, kExpandAll, parts_.text(app::text::kExpandAll), QStringLiteral("view-list-details"));

@@ -23,7 +23,7 @@ class EditedFile : public testing::Test {
 
     /// A picture with these values.
     std::filesystem::path photo(std::vector<std::string> arguments, const std::string& name = "a.jpg") const {
-        const std::filesystem::path file = folder / "photos" / std::filesystem::path(name);
+        std::filesystem::path file = folder / "photos" / std::filesystem::path(name);
         support::WriteJpeg(file);
         arguments.insert(arguments.begin(), {"-q", "-overwrite_original"});
         arguments.push_back(file.string());
