@@ -10,8 +10,8 @@ using testing::StartsWith;
 
 namespace {
 
-constexpr const char* kYes = "6";
-constexpr const char* kNo = "7";
+constexpr const char* kYes = "1";
+constexpr const char* kNo = "2";
 
 class DumpAndExport : public endtoend::PictureFolder {
  protected:
@@ -145,7 +145,7 @@ TEST_F(DumpAndExport, TheMenuOfExportsSpeaksAndExports) {
     DrivenProgram program;
     show(program, "a.jpg");
     program.tell("command", {"10033"});
-    program.tell("choose", {"XML"});
+    program.tell("choose", {"10037"});
     EXPECT_TRUE(endtoend::waitFor([this] { return bytes("a.xml").size() > 0; }));
     EXPECT_EQ(program.quit(), 0);
 }
