@@ -87,7 +87,7 @@ TEST_F(DumpAndExport, AnExistingFileIsReplacedOnlyWhenTheUserAgrees) {
     EXPECT_EQ(bytes("a.txt"), "my notes");
     program.tell("command", {"10034"});
     program.tell("press", {kYes});
-    EXPECT_THAT(bytes("a.txt"), HasSubstr("Image Size"));
+    EXPECT_TRUE(endtoend::waitFor([this] { return bytes("a.txt").find("Image Size") != std::string::npos; }));
     EXPECT_EQ(program.fileNames(), (QStringList{"a.jpg", "a.txt"}));
     EXPECT_EQ(program.quit(), 0);
 }
@@ -110,12 +110,13 @@ TEST_F(DumpAndExport, AFailedExportLosesNothing) {
     show(program, "a.jpg");
     program.tell("command", {"10034"});
     program.tell("press", {kYes});
-    EXPECT_THAT(program.takeMessage().toStdString(), HasSubstr("a.txt"));
+    EXPECT_TRUE(endtoend::waitFor([&program] { return program.say("message")["ok"].toBool(); }));
+    EXPECT_THAT(program.takeMessage().toStdString(), HasSubstr("cannot be written"));
     EXPECT_TRUE(fs::is_directory(folder / "a.txt" / "inner"));
     program.tell("click", {"page.html"});
     program.tell("command", {"10036"});
     EXPECT_EQ(bytes("page.html"), "<html><title>mine</title></html>");
-    EXPECT_THAT(bytes("page.html.html"), HasSubstr("mine"));
+    EXPECT_THAT(bytes("page.html.html"), HasSubstr("<td>File Type</td>"));
     EXPECT_EQ(program.quit(), 0);
 }
 
@@ -146,7 +147,7 @@ TEST_F(DumpAndExport, TheMenuOfExportsSpeaksAndExports) {
     show(program, "a.jpg");
     program.tell("command", {"10033"});
     program.tell("choose", {"10037"});
-    EXPECT_TRUE(endtoend::waitFor([this] { return bytes("a.xml").size() > 0; }));
+    EXPECT_TRUE(endtoend::waitFor([this] { return fs::exists(folder / "a.xml"); }));
     EXPECT_EQ(program.quit(), 0);
 }
 
