@@ -14,6 +14,8 @@
 namespace controls {
 namespace {
 
+constexpr int kTabTipDrop = 5;  ///< the tip of a tab hangs so far below it that its text can be read
+
 /// How far a button lies in the direction of the arrow key; a step aside counts threefold. None when it lies
 /// elsewhere.
 std::optional<int> distance(const QRect& from, const QRect& target, int key) {
@@ -92,8 +94,7 @@ bool RibbonKeyboard::listensTo(const QWidget* widget) const {
 }
 
 void RibbonKeyboard::enter() {
-    if (focusIsInside()) return;
-    before_ = QApplication::focusWidget();
+    if (!focusIsInside()) before_ = QApplication::focusWidget();
     tabs_.setFocus(Qt::ShortcutFocusReason);
     showTabTips();
 }
@@ -232,7 +233,8 @@ void RibbonKeyboard::showTabTips() {
     const QStringList tips = ribbon_.tabKeyTips();
     for (int at = 0; at < tabs_.count(); ++at) {
         if (tabs_.tabRect(at).intersects(tabs_.rect()))
-            targets.push_back({tips.value(at), &tabs_, tabs_.tabRect(at).adjusted(0, 0, 0, -2), false, at});
+            targets.push_back(
+                {tips.value(at), &tabs_, tabs_.tabRect(at).adjusted(0, 0, 0, kTabTipDrop), false, at});
     }
     tips_.show(std::move(targets));
 }
