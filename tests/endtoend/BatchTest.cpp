@@ -41,7 +41,8 @@ TEST_F(BatchTest, AFileThatCannotBeWrittenIsReportedAndTheOthersAreWritten) {
     program.refuse("dialog");
     for (const char* name : {"a.jpg", "c.jpg"}) {
         EXPECT_EQ(held(name, "XMP-dc:Title"), "for all") << name;
-        EXPECT_EQ(held(name, "XMP-dc:Source"), "of " + std::string(name, 1)) << "what was not changed stays";
+        EXPECT_EQ(held(name, "XMP-dc:Source"), std::string("of ").append(name, 1))
+            << "what was not changed stays";
     }
     EXPECT_EQ(support::ReadBytes(file("b.jpg")), kNoPicture);
     EXPECT_EQ(program.quit(), 0);

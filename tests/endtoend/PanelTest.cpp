@@ -192,7 +192,8 @@ TEST_F(PanelTest, ValuesThatLookLikeOptionsOrCommandsAreOnlyShown) {
     photo("a.jpg", {"-XMP-dc:Title=file:///bin/sh"});
     program.tell("click", {"a.jpg"});
     program.tell("row", {"XMP-dc", "Title", "Value", "right"});
-    EXPECT_EQ(program.tell("menu")["entries"].toArray().size(), 1) << "no local file is offered to be opened";
+    for (const QJsonValue& entry : program.tell("menu")["entries"].toArray())
+        EXPECT_NE(entry["id"].toInt(), 40011) << "no local file is offered to be opened";
     program.tell("key", {"Escape"});
     for (const auto& where :
          {folder.path(), program.install(), program.temp(), std::filesystem::current_path()})
