@@ -47,10 +47,6 @@
         <source>Copy the row</source>
         <translation></translation>
     </message>
-    <message id="2182">
-        <source>Choose a file with values</source>
-        <translation></translation>
-    </message>
     <message id="80511">
         <source>Modify %s tags of %s</source>
         <translation></translation>
