@@ -199,7 +199,10 @@ QMenu* openMenu() {
 
 bool isWaitingForTool() {
     const app::ProgressDialog* progress = visibleProgress();
-    return progress != nullptr && progress->isWaiting();
+    if (progress == nullptr || !progress->isWaiting()) return false;
+    // A question in the middle of the work can be answered.
+    const QWidget* modal = QApplication::activeModalWidget();
+    return modal == nullptr || modal == progress;
 }
 
 Answer describeMessage() {

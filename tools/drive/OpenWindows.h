@@ -16,7 +16,7 @@ QMessageBox* openMessage();
 QDialog* openDialog();
 QMenu* openMenu();
 
-/// Whether the dialog that tells of a wait for a tool is visible.
+/// Whether the dialog that tells of a wait for a tool stands in front.
 bool isWaitingForTool();
 
 Answer describeMessage();
