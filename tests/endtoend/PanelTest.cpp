@@ -162,10 +162,13 @@ TEST_F(PanelTest, ACellIsCopiedByKeyAndMenu) {
     for (const auto& [row, byMenu, text] : cases) {
         program.tell("click", {"a.jpg"});
         program.tell("row", byMenu ? row + QStringList("right") : row);
-        if (byMenu)
+        if (byMenu) {
             program.tell("choose", {"40063"});
-        else
+        } else {
+            // A click on a value has opened its editor; the cell is still the one that is copied.
+            if (row.last() == QStringLiteral("Value")) program.tell("key", {"Escape"});
             program.tell("key", {"Ctrl+C"});
+        }
         program.tell("focus", {"Address"});
         program.tell("key", {"Ctrl+A"});
         program.tell("key", {"Ctrl+V"});
