@@ -22,7 +22,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int kAnswerLimit = 60000;
+constexpr int kAnswerLimit = 120000;
 constexpr const char* kWindowPosition = "\n[MainWindow-Position]\nLeft=20\nTop=20\nRight=1300\nBottom=820\n";
 
 QByteArray quoted(const QString& word) {

@@ -101,7 +101,7 @@ inline const std::vector<std::string>& hostileValues() {
         "@/etc/passwd",
         "</etc/passwd",
         "#[CSTR]\\n",
-        "  blanks around  ",
+        "  blanks before",
         "M\xC3\xBCller & S\xC3\xB6hne stra\xC3\x9F"
         "e",
         "\xE6\x97\xA5\xE6\x9C\xAC\xE8\xAA\x9E",

@@ -70,7 +70,7 @@ TEST_F(HostileValuesTest, TypedInTheDialogTheyReachTheFileAsTheyAre) {
         program.tell("key", {"Ctrl+A"});
         program.tell("type", {QString::fromStdString(value)});
         program.tell("press", {"1"});
-        EXPECT_EQ(held("a.jpg", "IFD0:Artist"), value.starts_with(' ') ? "  blanks around" : value) << value;
+        EXPECT_EQ(held("a.jpg", "IFD0:Artist"), value) << value;
         EXPECT_EQ(names(), std::vector<std::string>({"a.jpg"})) << value;
     }
     EXPECT_EQ(program.quit(), 0);
@@ -131,9 +131,11 @@ TEST_F(HostileValuesTest, FilesOfHostileNamesAreEditedLikeAnyOther) {
         const QString shown = platform::display(fs::path(name));
         program.tell("click", {shown});
         program.tell("row", {"XMP-dc", "Title", "Value"});
-        program.tell("set", {kText, "title of " + shown});
+        // A carriage return is a line feed in an edit of text.
+        const QString title = "title of " + QString(shown).replace('\r', '\n');
+        program.tell("set", {kText, title});
         program.tell("press", {"1"});
-        EXPECT_EQ(held(name, "XMP-dc:Title"), ("title of " + shown).toStdString());
+        EXPECT_EQ(held(name, "XMP-dc:Title"), title.toStdString());
         EXPECT_EQ(support::ReadBytes(safetyCopyOf(program, file(name))), seed) << name;
     }
     EXPECT_EQ(names(), before);
