@@ -32,11 +32,12 @@ namespace fs = std::filesystem;
 constexpr int kPatience = 20000;
 constexpr int kSettling = 300;  ///< until the list has seen that the file changed, and rests
 
+constexpr int kTextControl = 1694;
 const QString kGroup = QStringLiteral("IFD0");
 const QString kTag = QStringLiteral("Artist");
 
-void waitFor(const std::function<bool()>& condition) {
-    if (!QTest::qWaitFor(condition, kPatience)) throw std::runtime_error("the window does not answer");
+void waitFor(const char* what, const std::function<bool()>& condition) {
+    if (!QTest::qWaitFor(condition, kPatience)) throw std::runtime_error(std::string("never: ") + what);
 }
 
 /// Seconds.
@@ -52,14 +53,15 @@ class EditedWindow {
     void openFile() {
         browser::ShellBrowser& browser = program_.window().activeBrowser();
         program_.window().OpenFolder(file_.parent_path());
-        waitFor([&] { return browser.currentFolder() == file_.parent_path() && !browser.isLoading(); });
+        waitFor("the folder",
+                [&] { return browser.currentFolder() == file_.parent_path() && !browser.isLoading(); });
         QTest::qWait(kSettling);
         const browser::ItemList& list = browser.model().list();
         const QModelIndex index =
             browser.model().index(list.rowOf(list.findItem(file_.filename().native())), 0);
         const QRect row = browser.view().visualRect(index);
         QTest::mouseClick(browser.view().viewport(), Qt::LeftButton, {}, {row.left() + 60, row.center().y()});
-        waitFor([&] { return panel().file() == file_ && rowOfTag().isValid(); });
+        waitFor("the tag in the panel", [&] { return panel().file() == file_ && rowOfTag().isValid(); });
     }
 
     Edit edit(const QString& value) {
@@ -84,7 +86,7 @@ class EditedWindow {
             [&] { end = bench::monotonicSeconds(); });
         QTest::mouseClick(panel().list().viewport(), Qt::LeftButton, {},
                           panel().list().visualRect(rowOfTag()).center());
-        waitFor([&] { return end.has_value(); });
+        waitFor("the new value", [&] { return end.has_value(); });
         measured.writing = *end - begin;
         QTest::qWait(kSettling);
         return measured;
@@ -131,7 +133,10 @@ class EditedWindow {
     static double confirm(const QString& value) {
         auto* dialog = QApplication::activeModalWidget();
         if (dialog == nullptr) throw std::runtime_error("no dialog");
-        dialog->findChild<QPlainTextEdit*>()->setPlainText(value);
+        auto* field = qobject_cast<QPlainTextEdit*>(app::FindControl(*dialog, kTextControl));
+        // As typed: a text that is only set counts as untouched.
+        field->selectAll();
+        field->insertPlainText(value);
         auto* ok = qobject_cast<QAbstractButton*>(app::FindControl(*dialog, app::kOkControl));
         const double now = bench::monotonicSeconds();
         ok->click();
@@ -179,7 +184,7 @@ int main(int argc, char** argv) {
     app::Program program(*qApp, install / "Tagwright");
     if (program.start()) return 1;
     try {
-        waitFor([&] { return program.window().activeBrowser().isFolderLoaded(); });
+        waitFor("the first folder", [&] { return program.window().activeBrowser().isFolderLoaded(); });
         EditedWindow window(program, argv[2]);
         window.openFile();
         measure(window, std::atoi(argv[3]));

@@ -20,6 +20,7 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kPatience = 5000;  // milliseconds
+constexpr std::size_t kLongest = 2700;
 
 void waitFor(const std::function<bool()>& condition) {
     if (!QTest::qWaitFor(condition, kPatience)) throw std::runtime_error("the window does not answer");
@@ -43,6 +44,43 @@ void open(app::MainWindow& window, const char* seconds) {
     bench::printMeasurement("rows", static_cast<double>(rows));
 }
 
+/// A list of that many tags of the dictionary in a dialog of its own.
+void openLongest(app::Program& program, std::size_t rows) {
+    app::AppContext& context = program.context();
+    const app::LanguageFile language(context.installPath, context.settings.main.language);
+    const tags::TagDictionary dictionary;
+    const tags::LabelLibrary labels(context.settings.main.language, dictionary);
+    tags::RatingMemory memory;
+    tags::RatingLog log;
+    exiftool::ToolRunner runner(context);
+    exiftool::ReadFeedback feedback;
+    exiftool::ReadCommands reads(context, runner, feedback);
+    exiftool::FileProgress progress;
+    const edit::EditParts parts{context, language, dictionary, labels, memory, log, runner, reads, progress};
+
+    double end = 0;
+    const double begin = bench::monotonicSeconds();
+    edit::TagRows tags;
+    for (const tags::TagRecord& record : dictionary.records()) {
+        if (record.writable && tags.size() < rows) tags.push_back(edit::RowOf(record));
+    }
+    QDialog dialog;
+    auto* list =
+        edit::TagList::PlaceIn(dialog, parts,
+                               {.look = {.columns = {edit::TagColumn::Name, edit::TagColumn::Group,
+                                                     edit::TagColumn::Kind, edit::TagColumn::Value}}});
+    list->model().setRows(std::move(tags));
+    const bench::FirstPaint watch(
+        [](const QWidget& widget) { return qobject_cast<edit::TagListView*>(widget.parent()) != nullptr; },
+        [&] {
+            end = bench::monotonicSeconds();
+            dialog.reject();
+        });
+    dialog.exec();
+    bench::printMeasurement("longest", end - begin);
+    bench::printMeasurement("longestRows", static_cast<double>(list->rows().size()));
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -60,6 +98,7 @@ int main(int argc, char** argv) {
         window.activeBrowser().view().selectAll();
         open(window, "first");
         open(window, "seconds");
+        openLongest(program, kLongest);
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "%s\n", failure.what());
         return 1;

@@ -51,6 +51,22 @@ constexpr bench::Figure kFigures[] = {
      "tool", 1, "", Goal::None, 0},
     {"Start until painted, beyond an empty window", "Start/Program", "seconds", Comparison::Difference,
      "Start/EmptyWindow", "seconds", 1000, "ms", Goal::AtMost, 300},
+    {"Edit of a tag until painted, beyond ExifTool's own run", "Edit/Warm", "added", Comparison::None, "", "",
+     1000, "ms", Goal::AtMost, 20},
+    {"  the same without the warm starter", "Edit/Cold", "added", Comparison::None, "", "", 1000, "ms",
+     Goal::AtMost, 20},
+    {"  of a photo of 50 MB, safety copy cloned", "Edit/LargeCloned", "added", Comparison::None, "", "", 1000,
+     "ms", Goal::AtMost, 20},
+    {"  of a photo of 50 MB, safety copy written (no clones here)", "Edit/LargeCopied", "added",
+     Comparison::None, "", "", 1000, "ms", Goal::None, 0},
+    {"  the same, without the time of that copy", "Edit/LargeCopied", "addedBesideCopy", Comparison::None, "",
+     "", 1000, "ms", Goal::AtMost, 20},
+    {"List of all XMP tags (960) until painted", "Picker/Xmp", "seconds", Comparison::None, "", "", 1000,
+     "ms", Goal::AtMost, 100},
+    {"  the same for the first time", "Picker/Xmp", "first", Comparison::None, "", "", 1000, "ms",
+     Goal::AtMost, 100},
+    {"List of 2,700 tags until painted", "Picker/Xmp", "longest", Comparison::None, "", "", 1000, "ms",
+     Goal::AtMost, 100},
 };
 
 int usage() {
