@@ -75,7 +75,9 @@ RibbonKeyboard::RibbonKeyboard(Ribbon& ribbon, QTabBar& tabs) : ribbon_(ribbon),
 }
 
 bool RibbonKeyboard::focusIsInside() const {
-    return belongsToRibbon(QApplication::focusWidget());
+    // For a moment after a menu has closed no window is active; the window still knows where its keyboard is.
+    const QWidget* focus = QApplication::focusWidget();
+    return belongsToRibbon(focus ? focus : ribbon_.window()->focusWidget());
 }
 
 bool RibbonKeyboard::belongsToRibbon(const QWidget* widget) const {

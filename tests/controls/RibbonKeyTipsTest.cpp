@@ -160,6 +160,26 @@ class KeyTipsInAWindow : public testing::Test {
         QTest::keyPress(focus, Qt::Key_Alt, Qt::AltModifier);
         QTest::keyRelease(focus, Qt::Key_Alt);
     }
+    /// A desktop does so when a menu closes; the platform without one forgets it now and then.
+    void activateAgain() {
+        ASSERT_TRUE(QTest::qWaitFor([this] {
+            window_.activateWindow();
+            return QApplication::activeWindow() == &window_;
+        }));
+    }
+    /// Sends the key to the menu that comes up. It waits until the menu has the keyboard: an activation that
+    /// comes after the menu has closed again would take it away from the window.
+    void pressInMenu(QTimer& timer, Qt::Key key) {
+        QObject::connect(&timer, &QTimer::timeout, ribbon_, [&timer, key, tries = 0]() mutable {
+            QWidget* menu = QApplication::activePopupWidget();
+            if (menu == nullptr) return;
+            constexpr int kEnough = 100;
+            if (QApplication::activeWindow() != menu && ++tries < kEnough) return;
+            timer.stop();
+            QTest::keyClick(menu, key);
+        });
+        timer.start(5);
+    }
     void type(const char* letters) {
         for (; *letters != 0; ++letters) QTest::keyClick(QApplication::focusWidget(), *letters);
     }
@@ -256,38 +276,27 @@ TEST_F(KeyTipsInAWindow, ADisabledButtonHasNoneAndAFoldedRibbonUnfolds) {
 TEST_F(KeyTipsInAWindow, AMenuOpensAndItsLettersRun) {
     struct Case {
         const char* typed;
-        char letter;
+        Qt::Key letter;
         int command;
     };
-    for (const auto& [typed, letter, command] : {Case{"hs", 'u', 31}, Case{"ha", 'o', 22}}) {
+    for (const auto& [typed, letter, command] : {Case{"hs", Qt::Key_U, 31}, Case{"ha", Qt::Key_O, 22}}) {
         told_ = 0;
         pressAlt();
         // Typing opens the menu and returns when it is closed.
         QTimer timer;
-        QObject::connect(&timer, &QTimer::timeout, ribbon_, [&timer, letter = letter] {
-            QWidget* menu = QApplication::activePopupWidget();
-            if (menu == nullptr) return;
-            timer.stop();
-            QTest::keyClick(menu, letter);
-        });
-        timer.start(5);
+        pressInMenu(timer, letter);
         type(typed);
         EXPECT_EQ(told_, command) << typed;
         EXPECT_EQ(tips(), "");
-        EXPECT_TRUE(field_->hasFocus());
+        activateAgain();
+        EXPECT_TRUE(field_->hasFocus()) << typed;
     }
 }
 
 TEST_F(KeyTipsInAWindow, EscOutOfAMenuShowsTheButtonsAgain) {
     pressAlt();
     QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, ribbon_, [&timer] {
-        QWidget* menu = QApplication::activePopupWidget();
-        if (menu == nullptr) return;
-        timer.stop();
-        QTest::keyClick(menu, Qt::Key_Escape);
-    });
-    timer.start(5);
+    pressInMenu(timer, Qt::Key_Escape);
     type("hs");
     EXPECT_EQ(tips(), "A C P Q S T U");
     EXPECT_EQ(told_, 0);
