@@ -1,10 +1,10 @@
 #include "app/Theme.h"
 
 #include "controls/ColorArithmetic.h"
+#include "controls/IndicatorStyle.h"
 
 #include <QApplication>
 #include <QIcon>
-#include <QStyleFactory>
 #include <algorithm>
 
 namespace app {
@@ -100,7 +100,7 @@ QPalette Theme::palette() const {
 }
 
 void ApplyTheme(QApplication& application, const Theme& theme) {
-    application.setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    application.setStyle(new controls::IndicatorStyle);
     QApplication::setPalette(theme.palette());
     QIcon::setThemeName(theme.dark ? QStringLiteral("breeze-dark") : QStringLiteral("breeze"));
 }

@@ -1,6 +1,7 @@
 #include "app/Theme.h"
 
 #include "controls/ColorArithmetic.h"
+#include "controls/IndicatorStyle.h"
 
 namespace {
 
@@ -64,6 +65,33 @@ TEST(Theme, ThePaletteCarriesTheRoles) {
     dark.enableDarkMode = true;
     dark.darkTone = 8;
     EXPECT_EQ(Theme::Of(dark).base, QColor(0x20, 0x20, 0x20));
+}
+
+/// The best contrast that a part of the button's indicator has to the window.
+double bestContrast(QAbstractButton& button, const Theme& theme) {
+    button.setPalette(theme.palette());
+    button.setAutoFillBackground(true);
+    button.resize(button.sizeHint());
+    const QImage image = button.grab().toImage();
+    double best = 1;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x)
+            best = std::max(best, static_cast<double>(ContrastRatio(image.pixelColor(x, y), theme.window)));
+    }
+    return best;
+}
+
+TEST(Theme, AnEmptyCheckBoxOrRadioButtonCanBeSeenOnEveryWindow) {
+    controls::IndicatorStyle style;
+    for (const Theme& theme : allThemes()) {
+        QCheckBox box;
+        QRadioButton radio;
+        for (QAbstractButton* button :
+             {static_cast<QAbstractButton*>(&box), static_cast<QAbstractButton*>(&radio)}) {
+            button->setStyle(&style);
+            EXPECT_GE(bestContrast(*button, theme), 2.2) << theme.window.name().toStdString();
+        }
+    }
 }
 
 }  // namespace
