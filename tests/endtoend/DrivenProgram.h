@@ -32,7 +32,8 @@ class DrivenProgram {
     DrivenProgram(const DrivenProgram&) = delete;
     DrivenProgram& operator=(const DrivenProgram&) = delete;
 
-    /// Sends a command; its answer. A test failure when it is not {"ok":true} or none comes within two minutes.
+    /// Sends a command; its answer. A test failure when it is not {"ok":true} or none comes within two
+    /// minutes.
     QJsonObject tell(const QString& verb, const QStringList& words = {});
     /// The same for a command that has to fail; the error text.
     QString refuse(const QString& verb, const QStringList& words = {});
