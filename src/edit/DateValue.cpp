@@ -2,6 +2,8 @@
 
 #include <QDateTime>
 #include <QRegularExpression>
+#include <algorithm>
+#include <limits>
 
 namespace edit {
 
@@ -80,7 +82,9 @@ QString JoinDateAndTime(const QDate& date, const QTime& time) {
 
 platform::PointInTime LocalMoment(const QDate& date, const QTime& time) {
     const QTime toTheSecond(time.hour(), time.minute(), time.second());
-    return {QDateTime(date, toTheSecond).toMSecsSinceEpoch() * kNanosecondsInMillisecond};
+    constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max() / kNanosecondsInMillisecond;
+    const std::int64_t milliseconds = QDateTime(date, toTheSecond).toMSecsSinceEpoch();
+    return {std::clamp<std::int64_t>(milliseconds, -kMost, kMost) * kNanosecondsInMillisecond};
 }
 
 }  // namespace edit

@@ -44,7 +44,8 @@ std::optional<CutMoment> CutDateByPosition(const QString& text);
 /// "2015:6:1 9:5:0", without leading zeros.
 QString JoinDateAndTime(const QDate& date, const QTime& time);
 
-/// That moment of local time.
+/// That moment of local time; outside the years 1678 to 2261, which nanoseconds of 64 bits can hold, their
+/// end.
 platform::PointInTime LocalMoment(const QDate& date, const QTime& time);
 
 }  // namespace edit

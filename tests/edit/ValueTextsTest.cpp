@@ -89,6 +89,10 @@ TEST(DateValue, TheMomentIsOfLocalTimeAndHasWholeSeconds) {
     const QDate date(2015, 6, 1);
     EXPECT_EQ(LocalMoment(date, QTime(12, 13, 14, 999)).nanoseconds,
               QDateTime(date, QTime(12, 13, 14)).toSecsSinceEpoch() * 1'000'000'000);
+    EXPECT_LT(LocalMoment(QDate(1, 1, 1), QTime(0, 0)).nanoseconds,
+              LocalMoment(QDate(1700, 1, 1), QTime(0, 0)).nanoseconds);
+    EXPECT_GT(LocalMoment(QDate(9999, 1, 1), QTime(0, 0)).nanoseconds,
+              LocalMoment(QDate(2250, 1, 1), QTime(0, 0)).nanoseconds);
 }
 
 TEST(NumberText, AnIntegerIsReadAsDesignedOrRefused) {
