@@ -1,11 +1,11 @@
 #pragma once
 
-#include "edit/ValueDialog.h"
+#include "edit/NumberDialog.h"
 
 namespace edit {
 
 /// A whole number. In the corrected form text that is none is refused and the dialog stays open.
-class ModifIntDialog : public ValueDialog {
+class ModifIntDialog : public NumberDialog {
     Q_OBJECT
 
  public:
@@ -13,7 +13,8 @@ class ModifIntDialog : public ValueDialog {
 
     ModifIntDialog(const EditParts& parts, TagEditContext& edit, QWidget* parent);
 
-    void accept() override;
+ protected:
+    std::optional<QString> valueOf(const QString& typed) override;
 };
 
 }  // namespace edit

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "edit/ValueDialog.h"
+#include "edit/NumberDialog.h"
 
 namespace edit {
 
 /// A rational number. In the corrected form it takes the place of the old value, and text that is none is
 /// refused.
-class ModifRationalDialog : public ValueDialog {
+class ModifRationalDialog : public NumberDialog {
     Q_OBJECT
 
  public:
@@ -14,7 +14,8 @@ class ModifRationalDialog : public ValueDialog {
 
     ModifRationalDialog(const EditParts& parts, TagEditContext& edit, QWidget* parent);
 
-    void accept() override;
+ protected:
+    std::optional<QString> valueOf(const QString& typed) override;
 };
 
 }  // namespace edit
