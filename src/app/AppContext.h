@@ -1,7 +1,7 @@
 #pragma once
 
 #include "app/Settings.h"
-#include "platform/PropertyValue.h"
+#include "platform/PointInTime.h"
 
 #include <QString>
 #include <filesystem>
@@ -22,7 +22,7 @@ struct CurrentEdit {
     int selection = -1;
     int rowIndex = -1;
     QString valueBefore;         ///< text on entry; what of it stands in value was not typed by the user
-    bool severalValues = false;  ///< value holds one entry a line, as edit::JoinEntries makes it
+    bool severalValues = false;  ///< value holds one entry a line, as edit::joinEntries makes it
 };
 
 /// State of the one running program: where things are and what the user has set. Owned by the program's entry

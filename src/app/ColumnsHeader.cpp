@@ -88,7 +88,7 @@ void SaveColumns(std::ostream& stream, std::span<ColumnState> columns, const Wid
     stream << "\r\n";
 }
 
-std::error_code WriteColumnsFile(const fs::path& columnsHeaderPath, std::span<ColumnState> columns,
+std::error_code writeColumnsFile(const fs::path& columnsHeaderPath, std::span<ColumnState> columns,
                                  const WidthOfColumn& widthOfColumn) {
     std::error_code ignored;
     fs::remove(columnsHeaderPath, ignored);

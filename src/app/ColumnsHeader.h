@@ -35,7 +35,7 @@ void SaveColumns(std::ostream& stream, std::span<ColumnState> columns,
                  const WidthOfColumn& widthOfColumn = {});
 
 /// Deletes the file and writes it anew; the error when that fails.
-std::error_code WriteColumnsFile(const std::filesystem::path& columnsHeaderPath,
+std::error_code writeColumnsFile(const std::filesystem::path& columnsHeaderPath,
                                  std::span<ColumnState> columns, const WidthOfColumn& widthOfColumn = {});
 
 }  // namespace app

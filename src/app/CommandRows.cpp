@@ -309,19 +309,19 @@ constexpr auto kBuiltSortModes = std::to_array<int>({1, 2, 3, 4});
 
 }  // namespace
 
-std::span<const Command> FixedCommands() {
+std::span<const Command> fixedCommands() {
     return kRows;
 }
 
-std::span<const CommandRange> CommandRanges() {
+std::span<const CommandRange> commandRanges() {
     return kRanges;
 }
 
-bool IsSortModeBuilt(int sortMode) {
+bool isSortModeBuilt(int sortMode) {
     return std::ranges::find(kBuiltSortModes, sortMode) != kBuiltSortModes.end();
 }
 
-bool IsGroupModeBuilt(int) {
+bool isGroupModeBuilt(int) {
     return false;
 }
 

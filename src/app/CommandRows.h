@@ -14,13 +14,13 @@ struct CommandRange {
 };
 
 /// The commands that have a row of their own, by ascending id.
-std::span<const Command> FixedCommands();
+std::span<const Command> fixedCommands();
 
 /// None of them is built, and none has an icon.
-std::span<const CommandRange> CommandRanges();
+std::span<const CommandRange> commandRanges();
 
 /// Whether the list can be sorted, or grouped, by the mode of this number.
-bool IsSortModeBuilt(int sortMode);
-bool IsGroupModeBuilt(int sortMode);
+bool isSortModeBuilt(int sortMode);
+bool isGroupModeBuilt(int sortMode);
 
 }  // namespace app

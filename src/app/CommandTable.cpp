@@ -38,16 +38,16 @@ constexpr auto kShortcuts = std::to_array<Shortcut>({
 class AllCommands {
  public:
     AllCommands() {
-        const std::span<const Command> fixed = FixedCommands();
+        const std::span<const Command> fixed = fixedCommands();
         commands_.assign(fixed.begin(), fixed.end());
-        std::size_t made = 2 * SortModes().size();
-        for (const CommandRange& range : CommandRanges())
+        std::size_t made = 2 * sortModes().size();
+        for (const CommandRange& range : commandRanges())
             made += static_cast<std::size_t>(range.last - range.first + 1);
         names_.reserve(made);  // the commands point into it
-        for (const CommandRange& range : CommandRanges()) add(range);
-        for (const NumberedName& mode : SortModes()) {
-            add(command::kSortBy + mode.number, "SortBy", mode, IsSortModeBuilt(mode.number));
-            add(command::kGroupBy + mode.number, "GroupBy", mode, IsGroupModeBuilt(mode.number));
+        for (const CommandRange& range : commandRanges()) add(range);
+        for (const NumberedName& mode : sortModes()) {
+            add(command::kSortBy + mode.number, "SortBy", mode, isSortModeBuilt(mode.number));
+            add(command::kGroupBy + mode.number, "GroupBy", mode, isGroupModeBuilt(mode.number));
         }
         std::ranges::sort(commands_, {}, &Command::id);
     }
@@ -81,27 +81,27 @@ class AllCommands {
 
 }  // namespace
 
-std::span<const Command> CommandTable() {
+std::span<const Command> commandTable() {
     static const AllCommands all;
     return all.commands();
 }
 
-const Command* FindCommand(CommandId id) {
-    const std::span<const Command> commands = CommandTable();
+const Command* findCommand(CommandId id) {
+    const std::span<const Command> commands = commandTable();
     const auto found = std::ranges::lower_bound(commands, id, {}, &Command::id);
     return found != commands.end() && found->id == id ? &*found : nullptr;
 }
 
-bool IsBuilt(CommandId id) {
-    const Command* command = FindCommand(id);
+bool isBuilt(CommandId id) {
+    const Command* command = findCommand(id);
     return command != nullptr && command->built;
 }
 
-std::span<const HotKey> HotKeys() {
+std::span<const HotKey> hotKeys() {
     return kHotKeys;
 }
 
-std::span<const Shortcut> Shortcuts() {
+std::span<const Shortcut> shortcuts() {
     return kShortcuts;
 }
 

@@ -123,13 +123,13 @@ struct Command {
 };
 
 /// All commands, by ascending id.
-std::span<const Command> CommandTable();
+std::span<const Command> commandTable();
 
 /// Null when the id is in no table.
-const Command* FindCommand(CommandId id);
+const Command* findCommand(CommandId id);
 
 /// Whether the command exists and works; one that does not is not shown.
-bool IsBuilt(CommandId id);
+bool isBuilt(CommandId id);
 
 /// A key of the main window. The effect is told by the key, not by the id.
 struct HotKey {
@@ -141,13 +141,13 @@ struct HotKey {
 };
 
 /// The eight keys of the frame, in the order in which they are registered.
-std::span<const HotKey> HotKeys();
+std::span<const HotKey> hotKeys();
 
 /// The keys of commands that the lists and menus take besides: reload, history and the like.
 struct Shortcut {
     CommandId command;
     const char* keys;  ///< portable text, as QKeySequence reads it
 };
-std::span<const Shortcut> Shortcuts();
+std::span<const Shortcut> shortcuts();
 
 }  // namespace app

@@ -131,10 +131,10 @@ QByteArray LanguageFile::form(int templateNumber) const {
 }
 
 QString LanguageFile::formatted(int number, std::initializer_list<QString> values) const {
-    return FormatText(text(number), values);
+    return formatText(text(number), values);
 }
 
-QString FormatText(QStringView format, std::initializer_list<QString> values) {
+QString formatText(QStringView format, std::initializer_list<QString> values) {
     QString result;
     const QString* value = values.begin();
     for (qsizetype at = 0; at < format.size(); ++at) {

@@ -74,6 +74,6 @@ class LanguageFile {
 };
 
 /// The format of formatted(), for a text that is at hand.
-QString FormatText(QStringView format, std::initializer_list<QString> values);
+QString formatText(QStringView format, std::initializer_list<QString> values);
 
 }  // namespace app

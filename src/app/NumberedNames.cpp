@@ -4,12 +4,12 @@
 
 namespace app {
 
-QString NameOfNumber(std::span<const NumberedName> table, int number) {
+QString nameOfNumber(std::span<const NumberedName> table, int number) {
     const auto found = std::ranges::find(table, number, &NumberedName::number);
     return found == table.end() ? QString() : QString(found->name);
 }
 
-int NumberOfName(std::span<const NumberedName> table, const QString& name) {
+int numberOfName(std::span<const NumberedName> table, const QString& name) {
     const auto found = std::ranges::find_if(table, [&](const NumberedName& row) { return name == row.name; });
     return found == table.end() ? -1 : found->number;
 }

@@ -21,9 +21,9 @@ class InvalidEnumeration : public std::runtime_error {
 };
 
 /// The name of a number, or an empty text when the table has none.
-QString NameOfNumber(std::span<const NumberedName> table, int number);
+QString nameOfNumber(std::span<const NumberedName> table, int number);
 
 /// The number of a name, which is compared to the letter; -1 when the table has none.
-int NumberOfName(std::span<const NumberedName> table, const QString& name);
+int numberOfName(std::span<const NumberedName> table, const QString& name);
 
 }  // namespace app

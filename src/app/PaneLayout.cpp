@@ -16,7 +16,7 @@ constexpr int kHandle = 6;
 
 }  // namespace
 
-int RightHolderWidth(int asked) {
+int rightHolderWidth(int asked) {
     return std::max(asked, kLeastRightWidth);
 }
 

@@ -32,6 +32,6 @@ struct PaneLayoutInput {
 PaneRects PaneLayout(const PaneLayoutInput& input);
 
 /// The width that a drag of the right pane's edge asks for; never below 300.
-int RightHolderWidth(int asked);
+int rightHolderWidth(int asked);
 
 }  // namespace app

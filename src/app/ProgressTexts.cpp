@@ -53,27 +53,27 @@ constexpr std::array<const char16_t*, kLanguageCount> kStopWaiting = {
 
 }  // namespace
 
-QString ProgressText(int language, ProgressStep step, const QString& fileName) {
+QString progressText(int language, ProgressStep step, const QString& fileName) {
     const auto* found = std::ranges::find(kSteps, step, &StepTexts::step);
     QString text = QString::fromUtf16(found->texts[languageOf(language)]);
     if (step == ProgressStep::Reading) text += fileName;
     return text;
 }
 
-std::optional<ProgressStep> ProgressStepOf(int number) {
+std::optional<ProgressStep> progressStepOf(int number) {
     const auto* found = std::ranges::find(kSteps, static_cast<ProgressStep>(number), &StepTexts::step);
     return found == std::end(kSteps) ? std::nullopt : std::optional(found->step);
 }
 
-QString StopWaitingText(int language) {
+QString stopWaitingText(int language) {
     return QString::fromUtf16(kStopWaiting[languageOf(language)]);
 }
 
-QString FileCountText(const QString& fileName, std::size_t number, std::size_t count) {
-    return FormatText(u"%s  (%d / %u)", {fileName, QString::number(number), QString::number(count)});
+QString fileCountText(const QString& fileName, std::size_t number, std::size_t count) {
+    return formatText(u"%s  (%d / %u)", {fileName, QString::number(number), QString::number(count)});
 }
 
-QString ClosingText(int language) {
+QString closingText(int language) {
     return QString::fromUtf16(kClosing[languageOf(language)]);
 }
 

@@ -18,18 +18,18 @@ enum class ProgressStep {
 };
 
 /// The text of a step; fileName (with its extension) is used by Reading only.
-QString ProgressText(int language, ProgressStep step, const QString& fileName = {});
+QString progressText(int language, ProgressStep step, const QString& fileName = {});
 
 /// The step of a number; none for any other number.
-std::optional<ProgressStep> ProgressStepOf(int number);
+std::optional<ProgressStep> progressStepOf(int number);
 
 /// The label of the button that ends a wait.
-QString StopWaitingText(int language);
+QString stopWaitingText(int language);
 
 /// Where an operation over several files is: the name, the number of the file counted from 1, of how many.
-QString FileCountText(const QString& fileName, std::size_t number, std::size_t count);
+QString fileCountText(const QString& fileName, std::size_t number, std::size_t count);
 
 /// Said once the window is to close and the running file is waited for.
-QString ClosingText(int language);
+QString closingText(int language);
 
 }  // namespace app

@@ -50,18 +50,18 @@ void readRow(const IniFile& ini, const SettingRow& row, AppContext& context) {
 }
 
 void readSection(const IniFile& ini, std::string_view section, ReadAt when, AppContext& context) {
-    for (const SettingRow& row : SettingsTable()) {
+    for (const SettingRow& row : settingsTable()) {
         if (row.readAt == when && row.section == section) readRow(ini, row, context);
     }
 }
 
 // The checks stand where their keys stand, so that a fault leaves everything behind it unread.
 void readMain(const IniFile& ini, AppContext& context) {
-    for (const SettingRow& row : SettingsTable()) {
+    for (const SettingRow& row : settingsTable()) {
         if (row.readAt != ReadAt::Late || std::string_view(row.section) != "Main") continue;
         readRow(ini, row, context);
-        if (std::string_view(row.readKey) == "SortMode") SortModeFromIntegral(context.settings.main.sortMode);
-        if (std::string_view(row.readKey) == "ViewMode") ViewModeFromIntegral(context.settings.main.viewMode);
+        if (std::string_view(row.readKey) == "SortMode") sortModeFromIntegral(context.settings.main.sortMode);
+        if (std::string_view(row.readKey) == "ViewMode") viewModeFromIntegral(context.settings.main.viewMode);
     }
 }
 
@@ -124,19 +124,19 @@ QString saved(IniFile& ini) {
 }
 
 bool isMerelyFoundTool(const SettingRow& row, const AppContext& context) {
-    for (const ToolPlace& tool : ToolPlaces()) {
+    for (const ToolPlace& tool : toolPlaces()) {
         if (std::string_view(row.section) != "PATHS" || std::string_view(row.readKey) != tool.key) continue;
         const fs::path& path = context.*tool.path;
-        return NamedTool(context, tool).empty() &&
+        return namedTool(context, tool).empty() &&
                (path.empty() || path == context.installPath / tool.program ||
-                path == DiscoverTool(context, tool.program));
+                path == discoverTool(context, tool.program));
     }
     return false;
 }
 
 QString saveSection(AppContext& context, std::string_view section) {
     IniFile ini(context.iniPath);
-    for (const SettingRow& row : SettingsTable()) {
+    for (const SettingRow& row : settingsTable()) {
         if (row.section == section) writeRow(ini, row, context);
     }
     return saved(ini);
@@ -144,7 +144,7 @@ QString saveSection(AppContext& context, std::string_view section) {
 
 }  // namespace
 
-void LoadLanguage(AppContext& context) {
+void loadLanguage(AppContext& context) {
     context.settings.main.language =
         IniFile(context.iniPath).integer("Main", "Language", Settings().main.language);
 }
@@ -155,7 +155,7 @@ void LoadEarlySettings(AppContext& context) {
     correctPaneSizes(context.settings.windowSizes);
 }
 
-void LoadWindowPosition(AppContext& context) {
+void loadWindowPosition(AppContext& context) {
     readSection(IniFile(context.iniPath), kPositionSection, ReadAt::Position, context);
 }
 
@@ -165,7 +165,7 @@ void LoadSettings(AppContext& context) {
     readBehindMain(ini, context);
 }
 
-QString LoadSettingsOrDefaults(AppContext& context) {
+QString loadSettingsOrDefaults(AppContext& context) {
     const IniFile ini(context.iniPath);
     QString fault;
     try {
@@ -174,16 +174,16 @@ QString LoadSettingsOrDefaults(AppContext& context) {
         fault = QString::fromLatin1(invalid.what());
         readSection(ini, "Main", ReadAt::Late, context);
         Settings::Main& main = context.settings.main;
-        if (ToString(static_cast<SortMode>(main.sortMode)).isEmpty())
+        if (toString(static_cast<SortMode>(main.sortMode)).isEmpty())
             main.sortMode = static_cast<int>(SortMode::Name);
-        if (ToString(static_cast<ViewMode>(main.viewMode)).isEmpty())
+        if (toString(static_cast<ViewMode>(main.viewMode)).isEmpty())
             main.viewMode = static_cast<int>(ViewMode::Details);
     }
     readBehindMain(ini, context);
     return fault;
 }
 
-void LoadStartFolder(AppContext& context) {
+void loadStartFolder(AppContext& context) {
     readSection(IniFile(context.iniPath), "Nodes", ReadAt::StartFolder, context);
 }
 
@@ -200,7 +200,7 @@ QString SaveWindowSizes(AppContext& context, const Settings::WindowSizes& sizes)
 QString SaveSettings(const AppContext& context) {
     AppContext values = context;  // the table's accessors give writable members
     IniFile ini(context.iniPath);
-    for (const SettingRow& row : SettingsTable()) {
+    for (const SettingRow& row : settingsTable()) {
         const std::string_view section = row.section;
         if (section == kPositionSection || section == kSizesSection || isMerelyFoundTool(row, context))
             continue;
@@ -215,7 +215,7 @@ QString WriteIntSetting(std::string_view section, std::string_view key, const fs
     return saved(ini);
 }
 
-QString WritePathSetting(std::string_view section, std::string_view key, const fs::path& iniPath,
+QString writePathSetting(std::string_view section, std::string_view key, const fs::path& iniPath,
                          const fs::path& value) {
     IniFile ini(iniPath);
     if (!ini.setBytes(section, key, platform::narrow(value)))

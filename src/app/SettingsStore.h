@@ -13,13 +13,13 @@
 namespace app {
 
 /// Only the number of the language file, which the first texts on the screen need.
-void LoadLanguage(AppContext& context);
+void loadLanguage(AppContext& context);
 
 /// Sections Dark, Colors and WINDOWS_SIZES, with the corrections of the pane sizes.
 void LoadEarlySettings(AppContext& context);
 
 /// Section MainWindow-Position.
-void LoadWindowPosition(AppContext& context);
+void loadWindowPosition(AppContext& context);
 
 /// Everything else but the start folder. Throws InvalidEnumeration at a SortMode or a ViewMode, in this
 /// order, that is none of the enumeration's numbers: "SortMode::_from_integral: invalid argument" or
@@ -30,10 +30,10 @@ void LoadSettings(AppContext& context);
 /// LoadSettings for a program that goes on with a damaged file: a SortMode or ViewMode without meaning
 /// becomes Name or Details, and all other settings are loaded. Gives the text of the first fault, or an empty
 /// one.
-QString LoadSettingsOrDefaults(AppContext& context);
+QString loadSettingsOrDefaults(AppContext& context);
 
 /// Section Nodes, the folder shown last.
-void LoadStartFolder(AppContext& context);
+void loadStartFolder(AppContext& context);
 
 /// Each writes its section from the values given and takes them into the context.
 QString SaveWindowPosition(AppContext& context, const Settings::WindowPosition& position);
@@ -47,7 +47,7 @@ QString SaveSettings(const AppContext& context);
 QString WriteIntSetting(std::string_view section, std::string_view key, const std::filesystem::path& iniPath,
                         int value);
 /// The same for a path, whose bytes are written as they are.
-QString WritePathSetting(std::string_view section, std::string_view key, const std::filesystem::path& iniPath,
+QString writePathSetting(std::string_view section, std::string_view key, const std::filesystem::path& iniPath,
                          const std::filesystem::path& value);
 
 }  // namespace app

@@ -144,7 +144,7 @@ constexpr auto kSettings = std::to_array<SettingRow>({
 
 }  // namespace
 
-std::span<const SettingRow> SettingsTable() {
+std::span<const SettingRow> settingsTable() {
     return kSettings;
 }
 

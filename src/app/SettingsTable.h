@@ -40,6 +40,6 @@ struct SettingRow {
 inline constexpr int kStringSettingCapacity = 260;
 
 /// All keys, in the order in which they are saved; a section can come more than once.
-std::span<const SettingRow> SettingsTable();
+std::span<const SettingRow> settingsTable();
 
 }  // namespace app

@@ -30,7 +30,7 @@ int forcedDivisions(int format) {
 
 }  // namespace
 
-QString SizeText(std::uint64_t bytes, int forcedFormat) {
+QString sizeText(std::uint64_t bytes, int forcedFormat) {
     double value = static_cast<double>(bytes);
     std::size_t unit = 0;
     if (forcedFormat > 0) {

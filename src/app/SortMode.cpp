@@ -67,24 +67,24 @@ static_assert(kSortModes.size() == 55);
 
 }  // namespace
 
-std::span<const NumberedName> SortModes() {
+std::span<const NumberedName> sortModes() {
     return kSortModes;
 }
 
-SortMode SortModeFromIntegral(int number) {
-    if (NameOfNumber(kSortModes, number).isEmpty())
+SortMode sortModeFromIntegral(int number) {
+    if (nameOfNumber(kSortModes, number).isEmpty())
         throw InvalidEnumeration("SortMode::_from_integral: invalid argument");
     return static_cast<SortMode>(number);
 }
 
-SortMode SortModeFromString(const QString& name) {
-    const int number = NumberOfName(kSortModes, name);
+SortMode sortModeFromString(const QString& name) {
+    const int number = numberOfName(kSortModes, name);
     if (number < 0) throw InvalidEnumeration("SortMode::_from_string: invalid argument");
     return static_cast<SortMode>(number);
 }
 
-QString ToString(SortMode mode) {
-    return NameOfNumber(kSortModes, static_cast<int>(mode));
+QString toString(SortMode mode) {
+    return nameOfNumber(kSortModes, static_cast<int>(mode));
 }
 
 }  // namespace app

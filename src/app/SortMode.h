@@ -65,12 +65,12 @@ enum class SortMode {
 };
 
 /// All values, in the order of their numbers.
-std::span<const NumberedName> SortModes();
+std::span<const NumberedName> sortModes();
 
 /// Throws InvalidEnumeration with "SortMode::_from_integral: invalid argument" for any other number.
-SortMode SortModeFromIntegral(int number);
+SortMode sortModeFromIntegral(int number);
 /// Throws InvalidEnumeration with "SortMode::_from_string: invalid argument" for any other text.
-SortMode SortModeFromString(const QString& name);
-QString ToString(SortMode mode);
+SortMode sortModeFromString(const QString& name);
+QString toString(SortMode mode);
 
 }  // namespace app

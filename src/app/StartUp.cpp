@@ -9,19 +9,19 @@ namespace app {
 
 namespace fs = std::filesystem;
 
-void DerivePaths(AppContext& context, const fs::path& executable) {
+void derivePaths(AppContext& context, const fs::path& executable) {
     context.installPath = executable.parent_path();
     context.cachePath = context.installPath / "cache";
     context.iniPath = context.cachePath / "Tagwright.ini";
-    LoadLanguage(context);
+    loadLanguage(context);
 }
 
-QString PreparePaths(AppContext& context, const QDate& today) {
-    context.reportFile = context.installPath / "cache" / "reports" / ReportName(today);
+QString preparePaths(AppContext& context, const QDate& today) {
+    context.reportFile = context.installPath / "cache" / "reports" / reportName(today);
     context.tempPath = context.installPath / "Temp";
     context.reportsPath = context.installPath / "cache" / "reports";
     context.savePath = context.installPath / "cache" / "sav";
-    QString problem = WritePathSetting("PATHS", "InstallPath", context.iniPath, context.installPath);
+    QString problem = writePathSetting("PATHS", "InstallPath", context.iniPath, context.installPath);
     LoadEarlySettings(context);
     context.columnsHeaderPath = context.cachePath / "ColumnsHeader.ini";
     context.exifToolPath = context.installPath / kExifToolProgram;
@@ -29,17 +29,17 @@ QString PreparePaths(AppContext& context, const QDate& today) {
     return problem;
 }
 
-std::string ReportName(const QDate& day) {
+std::string reportName(const QDate& day) {
     return QString::asprintf("%02d-%02d-%04d-BatchReport.txt", day.month(), day.day(), day.year())
         .toStdString();
 }
 
-void ResolveTools(AppContext& context) {
-    for (const ToolPlace& tool : ToolPlaces()) {
-        const fs::path named = NamedTool(context, tool);
-        context.*tool.path = named.empty() ? DiscoverTool(context, tool.program) : named;
+void resolveTools(AppContext& context) {
+    for (const ToolPlace& tool : toolPlaces()) {
+        const fs::path named = namedTool(context, tool);
+        context.*tool.path = named.empty() ? discoverTool(context, tool.program) : named;
     }
-    ClearMissingTools(context);
+    clearMissingTools(context);
 }
 
 bool FindExifTool(AppContext& context) {
@@ -49,19 +49,19 @@ bool FindExifTool(AppContext& context) {
     return false;
 }
 
-QString ChooseExifTool(AppContext& context, const fs::path& exifTool) {
+QString chooseExifTool(AppContext& context, const fs::path& exifTool) {
     context.exifToolPath = exifTool;
-    return WritePathSetting("PATHS", "ExifToolPath", context.iniPath, exifTool);
+    return writePathSetting("PATHS", "ExifToolPath", context.iniPath, exifTool);
 }
 
-void ClearMissingTools(AppContext& context) {
+void clearMissingTools(AppContext& context) {
     std::error_code error;
     for (fs::path* tool : {&context.ffmpegPath, &context.imageMagickPath}) {
         if (!fs::exists(*tool, error)) tool->clear();
     }
 }
 
-bool StartsMaximised(const Settings::WindowPosition& position) {
+bool startsMaximised(const Settings::WindowPosition& position) {
     const bool placed = position.right != 0 && position.bottom != 0 && position.left >= 0;
     return !placed || position.top < 0;
 }
@@ -77,7 +77,7 @@ bool isOwnTempFolder(const AppContext& context) {
 
 }  // namespace
 
-std::error_code EmptyTempFolder(const AppContext& context) {
+std::error_code emptyTempFolder(const AppContext& context) {
     if (!isOwnTempFolder(context)) return std::make_error_code(std::errc::operation_not_permitted);
     std::error_code error;
     std::vector<fs::path> entries;

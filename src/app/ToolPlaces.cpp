@@ -23,16 +23,16 @@ constexpr auto kToolPlaces = std::to_array<ToolPlace>({
 
 }  // namespace
 
-std::span<const ToolPlace> ToolPlaces() {
+std::span<const ToolPlace> toolPlaces() {
     return kToolPlaces;
 }
 
-fs::path NamedTool(const AppContext& context, const ToolPlace& tool) {
+fs::path namedTool(const AppContext& context, const ToolPlace& tool) {
     const platform::IniFile ini(context.iniPath);
     return fs::path(ini.find("PATHS", tool.key).value_or(std::string()));
 }
 
-fs::path DiscoverTool(const AppContext& context, const char* program) {
+fs::path discoverTool(const AppContext& context, const char* program) {
     std::error_code error;
     fs::path beside = context.installPath / program;
     if (fs::is_regular_file(beside, error)) return beside;

@@ -19,12 +19,12 @@ struct ToolPlace {
     std::filesystem::path AppContext::*path;
 };
 
-std::span<const ToolPlace> ToolPlaces();
+std::span<const ToolPlace> toolPlaces();
 
 /// The path that the settings file names for the tool, as it stands there; empty when it names none.
-std::filesystem::path NamedTool(const AppContext& context, const ToolPlace& tool);
+std::filesystem::path namedTool(const AppContext& context, const ToolPlace& tool);
 
 /// Where a tool is found without any setting: in the install folder, then on PATH; empty when in neither.
-std::filesystem::path DiscoverTool(const AppContext& context, const char* program);
+std::filesystem::path discoverTool(const AppContext& context, const char* program);
 
 }  // namespace app

@@ -15,24 +15,24 @@ constexpr auto kViewModes = std::to_array<NumberedName>({
 
 }  // namespace
 
-std::span<const NumberedName> ViewModes() {
+std::span<const NumberedName> viewModes() {
     return kViewModes;
 }
 
-ViewMode ViewModeFromIntegral(int number) {
-    if (NameOfNumber(kViewModes, number).isEmpty())
+ViewMode viewModeFromIntegral(int number) {
+    if (nameOfNumber(kViewModes, number).isEmpty())
         throw InvalidEnumeration("ViewMode::_from_integral: invalid argument");
     return static_cast<ViewMode>(number);
 }
 
-ViewMode ViewModeFromString(const QString& name) {
-    const int number = NumberOfName(kViewModes, name);
+ViewMode viewModeFromString(const QString& name) {
+    const int number = numberOfName(kViewModes, name);
     if (number < 0) throw InvalidEnumeration("ViewMode::_from_string: invalid argument");
     return static_cast<ViewMode>(number);
 }
 
-QString ToString(ViewMode mode) {
-    return NameOfNumber(kViewModes, static_cast<int>(mode));
+QString toString(ViewMode mode) {
+    return nameOfNumber(kViewModes, static_cast<int>(mode));
 }
 
 }  // namespace app

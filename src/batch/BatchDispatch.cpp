@@ -20,24 +20,24 @@ struct FileInTurn {
 };
 
 void setFileDate(const FileInTurn& turn) {
-    turn.parts.runner.CopyForSafety(turn.file);
-    turn.parts.runner.RunHiddenOnFile(turn.file, FileDateLine(turn.parts.context, turn.file));
+    turn.parts.runner.copyForSafety(turn.file);
+    turn.parts.runner.runHiddenOnFile(turn.file, fileDateLine(turn.parts.context, turn.file));
 }
 
 void renameByShutterCount(const FileInTurn& turn) {
-    turn.parts.runner.RunHiddenOnFile(turn.file, ShutterCountLine(turn.parts.context, turn.file));
+    turn.parts.runner.runHiddenOnFile(turn.file, shutterCountLine(turn.parts.context, turn.file));
 }
 
 void renameByMaker(const FileInTurn& turn) {
-    turn.parts.runner.RunOnFile(turn.file, DateAndCameraArguments(turn.parts.context, CameraPart::Make));
+    turn.parts.runner.RunOnFile(turn.file, dateAndCameraArguments(turn.parts.context, CameraPart::Make));
 }
 
 void renameByModel(const FileInTurn& turn) {
-    turn.parts.runner.RunOnFile(turn.file, DateAndCameraArguments(turn.parts.context, CameraPart::Model));
+    turn.parts.runner.RunOnFile(turn.file, dateAndCameraArguments(turn.parts.context, CameraPart::Model));
 }
 
 void removeThumbnail(const FileInTurn& turn) {
-    turn.parts.runner.RunOnFile(turn.file, ThumbnailArguments(turn.parts.context, turn.filesSoFar));
+    turn.parts.runner.RunOnFile(turn.file, thumbnailArguments(turn.parts.context, turn.filesSoFar));
 }
 
 struct FileOperation {
@@ -55,7 +55,7 @@ constexpr auto kFileOperations = std::to_array<FileOperation>({
 
 void tellFilesLeft(const app::AppContext& context, std::size_t left) {
     if (left == 0) return;
-    exiftool::AppendToReport(context, "Warning: Stopped - " + std::to_string(left) +
+    exiftool::appendToReport(context, "Warning: Stopped - " + std::to_string(left) +
                                           (left == 1 ? " file was" : " files were") + " not begun");
 }
 
@@ -66,8 +66,8 @@ BatchDispatcher::BatchDispatcher(const BatchParts& parts, OpenBatchDialog openDi
 
 bool BatchDispatcher::BatchDispatch(app::CommandId id, const std::vector<fs::path>& files) {
     options_ = {};
-    const BatchOperation* const operation = FindBatchOperation(id);
-    if (operation == nullptr || operation->isOfWindow || !app::IsBuilt(id) || files.empty()) return false;
+    const BatchOperation* const operation = findBatchOperation(id);
+    if (operation == nullptr || operation->isOfWindow || !app::isBuilt(id) || files.empty()) return false;
     options_.command = id;
     options_.files = files;
     if (*operation->dialog == '\0') return runWithoutDialog(*operation);
@@ -79,12 +79,12 @@ bool BatchDispatcher::runWithoutDialog(const BatchOperation& operation) {
     const auto* const found = std::ranges::find(kFileOperations, operation.id, &FileOperation::id);
     if (found == kFileOperations.end()) return false;
     const std::vector<fs::path>& files = options_.files;
-    const exiftool::FileProgressScope scope(parts_.progress, parts_.language.text(operation.titleNumber),
-                                            files.size());
+    const jobs::FileProgressScope scope(parts_.progress, parts_.language.text(operation.titleNumber),
+                                        files.size());
     std::vector<fs::path> filesSoFar;
     for (const fs::path& file : files) {
         // The window tells itself how many are left when it closes.
-        if (!parts_.progress.ShowFile(file, filesSoFar.size() + 1)) return true;
+        if (!parts_.progress.showFile(file, filesSoFar.size() + 1)) return true;
         filesSoFar.push_back(file);
         found->run({parts_, file, filesSoFar});
         // Who does not want to wait for one file has had enough of all.

@@ -3,8 +3,8 @@
 #include "app/AppContext.h"
 #include "app/LanguageFile.h"
 #include "batch/BatchTable.h"
-#include "exiftool/FileProgress.h"
 #include "exiftool/ToolRunner.h"
+#include "jobs/FileProgress.h"
 
 #include <filesystem>
 #include <functional>
@@ -17,7 +17,7 @@ struct BatchParts {
     app::AppContext& context;
     const app::LanguageFile& language;
     exiftool::ToolRunner& runner;
-    exiftool::FileProgress& progress;
+    jobs::FileProgress& progress;
 };
 
 /// What the dialog of one operation is told and may note. Cleared before every operation, so that nothing of

@@ -6,9 +6,9 @@
 namespace batch {
 
 namespace fs = std::filesystem;
-using exiftool::FileWord;
-using exiftool::ReportBehind;
-using exiftool::ToolStart;
+using exiftool::fileWord;
+using exiftool::reportBehind;
+using exiftool::toolStart;
 using platform::CommandText;
 namespace fragments = exiftool::fragments;
 
@@ -27,17 +27,17 @@ constexpr std::string_view kTextPartEnd =
 
 }  // namespace
 
-CommandText FileDateLine(const app::AppContext& context, const fs::path& file) {
-    CommandText line = ToolStart(context);
+CommandText fileDateLine(const app::AppContext& context, const fs::path& file) {
+    CommandText line = toolStart(context);
     line.literal("-overwrite_original -FileModifyDate<DateTimeOriginal ");
     if (isCorrected(context)) line.literal(fragments::kFileNameCharset);
-    line.literal("\"").outside(FileWord(file)).literal("\"");
-    if (isCorrected(context)) line.append(ReportBehind(context));
+    line.literal("\"").outside(fileWord(file)).literal("\"");
+    if (isCorrected(context)) line.append(reportBehind(context));
     return line;
 }
 
-CommandText ShutterCountLine(const app::AppContext& context, const fs::path& file) {
-    CommandText line = ToolStart(context);
+CommandText shutterCountLine(const app::AppContext& context, const fs::path& file) {
+    CommandText line = toolStart(context);
     if (isCorrected(context))
         line.literal(fragments::kFileNameCharset)
             .literal("\"-FileName<")
@@ -45,10 +45,10 @@ CommandText ShutterCountLine(const app::AppContext& context, const fs::path& fil
             .literal("%-c.%e\" ");
     else
         line.literal("\"-FileName <${ShutterCount;}.%e\" ");
-    return line.literal("\"").outside(FileWord(file)).literal("\"").append(ReportBehind(context));
+    return line.literal("\"").outside(fileWord(file)).literal("\"").append(reportBehind(context));
 }
 
-CommandText DateAndCameraArguments(const app::AppContext& context, CameraPart part) {
+CommandText dateAndCameraArguments(const app::AppContext& context, CameraPart part) {
     const std::string_view tag = part == CameraPart::Make ? "Make" : "Model";
     CommandText arguments("-d \"%%Y-%%m-%%d %%H-%%M-%%S\" ");
     if (!isCorrected(context))
@@ -57,14 +57,14 @@ CommandText DateAndCameraArguments(const app::AppContext& context, CameraPart pa
     return arguments.literal("-%%f%%-c.%%e\" ").literal(fragments::kFileNameCharset);
 }
 
-CommandText ThumbnailArguments(const app::AppContext& context, const std::vector<fs::path>& filesSoFar) {
+CommandText thumbnailArguments(const app::AppContext& context, const std::vector<fs::path>& filesSoFar) {
     CommandText arguments;
     if (isCorrected(context))
         return arguments.literal("-ThumbnailImage= ")
             .literal(fragments::kOverwriteOriginal)
             .literal(fragments::kFileNameCharset);
     for (const fs::path& file : filesSoFar)
-        arguments.literal("-ThumbnailImage=\"").outside(FileWord(file)).literal("\"");
+        arguments.literal("-ThumbnailImage=\"").outside(fileWord(file)).literal("\"");
     return arguments;
 }
 

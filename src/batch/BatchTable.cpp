@@ -98,11 +98,11 @@ static_assert(kOperations.front().id == kFirstBatchCommand && kOperations.back()
 
 }  // namespace
 
-std::span<const BatchOperation> BatchTable() {
+std::span<const BatchOperation> batchTable() {
     return kOperations;
 }
 
-const BatchOperation* FindBatchOperation(app::CommandId id) {
+const BatchOperation* findBatchOperation(app::CommandId id) {
     const auto* const found = std::ranges::lower_bound(kOperations, id, {}, &BatchOperation::id);
     return found != kOperations.end() && found->id == id ? found : nullptr;
 }

@@ -9,7 +9,7 @@ namespace batch {
 inline constexpr app::CommandId kFirstBatchCommand = 146;
 inline constexpr app::CommandId kLastBatchCommand = 228;
 
-/// An operation over the gathered files. Whether it is built tells app::IsBuilt; one that is not is shown
+/// An operation over the gathered files. Whether it is built tells app::isBuilt; one that is not is shown
 /// nowhere and never dispatched.
 struct BatchOperation {
     app::CommandId id;
@@ -22,9 +22,9 @@ struct BatchOperation {
 };
 
 /// All, by ascending id.
-std::span<const BatchOperation> BatchTable();
+std::span<const BatchOperation> batchTable();
 
 /// Null when the command is no batch operation.
-const BatchOperation* FindBatchOperation(app::CommandId id);
+const BatchOperation* findBatchOperation(app::CommandId id);
 
 }  // namespace batch

@@ -116,7 +116,7 @@ QString AddressBar::text() const {
     return edit_->text();
 }
 
-void AddressBar::EditPath() {
+void AddressBar::editPath() {
     edit_->setFocus(Qt::ShortcutFocusReason);
     edit_->selectAll();
 }
@@ -135,7 +135,7 @@ void AddressBar::showHistory(const Tab& tab) {
     showIcon(entry.get());
     entryConnection_.disconnect();
     if (entry)
-        entryConnection_ = entry->AddUpdatedObserver(
+        entryConnection_ = entry->addUpdatedObserver(
             [this](const HistoryEntry& updated, HistoryEntry::PropertyType) { showIcon(&updated); });
 }
 

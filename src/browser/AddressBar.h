@@ -31,7 +31,7 @@ class AddressBar : public QWidget {
     ~AddressBar() override;
 
     /// Puts the focus into the path and selects it.
-    void EditPath();
+    void editPath();
     QString text() const;
     QLineEdit& edit() { return *edit_; }
 

@@ -169,7 +169,7 @@ QVariant FileListModel::headerData(int section, Qt::Orientation orientation, int
     if (orientation != Qt::Horizontal || section < 0 || section >= columnCount()) return {};
     const std::uint32_t columnType = columns_[static_cast<std::size_t>(section)];
     if (role == Qt::TextAlignmentRole) return isRightAligned(columnType) ? kRightAlignment : kLeftAlignment;
-    const tags::PropertyRecord* record = catalogue_.FindColumn(columnType);
+    const tags::PropertyRecord* record = catalogue_.findColumn(columnType);
     if (role != Qt::DisplayRole || record == nullptr) return {};
     return QString(reinterpret_cast<const QChar*>(record->name.data()),
                    static_cast<qsizetype>(record->name.size()));

@@ -26,7 +26,7 @@ class HistoryEntry {
     /// Fires UpdatedSignal; an equal value does nothing.
     void setSystemIconIndex(int index);
 
-    boost::signals2::connection AddUpdatedObserver(const UpdatedSignal::slot_type& slot) const {
+    boost::signals2::connection addUpdatedObserver(const UpdatedSignal::slot_type& slot) const {
         return updated_.connect(slot);
     }
 

@@ -37,7 +37,7 @@ void ThemeIconFetcher::QueueIconTask(const std::filesystem::path& path, Callback
     });
 }
 
-void ThemeIconFetcher::ClearQueue() {
+void ThemeIconFetcher::clearQueue() {
     queue_.clear();
 }
 

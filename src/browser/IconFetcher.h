@@ -33,7 +33,7 @@ class IconFetcher {
     /// The callback runs on the GUI thread, later, never from within this call.
     virtual void QueueIconTask(const std::filesystem::path& path, Callback callback) = 0;
     /// Drops the tasks that have not begun.
-    virtual void ClearQueue() = 0;
+    virtual void clearQueue() = 0;
 };
 
 /// The icon of a folder by what the folder is: home, pictures, a volume and so on.
@@ -44,7 +44,7 @@ class ThemeIconFetcher final : public QObject, public IconFetcher {
 
  public:
     void QueueIconTask(const std::filesystem::path& path, Callback callback) override;
-    void ClearQueue() override;
+    void clearQueue() override;
 
  private:
     TaskQueue queue_;  // last: its thread ends before the object that it answers to

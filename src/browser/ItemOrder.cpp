@@ -97,7 +97,7 @@ struct Entry {
 
 SortSettings sortSettingsOf(const app::Settings& settings) {
     SortSettings sort;
-    if (!app::NameOfNumber(app::SortModes(), settings.main.sortMode).isEmpty())
+    if (!app::nameOfNumber(app::sortModes(), settings.main.sortMode).isEmpty())
         sort.mode = static_cast<app::SortMode>(settings.main.sortMode);
     sort.ascending = settings.main.sortAscending;
     sort.natural = settings.listView.useNaturalSortOrder != 0;

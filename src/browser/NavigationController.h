@@ -15,10 +15,10 @@ class NavigationController {
     /// -1 is back, +1 is forward. The place has moved even if showing it fails then.
     Result GoToOffset(int offset) {
         const int index = currentIndex_ + offset;
-        if (index < 0 || index >= entryCount()) return HandleInvalidIndex();
+        if (index < 0 || index >= entryCount()) return handleInvalidIndex();
         currentIndex_ = index;
         Entry* entry = currentEntry();
-        return entry != nullptr ? Navigate(*entry, false) : HandleInvalidIndex();
+        return entry != nullptr ? Navigate(*entry, false) : handleInvalidIndex();
     }
 
     bool canGoToOffset(int offset) const {
@@ -41,7 +41,7 @@ class NavigationController {
 
  protected:
     virtual Result Navigate(const Entry& entry, bool addHistoryEntry) = 0;
-    virtual Result HandleInvalidIndex() = 0;
+    virtual Result handleInvalidIndex() = 0;
 
     /// Puts the entry behind the current one, cuts off all that followed, and goes there. Gives the new
     /// place.

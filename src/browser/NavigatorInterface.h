@@ -14,7 +14,7 @@ class NavigatorInterface {
 
     /// Shows the folder. Gives 0; that the folder could not be read shows in the list.
     virtual long BrowseFolder(const std::filesystem::path& folder, bool addHistoryEntry) = 0;
-    virtual boost::signals2::connection AddNavigationCompletedObserver(
+    virtual boost::signals2::connection addNavigationCompletedObserver(
         const NavigationCompletedSignal::slot_type& slot) = 0;
 };
 

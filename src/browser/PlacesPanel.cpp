@@ -61,7 +61,7 @@ PlacesPanel::PlacesPanel(QWidget* parent) : QTreeWidget(parent) {
     connect(timer, &QTimer::timeout, this, &PlacesPanel::reloadVolumesIfChanged);
     timer->start(kVolumeCheck);
     softenSelection();
-    Reload();
+    reload();
 }
 
 /// The place on show is tinted as the selected rows of the lists are, its text unchanged.
@@ -96,21 +96,21 @@ void PlacesPanel::addSection(const QString& title, const std::vector<Place>& pla
     }
 }
 
-void PlacesPanel::Reload() {
+void PlacesPanel::reload() {
     const std::vector<Place> volumes = mountedVolumes();
     volumes_ = pathsOf(volumes);
     clear();
     addSection(QStringLiteral("Places"), knownFolders());
     addSection(QStringLiteral("Devices"), volumes);
     expandAll();
-    SetCurrentFolder(currentFolder_);
+    setCurrentFolder(currentFolder_);
 }
 
 void PlacesPanel::reloadVolumesIfChanged() {
-    if (isVisible() && pathsOf(mountedVolumes()) != volumes_) Reload();
+    if (isVisible() && pathsOf(mountedVolumes()) != volumes_) reload();
 }
 
-void PlacesPanel::SetCurrentFolder(const std::filesystem::path& folder) {
+void PlacesPanel::setCurrentFolder(const std::filesystem::path& folder) {
     currentFolder_ = folder;
     QTreeWidgetItem* nearest = nullptr;
     int nearestParts = 0;

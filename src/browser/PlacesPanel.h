@@ -16,9 +16,9 @@ class PlacesPanel : public QTreeWidget {
     explicit PlacesPanel(QWidget* parent = nullptr);
 
     /// Marks the place that is this folder or the nearest above it.
-    void SetCurrentFolder(const std::filesystem::path& folder);
+    void setCurrentFolder(const std::filesystem::path& folder);
     /// Looks for the folders and volumes anew.
-    void Reload();
+    void reload();
 
     boost::signals2::signal<void(const std::filesystem::path&)> PlaceActivated;
 

@@ -11,15 +11,15 @@
 namespace browser {
 namespace {
 
-using Id = platform::PropertyId;
-using platform::PropertyValue;
+using Id = properties::PropertyId;
+using properties::PropertyValue;
 
 constexpr qsizetype kLongestDate = 128;
 
 std::optional<double> numberOf(const PropertyValue& value) {
     if (const auto* number = std::get_if<std::int64_t>(&value)) return static_cast<double>(*number);
     if (const auto* number = std::get_if<double>(&value)) return *number;
-    if (const auto* fraction = std::get_if<platform::Rational>(&value);
+    if (const auto* fraction = std::get_if<properties::Rational>(&value);
         fraction != nullptr && fraction->denominator != 0)
         return static_cast<double>(fraction->numerator) / static_cast<double>(fraction->denominator);
     return std::nullopt;
@@ -46,7 +46,7 @@ QString defaultText(const PropertyValue& value) {
     if (const auto* text = std::get_if<QString>(&value)) return *text;
     if (const auto* list = std::get_if<QStringList>(&value)) return list->join(QStringLiteral("; "));
     if (const auto* time = std::get_if<platform::PointInTime>(&value)) return dateText(time->nanoseconds);
-    if (std::holds_alternative<platform::Angle>(value)) return propertyValueText(value);
+    if (std::holds_alternative<properties::Angle>(value)) return propertyValueText(value);
     const auto number = numberOf(value);
     return number ? plainNumber(*number, 6) : QString();
 }
@@ -291,9 +291,9 @@ constexpr auto kFormats = std::to_array<Format>({
 });
 
 /// The store of the last file, as long as the file is the same.
-platform::PropertyStore& storeOf(const std::filesystem::path& path) {
-    thread_local std::optional<platform::PropertyStore> store;
-    if (!store || store->file() != path || store->identity() != platform::identifyFile(path))
+properties::PropertyStore& storeOf(const std::filesystem::path& path) {
+    thread_local std::optional<properties::PropertyStore> store;
+    if (!store || store->file() != path || store->identity() != properties::identifyFile(path))
         store.emplace(path);
     return *store;
 }
@@ -303,7 +303,7 @@ platform::PropertyStore& storeOf(const std::filesystem::path& path) {
 QString propertyValueText(const PropertyValue& value) {
     if (const auto* text = std::get_if<QString>(&value)) return *text;
     if (const auto* list = std::get_if<QStringList>(&value)) return list->join(QStringLiteral(", "));
-    if (const auto* angle = std::get_if<platform::Angle>(&value))
+    if (const auto* angle = std::get_if<properties::Angle>(&value))
         return QString::asprintf("%3.0f° %02.0f' %02.02f\"", (*angle)[0], (*angle)[1], (*angle)[2]);
     if (const auto* time = std::get_if<platform::PointInTime>(&value))
         return QDateTime::fromMSecsSinceEpoch(time->nanoseconds / 1'000'000, Qt::UTC)
@@ -314,7 +314,7 @@ QString propertyValueText(const PropertyValue& value) {
 }
 
 QString propertyText(const tags::PropertyRecord& property, const PropertyValue& value) {
-    if (platform::isAbsent(value)) return {};
+    if (properties::isAbsent(value)) return {};
     const auto format = std::ranges::find(kFormats, static_cast<Id>(property.propertyId), &Format::property);
     return format == kFormats.end() ? defaultText(value) : format->text(value);
 }

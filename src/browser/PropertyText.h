@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/PropertyStore.h"
+#include "properties/PropertyStore.h"
 #include "tags/PropertyCatalogue.h"
 
 #include <QString>
@@ -10,10 +10,10 @@ namespace browser {
 
 /// A raw value as text: lists and vectors by their elements with ", " between them, an angle in degrees,
 /// minutes and seconds, numbers with a point whatever the language.
-QString propertyValueText(const platform::PropertyValue& value);
+QString propertyValueText(const properties::PropertyValue& value);
 
 /// A value for people, in the user's locale; empty for an absent one.
-QString propertyText(const tags::PropertyRecord& property, const platform::PropertyValue& value);
+QString propertyText(const tags::PropertyRecord& property, const properties::PropertyValue& value);
 
 /// The text of the property with that key, empty when the file has none. Any thread; blocks as the disk does.
 /// The store of the file that was asked last is kept for each thread, so that the cells of a row cost one

@@ -28,7 +28,7 @@ ShellBrowser::ShellBrowser(BrowserParts& parts, QWidget* holder)
     view_->setObjectName(QStringLiteral("FileList"));
     view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     view_->setModel(&model_);
-    ApplySettings();
+    applySettings();
     showColumns();
     connectView();
     connectHeader();
@@ -54,7 +54,7 @@ void ShellBrowser::connectView() {
             });
     connect(view, &QAbstractItemView::activated, this, &ShellBrowser::onActivated);
     connect(view, &FileListView::UpWanted, this, &ShellBrowser::GoUp);
-    connect(view, &FileListView::RootWanted, this, &ShellBrowser::GoToRoot);
+    connect(view, &FileListView::RootWanted, this, &ShellBrowser::goToRoot);
     connect(view, &FileListView::RefreshWanted, this, [this] { navigationController_.Refresh(); });
     // The cells that come into sight must not wait for those that went.
     connect(view->verticalScrollBar(), &QScrollBar::valueChanged, this, &ShellBrowser::dropTasksOutOfSight);
@@ -70,7 +70,7 @@ void ShellBrowser::connectHeader() {
             [this, header](const QPoint& position) { HeaderMenuRequested(header->mapToGlobal(position)); });
 }
 
-void ShellBrowser::ApplySettings() {
+void ShellBrowser::applySettings() {
     const app::Settings& settings = parts_.context.settings;
     view_->setCheckBoxes(settings.listView.showCheckBox);
     view_->setGridLines(settings.listView.showGridlines);
@@ -82,7 +82,7 @@ void ShellBrowser::ApplySettings() {
 
 // --- navigation
 
-boost::signals2::connection ShellBrowser::AddNavigationCompletedObserver(
+boost::signals2::connection ShellBrowser::addNavigationCompletedObserver(
     const NavigationCompletedSignal::slot_type& slot) {
     return NavigationCompleted.connect(slot);
 }
@@ -120,7 +120,7 @@ long ShellBrowser::BrowseFolder(const std::filesystem::path& folder, bool addHis
     const FolderRequest request = requestFor(folder);
     if (folderLoaded_ && viewMode_ == app::ViewMode::Details) SaveColumnWidths();
     dropTasks();
-    iconFetcher_.ClearQueue();
+    iconFetcher_.clearQueue();
     NavigationStarted(request.folder);
     view_->setUpdatesEnabled(false);
     view_->setEmptyText({});
@@ -155,7 +155,7 @@ void ShellBrowser::finishNavigation(LoadedFolder loaded, const SortSettings& sor
 
 void ShellBrowser::selectAwaited() {
     const std::filesystem::path awaited = std::exchange(awaitedItem_, {});
-    if (!awaited.empty() && awaited.parent_path() == currentFolder()) SelectItem(awaited.filename().native());
+    if (!awaited.empty() && awaited.parent_path() == currentFolder()) selectItem(awaited.filename().native());
 }
 
 void ShellBrowser::GoUp() {
@@ -164,7 +164,7 @@ void ShellBrowser::GoUp() {
     navigationController_.GoUp();
 }
 
-void ShellBrowser::GoToRoot() {
+void ShellBrowser::goToRoot() {
     if (currentFolder().has_relative_path()) BrowseFolder(currentFolder().root_path(), true);
 }
 
@@ -204,7 +204,7 @@ void ShellBrowser::RemoveItem(std::int32_t itemId) {
     view_->setEmptyText(emptyListText(folderState()));
 }
 
-bool ShellBrowser::SelectItem(std::string_view name) {
+bool ShellBrowser::selectItem(std::string_view name) {
     const int row = model_.list().rowOf(model_.list().findItem(name));
     if (row < 0) return false;
     const QModelIndex index = model_.index(row, 0);

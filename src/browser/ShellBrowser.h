@@ -41,13 +41,13 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     /// in both cases NavigationCompleted tells. A folder that cannot be read completes too, with a text in
     /// the empty list.
     long BrowseFolder(const std::filesystem::path& folder, bool addHistoryEntry) override;
-    boost::signals2::connection AddNavigationCompletedObserver(
+    boost::signals2::connection addNavigationCompletedObserver(
         const NavigationCompletedSignal::slot_type& slot) override;
     ShellNavigationController& navigationController() { return navigationController_; }
     const ShellNavigationController& navigationController() const { return navigationController_; }
     /// The parent folder, where the folder that was left gets selected.
     void GoUp();
-    void GoToRoot();
+    void goToRoot();
     const std::filesystem::path& currentFolder() const { return model_.list().folder(); }
     /// False before the first navigation has completed.
     bool isFolderLoaded() const { return folderLoaded_; }
@@ -68,7 +68,7 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     void AddItem(std::string_view name);
     void RemoveItem(std::int32_t itemId);
     /// Selects that entry alone, makes it current and scrolls to it. False when the list has it not.
-    bool SelectItem(std::string_view name);
+    bool selectItem(std::string_view name);
 
     // --- view, columns, order
     app::ViewMode viewMode() const { return viewMode_; }
@@ -77,7 +77,7 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     /// Stores the mode, sorts, and moves the header's arrow.
     void SetSortMode(app::SortMode mode);
     /// After the settings that decide names, order or look of the list have changed.
-    void ApplySettings();
+    void applySettings();
     void SaveColumnWidths();
     /// After the visible set of the catalogue has changed.
     void RebuildColumns();

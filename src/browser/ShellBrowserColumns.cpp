@@ -18,7 +18,7 @@ void ShellBrowser::showColumns() {
     QHeaderView* header = view_->header();
     for (int section = 0; section < header->count(); ++section) {
         const std::uint32_t column = model_.columns()[static_cast<std::size_t>(section)];
-        header->resizeSection(section, parts_.catalogue.FindColumn(column)->width);
+        header->resizeSection(section, parts_.catalogue.findColumn(column)->width);
     }
     showSortArrow();
 }

@@ -31,7 +31,7 @@ QString navigationFailureText(long result, const QString& path) {
 
 ShellNavigationController::ShellNavigationController(NavigatorInterface& navigator, IconFetcher& iconFetcher)
     : navigator_(navigator), iconFetcher_(iconFetcher), alive_(std::make_shared<int>(0)) {
-    connections_.emplace_back(navigator_.AddNavigationCompletedObserver(
+    connections_.emplace_back(navigator_.addNavigationCompletedObserver(
         [this](const std::filesystem::path& folder, bool addHistoryEntry) {
             OnNavigationCompleted(folder, addHistoryEntry);
         }));
@@ -73,7 +73,7 @@ long ShellNavigationController::Navigate(const HistoryEntry& entry, bool addHist
     return navigator_.BrowseFolder(entry.path(), addHistoryEntry);
 }
 
-long ShellNavigationController::HandleInvalidIndex() {
+long ShellNavigationController::handleInvalidIndex() {
     return kNavigationFailed;
 }
 
@@ -84,11 +84,11 @@ void ShellNavigationController::OnNavigationCompleted(const std::filesystem::pat
     const int index = addEntry(entry);
     iconFetcher_.QueueIconTask(
         folder, [this, alive = std::weak_ptr(alive_), index, entryId = entry->id()](int iconIndex) {
-            if (!alive.expired()) OnIconFetched(index, entryId, iconIndex);
+            if (!alive.expired()) onIconFetched(index, entryId, iconIndex);
         });
 }
 
-void ShellNavigationController::OnIconFetched(int index, int entryId, int iconIndex) {
+void ShellNavigationController::onIconFetched(int index, int entryId, int iconIndex) {
     HistoryEntry* entry = entryAt(index);
     // Another entry may stand there by now: gone back and on to somewhere else.
     if (entry != nullptr && entry->id() == entryId) entry->setSystemIconIndex(iconIndex);

@@ -38,9 +38,9 @@ class ShellNavigationController final : public NavigationController<HistoryEntry
 
  private:
     long Navigate(const HistoryEntry& entry, bool addHistoryEntry) override;
-    long HandleInvalidIndex() override;
+    long handleInvalidIndex() override;
     void OnNavigationCompleted(const std::filesystem::path& folder, bool addHistoryEntry);
-    void OnIconFetched(int index, int entryId, int iconIndex);
+    void onIconFetched(int index, int entryId, int iconIndex);
 
     NavigatorInterface& navigator_;
     IconFetcher& iconFetcher_;

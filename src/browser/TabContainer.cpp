@@ -48,10 +48,10 @@ TabContainer::TabContainer(app::AppContext& context, tags::PropertyCatalogue& ca
     layout->addStretch(1);
     setFixedHeight(kStripHeight);
     tabBar_->installEventFilter(this);
-    connect(add, &QToolButton::clicked, this, [this] { DuplicateSelectedTab(); });
+    connect(add, &QToolButton::clicked, this, [this] { duplicateSelectedTab(); });
     connect(tabBar_, &QTabBar::currentChanged, this, &TabContainer::onCurrentChanged);
     connect(tabBar_, &QTabBar::tabCloseRequested, this,
-            [this](int index) { CloseTab(GetTabByIndex(index)); });
+            [this](int index) { closeTab(GetTabByIndex(index)); });
 }
 
 TabContainer::~TabContainer() {
@@ -103,7 +103,7 @@ void TabContainer::connectTab(Tab& tab) {
             TabNavigationStarted(tab, folder);
         }));
     connections.emplace_back(
-        shell.AddNavigationCompletedObserver([this, &tab](const std::filesystem::path&, bool) {
+        shell.addNavigationCompletedObserver([this, &tab](const std::filesystem::path&, bool) {
             showNameOf(tab);
             TabNavigationCompleted(tab);
         }));
@@ -125,14 +125,14 @@ void TabContainer::connectTab(Tab& tab) {
         [this, &tab](const QPoint& position) { HeaderMenuRequested(tab, position); }));
 }
 
-Tab* TabContainer::DuplicateSelectedTab() {
+Tab* TabContainer::duplicateSelectedTab() {
     if (!hasTabs()) return nullptr;
     TabSettings settings;
     settings.selected = true;
     return CreateNewTab(GetSelectedTab().shellBrowser().currentFolder(), settings);
 }
 
-bool TabContainer::CloseTab(const Tab& tab) {
+bool TabContainer::closeTab(const Tab& tab) {
     if (tabs_.size() < 2) return false;
     const int tabId = tab.id();
     if (parts_.active == &tab.shellBrowser()) parts_.active = nullptr;
@@ -164,7 +164,7 @@ void TabContainer::SelectTab(const Tab& tab) {
     tabBar_->setCurrentIndex(indexOf(tab));
 }
 
-void TabContainer::SelectNeighbour(int offset) {
+void TabContainer::selectNeighbour(int offset) {
     const int count = tabBar_->count();
     if (count > 0) tabBar_->setCurrentIndex((tabBar_->currentIndex() + offset + count) % count);
 }
@@ -189,7 +189,7 @@ void TabContainer::showNameOf(const Tab& tab) {
     tabBar_->updateGeometry();
 }
 
-void TabContainer::SetShowHidden(bool shown) {
+void TabContainer::setShowHidden(bool shown) {
     parts_.showHidden = shown;
     if (hasTabs()) GetSelectedTab().shellBrowser().navigationController().Refresh();
 }
@@ -199,7 +199,7 @@ bool TabContainer::eventFilter(QObject* watched, QEvent* event) {
         const auto* mouse = static_cast<QMouseEvent*>(event);
         const int index = tabBar_->tabAt(mouse->position().toPoint());
         if (mouse->button() == Qt::MiddleButton && index >= 0) {
-            CloseTab(GetTabByIndex(index));
+            closeTab(GetTabByIndex(index));
             return true;
         }
     }

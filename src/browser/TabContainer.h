@@ -27,9 +27,9 @@ class TabContainer : public QWidget {
     /// A tab on that folder. Null, and no tab, when there is no such folder.
     Tab* CreateNewTab(const std::filesystem::path& folder, const TabSettings& settings = {});
     /// A tab on the selected tab's folder, taken at once.
-    Tab* DuplicateSelectedTab();
+    Tab* duplicateSelectedTab();
     /// False for the last tab, which stays.
-    bool CloseTab(const Tab& tab);
+    bool closeTab(const Tab& tab);
 
     /// There is none before the first CreateNewTab().
     bool hasTabs() const { return !tabs_.empty(); }
@@ -41,11 +41,11 @@ class TabContainer : public QWidget {
     int tabCount() const { return static_cast<int>(tabs_.size()); }
     void SelectTab(const Tab& tab);
     /// The tab to the right (+1) or left (-1), round about.
-    void SelectNeighbour(int offset);
+    void selectNeighbour(int offset);
     QTabBar& tabBar() { return *tabBar_; }
 
     /// Hidden files are listed or not, in all tabs; the selected one is read again.
-    void SetShowHidden(bool shown);
+    void setShowHidden(bool shown);
     bool showHidden() const { return parts_.showHidden; }
 
     boost::signals2::signal<void(int, bool)> TabCreated;  ///< id, whether it was taken

@@ -16,12 +16,12 @@ double linear(double channel) {
 
 }  // namespace
 
-QColor ColorFromStored(std::uint32_t stored) {
+QColor colorFromStored(std::uint32_t stored) {
     return {static_cast<int>(stored & 0xFF), static_cast<int>(stored >> 8 & 0xFF),
             static_cast<int>(stored >> 16 & 0xFF)};
 }
 
-std::uint32_t StoredFromColor(const QColor& color) {
+std::uint32_t storedFromColor(const QColor& color) {
     return static_cast<std::uint32_t>(color.red() | color.green() << 8 | color.blue() << 16);
 }
 
@@ -32,36 +32,36 @@ QColor mixedColor(const QColor& ground, const QColor& over, float share) {
                             ground.blueF() * rest + over.blueF() * share);
 }
 
-double Luminance(const QColor& color) {
+double luminance(const QColor& color) {
     return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
 }
 
-double ContrastRatio(const QColor& one, const QColor& other) {
-    const double a = Luminance(one);
-    const double b = Luminance(other);
+double contrastRatio(const QColor& one, const QColor& other) {
+    const double a = luminance(one);
+    const double b = luminance(other);
     return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 
-bool IsDark(const QColor& ground) {
-    return Luminance(ground) < kDarkGround;
+bool isDark(const QColor& ground) {
+    return luminance(ground) < kDarkGround;
 }
 
-QColor ReadableOn(const QColor& color, const QColor& ground) {
-    const bool towardsWhite = ContrastRatio(Qt::white, ground) > ContrastRatio(Qt::black, ground);
+QColor readableOn(const QColor& color, const QColor& ground) {
+    const bool towardsWhite = contrastRatio(Qt::white, ground) > contrastRatio(Qt::black, ground);
     const QColor end = towardsWhite ? Qt::white : Qt::black;
     for (int step = 0; step < 20; ++step) {
         // What is painted has eight bits a channel; so has what is measured.
         const QColor candidate = mixedColor(color, end, static_cast<float>(step) / 20.0F).rgb();
-        if (ContrastRatio(candidate, ground) >= kReadable) return candidate;
+        if (contrastRatio(candidate, ground) >= kReadable) return candidate;
     }
     return end;
 }
 
-QColor MirroredOn(const QColor& color, const QColor& ground) {
-    if (!IsDark(ground)) return color;
+QColor mirroredOn(const QColor& color, const QColor& ground) {
+    if (!isDark(ground)) return color;
     const float lightness = std::max(color.lightnessF(), 1.0F - color.lightnessF());
     const float hue = std::max(color.hslHueF(), 0.0F);
-    return ReadableOn(QColor::fromHslF(hue, color.hslSaturationF(), lightness), ground);
+    return readableOn(QColor::fromHslF(hue, color.hslSaturationF(), lightness), ground);
 }
 
 }  // namespace controls

@@ -6,25 +6,25 @@
 namespace controls {
 
 /// A colour as the settings file stores it, 0xBBGGRR, and back.
-QColor ColorFromStored(std::uint32_t stored);
-std::uint32_t StoredFromColor(const QColor& color);
+QColor colorFromStored(std::uint32_t stored);
+std::uint32_t storedFromColor(const QColor& color);
 
 /// `share` of 1 gives `over`, 0 gives `ground`.
 QColor mixedColor(const QColor& ground, const QColor& over, float share);
 
 /// Relative luminance, 0 to 1, and how well a text reads on a ground, 1 (not at all) to 21; both as WCAG 2.1
 /// defines them. 4.5 is enough for running text.
-double Luminance(const QColor& color);
-double ContrastRatio(const QColor& one, const QColor& other);
+double luminance(const QColor& color);
+double contrastRatio(const QColor& one, const QColor& other);
 
 /// True for a ground that wants light texts.
-bool IsDark(const QColor& ground);
+bool isDark(const QColor& ground);
 
 /// The colour itself when it reads on the ground, else moved towards white or black until it does.
-QColor ReadableOn(const QColor& color, const QColor& ground);
+QColor readableOn(const QColor& color, const QColor& ground);
 
 /// For a colour made for white paper: the colour itself on light grounds; on dark ones as light as it was
 /// dark, with its hue, and lighter where it would not read.
-QColor MirroredOn(const QColor& color, const QColor& ground);
+QColor mirroredOn(const QColor& color, const QColor& ground);
 
 }  // namespace controls

@@ -19,17 +19,17 @@ void appendBlanks(QString& line, std::size_t count) {
 
 }  // namespace
 
-std::size_t DumpColumnOfByte(std::size_t indexInLine) {
+std::size_t dumpColumnOfByte(std::size_t indexInLine) {
     return kOffsetColumns + indexInLine * kByteColumns + (indexInLine >= kHalf ? kGapColumns : 0);
 }
 
-std::size_t DumpColumnOfText(std::size_t bytesInLine, ShortLineFill fill) {
+std::size_t dumpColumnOfText(std::size_t bytesInLine, ShortLineFill fill) {
     if (fill == ShortLineFill::Aligned) bytesInLine = kBytesPerDumpLine;
     const std::size_t missing = kBytesPerDumpLine - bytesInLine;
-    return DumpColumnOfByte(bytesInLine) + missing * (kByteColumns + 1) + kTextGapColumns;
+    return dumpColumnOfByte(bytesInLine) + missing * (kByteColumns + 1) + kTextGapColumns;
 }
 
-QString DumpLine(Bytes bytes, std::size_t offset, ShortLineFill fill) {
+QString dumpLine(Bytes bytes, std::size_t offset, ShortLineFill fill) {
     QString line = QString::asprintf("%08zX   ", offset);
     for (std::size_t index = 0; index < bytes.size(); ++index) {
         line += QLatin1Char(kDigits[bytes[index] >> 4U]);
@@ -37,28 +37,28 @@ QString DumpLine(Bytes bytes, std::size_t offset, ShortLineFill fill) {
         line += u' ';
         if (index + 1 == kHalf) appendBlanks(line, kGapColumns);
     }
-    appendBlanks(line, DumpColumnOfText(bytes.size(), fill) - static_cast<std::size_t>(line.size()));
+    appendBlanks(line, dumpColumnOfText(bytes.size(), fill) - static_cast<std::size_t>(line.size()));
     for (const unsigned char byte : bytes)
         line += byte >= 0x20 && byte < 0x7F ? QChar(static_cast<char16_t>(byte)) : QChar(u'.');
     return line;
 }
 
-QString DumpEnd(std::size_t size) {
+QString dumpEnd(std::size_t size) {
     return QString::asprintf("(%ld bytes)", static_cast<long>(size));
 }
 
-QString DumpLines(Bytes bytes, std::size_t firstLine, std::size_t endLine, ShortLineFill fill) {
+QString dumpLines(Bytes bytes, std::size_t firstLine, std::size_t endLine, ShortLineFill fill) {
     QString text;
-    endLine = std::min(endLine, DumpLineCount(bytes.size()));
+    endLine = std::min(endLine, dumpLineCount(bytes.size()));
     for (std::size_t line = firstLine; line < endLine; ++line) {
         const std::size_t offset = line * kBytesPerDumpLine;
         const std::size_t length = std::min(kBytesPerDumpLine, bytes.size() - offset);
-        text += DumpLine(bytes.subspan(offset, length), offset, fill) + QStringLiteral("\r\n");
+        text += dumpLine(bytes.subspan(offset, length), offset, fill) + QStringLiteral("\r\n");
     }
     return text;
 }
 
-std::size_t DumpLineCount(std::size_t size) {
+std::size_t dumpLineCount(std::size_t size) {
     return size / kBytesPerDumpLine + (size % kBytesPerDumpLine != 0 ? 1 : 0);
 }
 

@@ -17,22 +17,22 @@ enum class ShortLineFill {
 };
 
 /// Where things stand in a line of the dump, in characters.
-std::size_t DumpColumnOfByte(std::size_t indexInLine);
-std::size_t DumpColumnOfText(std::size_t bytesInLine, ShortLineFill fill);
+std::size_t dumpColumnOfByte(std::size_t indexInLine);
+std::size_t dumpColumnOfText(std::size_t bytesInLine, ShortLineFill fill);
 
 /// One line without its end: the offset, up to sixteen bytes in hexadecimal digits with a gap after the
 /// eighth, and the same bytes as text, a full stop for what is no printable ASCII. offset is that of the
 /// line's first byte.
-QString DumpLine(Bytes line, std::size_t offset, ShortLineFill fill);
+QString dumpLine(Bytes line, std::size_t offset, ShortLineFill fill);
 
 /// What stands under the last line.
-QString DumpEnd(std::size_t size);
+QString dumpEnd(std::size_t size);
 
 /// The lines from one to before another, each with carriage return and line feed. Lines past the end are left
 /// out.
-QString DumpLines(Bytes bytes, std::size_t firstLine, std::size_t endLine, ShortLineFill fill);
+QString dumpLines(Bytes bytes, std::size_t firstLine, std::size_t endLine, ShortLineFill fill);
 
 /// Number of lines without the end.
-std::size_t DumpLineCount(std::size_t size);
+std::size_t dumpLineCount(std::size_t size);
 
 }  // namespace controls

@@ -168,7 +168,7 @@ void GroupedListView::Painting::paintCell(QPainter& painter, const Row& row, con
 }
 
 void GroupedListView::Painting::paintCheckBox(QPainter& painter, const Row& row, const QRect& cell) const {
-    PaintTickBox(painter, view_.contents_->checkBoxRect(cell), view_.palette(),
+    paintTickBox(painter, view_.contents_->checkBoxRect(cell), view_.palette(),
                  {.ticked = row.selected, .hovered = row.hovered});
 }
 

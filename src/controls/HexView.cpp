@@ -79,7 +79,7 @@ void HexView::setShortLineFill(ShortLineFill fill) {
 }
 
 std::size_t HexView::byteRows() const {
-    return mode_ == Mode::Dump ? DumpLineCount(bytes_.size()) : textRows_.rowCount();
+    return mode_ == Mode::Dump ? dumpLineCount(bytes_.size()) : textRows_.rowCount();
 }
 
 std::size_t HexView::rowCount() const {
@@ -103,10 +103,10 @@ std::size_t HexView::rowOf(std::size_t offset) const {
 
 QString HexView::rowText(std::size_t row) const {
     if (row >= rowCount()) return {};
-    if (row >= byteRows()) return DumpEnd(bytes_.size());
+    if (row >= byteRows()) return dumpEnd(bytes_.size());
     if (mode_ == Mode::Text) return textRows_.textOf(row);
     const std::size_t begin = rowBegin(row);
-    return DumpLine(bytes_.subspan(begin, rowEnd(row) - begin), begin, fill_);
+    return dumpLine(bytes_.subspan(begin, rowEnd(row) - begin), begin, fill_);
 }
 
 QString HexView::firstRows() const {
@@ -145,8 +145,8 @@ QString HexView::selectedText() const {
     if (mode_ == Mode::Text)
         return QString::fromUtf8(reinterpret_cast<const char*>(bytes_.data()) + first,
                                  static_cast<qsizetype>(count));
-    QString lines = DumpLines(bytes_, rowOf(first), endRow, fill_);
-    return count == bytes_.size() ? lines + DumpEnd(count) : lines;
+    QString lines = dumpLines(bytes_, rowOf(first), endRow, fill_);
+    return count == bytes_.size() ? lines + dumpEnd(count) : lines;
 }
 
 void HexView::copySelection() {
@@ -157,7 +157,7 @@ void HexView::copySelection() {
 }
 
 QSize HexView::sizeHint() const {
-    const auto columns = static_cast<double>(DumpColumnOfText(kBytesPerDumpLine, fill_) + kBytesPerDumpLine);
+    const auto columns = static_cast<double>(dumpColumnOfText(kBytesPerDumpLine, fill_) + kBytesPerDumpLine);
     const int bar = verticalScrollBar()->sizeHint().width();
     return {static_cast<int>(std::ceil(columns * columnWidth_)) + 2 * kMargin + bar + 2 * frameWidth(),
             kHintRows * rowHeight_ + 2 * frameWidth()};
@@ -183,7 +183,7 @@ void HexView::updateScrollBars() {
     verticalScrollBar()->setPageStep(page);
     verticalScrollBar()->setRange(0, std::max(0, toInt(rowCount()) - page));
     const std::size_t columns = mode_ == Mode::Dump
-                                    ? DumpColumnOfText(kBytesPerDumpLine, fill_) + kBytesPerDumpLine
+                                    ? dumpColumnOfText(kBytesPerDumpLine, fill_) + kBytesPerDumpLine
                                     : TextRows::kLongestRow;
     const bool hasRows = byteRows() > 0;
     const int width =

@@ -110,10 +110,10 @@ std::size_t HexView::byteAt(const QPoint& position) const {
     if (mode_ == Mode::Text) return begin;
     const int x = position.x() - kMargin + horizontalScrollBar()->value();
     const auto column = static_cast<std::size_t>(std::max(0.0, x / columnWidth_));
-    const std::size_t text = DumpColumnOfText(length, fill_);
+    const std::size_t text = dumpColumnOfText(length, fill_);
     if (column + 1 >= text) return begin + std::min(length - 1, column - std::min(column, text));
     std::size_t index = 0;
-    while (index + 1 < length && DumpColumnOfByte(index + 1) <= column) ++index;
+    while (index + 1 < length && dumpColumnOfByte(index + 1) <= column) ++index;
     return begin + index;
 }
 
@@ -140,7 +140,7 @@ void HexView::paintDumpMarks(QPainter& painter, std::size_t row, int y) const {
     const auto [first, count] = selection();
     const std::size_t from = std::max(first, begin);
     const std::size_t to = std::min(first + count, begin + length);
-    const std::size_t text = DumpColumnOfText(length, fill_);
+    const std::size_t text = dumpColumnOfText(length, fill_);
     const auto mark = [&](std::size_t column, std::size_t columns) {
         return QRectF(kMargin + static_cast<double>(column) * columnWidth_, y,
                       static_cast<double>(columns) * columnWidth_, rowHeight_);
@@ -148,14 +148,14 @@ void HexView::paintDumpMarks(QPainter& painter, std::size_t row, int y) const {
     QColor selected = palette().color(QPalette::Highlight);
     selected.setAlphaF(hasFocus() ? 0.3F : 0.18F);
     if (from < to) {
-        const std::size_t left = DumpColumnOfByte(from - begin);
-        const std::size_t right = DumpColumnOfByte(to - begin - 1) + 2;
+        const std::size_t left = dumpColumnOfByte(from - begin);
+        const std::size_t right = dumpColumnOfByte(to - begin - 1) + 2;
         painter.fillRect(mark(left, right - left), selected);
         painter.fillRect(mark(text + from - begin, to - from), selected);
     }
     if (!hasFocus() || caret_ < begin || caret_ >= begin + length) return;
     painter.setPen(palette().color(QPalette::Highlight));
-    painter.drawRect(mark(DumpColumnOfByte(caret_ - begin), 2).adjusted(-1, 0, 1, -1));
+    painter.drawRect(mark(dumpColumnOfByte(caret_ - begin), 2).adjusted(-1, 0, 1, -1));
     painter.drawRect(mark(text + caret_ - begin, 1).adjusted(0, 0, 0, -1));
 }
 
@@ -185,7 +185,7 @@ void HexView::paintRow(QPainter& painter, std::size_t row, int y) const {
     color.setAlphaF(static_cast<float>(kSecondaryOpacity));
     painter.setPen(color);
     if (!isBytes) return painter.drawText(line, kFlags, text);
-    const auto offsetColumns = static_cast<qsizetype>(DumpColumnOfByte(0));
+    const auto offsetColumns = static_cast<qsizetype>(dumpColumnOfByte(0));
     painter.drawText(line, kFlags, text.left(offsetColumns));
     painter.setPen(palette().color(QPalette::Text));
     painter.drawText(line.translated(static_cast<int>(columnWidth_ * static_cast<double>(offsetColumns)), 0),

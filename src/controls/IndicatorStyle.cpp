@@ -53,7 +53,7 @@ void IndicatorStyle::drawPrimitive(PrimitiveElement element, const QStyleOption*
     if (isRadioButton)
         paintRadioButton(*painter, squareIn(option->rect), option->palette, state);
     else
-        PaintTickBox(*painter, squareIn(option->rect), option->palette, state);
+        paintTickBox(*painter, squareIn(option->rect), option->palette, state);
     painter->restore();
 }
 

@@ -7,7 +7,7 @@
 
 namespace controls {
 
-void PaintTickBox(QPainter& painter, const QRect& rect, const QPalette& palette, TickBoxState state) {
+void paintTickBox(QPainter& painter, const QRect& rect, const QPalette& palette, TickBoxState state) {
     // Styles draw this for the ground of a window; on the dark ground of a list some of theirs cannot be
     // seen.
     const QRectF box = QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5);

@@ -15,6 +15,6 @@ struct TickBoxState {
 };
 
 /// A check box in a list, seen on light and on dark grounds.
-void PaintTickBox(QPainter& painter, const QRect& rect, const QPalette& palette, TickBoxState state);
+void paintTickBox(QPainter& painter, const QRect& rect, const QPalette& palette, TickBoxState state);
 
 }  // namespace controls

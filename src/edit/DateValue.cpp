@@ -26,7 +26,7 @@ int numberAt(const QString& text, qsizetype at, qsizetype length) {
 
 }  // namespace
 
-std::optional<DateValue> ReadDateValue(QStringView text) {
+std::optional<DateValue> readDateValue(QStringView text) {
     const QRegularExpressionMatch match = dateForm().match(text.trimmed().toString());
     if (!match.hasMatch()) return std::nullopt;
     const auto number = [&](QStringView name, int absent) {
@@ -50,7 +50,7 @@ std::optional<DateValue> ReadDateValue(QStringView text) {
     return value;
 }
 
-QString DateValueText(const DateValue& value) {
+QString dateValueText(const DateValue& value) {
     static constexpr const char16_t* kDateForms[] = {u"", u"yyyy", u"yyyy:MM", u"yyyy:MM:dd"};
     static constexpr const char16_t* kTimeForms[] = {u"", u"HH:mm", u"HH:mm:ss"};
     QString text;
@@ -62,7 +62,7 @@ QString DateValueText(const DateValue& value) {
     return text + value.zone;
 }
 
-std::optional<CutMoment> CutDateByPosition(const QString& text) {
+std::optional<CutMoment> cutDateByPosition(const QString& text) {
     CutMoment moment{QDate(numberAt(text, 0, 4), numberAt(text, 5, 2), numberAt(text, 8, 2)), QTime(0, 0)};
     if (text.size() > kLongestWithoutTime)
         moment.time = QTime(numberAt(text, 11, 2), numberAt(text, 14, 2), numberAt(text, 17, 2));
@@ -70,7 +70,7 @@ std::optional<CutMoment> CutDateByPosition(const QString& text) {
     return moment;
 }
 
-QString JoinDateAndTime(const QDate& date, const QTime& time) {
+QString joinDateAndTime(const QDate& date, const QTime& time) {
     return QStringLiteral("%1:%2:%3 %4:%5:%6")
         .arg(date.year())
         .arg(date.month())
@@ -80,7 +80,7 @@ QString JoinDateAndTime(const QDate& date, const QTime& time) {
         .arg(time.second());
 }
 
-platform::PointInTime LocalMoment(const QDate& date, const QTime& time) {
+platform::PointInTime localMoment(const QDate& date, const QTime& time) {
     const QTime toTheSecond(time.hour(), time.minute(), time.second());
     constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max() / kNanosecondsInMillisecond;
     const std::int64_t milliseconds = QDateTime(date, toTheSecond).toMSecsSinceEpoch();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/PropertyValue.h"
+#include "properties/PropertyValue.h"
 
 #include <QDate>
 #include <QString>
@@ -28,10 +28,10 @@ struct DateValue {
 
 /// Takes a value apart. Nothing when it is no date: other text, or numbers that no calendar has, such as
 /// "0000:00:00 00:00:00".
-std::optional<DateValue> ReadDateValue(QStringView text);
+std::optional<DateValue> readDateValue(QStringView text);
 
 /// The text of the parts that the value has, with leading zeros: "2015:06:01 12:13:14.50+02:00".
-QString DateValueText(const DateValue& value);
+QString dateValueText(const DateValue& value);
 
 /// A date and a time of day cut out of the text by position, whatever stands there. Nothing when that is no
 /// moment.
@@ -39,13 +39,13 @@ struct CutMoment {
     QDate date;
     QTime time;
 };
-std::optional<CutMoment> CutDateByPosition(const QString& text);
+std::optional<CutMoment> cutDateByPosition(const QString& text);
 
 /// "2015:6:1 9:5:0", without leading zeros.
-QString JoinDateAndTime(const QDate& date, const QTime& time);
+QString joinDateAndTime(const QDate& date, const QTime& time);
 
 /// That moment of local time; outside the years 1678 to 2261, which nanoseconds of 64 bits can hold, their
 /// end.
-platform::PointInTime LocalMoment(const QDate& date, const QTime& time);
+platform::PointInTime localMoment(const QDate& date, const QTime& time);
 
 }  // namespace edit

@@ -20,8 +20,6 @@ inline constexpr int kWriteStopped = 80015;       ///< "%s" is the file
 inline constexpr int kCannotBeDeleted = 80016;    ///< "%s" is the tag
 inline constexpr int kUnchanged = 80017;          ///< "%s" is the tag
 inline constexpr int kDeleted = 80018;            ///< "%s" is the tag or group, "%s" the file
-inline constexpr int kGroupAndFile = 80019;       ///< "%s" is the group, "%s" the file
-inline constexpr int kTagsOfFile = 80020;         ///< "%s" is the count, "%s" the file
 inline constexpr int kNoRowChosen = 80021;
 inline constexpr int kNoRating = 80008;  ///< "%s" is the present value
 

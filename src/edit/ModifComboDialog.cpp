@@ -6,7 +6,8 @@
 
 namespace edit {
 
-ModifComboDialog::ModifComboDialog(const EditParts& parts, TagEditContext& edit, QWidget* parent)
+ModifComboDialog::ModifComboDialog(const jobs::OperationParts& parts, tags::TagEditContext& edit,
+                                   QWidget* parent)
     : ValueDialog(parts, edit, kTemplate, parent) {
     auto* choice = control<QComboBox>(control::kChoice);
     if (choice == nullptr) return;

@@ -11,7 +11,7 @@ class ModifComboDialog : public ValueDialog {
  public:
     static constexpr int kTemplate = 135;
 
-    ModifComboDialog(const EditParts& parts, TagEditContext& edit, QWidget* parent);
+    ModifComboDialog(const jobs::OperationParts& parts, tags::TagEditContext& edit, QWidget* parent);
 
     void accept() override;
 };

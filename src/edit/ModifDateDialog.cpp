@@ -16,7 +16,8 @@ constexpr const char* kTimeFormats[] = {"HH:mm:ss", "HH:mm", "HH:mm:ss"};
 
 }  // namespace
 
-ModifDateDialog::ModifDateDialog(const EditParts& parts, TagEditContext& edit, QWidget* parent)
+ModifDateDialog::ModifDateDialog(const jobs::OperationParts& parts, tags::TagEditContext& edit,
+                                 QWidget* parent)
     : ValueDialog(parts, edit, kTemplate, parent) {
     if (!hasForm()) return;
     auto* date = control<QDateEdit>(control::kDate);
@@ -45,7 +46,7 @@ ModifDateDialog::ModifDateDialog(const EditParts& parts, TagEditContext& edit, Q
 
 void ModifDateDialog::setDesigned() {
     if (edit().value.isEmpty()) return;
-    if (const auto moment = CutDateByPosition(edit().value)) {
+    if (const auto moment = cutDateByPosition(edit().value)) {
         value_.date = moment->date;
         value_.time = moment->time;
     }
@@ -53,7 +54,7 @@ void ModifDateDialog::setDesigned() {
 
 void ModifDateDialog::setCorrected() {
     if (edit().value.isEmpty()) return;
-    if (const auto value = ReadDateValue(edit().value)) {
+    if (const auto value = readDateValue(edit().value)) {
         value_ = *value;
         const QString kept = value_.fraction + value_.zone;
         if (!kept.isEmpty()) showHint(parts().language.formatted(text::kKeptOfTime, {kept}));
@@ -74,11 +75,11 @@ void ModifDateDialog::accept() {
     DateValue value = value_;
     value.date = control<QDateEdit>(control::kDate)->date();
     value.time = control<QTimeEdit>(control::kTime)->time();
-    edit().fileTime = LocalMoment(value.date, value.time);
+    edit().fileTime = localMoment(value.date, value.time);
     if (!isCorrected())
-        edit().value = JoinDateAndTime(value.date, value.time);
+        edit().value = joinDateAndTime(value.date, value.time);
     else if (!keepsText_)
-        edit().value = DateValueText(value);
+        edit().value = dateValueText(value);
     ValueDialog::accept();
 }
 

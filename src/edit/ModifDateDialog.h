@@ -13,7 +13,7 @@ class ModifDateDialog : public ValueDialog {
  public:
     static constexpr int kTemplate = 185;
 
-    ModifDateDialog(const EditParts& parts, TagEditContext& edit, QWidget* parent);
+    ModifDateDialog(const jobs::OperationParts& parts, tags::TagEditContext& edit, QWidget* parent);
 
     void accept() override;
 

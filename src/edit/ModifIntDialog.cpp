@@ -5,11 +5,11 @@
 
 namespace edit {
 
-ModifIntDialog::ModifIntDialog(const EditParts& parts, TagEditContext& edit, QWidget* parent)
+ModifIntDialog::ModifIntDialog(const jobs::OperationParts& parts, tags::TagEditContext& edit, QWidget* parent)
     : NumberDialog(parts, edit, kTemplate, text::kNoInteger, parent) {}
 
 std::optional<QString> ModifIntDialog::valueOf(const QString& typed) {
-    return isCorrected() ? CorrectedInteger(typed, edit().value) : std::optional(DesignedInteger(typed));
+    return isCorrected() ? correctedInteger(typed, edit().value) : std::optional(designedInteger(typed));
 }
 
 }  // namespace edit

@@ -11,7 +11,7 @@ class ModifIntDialog : public NumberDialog {
  public:
     static constexpr int kTemplate = 133;
 
-    ModifIntDialog(const EditParts& parts, TagEditContext& edit, QWidget* parent);
+    ModifIntDialog(const jobs::OperationParts& parts, tags::TagEditContext& edit, QWidget* parent);
 
  protected:
     std::optional<QString> valueOf(const QString& typed) override;

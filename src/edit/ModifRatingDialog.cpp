@@ -31,7 +31,8 @@ QIcon starsIcon(int stars, qreal ratio) {
 
 }  // namespace
 
-ModifRatingDialog::ModifRatingDialog(const EditParts& parts, TagEditContext& edit, QWidget* parent)
+ModifRatingDialog::ModifRatingDialog(const jobs::OperationParts& parts, tags::TagEditContext& edit,
+                                     QWidget* parent)
     : ValueDialog(parts, edit, kTemplate, parent) {
     auto* choice = control<QComboBox>(control::kRating);
     if (choice == nullptr) return;
@@ -42,12 +43,12 @@ ModifRatingDialog::ModifRatingDialog(const EditParts& parts, TagEditContext& edi
     choice->installEventFilter(this);
     choice->setFocus();
     connect(choice, &QComboBox::activated, this, [this] {
-        if (!byArrowKey_) FindControl(*this, app::kOkControl)->setFocus();
+        if (!byArrowKey_) findControl(*this, dialogs::kOkControl)->setFocus();
     });
 }
 
 int ModifRatingDialog::preselection() {
-    if (!isCorrected()) return std::clamp(parts().ratingLog.LastRating(edit().tagId), 0, kMostStars);
+    if (!isCorrected()) return std::clamp(parts().ratingLog.lastRating(edit().tagId), 0, kMostStars);
     if (edit().value.isEmpty()) return 0;
     bool isNumber = false;
     const int stars = edit().value.toInt(&isNumber);

@@ -12,7 +12,7 @@ class ModifRatingDialog : public ValueDialog {
  public:
     static constexpr int kTemplate = 186;
 
-    ModifRatingDialog(const EditParts& parts, TagEditContext& edit, QWidget* parent);
+    ModifRatingDialog(const jobs::OperationParts& parts, tags::TagEditContext& edit, QWidget* parent);
 
     void accept() override;
 

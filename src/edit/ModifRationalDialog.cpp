@@ -5,12 +5,13 @@
 
 namespace edit {
 
-ModifRationalDialog::ModifRationalDialog(const EditParts& parts, TagEditContext& edit, QWidget* parent)
+ModifRationalDialog::ModifRationalDialog(const jobs::OperationParts& parts, tags::TagEditContext& edit,
+                                         QWidget* parent)
     : NumberDialog(parts, edit, kTemplate, text::kNoRational, parent) {}
 
 std::optional<QString> ModifRationalDialog::valueOf(const QString& typed) {
-    return isCorrected() ? CorrectedRational(typed, edit().value)
-                         : std::optional(DesignedRational(edit().value, typed));
+    return isCorrected() ? correctedRational(typed, edit().value)
+                         : std::optional(designedRational(edit().value, typed));
 }
 
 }  // namespace edit

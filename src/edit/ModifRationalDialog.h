@@ -12,7 +12,7 @@ class ModifRationalDialog : public NumberDialog {
  public:
     static constexpr int kTemplate = 147;
 
-    ModifRationalDialog(const EditParts& parts, TagEditContext& edit, QWidget* parent);
+    ModifRationalDialog(const jobs::OperationParts& parts, tags::TagEditContext& edit, QWidget* parent);
 
  protected:
     std::optional<QString> valueOf(const QString& typed) override;

@@ -20,7 +20,8 @@ QString textOf(const QPlainTextEdit& field) {
 
 }  // namespace
 
-ModifStringDialog::ModifStringDialog(const EditParts& parts, TagEditContext& edit, QWidget* parent)
+ModifStringDialog::ModifStringDialog(const jobs::OperationParts& parts, tags::TagEditContext& edit,
+                                     QWidget* parent)
     : ValueDialog(parts, edit, kTemplate, parent) {
     auto* field = control<QPlainTextEdit>(control::kText);
     if (field == nullptr) return;

@@ -12,7 +12,7 @@ class ModifStringDialog : public ValueDialog {
  public:
     static constexpr int kTemplate = 134;
 
-    ModifStringDialog(const EditParts& parts, TagEditContext& edit, QWidget* parent);
+    ModifStringDialog(const jobs::OperationParts& parts, tags::TagEditContext& edit, QWidget* parent);
 
     void accept() override;
 

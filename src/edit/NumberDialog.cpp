@@ -6,8 +6,8 @@
 
 namespace edit {
 
-NumberDialog::NumberDialog(const EditParts& parts, TagEditContext& edit, int templateNumber, int refusal,
-                           QWidget* parent)
+NumberDialog::NumberDialog(const jobs::OperationParts& parts, tags::TagEditContext& edit, int templateNumber,
+                           int refusal, QWidget* parent)
     : ValueDialog(parts, edit, templateNumber, parent), refusal_(refusal) {
     auto* field = control<QLineEdit>(control::kText);
     if (field == nullptr) return;

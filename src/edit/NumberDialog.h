@@ -13,8 +13,8 @@ class NumberDialog : public ValueDialog {
 
  public:
     /// refusal: the number of the text that says why; its "%s" is what was typed.
-    NumberDialog(const EditParts& parts, TagEditContext& edit, int templateNumber, int refusal,
-                 QWidget* parent);
+    NumberDialog(const jobs::OperationParts& parts, tags::TagEditContext& edit, int templateNumber,
+                 int refusal, QWidget* parent);
 
     void accept() override;
 

@@ -45,7 +45,7 @@ std::optional<QString> checked(QStringView text, QStringView before, const QRegu
 
 }  // namespace
 
-QString DesignedInteger(const QString& text) {
+QString designedInteger(const QString& text) {
     if (text.isEmpty()) return {};
     constexpr std::uint64_t kLimit = std::numeric_limits<std::uint32_t>::max();
     std::uint64_t number = 0;
@@ -57,16 +57,16 @@ QString DesignedInteger(const QString& text) {
     return QString::number(static_cast<std::int32_t>(static_cast<std::uint32_t>(number)));
 }
 
-std::optional<QString> CorrectedInteger(QStringView text, QStringView before) {
+std::optional<QString> correctedInteger(QStringView text, QStringView before) {
     static const QRegularExpression whole = expression(R"(^(?:[+-]?\d+|0x[0-9a-f]+)$)");
     return checked(text, before, whole, integerWithin());
 }
 
-QString DesignedRational(const QString& before, const QString& text) {
+QString designedRational(const QString& before, const QString& text) {
     return before + text.left(kLongestAddition);
 }
 
-std::optional<QString> CorrectedRational(QStringView text, QStringView before) {
+std::optional<QString> correctedRational(QStringView text, QStringView before) {
     static const QRegularExpression whole =
         expression(R"(^(?:[+-]?(?:\d+\.?\d*|\.\d+)(?:e[+-]?\d+)?|[+-]?\d+/\d+|[+-]?inf|undef)$)");
     return checked(text, before, whole, numberWithin());

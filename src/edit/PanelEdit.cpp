@@ -1,7 +1,7 @@
 #include "edit/PanelEdit.h"
 
-#include "edit/ImageTags.h"
 #include "edit/WholeValue.h"
+#include "tags/ImageTags.h"
 
 namespace edit {
 
@@ -11,7 +11,7 @@ QString textOf(std::u16string_view units) {
     return QString::fromUtf16(units.data(), static_cast<qsizetype>(units.size()));
 }
 
-bool isCorrected(const EditParts& parts) {
+bool isCorrected(const jobs::OperationParts& parts) {
     return parts.context.settings.exifTool.correctedCommands;
 }
 
@@ -22,13 +22,13 @@ QString valueOf(const tags::MetadataRow& row) {
 
 PanelAction viewOf(const tags::TagRecord& record) {
     const bool asPicture =
-        record.valueKind == tags::ValueKind::Binary && IsImageTag(static_cast<int>(record.id));
+        record.valueKind == tags::ValueKind::Binary && tags::isImageTag(static_cast<int>(record.id));
     return asPicture ? PanelAction::ViewPicture : PanelAction::ViewText;
 }
 
 }  // namespace
 
-PanelAction ActionOfClick(const EditParts& parts, const tags::MetadataRow& row,
+PanelAction actionOfClick(const jobs::OperationParts& parts, const tags::MetadataRow& row,
                           const std::optional<tags::TagRecord>& record, bool altHeld) {
     if (!record) return PanelAction::ViewText;
     if (altHeld || !record->writable) return viewOf(*record);
@@ -49,29 +49,23 @@ PanelAction ActionOfClick(const EditParts& parts, const tags::MetadataRow& row,
     return PanelAction::Nothing;
 }
 
-int DesignedRatingSelection(QStringView value) {
-    static constexpr int kSelections[] = {0, 1, 2, 6, 4, 5};
-    if (value.isEmpty() || value[0] < u'1' || value[0] > u'5') return 0;
-    return kSelections[value[0].unicode() - u'0'];
-}
-
-TagEditContext ContextOfRow(const EditParts& parts, const std::filesystem::path& file,
-                            const tags::MetadataRow& row, const tags::TagRecord& record) {
-    TagEditContext edit;
+tags::TagEditContext contextOfRow(const jobs::OperationParts& parts, const std::filesystem::path& file,
+                                  const tags::MetadataRow& row, const tags::TagRecord& record) {
+    tags::TagEditContext edit;
     edit.filePath = file;
     edit.title = textOf(record.name);
     edit.group = textOf(record.group);
     edit.tagId = static_cast<int>(record.id);
-    edit.value = EditableValue(parts, file, record, valueOf(row));
+    edit.value = editableValue(parts, file, record, valueOf(row));
     if (record.valueKind == tags::ValueKind::Rating && !isCorrected(parts))
-        edit.selection = DesignedRatingSelection(edit.value);
+        edit.selection = tags::designedRatingSelection(edit.value);
     if (record.valueKind == tags::ValueKind::List)
         edit.selection = parts.labels.GetComboIndex(edit.tagId, edit.value);
     return edit;
 }
 
-app::CurrentEdit EditOfRow(const EditParts& parts, const TagEditContext& before, const TagEditContext& after,
-                           const tags::TagRecord& record, int rowIndex) {
+app::CurrentEdit editOfRow(const jobs::OperationParts& parts, const tags::TagEditContext& before,
+                           const tags::TagEditContext& after, const tags::TagRecord& record, int rowIndex) {
     app::CurrentEdit edit;
     edit.id = after.tagId;
     edit.groupIndex = static_cast<int>(record.groupIndex);
@@ -94,8 +88,8 @@ app::CurrentEdit EditOfRow(const EditParts& parts, const TagEditContext& before,
     return edit;
 }
 
-bool IsUnchanged(const EditParts& parts, const TagEditContext& before, const TagEditContext& after,
-                 const tags::TagRecord& record) {
+bool isUnchanged(const jobs::OperationParts& parts, const tags::TagEditContext& before,
+                 const tags::TagEditContext& after, const tags::TagRecord& record) {
     if (!isCorrected(parts)) return false;
     // A list is shown in the program's language, whatever language the value was read in.
     if (record.valueKind == tags::ValueKind::List) return before.selection == after.selection;

@@ -34,7 +34,8 @@ QPalette secondary(const QWidget& widget) {
 
 }  // namespace
 
-ValueDialog::ValueDialog(const EditParts& parts, TagEditContext& edit, int templateNumber, QWidget* parent)
+ValueDialog::ValueDialog(const jobs::OperationParts& parts, tags::TagEditContext& edit, int templateNumber,
+                         QWidget* parent)
     : DarkModeDialogBase(parts.language, templateNumber, parent), parts_(parts), edit_(edit) {
     setWindowTitle(parts.language.formatted(text::kModify, {edit.title}));
     showLabel();

@@ -1,24 +1,25 @@
 #pragma once
 
-#include "app/DarkModeDialogBase.h"
-#include "edit/EditParts.h"
-#include "edit/TagEditContext.h"
+#include "dialogs/DarkModeDialogBase.h"
+#include "jobs/OperationParts.h"
+#include "tags/TagEditContext.h"
 
 namespace edit {
 
 /// What the dialogs for one value have in common: the title, the tag's label and help, and a line for hints.
 /// Each sets its control from the context and on OK puts the new value into it.
-class ValueDialog : public app::DarkModeDialogBase {
+class ValueDialog : public dialogs::DarkModeDialogBase {
     Q_OBJECT
 
  public:
-    ValueDialog(const EditParts& parts, TagEditContext& edit, int templateNumber, QWidget* parent);
+    ValueDialog(const jobs::OperationParts& parts, tags::TagEditContext& edit, int templateNumber,
+                QWidget* parent);
 
     void setVisible(bool visible) override;
 
  protected:
-    const EditParts& parts() const { return parts_; }
-    TagEditContext& edit() { return edit_; }
+    const jobs::OperationParts& parts() const { return parts_; }
+    tags::TagEditContext& edit() { return edit_; }
     bool isCorrected() const { return parts_.context.settings.exifTool.correctedCommands; }
 
     enum class HintKind { Remark, Refusal };
@@ -29,8 +30,8 @@ class ValueDialog : public app::DarkModeDialogBase {
     void showLabel();
     void showHelp();
 
-    const EditParts& parts_;
-    TagEditContext& edit_;
+    const jobs::OperationParts& parts_;
+    tags::TagEditContext& edit_;
 };
 
 }  // namespace edit

@@ -9,7 +9,8 @@
 
 namespace edit {
 
-int EditValue(const EditParts& parts, TagEditContext& edit, tags::ValueKind kind, QWidget* parent) {
+int editValue(const jobs::OperationParts& parts, tags::TagEditContext& edit, tags::ValueKind kind,
+              QWidget* parent) {
     switch (kind) {
         case tags::ValueKind::Date:
             return ModifDateDialog(parts, edit, parent).run();

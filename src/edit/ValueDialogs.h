@@ -1,7 +1,7 @@
 #pragma once
 
-#include "edit/EditParts.h"
-#include "edit/TagEditContext.h"
+#include "jobs/OperationParts.h"
+#include "tags/TagEditContext.h"
 
 class QWidget;
 
@@ -9,6 +9,7 @@ namespace edit {
 
 /// Shows the dialog that fits the kind of value, modally over the parent. 1 when edit holds a new value, 0
 /// when the user cancelled or the kind has no editor (binary, or a number that is no kind).
-int EditValue(const EditParts& parts, TagEditContext& edit, tags::ValueKind kind, QWidget* parent);
+int editValue(const jobs::OperationParts& parts, tags::TagEditContext& edit, tags::ValueKind kind,
+              QWidget* parent);
 
 }  // namespace edit

@@ -1,8 +1,8 @@
 #include "edit/WholeValue.h"
 
-#include "edit/Entries.h"
 #include "exiftool/LineParts.h"
 #include "platform/Text.h"
+#include "tags/Entries.h"
 
 #include <fstream>
 
@@ -28,45 +28,45 @@ QByteArray bytesOf(const fs::path& file) {
 
 }  // namespace
 
-bool CouldBeShortened(QStringView shown, bool severalValues) {
+bool couldBeShortened(QStringView shown, bool severalValues) {
     return shown.contains(u'.') || (severalValues && shown.contains(u", "));
 }
 
-CommandText WholeValueCommand(const app::AppContext& context, const fs::path& file, const fs::path& output,
+CommandText wholeValueCommand(const app::AppContext& context, const fs::path& file, const fs::path& output,
                               QStringView group, QStringView name) {
-    CommandText command = exiftool::ToolStartWithLanguage(context);
+    CommandText command = exiftool::toolStartWithLanguage(context);
     command.literal(" -b -sep \"").literal(std::string_view(&kSeparator, 1)).literal("\" ");
     command.literal(exiftool::kFileNameCharset).literal("-").outside(group.toUtf8().toStdString());
     command.literal(":").outside(name.toUtf8().toStdString()).literal(" \"");
-    command.outside(exiftool::FileWord(file)).literal("\" >\"").outside(platform::narrow(output));
+    command.outside(exiftool::fileWord(file)).literal("\" >\"").outside(platform::narrow(output));
     return command.literal("\"");
 }
 
-QStringList EntriesOfOutput(const QByteArray& output) {
+QStringList entriesOfOutput(const QByteArray& output) {
     QStringList entries;
     if (output.isEmpty()) return entries;
     for (const QByteArray& entry : output.split(kSeparator)) entries.append(QString::fromUtf8(entry));
     return entries;
 }
 
-QString EditableValue(const EditParts& parts, const fs::path& file, const tags::TagRecord& tag,
+QString editableValue(const jobs::OperationParts& parts, const fs::path& file, const tags::TagRecord& tag,
                       const QString& shown) {
     const bool asksNothing =
         !parts.context.settings.exifTool.correctedCommands || tag.valueKind != tags::ValueKind::Text;
     const bool several = parts.labels.takesSeveralValues(static_cast<int>(tag.id));
-    if (asksNothing || !CouldBeShortened(shown, several)) return shown;
+    if (asksNothing || !couldBeShortened(shown, several)) return shown;
     const fs::path output = parts.context.tempPath / "Value.txt";
     std::error_code ignored;
     fs::remove(output, ignored);
     const CommandText command =
-        WholeValueCommand(parts.context, file, output, textOf(tag.group), textOf(tag.name));
+        wholeValueCommand(parts.context, file, output, textOf(tag.group), textOf(tag.name));
     const bool wasRun = parts.runner.RunToolLine(command) != 0;
-    const QStringList entries = wasRun ? EntriesOfOutput(bytesOf(output)) : QStringList();
+    const QStringList entries = wasRun ? entriesOfOutput(bytesOf(output)) : QStringList();
     fs::remove(output, ignored);
     // Another answer than the row: the file has changed, has the tag twice, or stores what is shown as
     // numbers.
-    const bool isSame = PanelText(entries) == shown;
-    if (several) return JoinEntries(isSame ? entries : shown.split(QStringLiteral(", ")));
+    const bool isSame = tags::panelText(entries) == shown;
+    if (several) return tags::joinEntries(isSame ? entries : shown.split(QStringLiteral(", ")));
     return isSame ? entries.join(QStringLiteral(", ")) : shown;
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "edit/EditParts.h"
+#include "jobs/OperationParts.h"
 #include "platform/CommandText.h"
 
 #include <QStringList>
@@ -12,20 +12,20 @@
 namespace edit {
 
 /// Whether the text of a row could stand for something else.
-bool CouldBeShortened(QStringView shown, bool severalValues);
+bool couldBeShortened(QStringView shown, bool severalValues);
 
 /// `"TOOL" -lang LANG -b -sep "SEPARATOR" -charset filename=UTF8 -GROUP:NAME "FILE" >"OUTPUT"`.
-platform::CommandText WholeValueCommand(const app::AppContext& context, const std::filesystem::path& file,
+platform::CommandText wholeValueCommand(const app::AppContext& context, const std::filesystem::path& file,
                                         const std::filesystem::path& output, QStringView group,
                                         QStringView name);
 
 /// The entries of that output; one for a tag that holds no list.
-QStringList EntriesOfOutput(const QByteArray& output);
+QStringList entriesOfOutput(const QByteArray& output);
 
 /// The value that is edited for a row of the panel: one entry a line for a tag that holds several, with its
 /// line feeds for another. The shown text itself where it tells all, in the designed form, and where the file
 /// no longer answers what is shown. Blocks while ExifTool runs, if it has to be asked.
-QString EditableValue(const EditParts& parts, const std::filesystem::path& file, const tags::TagRecord& tag,
-                      const QString& shown);
+QString editableValue(const jobs::OperationParts& parts, const std::filesystem::path& file,
+                      const tags::TagRecord& tag, const QString& shown);
 
 }  // namespace edit

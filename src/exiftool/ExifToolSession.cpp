@@ -127,7 +127,7 @@ ExifToolSession::SendResult ExifToolSession::SendPerFileCommand(std::string_view
     return readWhatHasCome();
 }
 
-bool ExifToolSession::RequestThumbnail(std::string_view selector, const fs::path& source,
+bool ExifToolSession::requestThumbnail(std::string_view selector, const fs::path& source,
                                        const fs::path& target) {
     if (!canStandOnLine(selector) || !canStandOnLine(platform::narrow(source)) ||
         !canStandOnLine(platform::narrow(target)))

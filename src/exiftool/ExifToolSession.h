@@ -63,7 +63,7 @@ class ExifToolSession {
     /// Asks for an embedded picture, selector such as "-PreviewImage", in a form that ExifTool does not
     /// understand; the caller goes on to its next way. Blocks for one delay and looks at no answer. False as
     /// in wasSent.
-    bool RequestThumbnail(std::string_view selector, const std::filesystem::path& source,
+    bool requestThumbnail(std::string_view selector, const std::filesystem::path& source,
                           const std::filesystem::path& target);
 
     /// Tells the child to end, waits one delay, and closes everything. A second call does nothing.

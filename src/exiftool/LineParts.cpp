@@ -17,30 +17,30 @@ constexpr std::size_t kEnglish = 2;
 
 }  // namespace
 
-std::string_view LanguageCode(int dataLanguage) {
+std::string_view languageCode(int dataLanguage) {
     const auto index = static_cast<std::size_t>(dataLanguage);
     return kLanguageCodes[index < kLanguageCodes.size() ? index : kEnglish];
 }
 
-CommandText ToolStart(const app::AppContext& context) {
+CommandText toolStart(const app::AppContext& context) {
     CommandText command;
     return command.literal("\"").outside(platform::narrow(context.exifToolPath)).literal("\" ");
 }
 
-CommandText ToolStartWithLanguage(const app::AppContext& context) {
+CommandText toolStartWithLanguage(const app::AppContext& context) {
     const bool corrected = context.settings.exifTool.correctedCommands;
-    const std::string_view code = LanguageCode(context.settings.exifTool.dataLanguage);
+    const std::string_view code = languageCode(context.settings.exifTool.dataLanguage);
     // ExifTool refuses to work in the language "ce"; Czech is "cs".
-    return ToolStart(context).literal("-lang ").literal(corrected && code == "ce" ? "cs" : code);
+    return toolStart(context).literal("-lang ").literal(corrected && code == "ce" ? "cs" : code);
 }
 
-std::string FileWord(const fs::path& file) {
+std::string fileWord(const fs::path& file) {
     std::error_code error;
     const fs::path whole = file.is_absolute() ? file : fs::absolute(file, error);
     return platform::narrow(error ? file : whole);
 }
 
-CommandText QuotedValue(const app::AppContext& context, QStringView value) {
+CommandText quotedValue(const app::AppContext& context, QStringView value) {
     const std::string bytes = value.toUtf8().toStdString();
     CommandText word("\"");
     if (context.settings.exifTool.correctedCommands)
@@ -50,7 +50,7 @@ CommandText QuotedValue(const app::AppContext& context, QStringView value) {
     return word.literal("\"");
 }
 
-CommandText ReportBehind(const app::AppContext& context) {
+CommandText reportBehind(const app::AppContext& context) {
     return CommandText(" 2>>\"").outside(platform::narrow(context.reportFile)).literal("\"");
 }
 

@@ -15,24 +15,24 @@ inline constexpr std::string_view kFileNameCharset = "-charset filename=UTF8 ";
 
 /// The ExifTool language code of an index of the DataLanguage setting; "en" for an index outside the table.
 /// The spelling "ce" of the first is kept.
-std::string_view LanguageCode(int dataLanguage);
+std::string_view languageCode(int dataLanguage);
 
 /// The path in quotes and a blank: `"<tool>" `.
-platform::CommandText ToolStart(const app::AppContext& context);
+platform::CommandText toolStart(const app::AppContext& context);
 
 /// `"<tool>" -lang <code>`, without a blank at the end. The corrected form knows Czech by its right code.
-platform::CommandText ToolStartWithLanguage(const app::AppContext& context);
+platform::CommandText toolStartWithLanguage(const app::AppContext& context);
 
 /// The file as ExifTool is to get it, named from the root: a relative name could begin with a hyphen and be
 /// taken for an option.
-std::string FileWord(const std::filesystem::path& file);
+std::string fileWord(const std::filesystem::path& file);
 
 /// A value of the user's in quotes, in UTF-8. The designed form takes it as it stands, a quote in it
 /// included; in the corrected form any text, line feeds and quotes too, stays inside the argument that it
 /// stands in.
-platform::CommandText QuotedValue(const app::AppContext& context, QStringView value);
+platform::CommandText quotedValue(const app::AppContext& context, QStringView value);
 
 /// ` 2>>"<report>"`, behind lines whose complaints the batch report collects.
-platform::CommandText ReportBehind(const app::AppContext& context);
+platform::CommandText reportBehind(const app::AppContext& context);
 
 }  // namespace exiftool

@@ -12,12 +12,12 @@ namespace exiftool {
 class LoadFeedback {
  public:
     virtual ~LoadFeedback() = default;
-    virtual void ShowReading(const std::filesystem::path& file) { static_cast<void>(file); }
-    virtual void ShowSorting() {}
-    virtual void HideProgress() {}
-    virtual void ShowStatus(const QString& text) { static_cast<void>(text); }
-    virtual void ShowError(const QString& text) { static_cast<void>(text); }
-    virtual void FocusFileList() {}
+    virtual void showReading(const std::filesystem::path& file) { static_cast<void>(file); }
+    virtual void showSorting() {}
+    virtual void hideProgress() {}
+    virtual void showStatus(const QString& text) { static_cast<void>(text); }
+    virtual void showError(const QString& text) { static_cast<void>(text); }
+    virtual void focusFileList() {}
 };
 
 /// Where the rows of a load go: the panel's list, or the output of a program.

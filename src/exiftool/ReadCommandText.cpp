@@ -25,7 +25,7 @@ bool readsDuplicates(const app::AppContext& context) {
 
 CommandText& appendFile(CommandText& command, const fs::path& file, const fs::path& output) {
     return command.literal("\"")
-        .outside(FileWord(file))
+        .outside(fileWord(file))
         .literal("\" >\"")
         .outside(platform::narrow(output))
         .literal("\"");
@@ -54,25 +54,25 @@ void appendCategory(CommandText& command, int categoryId, bool corrected) {
 
 }  // namespace
 
-CommandText PanelReadCommand(const app::AppContext& context, const fs::path& file, const fs::path& output) {
-    CommandText command = ToolStartWithLanguage(context).literal(" -a -u");
+CommandText panelReadCommand(const app::AppContext& context, const fs::path& file, const fs::path& output) {
+    CommandText command = toolStartWithLanguage(context).literal(" -a -u");
     appendExclusions(command, context.settings.exifTool);
     command.literal(" -sort -S -G1 -H --ExifToolVersion -x System:all ").literal(kFileNameCharset);
     return appendFile(command, file, output);
 }
 
-CommandText GroupAllCommand(const app::AppContext& context, const fs::path& file, const fs::path& output,
+CommandText groupAllCommand(const app::AppContext& context, const fs::path& file, const fs::path& output,
                             std::string_view groupName) {
-    CommandText command = ToolStartWithLanguage(context);
+    CommandText command = toolStartWithLanguage(context);
     if (readsDuplicates(context)) command.literal(" -a");
     command.literal(" -sort -S -G1 --ExifToolVersion -");
     command.outside(groupName).literal(":All ").literal(kFileNameCharset);
     return appendFile(command, file, output);
 }
 
-CommandText CategoryCommand(const app::AppContext& context, const fs::path& file, const fs::path& output,
+CommandText categoryCommand(const app::AppContext& context, const fs::path& file, const fs::path& output,
                             int categoryId) {
-    CommandText command = ToolStartWithLanguage(context);
+    CommandText command = toolStartWithLanguage(context);
     if (readsDuplicates(context)) command.literal(" -a");
     appendExclusions(command, context.settings.exifTool);
     if (context.settings.exifTool.ignoreComposite) command.literal(" -e");
@@ -82,9 +82,9 @@ CommandText CategoryCommand(const app::AppContext& context, const fs::path& file
     return appendFile(command, file, output);
 }
 
-CommandText OneValueCommand(const app::AppContext& context, const fs::path& file, const fs::path& output,
+CommandText oneValueCommand(const app::AppContext& context, const fs::path& file, const fs::path& output,
                             std::string_view tagName, bool numeric) {
-    CommandText command = ToolStartWithLanguage(context);
+    CommandText command = toolStartWithLanguage(context);
     // -echo4 takes the -S behind it as the text to print.
     command.literal(isCorrected(context) ? " -q -e -fast2 -q -S " : " -q -e -fast2 -q -echo4 -S ");
     if (numeric) command.literal("-n ");
@@ -92,26 +92,26 @@ CommandText OneValueCommand(const app::AppContext& context, const fs::path& file
     return appendFile(command, file, output);
 }
 
-CommandText GpsPositionCommand(const app::AppContext& context, const fs::path& file, const fs::path& output) {
+CommandText gpsPositionCommand(const app::AppContext& context, const fs::path& file, const fs::path& output) {
     CommandText command =
-        ToolStart(context).literal("-S -n -GPSLatitude -GPSLatitudeRef -GPSLongitude -GPSLongitudeRef -q ");
+        toolStart(context).literal("-S -n -GPSLatitude -GPSLatitudeRef -GPSLongitude -GPSLongitudeRef -q ");
     command.literal(kFileNameCharset);
     return appendFile(command, file, output);
 }
 
-CommandText DumpHtmlCommand(const app::AppContext& context, const fs::path& file, const fs::path& output) {
-    CommandText command = ToolStart(context).literal("-htmldump ").literal(kFileNameCharset);
+CommandText dumpHtmlCommand(const app::AppContext& context, const fs::path& file, const fs::path& output) {
+    CommandText command = toolStart(context).literal("-htmldump ").literal(kFileNameCharset);
     return appendFile(command, file, output);
 }
 
-CommandText DumpVerboseCommand(const app::AppContext& context, const fs::path& file, const fs::path& output) {
-    CommandText command = ToolStart(context).literal("-v3 ").literal(kFileNameCharset);
+CommandText dumpVerboseCommand(const app::AppContext& context, const fs::path& file, const fs::path& output) {
+    CommandText command = toolStart(context).literal("-v3 ").literal(kFileNameCharset);
     return appendFile(command, file, output);
 }
 
-CommandText ExportValuesCommand(const app::AppContext& context, const CommandText& fileArgument,
+CommandText exportValuesCommand(const app::AppContext& context, const CommandText& fileArgument,
                                 const CommandText& output, const CommandText& extraArguments) {
-    CommandText command = ToolStartWithLanguage(context).literal(" -sort --ExifToolVersion -x System:all ");
+    CommandText command = toolStartWithLanguage(context).literal(" -sort --ExifToolVersion -x System:all ");
     // -f takes no argument: "File:All" is then looked for as a file.
     if (context.settings.exifTool.ignoreFile)
         command.literal(isCorrected(context) ? "-x File:All " : "-f File:All ");

@@ -29,8 +29,8 @@ std::string batchFileName(const fs::path& file) {
 
 class Waiting {
  public:
-    explicit Waiting(ReadFeedback& feedback) : feedback_(feedback) { feedback_.BeginWait(); }
-    ~Waiting() { feedback_.EndWait(); }
+    explicit Waiting(ReadFeedback& feedback) : feedback_(feedback) { feedback_.beginWait(); }
+    ~Waiting() { feedback_.endWait(); }
     Waiting(const Waiting&) = delete;
     Waiting& operator=(const Waiting&) = delete;
 
@@ -47,29 +47,29 @@ QString readingText(const fs::path& file) {
 ReadCommands::ReadCommands(const app::AppContext& context, ToolRunner& runner, ReadFeedback& feedback)
     : context_(context), runner_(runner), feedback_(feedback) {}
 
-int ReadCommands::RunNamedAfter(const fs::path& file, const platform::CommandText& command) {
-    if (runner_.RunBatchFile(context_.tempPath / batchFileName(file), command) == 1) return 1;
-    feedback_.ShowStatus(kReady);
+int ReadCommands::runNamedAfter(const fs::path& file, const platform::CommandText& command) {
+    if (runner_.runBatchFile(context_.tempPath / batchFileName(file), command) == 1) return 1;
+    feedback_.showStatus(kReady);
     return 0;
 }
 
 int ReadCommands::ReadForPanel(const fs::path& file, const fs::path& output, bool showStatus) {
     if (file.empty()) return 0;
     const Waiting waiting(feedback_);
-    if (showStatus) feedback_.ShowStatus(readingText(file));
-    return RunNamedAfter(file, PanelReadCommand(context_, file, output));
+    if (showStatus) feedback_.showStatus(readingText(file));
+    return runNamedAfter(file, panelReadCommand(context_, file, output));
 }
 
 int ReadCommands::ReadGroupAll(const fs::path& file, const fs::path& output, std::string_view groupName) {
     if (file.empty()) return 0;
-    return RunNamedAfter(file, GroupAllCommand(context_, file, output, groupName));
+    return runNamedAfter(file, groupAllCommand(context_, file, output, groupName));
 }
 
 int ReadCommands::ReadCategory(const fs::path& file, const fs::path& output, int categoryId) {
     if (file.empty()) return 0;
     const Waiting waiting(feedback_);
-    feedback_.ShowStatus(readingText(file));
-    return RunNamedAfter(file, CategoryCommand(context_, file, output, categoryId));
+    feedback_.showStatus(readingText(file));
+    return runNamedAfter(file, categoryCommand(context_, file, output, categoryId));
 }
 
 QString ReadCommands::ReadOneValue(const fs::path& file, std::string_view tagName, bool numeric) {
@@ -77,7 +77,7 @@ QString ReadCommands::ReadOneValue(const fs::path& file, std::string_view tagNam
     // No separator: the answer lies beside the temp folder.
     fs::path output = context_.tempPath;
     output += "Metadata.txt";
-    if (runner_.RunToolLine(OneValueCommand(context_, file, output, tagName, numeric)) == 0) return {};
+    if (runner_.RunToolLine(oneValueCommand(context_, file, output, tagName, numeric)) == 0) return {};
     std::ifstream stream(output, std::ios::binary);
     std::string line;
     std::getline(stream, line);
@@ -93,25 +93,25 @@ QString ReadCommands::ReadOneValue(const fs::path& file, std::string_view tagNam
 
 int ReadCommands::ReadGpsPosition(const fs::path& file, const fs::path& output) {
     if (file.empty()) return 0;
-    return runner_.RunBatchFile(context_.tempPath / "MetaData.bat",
-                                GpsPositionCommand(context_, file, output));
+    return runner_.runBatchFile(context_.tempPath / "MetaData.bat",
+                                gpsPositionCommand(context_, file, output));
 }
 
 int ReadCommands::DumpHtml(const fs::path& file, const fs::path& output) {
     if (file.empty()) return 0;
     const Waiting waiting(feedback_);
-    return runner_.RunToolLine(DumpHtmlCommand(context_, file, output));
+    return runner_.RunToolLine(dumpHtmlCommand(context_, file, output));
 }
 
 int ReadCommands::DumpVerbose(const fs::path& file, const fs::path& output) {
     if (file.empty()) return 0;
-    return runner_.RunToolLine(DumpVerboseCommand(context_, file, output));
+    return runner_.RunToolLine(dumpVerboseCommand(context_, file, output));
 }
 
 int ReadCommands::ExportValues(const platform::CommandText& fileArgument, const platform::CommandText& output,
                                const platform::CommandText& extraArguments) {
-    return runner_.RunBatchFile(context_.tempPath / "Metadata.bat",
-                                ExportValuesCommand(context_, fileArgument, output, extraArguments));
+    return runner_.runBatchFile(context_.tempPath / "Metadata.bat",
+                                exportValuesCommand(context_, fileArgument, output, extraArguments));
 }
 
 }  // namespace exiftool

@@ -17,30 +17,30 @@ namespace exiftool {
 class ReadFeedback {
  public:
     virtual ~ReadFeedback() = default;
-    virtual void ShowStatus(const QString& text) { static_cast<void>(text); }
-    virtual void BeginWait() {}  ///< wait cursor on
-    virtual void EndWait() {}    ///< and off again
+    virtual void showStatus(const QString& text) { static_cast<void>(text); }
+    virtual void beginWait() {}  ///< wait cursor on
+    virtual void endWait() {}    ///< and off again
 };
 
 /// The command texts, as the reads run them. Exact to the blank; separate from the running so that they can
 /// be compared.
-platform::CommandText PanelReadCommand(const app::AppContext& context, const std::filesystem::path& file,
+platform::CommandText panelReadCommand(const app::AppContext& context, const std::filesystem::path& file,
                                        const std::filesystem::path& output);
-platform::CommandText GroupAllCommand(const app::AppContext& context, const std::filesystem::path& file,
+platform::CommandText groupAllCommand(const app::AppContext& context, const std::filesystem::path& file,
                                       const std::filesystem::path& output, std::string_view groupName);
-platform::CommandText CategoryCommand(const app::AppContext& context, const std::filesystem::path& file,
+platform::CommandText categoryCommand(const app::AppContext& context, const std::filesystem::path& file,
                                       const std::filesystem::path& output, int categoryId);
-platform::CommandText OneValueCommand(const app::AppContext& context, const std::filesystem::path& file,
+platform::CommandText oneValueCommand(const app::AppContext& context, const std::filesystem::path& file,
                                       const std::filesystem::path& output, std::string_view tagName,
                                       bool numeric);
-platform::CommandText GpsPositionCommand(const app::AppContext& context, const std::filesystem::path& file,
+platform::CommandText gpsPositionCommand(const app::AppContext& context, const std::filesystem::path& file,
                                          const std::filesystem::path& output);
-platform::CommandText DumpHtmlCommand(const app::AppContext& context, const std::filesystem::path& file,
+platform::CommandText dumpHtmlCommand(const app::AppContext& context, const std::filesystem::path& file,
                                       const std::filesystem::path& output);
-platform::CommandText DumpVerboseCommand(const app::AppContext& context, const std::filesystem::path& file,
+platform::CommandText dumpVerboseCommand(const app::AppContext& context, const std::filesystem::path& file,
                                          const std::filesystem::path& output);
 /// fileArgument and output are put in as the caller quoted them.
-platform::CommandText ExportValuesCommand(const app::AppContext& context,
+platform::CommandText exportValuesCommand(const app::AppContext& context,
                                           const platform::CommandText& fileArgument,
                                           const platform::CommandText& output,
                                           const platform::CommandText& extraArguments);
@@ -65,7 +65,7 @@ class ReadCommands {
                      const platform::CommandText& extraArguments);
 
  private:
-    int RunNamedAfter(const std::filesystem::path& file, const platform::CommandText& command);
+    int runNamedAfter(const std::filesystem::path& file, const platform::CommandText& command);
 
     const app::AppContext& context_;
     ToolRunner& runner_;

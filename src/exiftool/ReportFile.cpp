@@ -18,13 +18,13 @@ constexpr mode_t kNewFileMode = 0666;
 
 }  // namespace
 
-std::uintmax_t ReportSize(const app::AppContext& context) {
+std::uintmax_t reportSize(const app::AppContext& context) {
     std::error_code error;
     const std::uintmax_t size = fs::file_size(context.reportFile, error);
     return error ? 0 : size;
 }
 
-std::string DeleteReport(const app::AppContext& context) {
+std::string deleteReport(const app::AppContext& context) {
     const fs::path folder = context.reportFile.parent_path();
     std::error_code error;
     fs::create_directories(folder, error);
@@ -36,7 +36,7 @@ std::string DeleteReport(const app::AppContext& context) {
     return {};
 }
 
-bool AppendToReport(const app::AppContext& context, std::string_view line) {
+bool appendToReport(const app::AppContext& context, std::string_view line) {
     std::string whole(line);
     std::replace_if(
         whole.begin(), whole.end(), [](char c) { return c == '\n' || c == '\r' || c == 0; }, '?');

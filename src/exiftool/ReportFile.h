@@ -11,13 +11,13 @@
 namespace exiftool {
 
 /// Bytes; 0 when there is none.
-std::uintmax_t ReportSize(const app::AppContext& context);
+std::uintmax_t reportSize(const app::AppContext& context);
 
 /// Every operation starts without a report. Makes its folder where it is missing. Empty, or for people why
 /// the old report cannot be put away or a new one could not be written.
-std::string DeleteReport(const app::AppContext& context);
+std::string deleteReport(const app::AppContext& context);
 
 /// Adds a line; line ends within it become question marks. False when the report cannot be written.
-bool AppendToReport(const app::AppContext& context, std::string_view line);
+bool appendToReport(const app::AppContext& context, std::string_view line);
 
 }  // namespace exiftool

@@ -46,7 +46,7 @@ std::string dateText(const QDateTime& now) {
 
 }  // namespace
 
-fs::path SafetyCopyPath(const fs::path& file, const fs::path& cachePath, const SafetyCopies& settings,
+fs::path safetyCopyPath(const fs::path& file, const fs::path& cachePath, const SafetyCopies& settings,
                         const QDateTime& now) {
     const SplitPath parts = split(file);
     const std::string mark = settings.SafetyCopyDated != 0 ? dateText(now) : "sav";
@@ -59,7 +59,7 @@ QString MakeSafetyCopy(const fs::path& file, const fs::path& cachePath, const Sa
     // Its result does not matter: without the folder the copy fails and says why.
     fs::create_directories(targetFolder(split(whole), cachePath, settings), error);
     const int failure =
-        platform::copyFile(whole, SafetyCopyPath(whole, cachePath, settings, QDateTime::currentDateTime()));
+        platform::copyFile(whole, safetyCopyPath(whole, cachePath, settings, QDateTime::currentDateTime()));
     if (failure == 0) return {};
     return QStringLiteral("CopyFile failed with error %1: %2")
         .arg(QString::number(failure), platform::wide(std::system_category().message(failure)));

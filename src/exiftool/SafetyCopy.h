@@ -21,7 +21,7 @@ struct SafetyCopies {
 /// The name of the file's copy: "<base>-sav<extension>", or with the date and time in the user's short format
 /// for "sav". The folder is put together as text, so that the base name stands right behind the last letter
 /// of a folder that ends in no separator ("/photos//sava-sav.jpg" beside "/photos/a.jpg").
-std::filesystem::path SafetyCopyPath(const std::filesystem::path& file,
+std::filesystem::path safetyCopyPath(const std::filesystem::path& file,
                                      const std::filesystem::path& cachePath, const SafetyCopies& settings,
                                      const QDateTime& now);
 

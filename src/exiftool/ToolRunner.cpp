@@ -103,7 +103,7 @@ int ToolRunner::RunToolLine(const CommandText& command) {
     return runWritten(context_.tempPath / kCommonBatchFile, command);
 }
 
-int ToolRunner::RunBatchFile(const fs::path& batchFile, const CommandText& command) {
+int ToolRunner::runBatchFile(const fs::path& batchFile, const CommandText& command) {
     const int result = runWritten(batchFile, command);
     std::error_code ignored;
     fs::remove(batchFile, ignored);
@@ -113,19 +113,19 @@ int ToolRunner::RunBatchFile(const fs::path& batchFile, const CommandText& comma
 int ToolRunner::RunOnFile(const fs::path& file, const CommandText& arguments) {
     outcome_ = {};
     if (file.empty()) return 0;
-    CopyForSafety(file);
-    CommandText command = ToolStartWithLanguage(context_).literal(" ").append(arguments).literal(" \"");
-    command.outside(FileWord(file)).literal("\" 2>>\"").outside(platform::narrow(context_.reportFile));
+    copyForSafety(file);
+    CommandText command = toolStartWithLanguage(context_).literal(" ").append(arguments).literal(" \"");
+    command.outside(fileWord(file)).literal("\" 2>>\"").outside(platform::narrow(context_.reportFile));
     command.literal("\"");
     const LeftoverRemover remover(file);
-    const std::uintmax_t sizeBefore = ReportSize(context_);
-    const int result = RunBatchFile(context_.tempPath / kWriteBatchFile, command);
+    const std::uintmax_t sizeBefore = reportSize(context_);
+    const int result = runBatchFile(context_.tempPath / kWriteBatchFile, command);
     tellReport(file, sizeBefore);
     if (wasCut()) remover.removeLeftover();
     return result;
 }
 
-int ToolRunner::RunWriteLine(const std::vector<fs::path>& files, const CommandText& command) {
+int ToolRunner::runWriteLine(const std::vector<fs::path>& files, const CommandText& command) {
     const std::vector<LeftoverRemover> removers(files.begin(), files.end());
     const int result = RunToolLine(command);
     if (wasCut()) {
@@ -145,8 +145,8 @@ int ToolRunner::RunHidden(const CommandText& command) {
     return run(command, {context_.exifToolPath, context_.ffmpegPath, context_.imageMagickPath});
 }
 
-int ToolRunner::RunHiddenOnFile(const fs::path& file, const CommandText& command) {
-    const std::uintmax_t sizeBefore = ReportSize(context_);
+int ToolRunner::runHiddenOnFile(const fs::path& file, const CommandText& command) {
+    const std::uintmax_t sizeBefore = reportSize(context_);
     const int result = RunHidden(command);
     tellReport(file, sizeBefore);
     return result;
@@ -162,13 +162,13 @@ FileList ToolRunner::WriteFileList(const std::vector<fs::path>& files) {
     std::string lines;
     std::string refusals;
     for (const fs::path& file : files) {
-        const std::string word = file.empty() ? std::string() : FileWord(file);
+        const std::string word = file.empty() ? std::string() : fileWord(file);
         if (!canStandOnLine(word)) {
             list.refused.push_back(file);
             refusals += refusalLine(word);
             continue;
         }
-        CopyForSafety(file);
+        copyForSafety(file);
         lines.append(word).append("\r\n");
         ++list.listed;
     }
@@ -178,19 +178,19 @@ FileList ToolRunner::WriteFileList(const std::vector<fs::path>& files) {
     return list;
 }
 
-void ToolRunner::CopyForSafety(const fs::path& file) const {
+void ToolRunner::copyForSafety(const fs::path& file) const {
     if (safetyCopies_.SafetyCopyEnabled == 0) return;
     const QString failure = MakeSafetyCopy(file, context_.cachePath, safetyCopies_);
     if (!failure.isEmpty() && safetyCopyFailed_) safetyCopyFailed_(failure);
 }
 
 void ToolRunner::tellReport(const fs::path& file, std::uintmax_t sizeBefore) {
-    const bool hasGrown = ReportSize(context_) > sizeBefore;
+    const bool hasGrown = reportSize(context_) > sizeBefore;
     std::string problem = outcome_.lines.empty() ? "The command could not be written" : std::string();
     for (const platform::LineOutcome& line : outcome_.lines) problem += problemOf(line, hasGrown);
     if (problem.empty()) return;
     const std::string told = "Error: " + problem + " - " + platform::narrow(file);
-    if (!AppendToReport(context_, told)) untold_ += told + '\n';
+    if (!appendToReport(context_, told)) untold_ += told + '\n';
 }
 
 int ToolRunner::runWritten(const fs::path& batchFile, const CommandText& command) {

@@ -60,7 +60,7 @@ class ToolRunner {
     int RunToolLine(const platform::CommandText& command);
 
     /// Writes the batch file, runs it and deletes it in either case. The same answer.
-    int RunBatchFile(const std::filesystem::path& batchFile, const platform::CommandText& command);
+    int runBatchFile(const std::filesystem::path& batchFile, const platform::CommandText& command);
 
     /// The road of all writes of one file: a safety copy first when they are on, then by way of
     /// <temp>/MetaData.bat the line `"<tool>" -lang <lang> <arguments> "<file>" 2>>"<report>"`. What ExifTool
@@ -70,13 +70,13 @@ class ToolRunner {
 
     /// RunToolLine for a line that writes these files: a half-written one of a run that was cut is removed,
     /// as RunOnFile does. Makes no safety copies.
-    int RunWriteLine(const std::vector<std::filesystem::path>& files, const platform::CommandText& command);
+    int runWriteLine(const std::vector<std::filesystem::path>& files, const platform::CommandText& command);
 
     /// Runs a line without a batch file; the same answer.
     int RunHidden(const platform::CommandText& command);
 
     /// RunHidden for a line that works on this file and leads its error stream to the report.
-    int RunHiddenOnFile(const std::filesystem::path& file, const platform::CommandText& command);
+    int runHiddenOnFile(const std::filesystem::path& file, const platform::CommandText& command);
 
     /// What the report should say of the runs on files since the last call but could not, because it cannot
     /// be written; one line a run. An operation that leaves neither report nor this went well.
@@ -97,7 +97,7 @@ class ToolRunner {
 
     /// A copy of the file under the settings, if they are on, for the roads that do not pass through
     /// RunOnFile.
-    void CopyForSafety(const std::filesystem::path& file) const;
+    void copyForSafety(const std::filesystem::path& file) const;
 
  private:
     bool wasCut() const;

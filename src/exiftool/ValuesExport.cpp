@@ -28,16 +28,16 @@ constexpr auto kExports = std::to_array<ValuesExport>({
 
 }  // namespace
 
-std::span<const ValuesExport> ValuesExports() {
+std::span<const ValuesExport> valuesExports() {
     return kExports;
 }
 
-const ValuesExport* FindValuesExport(app::CommandId command) {
+const ValuesExport* findValuesExport(app::CommandId command) {
     const auto* found = std::ranges::find(kExports, command, &ValuesExport::command);
     return found == kExports.end() ? nullptr : found;
 }
 
-fs::path ExportTarget(const fs::path& file, const ValuesExport& format) {
+fs::path exportTarget(const fs::path& file, const ValuesExport& format) {
     fs::path target = file;
     target.replace_extension(format.extension);
     std::error_code error;
@@ -47,13 +47,13 @@ fs::path ExportTarget(const fs::path& file, const ValuesExport& format) {
     return target;
 }
 
-CommandText ExportFileWord(const fs::path& file) {
-    return CommandText("\"").outside(FileWord(file)).literal("\"");
+CommandText exportFileWord(const fs::path& file) {
+    return CommandText("\"").outside(fileWord(file)).literal("\"");
 }
 
-CommandText ExportOutputWord(const app::AppContext& context, const fs::path& output) {
+CommandText exportOutputWord(const app::AppContext& context, const fs::path& output) {
     CommandText word = CommandText("\"").outside(platform::narrow(output)).literal("\"");
-    if (context.settings.exifTool.correctedCommands) word.append(ReportBehind(context));
+    if (context.settings.exifTool.correctedCommands) word.append(reportBehind(context));
     return word;
 }
 

@@ -18,18 +18,18 @@ struct ValuesExport {
 };
 
 /// In the order in which a menu offers them.
-std::span<const ValuesExport> ValuesExports();
+std::span<const ValuesExport> valuesExports();
 
 /// Null for a command that is none.
-const ValuesExport* FindValuesExport(app::CommandId command);
+const ValuesExport* findValuesExport(app::CommandId command);
 
 /// Beside the file, with its base name and the extension. Where that is the file itself, the extension goes
 /// behind the whole name.
-std::filesystem::path ExportTarget(const std::filesystem::path& file, const ValuesExport& format);
+std::filesystem::path exportTarget(const std::filesystem::path& file, const ValuesExport& format);
 
 /// The two words that ExportValues takes: the file in quotes, and the output in quotes. The corrected form
 /// leads what ExifTool complains of to the report.
-platform::CommandText ExportFileWord(const std::filesystem::path& file);
-platform::CommandText ExportOutputWord(const app::AppContext& context, const std::filesystem::path& output);
+platform::CommandText exportFileWord(const std::filesystem::path& file);
+platform::CommandText exportOutputWord(const app::AppContext& context, const std::filesystem::path& output);
 
 }  // namespace exiftool

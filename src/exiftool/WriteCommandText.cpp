@@ -37,7 +37,7 @@ bool isEscapeSequence(int tagId, const CommandText& value) {
 
 }  // namespace
 
-CommandText RemoveFamilyArguments(const app::AppContext& context, int commandId) {
+CommandText removeFamilyArguments(const app::AppContext& context, int commandId) {
     const app::Settings::ExifTool& settings = context.settings.exifTool;
     CommandText arguments(fragments::kIgnoreMinorErrors);
     const auto* const row =
@@ -50,7 +50,7 @@ CommandText RemoveFamilyArguments(const app::AppContext& context, int commandId)
     return arguments;
 }
 
-CommandText CopyTagsCommand(const app::AppContext& context, CopiedFamilies families, const fs::path& source,
+CommandText copyTagsCommand(const app::AppContext& context, CopiedFamilies families, const fs::path& source,
                             const fs::path& target) {
     const bool corrected = context.settings.exifTool.correctedCommands;
     CommandText chosen;
@@ -58,21 +58,21 @@ CommandText CopyTagsCommand(const app::AppContext& context, CopiedFamilies famil
     if (families.exif) chosen.literal(corrected ? "-EXIF:All " : "-EXIF ");
     if (families.iptc) chosen.literal(corrected ? "-IPTC:All " : "-IPTC ");
     if (families.xmp) chosen.literal(corrected ? "-XMP:All " : "-XMP ");
-    CommandText command = ToolStart(context);
+    CommandText command = toolStart(context);
     if (!corrected) command.append(chosen);
-    command.literal("-tagsfromfile \"").outside(FileWord(source)).literal("\" ");
+    command.literal("-tagsfromfile \"").outside(fileWord(source)).literal("\" ");
     if (corrected) command.append(chosen).literal(fragments::kFileNameCharset);
-    command.literal("\"").outside(FileWord(target)).literal("\"");
+    command.literal("\"").outside(fileWord(target)).literal("\"");
     if (corrected) command.literal(" 2>>\"").outside(platform::narrow(context.reportFile)).literal("\"");
     return command;
 }
 
-CommandText SingleValueCommand(const app::AppContext& context, const fs::path& file, int tagId,
+CommandText singleValueCommand(const app::AppContext& context, const fs::path& file, int tagId,
                                std::string_view tagName, const CommandText& value) {
-    CommandText command = ToolStart(context).literal("-");
+    CommandText command = toolStart(context).literal("-");
     command.outside(tagName).literal("=").literal(isEscapeSequence(tagId, value) ? "\"ESC " : "\"");
     command.append(value).literal("\" ").literal(fragments::kOverwriteOriginal);
-    command.literal(fragments::kFileNameCharset).literal("\"").outside(FileWord(file)).literal("\"");
+    command.literal(fragments::kFileNameCharset).literal("\"").outside(fileWord(file)).literal("\"");
     return command;
 }
 

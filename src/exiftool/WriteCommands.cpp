@@ -8,7 +8,7 @@ WriteCommands::WriteCommands(const app::AppContext& context, ToolRunner& runner)
     : context_(context), runner_(runner) {}
 
 bool WriteCommands::RemoveFamilyFromSelection(int commandId, const std::vector<fs::path>& files) {
-    const platform::CommandText arguments = RemoveFamilyArguments(context_, commandId);
+    const platform::CommandText arguments = removeFamilyArguments(context_, commandId);
     bool wereRun = true;
     for (const fs::path& file : files) {
         if (runner_.RunOnFile(file, arguments) == 0) wereRun = false;
@@ -22,7 +22,7 @@ bool WriteCommands::CopyTagsFromFile(CopiedFamilies families, const fs::path& so
     if (files.empty() || !(families.exif || families.iptc || families.xmp)) return false;
     bool wereRun = true;
     for (const fs::path& file : files) {
-        if (runner_.RunWriteLine({file}, CopyTagsCommand(context_, families, source, file)) == 0)
+        if (runner_.runWriteLine({file}, copyTagsCommand(context_, families, source, file)) == 0)
             wereRun = false;
         if (runner_.wasStopped()) break;
     }
@@ -32,7 +32,7 @@ bool WriteCommands::CopyTagsFromFile(CopiedFamilies families, const fs::path& so
 int WriteCommands::WriteSingleValue(const fs::path& file, int tagId, std::string_view tagName,
                                     const platform::CommandText& value) {
     if (file.empty() || tagName.empty()) return 0;
-    return runner_.RunWriteLine({file}, SingleValueCommand(context_, file, tagId, tagName, value));
+    return runner_.runWriteLine({file}, singleValueCommand(context_, file, tagId, tagName, value));
 }
 
 }  // namespace exiftool

@@ -30,7 +30,7 @@ inline constexpr std::string_view kWithoutFile = "-x FILE:All ";
 
 /// What removes the family that the command of this number names, with the fragments that the settings ask
 /// for. A number without a family gives the fragments alone, which remove nothing.
-platform::CommandText RemoveFamilyArguments(const app::AppContext& context, int commandId);
+platform::CommandText removeFamilyArguments(const app::AppContext& context, int commandId);
 
 struct CopiedFamilies {
     bool exif = false;
@@ -38,13 +38,13 @@ struct CopiedFamilies {
     bool xmp = false;
 };
 
-platform::CommandText CopyTagsCommand(const app::AppContext& context, CopiedFamilies families,
+platform::CommandText copyTagsCommand(const app::AppContext& context, CopiedFamilies families,
                                       const std::filesystem::path& source,
                                       const std::filesystem::path& target);
 
 /// An edit in a list column. tagName is ExifTool's, without its hyphen; an empty value deletes the tag. The
 /// value's pieces keep the origin that the caller gives them.
-platform::CommandText SingleValueCommand(const app::AppContext& context, const std::filesystem::path& file,
+platform::CommandText singleValueCommand(const app::AppContext& context, const std::filesystem::path& file,
                                          int tagId, std::string_view tagName,
                                          const platform::CommandText& value);
 

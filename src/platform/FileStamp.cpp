@@ -4,7 +4,7 @@
 
 namespace platform {
 
-FileStamp StampOf(const std::filesystem::path& file) {
+FileStamp stampOf(const std::filesystem::path& file) {
     struct stat now {};
     if (::stat(file.c_str(), &now) != 0) return {};
     return {now.st_dev, now.st_ino, now.st_size, now.st_mtim.tv_sec, now.st_mtim.tv_nsec};

@@ -19,6 +19,6 @@ struct FileStamp {
 };
 
 /// Follows links.
-FileStamp StampOf(const std::filesystem::path& file);
+FileStamp stampOf(const std::filesystem::path& file);
 
 }  // namespace platform

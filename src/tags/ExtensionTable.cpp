@@ -44,7 +44,7 @@ std::span<const ExtensionRecord> ExtensionTable() {
     return kExtensions;
 }
 
-const ExtensionRecord* FindExtension(const std::filesystem::path& file) {
+const ExtensionRecord* findExtension(const std::filesystem::path& file) {
     std::string extension = file.extension().native();
     std::ranges::transform(extension, extension.begin(), lower);
     const auto* const found =

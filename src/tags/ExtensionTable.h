@@ -29,6 +29,6 @@ struct ExtensionRecord {
 std::span<const ExtensionRecord> ExtensionTable();
 
 /// The row of the file's extension, whatever its case; null when there is none or the name has no extension.
-const ExtensionRecord* FindExtension(const std::filesystem::path& file);
+const ExtensionRecord* findExtension(const std::filesystem::path& file);
 
 }  // namespace tags

@@ -92,7 +92,7 @@ struct FoldedEqual {
 
 }  // namespace
 
-std::span<const GroupEntry> GroupTable() {
+std::span<const GroupEntry> groupTable() {
     return kGroups;
 }
 
@@ -108,7 +108,7 @@ std::optional<std::uint32_t> FindGroup(QStringView bracketedToken) {
     return found->second;
 }
 
-QString GroupName(std::uint32_t position) {
+QString groupName(std::uint32_t position) {
     if (position >= kGroupCount) return {};
     const std::u16string_view key = kGroups[position].key;
     return QString::fromUtf16(key.data() + 1, static_cast<qsizetype>(key.size() - 2));
@@ -118,19 +118,19 @@ GroupImage GroupIconClass(std::uint32_t position) {
     return valueAt(kImages, position, GroupImage::Other);
 }
 
-GroupGate GroupGateOf(std::uint32_t groupId) {
+GroupGate groupGateOf(std::uint32_t groupId) {
     return valueAt(kGates, groupId, GroupGate::None);
 }
 
-bool GroupHasRows(std::uint32_t groupId) {
+bool groupHasRows(std::uint32_t groupId) {
     return groupId < kGroupCount &&
            std::ranges::find(kGroupsWithoutRows, groupId) == std::end(kGroupsWithoutRows);
 }
 
 bool GroupIsShown(std::uint32_t groupId, const app::Settings& settings) {
-    if (!GroupHasRows(groupId)) return false;
+    if (!groupHasRows(groupId)) return false;
     const app::Settings::MetadataList& shown = settings.metadataList;
-    switch (GroupGateOf(groupId)) {
+    switch (groupGateOf(groupId)) {
         case GroupGate::None:
             return true;
         case GroupGate::Exif:
@@ -151,8 +151,8 @@ bool GroupIsShown(std::uint32_t groupId, const app::Settings& settings) {
     return true;
 }
 
-bool GroupShowsCount(std::uint32_t groupId) {
-    return GroupHasRows(groupId) &&
+bool groupShowsCount(std::uint32_t groupId) {
+    return groupHasRows(groupId) &&
            std::ranges::find(kGroupsWithoutCount, groupId) == std::end(kGroupsWithoutCount);
 }
 

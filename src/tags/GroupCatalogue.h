@@ -27,27 +27,27 @@ struct GroupEntry {
 };
 
 /// The 330 rows in table order.
-std::span<const GroupEntry> GroupTable();
+std::span<const GroupEntry> groupTable();
 
 /// The GroupId of a bracketed token such as "[IFD0]", blind to case; the first row in table order that
 /// matches. Nothing when the catalogue lacks it. Cost: a hash look-up.
 std::optional<std::uint32_t> FindGroup(QStringView bracketedToken);
 
 /// The name of the row at that position, without brackets.
-QString GroupName(std::uint32_t position);
+QString groupName(std::uint32_t position);
 
 GroupImage GroupIconClass(std::uint32_t position);
 
 /// The gate of a GroupId.
-GroupGate GroupGateOf(std::uint32_t groupId);
+GroupGate groupGateOf(std::uint32_t groupId);
 
 /// False for the GroupIds whose rows are dropped whatever the settings.
-bool GroupHasRows(std::uint32_t groupId);
+bool groupHasRows(std::uint32_t groupId);
 
 /// Whether the show settings let rows of the GroupId through.
 bool GroupIsShown(std::uint32_t groupId, const app::Settings& settings);
 
 /// Whether the header of the group shows how many rows it has.
-bool GroupShowsCount(std::uint32_t groupId);
+bool groupShowsCount(std::uint32_t groupId);
 
 }  // namespace tags

@@ -105,7 +105,7 @@ struct ValueLine {
 
 QString valueLine(std::string_view bytes) {
     QString line = platform::wide(bytes);
-    ShortenBinaryHint(line);
+    shortenBinaryHint(line);
     return line;
 }
 
@@ -121,7 +121,7 @@ std::optional<ValueLine> splitValueLine(QStringView line) {
 
 }  // namespace
 
-void ShortenBinaryHint(QString& line) {
+void shortenBinaryHint(QString& line) {
     if (line.size() < kShortestBinaryLine) return;
     const qsizetype hint = line.indexOf(kBinaryHint);
     if (hint < 0) return;
@@ -129,7 +129,7 @@ void ShortenBinaryHint(QString& line) {
     line += u')';
 }
 
-OutputLine SplitOutputLine(QStringView line) {
+OutputLine splitOutputLine(QStringView line) {
     OutputLine parts;
     QStringView rest = line;
     parts.group = takeToken(rest);
@@ -140,7 +140,7 @@ OutputLine SplitOutputLine(QStringView line) {
     return parts;
 }
 
-int LeadingInteger(QStringView text) {
+int leadingInteger(QStringView text) {
     qsizetype at = 0;
     while (at < text.size() && text[at].isSpace()) ++at;
     bool negative = false;
@@ -156,8 +156,8 @@ OutputParser::OutputParser(const TagDictionary& dictionary, const app::Settings&
                            RatingMemory& memory, RatingLog& log)
     : dictionary_(dictionary), settings_(settings), memory_(memory), log_(log) {}
 
-void OutputParser::Begin() {
-    memory_.Clear();
+void OutputParser::begin() {
+    memory_.clear();
     counts_.fill(0);
     extraGroups_.clear();
     extraCounts_.clear();
@@ -168,16 +168,16 @@ bool OutputParser::ParseExifToolOutput(const std::filesystem::path& outputFile,
     LineReader reader(outputFile);
     if (!reader.isOpen()) return false;
     reader.forEachLine([&](std::string_view line) {
-        ParseLine(line, insert);
+        parseLine(line, insert);
         return true;
     });
     return true;
 }
 
-void OutputParser::ParseLine(std::string_view bytes, const InsertMetadataRow& insert) {
+void OutputParser::parseLine(std::string_view bytes, const InsertMetadataRow& insert) {
     QString text = platform::wide(bytes);
-    ShortenBinaryHint(text);
-    const OutputLine line = SplitOutputLine(text);
+    shortenBinaryHint(text);
+    const OutputLine line = splitOutputLine(text);
     const std::optional<Place> place = placeOf(line);
     if (!place) return;
 
@@ -190,7 +190,7 @@ void OutputParser::ParseLine(std::string_view bytes, const InsertMetadataRow& in
     row.id = (line.id.startsWith(u'-') ? line.id : line.id.mid(2)).left(kLongestId).toString();
     if (row.tagId != kUnknownTag) noteRating(place->groupId, line.tag, line.value);
     if (row.tagId != kUnknownTag && line.tag == u"Rating")
-        row.stars = line.value.isEmpty() ? 1 : LeadingInteger(line.value);
+        row.stars = line.value.isEmpty() ? 1 : leadingInteger(line.value);
     else
         row.value = line.value.toString();
     insert(std::move(row));
@@ -222,7 +222,7 @@ std::optional<OutputParser::Place> OutputParser::placeWithoutRecord(const Output
 
 /// A group that has no rows of its own shows them nevertheless where nothing is to be hidden.
 bool OutputParser::isHidden(std::uint32_t groupId) const {
-    if (!GroupHasRows(groupId)) return !settings_.metadataList.showUnknown;
+    if (!groupHasRows(groupId)) return !settings_.metadataList.showUnknown;
     return !GroupIsShown(groupId, settings_);
 }
 
@@ -240,7 +240,7 @@ QString OutputParser::groupName(std::uint32_t groupId) const {
     if (groupId >= kGroupCount) return extraGroups_[static_cast<qsizetype>(groupId) - kGroupCount];
     static const std::vector<QString> names = [] {
         std::vector<QString> byId(kGroupCount);
-        for (const GroupEntry& entry : GroupTable())
+        for (const GroupEntry& entry : groupTable())
             byId[entry.groupId] = withoutBrackets(QStringView(entry.key)).toString();
         return byId;
     }();
@@ -253,15 +253,15 @@ int OutputParser::nextItemIndex(std::uint32_t groupId) {
     return counts_[groupId]++;
 }
 
-int OutputParser::GroupCount(std::uint32_t groupId) const {
+int OutputParser::groupCount(std::uint32_t groupId) const {
     if (groupId < kGroupCount) return counts_[groupId];
     const std::size_t extra = groupId - kGroupCount;
     return extra < extraCounts_.size() ? extraCounts_[extra] : 0;
 }
 
-void OutputParser::ForEachShownCount(const std::function<void(std::uint32_t, int)>& call) const {
+void OutputParser::forEachShownCount(const std::function<void(std::uint32_t, int)>& call) const {
     for (std::uint32_t groupId = 0; groupId < kGroupCount; ++groupId)
-        if (counts_[groupId] > 0 && GroupShowsCount(groupId)) call(groupId, counts_[groupId]);
+        if (counts_[groupId] > 0 && groupShowsCount(groupId)) call(groupId, counts_[groupId]);
     for (std::size_t extra = 0; extra < extraCounts_.size(); ++extra)
         call(static_cast<std::uint32_t>(kGroupCount + extra), extraCounts_[extra]);
 }
@@ -270,7 +270,7 @@ void OutputParser::noteRating(std::uint32_t groupId, QStringView tag, QStringVie
     if (!startsWithoutCase(tag, u"Rating")) return;
     for (const RatingSource& source : ratingSources()) {
         if (source.groupId != groupId) continue;
-        const int rating = LeadingInteger(value);
+        const int rating = leadingInteger(value);
         if (source.tagId == kIfd0Rating && tag.size() != 6) return;
         memory_.Store(source.tagId, rating);
         if (source.tagId == kIptcExtRating && startsWithoutCase(tag, u"RatingValue")) {
@@ -297,7 +297,7 @@ QString FindTagValue(const std::filesystem::path& outputFile, QStringView group,
     return found;
 }
 
-bool ForEachTagValue(const std::filesystem::path& outputFile,
+bool forEachTagValue(const std::filesystem::path& outputFile,
                      const std::function<void(QStringView, QStringView, QStringView)>& call) {
     LineReader reader(outputFile);
     if (!reader.isOpen()) return false;
@@ -310,7 +310,7 @@ bool ForEachTagValue(const std::filesystem::path& outputFile,
     return true;
 }
 
-std::optional<QString> ReadReport(const std::filesystem::path& reportFile,
+std::optional<QString> readReport(const std::filesystem::path& reportFile,
                                   const std::filesystem::path& cleanedCopy) {
     std::error_code error;
     const auto size = std::filesystem::file_size(reportFile, error);

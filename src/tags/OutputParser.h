@@ -42,14 +42,14 @@ struct OutputLine {
 
 /// Cuts the hint on how to extract binary data: "(Binary data 12 bytes, use -b option to extract)" becomes
 /// "(Binary data 12 bytes)". Lines under eight characters stay as they are.
-void ShortenBinaryHint(QString& line);
+void shortenBinaryHint(QString& line);
 
 /// Splits at blanks; what is missing is empty.
-OutputLine SplitOutputLine(QStringView line);
+OutputLine splitOutputLine(QStringView line);
 
 /// The leading integer of a text, after blanks and with a sign, as the platform's conversion reads it; 0
 /// without one.
-int LeadingInteger(QStringView text);
+int leadingInteger(QStringView text);
 
 /// Turns what ExifTool printed about one file into rows. Looks up group and tag, drops what the show settings
 /// hide, counts, and notes ratings. GUI thread; keeps references to what it is given.
@@ -61,23 +61,23 @@ class OutputParser {
                  RatingLog& log);
 
     /// Starts a load: all counters 0, the rating memory cleared, extra groups forgotten.
-    void Begin();
+    void begin();
 
     /// False when the file cannot be opened. Rows arrive in the order of the lines.
     bool ParseExifToolOutput(const std::filesystem::path& outputFile, const InsertMetadataRow& insert);
 
     /// One line of bytes (UTF-8) without its LF.
-    void ParseLine(std::string_view bytes, const InsertMetadataRow& insert);
+    void parseLine(std::string_view bytes, const InsertMetadataRow& insert);
 
     /// The counters of the catalogue's groups and, behind them, of the extra ones.
-    int GroupCount(std::uint32_t groupId) const;
+    int groupCount(std::uint32_t groupId) const;
 
     /// Groups that the catalogue lacks, in the order met; the first has the id kGroupCount. Only with
     /// ShowUnknown.
     const QStringList& extraGroups() const { return extraGroups_; }
 
     /// Calls back for each group whose header shows a count, with a counter above 0; in catalogue order.
-    void ForEachShownCount(const std::function<void(std::uint32_t groupId, int count)>& call) const;
+    void forEachShownCount(const std::function<void(std::uint32_t groupId, int count)>& call) const;
 
  private:
     struct Place {
@@ -107,13 +107,13 @@ QString FindTagValue(const std::filesystem::path& outputFile, QStringView group,
 
 /// Calls back for every line of such an output, in order: group without its brackets. False when the file
 /// cannot be opened.
-bool ForEachTagValue(
+bool forEachTagValue(
     const std::filesystem::path& outputFile,
     const std::function<void(QStringView group, QStringView tagName, QStringView value)>& call);
 
 /// What a batch left in its report, without the headings ExifTool writes over each file. Absent: the report
 /// is missing or empty, and nothing was wrong.
-std::optional<QString> ReadReport(const std::filesystem::path& reportFile,
+std::optional<QString> readReport(const std::filesystem::path& reportFile,
                                   const std::filesystem::path& cleanedCopy);
 
 }  // namespace tags

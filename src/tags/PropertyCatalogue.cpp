@@ -1,6 +1,6 @@
 #include "tags/PropertyCatalogue.h"
 
-#include "platform/PropertyId.h"
+#include "properties/PropertyId.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -8,7 +8,7 @@
 namespace tags {
 namespace {
 
-using Id = platform::PropertyId;
+using Id = properties::PropertyId;
 
 constexpr int kNameWidth = 250;
 
@@ -19,7 +19,7 @@ constexpr std::uint32_t number(Id property) {
 constexpr std::array kRows{std::to_array<PropertyRecord>({
 #include "tags/data/PropertyRows.inc"
 })};
-static_assert(kRows.size() == platform::kPropertyCount);
+static_assert(kRows.size() == properties::kPropertyCount);
 
 }  // namespace
 
@@ -45,12 +45,12 @@ const PropertyRecord* PropertyCatalogue::FindProperty(std::uint32_t propertyId) 
     return found == records_.end() ? nullptr : &*found;
 }
 
-const PropertyRecord* PropertyCatalogue::FindColumn(std::uint32_t columnType) const {
+const PropertyRecord* PropertyCatalogue::findColumn(std::uint32_t columnType) const {
     const auto found = std::ranges::find(records_, columnType, &PropertyRecord::columnType);
     return found == records_.end() ? nullptr : &*found;
 }
 
-PropertyRecord* PropertyCatalogue::FindColumn(std::uint32_t columnType) {
+PropertyRecord* PropertyCatalogue::findColumn(std::uint32_t columnType) {
     const auto found = std::ranges::find(records_, columnType, &PropertyRecord::columnType);
     return found == records_.end() ? nullptr : &*found;
 }
@@ -82,11 +82,11 @@ std::vector<PropertyRecord*> PropertyCatalogue::visibleRecords() {
 }
 
 void PropertyCatalogue::setWidth(std::uint32_t columnType, int widthPixels) {
-    if (PropertyRecord* record = FindColumn(columnType)) record->width = widthPixels;
+    if (PropertyRecord* record = findColumn(columnType)) record->width = widthPixels;
 }
 
 void PropertyCatalogue::setVisible(std::uint32_t columnType, bool visible) {
-    if (PropertyRecord* record = FindColumn(columnType)) record->visible = visible ? 1 : 0;
+    if (PropertyRecord* record = findColumn(columnType)) record->visible = visible ? 1 : 0;
     records_.front().visible = 1;
 }
 

@@ -80,8 +80,8 @@ class PropertyCatalogue {
 
     /// The first row of that number, or null.
     const PropertyRecord* FindProperty(std::uint32_t propertyId) const;
-    PropertyRecord* FindColumn(std::uint32_t columnType);
-    const PropertyRecord* FindColumn(std::uint32_t columnType) const;
+    PropertyRecord* findColumn(std::uint32_t columnType);
+    const PropertyRecord* findColumn(std::uint32_t columnType) const;
 
     /// The rows shown as columns, in catalogue order.
     std::vector<const PropertyRecord*> visibleRecords() const;

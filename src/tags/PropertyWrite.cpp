@@ -1,6 +1,6 @@
 #include "tags/PropertyWrite.h"
 
-#include "platform/PropertyStore.h"
+#include "properties/PropertyStore.h"
 #include "tags/PropertyCatalogue.h"
 
 #include <algorithm>
@@ -14,8 +14,8 @@ constexpr std::uint32_t kFirstPropertyGroup = 330;
 constexpr std::uint32_t kLastPropertyGroup = 339;
 constexpr std::uint32_t kGroupInBetween = 333;  // belongs to ExifTool
 
-constexpr platform::PropertyId kTimes[] = {platform::PropertyId::PhotoDateTaken,
-                                           platform::PropertyId::TextDateSaved};
+constexpr properties::PropertyId kTimes[] = {properties::PropertyId::PhotoDateTaken,
+                                             properties::PropertyId::TextDateSaved};
 
 }  // namespace
 
@@ -24,17 +24,17 @@ bool isPropertyGroup(std::uint32_t groupId) {
     return groupId >= kFirstPropertyGroup && groupId <= kLastPropertyGroup && groupId != kGroupInBetween;
 }
 
-std::optional<platform::PropertyResult> WriteProperty(const std::filesystem::path& file,
-                                                      const PropertyWrite& write) {
+std::optional<properties::PropertyResult> WriteProperty(const std::filesystem::path& file,
+                                                        const PropertyWrite& write) {
     const auto row = std::ranges::find(propertyRows(), write.propertyNumber, &PropertyRecord::propertyId);
     if (row == propertyRows().end() || row->pid == 0) return std::nullopt;
-    platform::PropertyStore store(file);
+    properties::PropertyStore store(file);
     if (!store.isOpen()) return std::nullopt;
-    const auto property = static_cast<platform::PropertyId>(write.propertyNumber);
-    platform::PropertyValue value = write.value;
+    const auto property = static_cast<properties::PropertyId>(write.propertyNumber);
+    properties::PropertyValue value = write.value;
     if (std::ranges::find(kTimes, property) != std::end(kTimes)) value = write.time;
-    const platform::PropertyResult result = store.set(property, value);
-    return result == platform::PropertyResult::Ok ? store.commit() : result;
+    const properties::PropertyResult result = store.set(property, value);
+    return result == properties::PropertyResult::Ok ? store.commit() : result;
 }
 
 }  // namespace tags

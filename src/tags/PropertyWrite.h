@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/PropertyResult.h"
-#include "platform/PropertyValue.h"
+#include "properties/PropertyResult.h"
+#include "properties/PropertyValue.h"
 
 #include <QString>
 #include <cstdint>
@@ -24,7 +24,7 @@ bool isPropertyGroup(std::uint32_t groupId);
 /// Writes one property of a file. Nothing when that is not the store's business, so that ExifTool has to
 /// write: there is no regular file, no row of that number, or the row has no key. What to tell the user of a
 /// result says platform::propertyResultMessage.
-std::optional<platform::PropertyResult> WriteProperty(const std::filesystem::path& file,
-                                                      const PropertyWrite& write);
+std::optional<properties::PropertyResult> WriteProperty(const std::filesystem::path& file,
+                                                        const PropertyWrite& write);
 
 }  // namespace tags

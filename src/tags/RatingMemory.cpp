@@ -16,7 +16,7 @@ std::optional<std::size_t> slotOf(int tagId) {
 
 }  // namespace
 
-void RatingMemory::Clear() {
+void RatingMemory::clear() {
     const std::optional<int> sony = Rating(kSonyRating);
     values_.fill(0);
     Store(kSonyRating, sony.value_or(0));
@@ -43,10 +43,16 @@ void RatingLog::Append(int tagId, int rating) {
     entries_.erase(obsolete + 1 == entries_.end() ? entries_.begin() : obsolete);
 }
 
-int RatingLog::LastRating(int tagId) const {
+int RatingLog::lastRating(int tagId) const {
     const auto last = std::find_if(entries_.rbegin(), entries_.rend(),
                                    [tagId](const Entry& entry) { return entry.tagId == tagId; });
     return last == entries_.rend() ? 0 : last->rating;
+}
+
+int designedRatingSelection(QStringView value) {
+    static constexpr int kSelections[] = {0, 1, 2, 6, 4, 5};
+    if (value.isEmpty() || value[0] < u'1' || value[0] > u'5') return 0;
+    return kSelections[value[0].unicode() - u'0'];
 }
 
 }  // namespace tags

@@ -16,7 +16,7 @@ class RatingMemory {
  public:
     /// At the start of a load: every slot 0 but Sony's (6345), which keeps its value until the next Sony
     /// rating.
-    void Clear();
+    void clear();
     void Store(int tagId, int rating);
     /// Nothing for an id that has no slot.
     std::optional<int> Rating(int tagId) const;
@@ -38,11 +38,15 @@ class RatingLog {
 
     void Append(int tagId, int rating);
     /// The last rating of the tag, or 0.
-    int LastRating(int tagId) const;
+    int lastRating(int tagId) const;
     std::span<const Entry> entries() const { return entries_; }
 
  private:
     std::vector<Entry> entries_;
 };
+
+/// The rating that the first character of a value preselects: "3" gives 6, as it always has; everything but
+/// "1" to "5" gives 0.
+int designedRatingSelection(QStringView value);
 
 }  // namespace tags

@@ -27,7 +27,7 @@ PanelColour valueColour(const MetadataRow& row, const std::optional<TagRecord>& 
 
 }  // namespace
 
-RowAppearance AppearanceOf(const MetadataRow& row, const std::optional<TagRecord>& record,
+RowAppearance appearanceOf(const MetadataRow& row, const std::optional<TagRecord>& record,
                            const app::Settings::Colors& colours, const RatingMemory& memory) {
     RowAppearance look;
     look.tagColour = setting(colours.libelle);
@@ -41,12 +41,12 @@ RowAppearance AppearanceOf(const MetadataRow& row, const std::optional<TagRecord
     return look;
 }
 
-StarCounts StarsOf(int rating) {
+StarCounts starsOf(int rating) {
     const int filled = std::max(rating, 0);
     return {filled, std::max(kMostEmptyStars - filled, 0)};
 }
 
-QString KindIconName(ValueKind kind) {
+QString kindIconName(ValueKind kind) {
     switch (kind) {
         case ValueKind::Date:
             return QStringLiteral("kind-date");
@@ -66,11 +66,11 @@ QString KindIconName(ValueKind kind) {
     return {};
 }
 
-bool LooksLikeAddress(QStringView value) {
+bool looksLikeAddress(QStringView value) {
     return value.startsWith(u"com.") || value.startsWith(u"http") || value.startsWith(u"vnd.youtube");
 }
 
-QString GroupTitleWithCount(const QString& title, int count) {
+QString groupTitleWithCount(const QString& title, int count) {
     qsizetype end = title.indexOf(u'(');
     if (end < 0) end = title.size();
     if (end > 0 && end < title.size() && title[end - 1] == u' ') --end;

@@ -37,7 +37,7 @@ struct RowAppearance {
 };
 
 /// record: the first with the row's id, nothing when there is none.
-RowAppearance AppearanceOf(const MetadataRow& row, const std::optional<TagRecord>& record,
+RowAppearance appearanceOf(const MetadataRow& row, const std::optional<TagRecord>& record,
                            const app::Settings::Colors& colours, const RatingMemory& memory);
 
 /// Stars drawn for a rating: filled ones, then empty ones up to five in all; above five no empty ones.
@@ -45,15 +45,15 @@ struct StarCounts {
     int filled;
     int empty;
 };
-StarCounts StarsOf(int rating);
+StarCounts starsOf(int rating);
 
 /// The drawing that stands for a kind of value.
-QString KindIconName(ValueKind kind);
+QString kindIconName(ValueKind kind);
 
 /// Whether a value is offered to be opened as a web address.
-bool LooksLikeAddress(QStringView value);
+bool looksLikeAddress(QStringView value);
 
 /// The header of a group with its count: cut before the first "(" and a blank before that, then "%s (%d)".
-QString GroupTitleWithCount(const QString& title, int count);
+QString groupTitleWithCount(const QString& title, int count);
 
 }  // namespace tags

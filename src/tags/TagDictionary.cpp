@@ -66,7 +66,7 @@ int TagDictionary::FindTagId(std::uint32_t groupIndex, QStringView name) const {
     return -1;
 }
 
-int TagDictionary::FindTagIdByScan(std::uint32_t groupIndex, QStringView name) const {
+int TagDictionary::findTagIdByScan(std::uint32_t groupIndex, QStringView name) const {
     const std::u16string_view wanted = units(name);
     for (const TagRecord& record : records_) {
         if (record.groupIndex != groupIndex) continue;

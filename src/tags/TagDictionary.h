@@ -52,7 +52,7 @@ class TagDictionary {
     int FindTagId(std::uint32_t groupIndex, QStringView name) const;
 
     /// The plain scan over the whole table that FindTagId must agree with; for tests and benchmarks.
-    int FindTagIdByScan(std::uint32_t groupIndex, QStringView name) const;
+    int findTagIdByScan(std::uint32_t groupIndex, QStringView name) const;
 
     /// The rows that an add-tag picker offers: writable, not binary, of that category; in table order.
     std::vector<const TagRecord*> TagsOfCategory(std::uint32_t categoryId) const;

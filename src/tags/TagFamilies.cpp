@@ -43,23 +43,23 @@ constexpr TagFamily kFamilies[] = {
 
 }  // namespace
 
-std::span<const TagFamily> TagFamilies() {
+std::span<const TagFamily> tagFamilies() {
     return kFamilies;
 }
 
-const TagFamily* FindFamily(int number) {
+const TagFamily* findFamily(int number) {
     const auto found = std::ranges::find(kFamilies, number, &TagFamily::number);
     return found == std::end(kFamilies) ? nullptr : &*found;
 }
 
-bool FamilyHasCategory(const TagFamily& family, std::uint32_t categoryId) {
+bool familyHasCategory(const TagFamily& family, std::uint32_t categoryId) {
     return std::ranges::find(family.categories, categoryId) != family.categories.end();
 }
 
-std::vector<const TagRecord*> TagsOfFamily(const TagDictionary& dictionary, const TagFamily& family) {
+std::vector<const TagRecord*> tagsOfFamily(const TagDictionary& dictionary, const TagFamily& family) {
     std::vector<const TagRecord*> found;
     for (const TagRecord& record : dictionary.records()) {
-        if (FamilyHasCategory(family, record.categoryId)) found.push_back(&record);
+        if (familyHasCategory(family, record.categoryId)) found.push_back(&record);
     }
     return found;
 }

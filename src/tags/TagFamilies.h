@@ -18,14 +18,14 @@ struct TagFamily {
 };
 
 /// Families 1 to 11 in order.
-std::span<const TagFamily> TagFamilies();
+std::span<const TagFamily> tagFamilies();
 
 /// Null when there is no family of that number.
-const TagFamily* FindFamily(int number);
+const TagFamily* findFamily(int number);
 
-bool FamilyHasCategory(const TagFamily& family, std::uint32_t categoryId);
+bool familyHasCategory(const TagFamily& family, std::uint32_t categoryId);
 
 /// The rows of the family in table order, editable or not. The pointers live as long as the dictionary.
-std::vector<const TagRecord*> TagsOfFamily(const TagDictionary& dictionary, const TagFamily& family);
+std::vector<const TagRecord*> tagsOfFamily(const TagDictionary& dictionary, const TagFamily& family);
 
 }  // namespace tags

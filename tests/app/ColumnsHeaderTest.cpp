@@ -53,7 +53,7 @@ TEST(ColumnsHeader, LoadsWhatTheFileLists) {
     const support::TemporaryFolder folder;
     for (const LoadCase& row : kLoads) {
         SCOPED_TRACE(row.name);
-        support::WriteBytes(folder / "ColumnsHeader.ini", row.file);
+        support::writeBytes(folder / "ColumnsHeader.ini", row.file);
         Columns columns = catalogue();
         app::LoadColumns(folder / "ColumnsHeader.ini", columns);
         EXPECT_EQ(shown(columns), row.loaded);
@@ -87,9 +87,9 @@ TEST(ColumnsHeader, SavesTheWidthsThatTheListReports) {
 
 TEST(ColumnsHeader, WritesAFileThatComesBack) {
     const support::TemporaryFolder folder;
-    support::WriteBytes(folder / "ColumnsHeader.ini", std::string(5000, 'x'));
+    support::writeBytes(folder / "ColumnsHeader.ini", std::string(5000, 'x'));
     Columns columns = {{1, 333, true}, {5, 120, true}, {9, 60, false}};
-    EXPECT_FALSE(app::WriteColumnsFile(folder / "ColumnsHeader.ini", columns));
+    EXPECT_FALSE(app::writeColumnsFile(folder / "ColumnsHeader.ini", columns));
     Columns loaded = {{1, 0, false}, {5, 0, false}, {9, 0, false}};
     app::LoadColumns(folder / "ColumnsHeader.ini", loaded);
     EXPECT_EQ(shown(loaded), "1:250+ 5:120+ 9:0- ");
@@ -97,7 +97,7 @@ TEST(ColumnsHeader, WritesAFileThatComesBack) {
 
 TEST(ColumnsHeader, TellsWhyAFileCannotBeWritten) {
     Columns columns = catalogue();
-    EXPECT_EQ(app::WriteColumnsFile("/nowhere/ColumnsHeader.ini", columns),
+    EXPECT_EQ(app::writeColumnsFile("/nowhere/ColumnsHeader.ini", columns),
               std::errc::no_such_file_or_directory);
 }
 

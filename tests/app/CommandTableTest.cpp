@@ -10,14 +10,14 @@ namespace {
 TEST(CommandTable, EveryIdAndNameStandsOnce) {
     std::set<int> ids;
     std::set<std::string_view> names;
-    for (const app::Command& command : app::CommandTable()) {
+    for (const app::Command& command : app::commandTable()) {
         EXPECT_TRUE(ids.insert(command.id).second) << command.id;
         EXPECT_TRUE(names.insert(command.name).second) << command.name;
-        EXPECT_EQ(app::FindCommand(command.id), &command);
+        EXPECT_EQ(app::findCommand(command.id), &command);
     }
-    EXPECT_EQ(app::FindCommand(0), nullptr);
-    EXPECT_EQ(app::FindCommand(7), nullptr);
-    EXPECT_EQ(app::FindCommand(1 << 30), nullptr);
+    EXPECT_EQ(app::findCommand(0), nullptr);
+    EXPECT_EQ(app::findCommand(7), nullptr);
+    EXPECT_EQ(app::findCommand(1 << 30), nullptr);
 }
 
 TEST(CommandTable, KnowsEveryNumberThatCanCome) {
@@ -40,14 +40,14 @@ TEST(CommandTable, KnowsEveryNumberThatCanCome) {
     std::size_t expected = 0;
     for (const Range& range : kRanges) {
         for (int id = range.first; id <= range.last; ++id, ++expected)
-            EXPECT_NE(app::FindCommand(id), nullptr) << id;
+            EXPECT_NE(app::findCommand(id), nullptr) << id;
     }
-    EXPECT_EQ(app::CommandTable().size(), expected);
+    EXPECT_EQ(app::commandTable().size(), expected);
 }
 
 TEST(CommandTable, EveryCommandOfAMenuHasAText) {
     const app::LanguageFile english(TAGWRIGHT_BIN_DIR, 9);
-    for (const app::Command& command : app::CommandTable()) {
+    for (const app::Command& command : app::commandTable()) {
         if (command.textNumber != 0) {
             EXPECT_TRUE(english.hasText(command.textNumber)) << command.name;
         }
@@ -57,18 +57,18 @@ TEST(CommandTable, EveryCommandOfAMenuHasAText) {
 TEST(CommandTable, WhatIsNotBuiltIsNotOffered) {
     for (const int built :
          {8, 9, 12, 17, 248, 284, 5033, 5034, 5035, 5040, 40012, 40074, 40075, 40092, 40108, 50001})
-        EXPECT_TRUE(app::IsBuilt(built)) << built;
+        EXPECT_TRUE(app::isBuilt(built)) << built;
     for (const int missing : {0, 13, 14, 15, 149, 279, 285, 361, 99999})
-        EXPECT_FALSE(app::IsBuilt(missing)) << missing;
+        EXPECT_FALSE(app::isBuilt(missing)) << missing;
 }
 
 TEST(CommandTable, SortCommandsCarryTheirSortMode) {
-    for (const app::Command& command : app::CommandTable()) {
+    for (const app::Command& command : app::commandTable()) {
         if (command.id < app::command::kSortBy || command.id > app::command::kGroupBy + 99) continue;
         const bool groups = command.id >= app::command::kGroupBy;
         const int mode = command.id - (groups ? app::command::kGroupBy : app::command::kSortBy);
         EXPECT_EQ(QString::fromLatin1(command.name), QLatin1StringView(groups ? "GroupBy" : "SortBy") +
-                                                         ToString(app::SortModeFromIntegral(mode)));
+                                                         toString(app::sortModeFromIntegral(mode)));
     }
 }
 
@@ -82,9 +82,9 @@ TEST(CommandTable, TheEightHotKeysDoWhatTheirKeysSay) {
     constexpr Expected kExpected[] = {
         {8, Qt::Key_F2, 8, 0},  {9, Qt::Key_F3, 9, 0},    {17, Qt::Key_F4, 17, 0}, {12, Qt::Key_D, 12, 1},
         {13, Qt::Key_L, 13, 2}, {361, Qt::Key_T, 361, 3}, {15, Qt::Key_J, 15, 4},  {248, Qt::Key_F5, 0, 0}};
-    ASSERT_EQ(app::HotKeys().size(), std::size(kExpected));
+    ASSERT_EQ(app::hotKeys().size(), std::size(kExpected));
     for (std::size_t row = 0; row < std::size(kExpected); ++row) {
-        const app::HotKey& key = app::HotKeys()[row];
+        const app::HotKey& key = app::hotKeys()[row];
         EXPECT_EQ(key.id, kExpected[row].id);
         EXPECT_EQ(key.key, kExpected[row].key);
         EXPECT_EQ(key.command, kExpected[row].command);
@@ -92,10 +92,10 @@ TEST(CommandTable, TheEightHotKeysDoWhatTheirKeysSay) {
         EXPECT_TRUE(key.modifiers.testFlag(Qt::ControlModifier));
         EXPECT_EQ(key.modifiers.testFlag(Qt::ShiftModifier), key.id == 17);
         if (key.command != 0) {
-            EXPECT_NE(app::FindCommand(key.command), nullptr);
+            EXPECT_NE(app::findCommand(key.command), nullptr);
         }
     }
-    for (const app::Shortcut& shortcut : app::Shortcuts()) EXPECT_TRUE(app::IsBuilt(shortcut.command));
+    for (const app::Shortcut& shortcut : app::shortcuts()) EXPECT_TRUE(app::isBuilt(shortcut.command));
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ AppContext firstRun() {
     AppContext context;
     context.iniPath = std::filesystem::path(TAGWRIGHT_SOURCE_DIR) / "data" / "first-run.ini";
     app::LoadEarlySettings(context);
-    app::LoadWindowPosition(context);
+    app::loadWindowPosition(context);
     app::LoadSettings(context);
     return context;
 }
@@ -84,7 +84,7 @@ TEST(FirstRunSettings, EveryKeyIsOneThatTheProgramReads) {
             continue;
         }
         const QString key = line.section(u'=', 0, 0);
-        const bool known = std::ranges::any_of(app::SettingsTable(), [&](const app::SettingRow& row) {
+        const bool known = std::ranges::any_of(app::settingsTable(), [&](const app::SettingRow& row) {
             return section == QLatin1StringView(row.section) &&
                    (key == QLatin1StringView(row.readKey) || key == QLatin1StringView(row.writtenKey));
         });

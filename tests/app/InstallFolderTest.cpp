@@ -22,17 +22,17 @@ TEST(InstallFolder, ANewOneIsCompleteWithTheFirstRunSettings) {
     for (const char* inside :
          {"babel", "cache/reports", "cache/sav", "Temp", "data/sets", "data/web", "MyBatch", "samples"})
         EXPECT_TRUE(fs::is_directory(folder / inside)) << inside;
-    EXPECT_EQ(support::ReadBytes(folder / "cache/Tagwright.ini"),
-              support::ReadBytes(kSource / "data/first-run.ini"));
+    EXPECT_EQ(support::readBytes(folder / "cache/Tagwright.ini"),
+              support::readBytes(kSource / "data/first-run.ini"));
 }
 
 TEST(InstallFolder, TheUsersSettingsSurviveABuild) {
     const support::TemporaryFolder folder;
     ASSERT_EQ(layOut(folder.path()), 0);
-    support::WriteBytes(folder / "cache/Tagwright.ini", "[Main]\nViewMode=3\n");
-    support::WriteBytes(folder / "cache/sav/photo.jpg", "kept");
+    support::writeBytes(folder / "cache/Tagwright.ini", "[Main]\nViewMode=3\n");
+    support::writeBytes(folder / "cache/sav/photo.jpg", "kept");
     ASSERT_EQ(layOut(folder.path()), 0);
-    EXPECT_EQ(support::ReadBytes(folder / "cache/Tagwright.ini"), "[Main]\nViewMode=3\n");
+    EXPECT_EQ(support::readBytes(folder / "cache/Tagwright.ini"), "[Main]\nViewMode=3\n");
     EXPECT_TRUE(fs::exists(folder / "cache/sav/photo.jpg"));
 }
 

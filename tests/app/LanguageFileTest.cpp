@@ -16,7 +16,7 @@ class LanguageFileTest : public ::testing::Test {
     LanguageFileTest() { fs::create_directories(folder_ / "babel"); }
 
     bool validWith(std::string_view bytes) {
-        support::WriteBytes(folder_ / "babel" / "0009.dlk", bytes);
+        support::writeBytes(folder_ / "babel" / "0009.dlk", bytes);
         return LanguageFile(folder_.path(), 9).valid();
     }
 
@@ -62,7 +62,7 @@ TEST_F(LanguageFileTest, EveryMenuSpeaksAndSendsKnownCommands) {
         [&](const std::vector<app::MenuEntry>& menu) {
             for (const app::MenuEntry& entry : menu) {
                 const bool sends = entry.commandId != 0;
-                EXPECT_EQ(sends, app::FindCommand(entry.commandId) != nullptr) << entry.commandId;
+                EXPECT_EQ(sends, app::findCommand(entry.commandId) != nullptr) << entry.commandId;
                 EXPECT_EQ(sends || !entry.children.empty(), !entry.text.isEmpty()) << entry.commandId;
                 check(entry.children);
             }
@@ -94,7 +94,7 @@ TEST_F(LanguageFileTest, NoNumberStandsTwiceInTheSources) {
     const fs::path sources = fs::path(TAGWRIGHT_SOURCE_DIR) / "babel" / "0009";
     for (const fs::directory_entry& entry : fs::directory_iterator(sources)) {
         if (entry.path().extension() != ".ts") continue;
-        const std::string bytes = support::ReadBytes(entry.path());
+        const std::string bytes = support::readBytes(entry.path());
         constexpr std::string_view kMark = "<message id=\"";
         for (std::size_t at = bytes.find(kMark); at != std::string::npos; at = bytes.find(kMark, at + 1)) {
             const std::size_t begin = at + kMark.size();
@@ -117,7 +117,7 @@ TEST_F(LanguageFileTest, AMissingFileAnswersNothing) {
 }
 
 TEST_F(LanguageFileTest, ADamagedFileIsRefused) {
-    const std::string whole = support::ReadBytes(bin_ / "babel" / "0009.dlk");
+    const std::string whole = support::readBytes(bin_ / "babel" / "0009.dlk");
     ASSERT_TRUE(validWith(whole));
     EXPECT_FALSE(validWith(""));
     EXPECT_FALSE(validWith("qres"));
@@ -134,7 +134,7 @@ TEST_F(LanguageFileTest, ADamagedFileIsRefused) {
 }
 
 TEST_F(LanguageFileTest, TwoFilesDoNotGetInEachOthersWay) {
-    support::WriteBytes(folder_ / "babel" / "0009.dlk", support::ReadBytes(bin_ / "babel" / "0009.dlk"));
+    support::writeBytes(folder_ / "babel" / "0009.dlk", support::readBytes(bin_ / "babel" / "0009.dlk"));
     auto first = std::make_unique<LanguageFile>(bin_, 9);
     const LanguageFile second(folder_.path(), 9);
     first.reset();
@@ -150,10 +150,10 @@ TEST_F(LanguageFileTest, FormatsTakeTheirValuesInOrder) {
     for (const FormatCase& row : {FormatCase{u"%s: %s", u"a: b"}, FormatCase{u"%s (%d)", u"a (b)"},
                                   FormatCase{u"%u%%", u"a%"}, FormatCase{u"none", u"none"},
                                   FormatCase{u"%s%s%s!", u"ab!"}, FormatCase{u"50 % %x %", u"50 % %x %"}}) {
-        EXPECT_EQ(app::FormatText(QStringView(row.format), {QStringLiteral("a"), QStringLiteral("b")}),
+        EXPECT_EQ(app::formatText(QStringView(row.format), {QStringLiteral("a"), QStringLiteral("b")}),
                   QString::fromUtf16(row.result));
     }
-    EXPECT_EQ(app::FormatText(u"%s %s", {QStringLiteral("%s"), QStringLiteral("x")}), QStringLiteral("%s x"));
+    EXPECT_EQ(app::formatText(u"%s %s", {QStringLiteral("%s"), QStringLiteral("x")}), QStringLiteral("%s x"));
 }
 
 }  // namespace

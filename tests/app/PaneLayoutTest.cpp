@@ -32,8 +32,8 @@ TEST(PaneLayout, TheFiguresOfTheFrame) {
     input.leftShown = true;
     input.leftWidth = 100;
     EXPECT_EQ(PaneLayout(input).topBand.width(), 208) << "the band over the left pane has a floor";
-    EXPECT_EQ(app::RightHolderWidth(120), 300);
-    EXPECT_EQ(app::RightHolderWidth(301), 301);
+    EXPECT_EQ(app::rightHolderWidth(120), 300);
+    EXPECT_EQ(app::rightHolderWidth(301), 301);
 }
 
 TEST(PaneLayout, NoWindowIsTooSmall) {
@@ -68,5 +68,5 @@ TEST(SizeText, DividesAndCuts) {
         {1572864, 2, "1536.0 KB"}, {1572864, 3, "1.500 MB"},     {1572864, 4, "0.001 GB"},
     };
     for (const Case& expected : cases)
-        EXPECT_EQ(app::SizeText(expected.bytes, expected.format), expected.text);
+        EXPECT_EQ(app::sizeText(expected.bytes, expected.format), expected.text);
 }

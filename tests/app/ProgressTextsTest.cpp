@@ -23,24 +23,24 @@ TEST(ProgressTexts, SpeakFourLanguagesAndEnglishOtherwise) {
     const QString name = QStringLiteral("a.jpg");
     for (const Texts& row : kTexts) {
         SCOPED_TRACE(row.language);
-        EXPECT_EQ(app::ProgressText(row.language, app::ProgressStep::Initializing, name),
+        EXPECT_EQ(app::progressText(row.language, app::ProgressStep::Initializing, name),
                   QString::fromUtf8(row.initializing));
-        EXPECT_EQ(app::ProgressText(row.language, app::ProgressStep::Reading, name),
+        EXPECT_EQ(app::progressText(row.language, app::ProgressStep::Reading, name),
                   QString::fromUtf8(row.reading));
-        EXPECT_EQ(app::ProgressText(row.language, app::ProgressStep::Sorting, name),
+        EXPECT_EQ(app::progressText(row.language, app::ProgressStep::Sorting, name),
                   QString::fromUtf8(row.sorting));
     }
-    EXPECT_EQ(app::ProgressText(9, app::ProgressStep::ExtractingThumbnail),
+    EXPECT_EQ(app::progressText(9, app::ProgressStep::ExtractingThumbnail),
               QStringLiteral("Extracting thumbnail ..."));
 }
 
 TEST(ProgressTexts, StepsHaveTheirNumbers) {
-    EXPECT_EQ(app::ProgressStepOf(1152), app::ProgressStep::Sorting);
-    EXPECT_EQ(app::ProgressStepOf(1153), app::ProgressStep::ExtractingThumbnail);
-    EXPECT_EQ(app::ProgressStepOf(1154), app::ProgressStep::Initializing);
-    EXPECT_EQ(app::ProgressStepOf(1155), app::ProgressStep::Reading);
-    EXPECT_EQ(app::ProgressStepOf(1151), std::nullopt);
-    EXPECT_EQ(app::ProgressStepOf(0), std::nullopt);
+    EXPECT_EQ(app::progressStepOf(1152), app::ProgressStep::Sorting);
+    EXPECT_EQ(app::progressStepOf(1153), app::ProgressStep::ExtractingThumbnail);
+    EXPECT_EQ(app::progressStepOf(1154), app::ProgressStep::Initializing);
+    EXPECT_EQ(app::progressStepOf(1155), app::ProgressStep::Reading);
+    EXPECT_EQ(app::progressStepOf(1151), std::nullopt);
+    EXPECT_EQ(app::progressStepOf(0), std::nullopt);
 }
 
 }  // namespace

@@ -131,7 +131,7 @@ constexpr Default kDefaults[] = {
 };
 
 const SettingRow* readRow(std::string_view section, std::string_view key) {
-    for (const SettingRow& row : app::SettingsTable()) {
+    for (const SettingRow& row : app::settingsTable()) {
         if (row.readAt != ReadAt::Never && row.section == section && row.readKey == key) return &row;
     }
     return nullptr;
@@ -161,18 +161,18 @@ class SettingsStoreTest : public ::testing::Test {
         context_.iniPath = folder_ / "Tagwright.ini";
     }
 
-    void write(std::string_view text) { support::WriteBytes(context_.iniPath, text); }
-    std::string written() { return support::ReadBytes(context_.iniPath); }
+    void write(std::string_view text) { support::writeBytes(context_.iniPath, text); }
+    std::string written() { return support::readBytes(context_.iniPath); }
     std::string value(std::string_view section, std::string_view key) {
         return IniFile(context_.iniPath).find(section, key).value_or("(none)");
     }
 
     void loadAll(AppContext& context) {
-        app::LoadLanguage(context);
+        app::loadLanguage(context);
         app::LoadEarlySettings(context);
-        app::LoadWindowPosition(context);
+        app::loadWindowPosition(context);
         app::LoadSettings(context);
-        app::LoadStartFolder(context);
+        app::loadStartFolder(context);
     }
 
     support::TemporaryFolder folder_;
@@ -189,7 +189,7 @@ TEST_F(SettingsStoreTest, EveryReadKeyHasItsDefaultAndNoKeyIsForgotten) {
         seen.insert(row);
         EXPECT_EQ(number(*row, fresh), expected.value);
     }
-    for (const SettingRow& row : app::SettingsTable()) {
+    for (const SettingRow& row : app::settingsTable()) {
         if (row.readAt == ReadAt::Never || !number(row, fresh)) continue;
         EXPECT_TRUE(seen.contains(&row)) << row.section << ' ' << row.readKey;
     }
@@ -198,7 +198,7 @@ TEST_F(SettingsStoreTest, EveryReadKeyHasItsDefaultAndNoKeyIsForgotten) {
 TEST_F(SettingsStoreTest, MissingKeysBecomeTheirDefaultsWhateverWasInMemory) {
     write("[Main]\nViewMode=1\n[WINDOWS_SIZES]\nMain_Width=4000\n");
     AppContext fresh;
-    for (const SettingRow& row : app::SettingsTable()) {
+    for (const SettingRow& row : app::settingsTable()) {
         if (row.readAt == ReadAt::Never) continue;
         if (auto* field = std::get_if<int& (*)(AppContext&)>(&row.field)) (*field)(context_) = -77;
         if (auto* field = std::get_if<bool& (*)(AppContext&)>(&row.field))
@@ -251,7 +251,7 @@ TEST_F(SettingsStoreTest, WhatIsSavedComesBack) {
             (*path)(context) = "/opt/t\xF6ol" + std::to_string(step);
     };
     int step = 10;
-    for (const SettingRow& row : app::SettingsTable()) {
+    for (const SettingRow& row : app::settingsTable()) {
         if (row.readAt == ReadAt::Never || std::string_view(row.section) == "Lists") continue;
         change(row, context_, ++step);
     }
@@ -271,7 +271,7 @@ TEST_F(SettingsStoreTest, WhatIsSavedComesBack) {
     AppContext loaded;
     loaded.iniPath = context_.iniPath;
     loadAll(loaded);
-    for (const SettingRow& row : app::SettingsTable()) {
+    for (const SettingRow& row : app::settingsTable()) {
         if (row.readAt == ReadAt::Never || std::string_view(row.readKey) != row.writtenKey) continue;
         std::visit(
             [&](auto field) {
@@ -342,7 +342,7 @@ TEST_F(SettingsStoreTest, SectionsAreSavedInTheirOrder) {
                                                "Colors",
                                                "BATCH"};
     std::vector<std::string> sections;
-    for (const SettingRow& row : app::SettingsTable()) {
+    for (const SettingRow& row : app::settingsTable()) {
         const std::string section = row.section;
         if (section == "WINDOWS_SIZES" || section == "MainWindow-Position") continue;
         if (sections.empty() || sections.back() != section) sections.push_back(section);
@@ -456,7 +456,7 @@ TEST_F(SettingsStoreTest, ANumberOutsideAnEnumerationEndsTheLoad) {
         EXPECT_EQ(ended.settings.listView.tileSize, 150);
 
         AppContext repaired = context_;
-        EXPECT_EQ(app::LoadSettingsOrDefaults(repaired), QString::fromLatin1(row.fault));
+        EXPECT_EQ(app::loadSettingsOrDefaults(repaired), QString::fromLatin1(row.fault));
         EXPECT_EQ(repaired.settings.main.sortMode, row.sortMode);
         EXPECT_EQ(repaired.settings.main.viewMode, row.viewMode);
         EXPECT_EQ(repaired.settings.main.heightAddModify, 640);
@@ -471,11 +471,11 @@ TEST_F(SettingsStoreTest, GarbageGivesDefaults) {
          {std::string(), noise, std::string(100000, '['), std::string(5000, '\0')}) {
         write(garbage);
         AppContext context = context_;
-        app::LoadLanguage(context);
+        app::loadLanguage(context);
         app::LoadEarlySettings(context);
-        app::LoadWindowPosition(context);
-        app::LoadStartFolder(context);
-        EXPECT_EQ(app::LoadSettingsOrDefaults(context),
+        app::loadWindowPosition(context);
+        app::loadStartFolder(context);
+        EXPECT_EQ(app::loadSettingsOrDefaults(context),
                   QStringLiteral("ViewMode::_from_integral: invalid argument"));
         EXPECT_EQ(context.settings.main.language, 9);
         EXPECT_EQ(context.settings.metadataValueColumnWidth, 250);
@@ -503,7 +503,7 @@ TEST_F(SettingsStoreTest, ToolPathsReplaceOnlyWhenTheyAreNamed) {
 
 TEST_F(SettingsStoreTest, AToolThatWasMerelyFoundIsNotNamed) {
     context_.exifToolPath = folder_ / "exiftool";
-    support::WriteBytes(context_.exifToolPath, "#!/bin/sh\n");
+    support::writeBytes(context_.exifToolPath, "#!/bin/sh\n");
     context_.ffmpegPath = "/chosen/ffmpeg";
     app::SaveSettings(context_);
     EXPECT_EQ(value("PATHS", "ExifToolPath"), "(none)");

@@ -10,8 +10,8 @@ namespace {
 namespace fs = std::filesystem;
 using app::CommandId;
 using support::ExifTool;
-using support::ReadBytes;
-using support::WriteBytes;
+using support::readBytes;
+using support::writeBytes;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
@@ -19,12 +19,12 @@ using testing::Not;
 using testing::UnorderedElementsAre;
 
 /// Notes what it is told; closes at a file when it is to.
-class NotingProgress : public exiftool::FileProgress {
+class NotingProgress : public jobs::FileProgress {
  public:
-    void Begin(const QString& title, std::size_t count) override {
+    void begin(const QString& title, std::size_t count) override {
         events.push_back(title.toStdString() + ' ' + std::to_string(count));
     }
-    bool ShowFile(const fs::path& file, std::size_t number) override {
+    bool showFile(const fs::path& file, std::size_t number) override {
         events.push_back(std::to_string(number) + ' ' + file.filename().string());
         return number < closesAt;
     }
@@ -43,7 +43,7 @@ class BatchOperationsTest : public testing::Test {
         context_.reportFile = folder_ / "cache/report.txt";
         context_.exifToolPath = "/usr/bin/exiftool";
         context_.settings.exifTool.correctedCommands = true;
-        support::WriteJpeg(master_);
+        support::writeJpeg(master_);
         ExifTool({"-q", "-overwrite_original", "-EXIF:Make=Maker/s", "-EXIF:Model=Model 1",
                   "-DateTimeOriginal=2001:02:03 04:05:06", "-XMP-dc:Title=A title",
                   "-FileModifyDate=2020:01:02 03:04:05", master_.string()});
@@ -67,7 +67,7 @@ class BatchOperationsTest : public testing::Test {
         return batch::BatchDispatcher({context_, language_, runner_, progress_}, {}).BatchDispatch(id, files);
     }
     std::string report() const {
-        return fs::exists(context_.reportFile) ? ReadBytes(context_.reportFile) : "";
+        return fs::exists(context_.reportFile) ? readBytes(context_.reportFile) : "";
     }
     std::vector<std::string> names() const {
         std::vector<std::string> all;
@@ -77,13 +77,13 @@ class BatchOperationsTest : public testing::Test {
     }
     void useTool(const std::string& script) {
         context_.exifToolPath = folder_ / "tool";
-        WriteBytes(context_.exifToolPath, "#!/bin/sh\n" + script);
+        writeBytes(context_.exifToolPath, "#!/bin/sh\n" + script);
         fs::permissions(context_.exifToolPath, fs::perms::owner_all);
     }
 
     /// Counts are read only where cameras write them; here they are a tag of a namespace of our own.
     void useToolThatWritesCounts() {
-        WriteBytes(
+        writeBytes(
             folder_ / "config",
             "%Image::ExifTool::UserDefined = ('Image::ExifTool::XMP::Main' => { test => { SubDirectory "
             "=> { TagTable => 'Image::ExifTool::UserDefined::test' } } });\n"
@@ -105,15 +105,15 @@ TEST_F(BatchOperationsTest, TheFileDateBecomesThatOfThePhoto) {
     const fs::path photo = make("a.jpg");
     const fs::path dateless = make("b.jpg");
     set(dateless, "-DateTimeOriginal=");
-    const std::string before = ReadBytes(photo);
+    const std::string before = readBytes(photo);
     EXPECT_TRUE(run(157, {photo, dateless}));
     EXPECT_THAT(valueOf(photo, "-FileModifyDate"), HasSubstr("2001:02:03 04:05:06"));
     EXPECT_THAT(valueOf(dateless, "-FileModifyDate"), HasSubstr("2020:01:02 03:04:05"));
-    EXPECT_EQ(ReadBytes(photo), before);
+    EXPECT_EQ(readBytes(photo), before);
     EXPECT_THAT(report(), HasSubstr("b.jpg"));
     EXPECT_THAT(report(), Not(HasSubstr("a.jpg")));
     EXPECT_TRUE(fs::exists(
-        exiftool::SafetyCopyPath(photo, context_.cachePath, exiftool::SafetyCopies(), QDateTime())));
+        exiftool::safetyCopyPath(photo, context_.cachePath, exiftool::SafetyCopies(), QDateTime())));
 }
 
 TEST_F(BatchOperationsTest, FilesAreNamedAfterTheShutterCountAndNoneIsReplaced) {
@@ -146,17 +146,17 @@ TEST_F(BatchOperationsTest, FilesAreNamedAfterDateAndCamera) {
     EXPECT_TRUE(run(174, {folder_ / "photos/2020-01-02 03-04-05 - Makers-a.jpg"}));
     EXPECT_THAT(names(), ElementsAre("2020-01-02 03-04-05 - Model 1-2020-01-02 03-04-05 - Makers-a.jpg"));
     EXPECT_EQ(report(), "");
-    EXPECT_EQ(ReadBytes(folder_ / "photos" / names().front()), ReadBytes(master_));
+    EXPECT_EQ(readBytes(folder_ / "photos" / names().front()), readBytes(master_));
 }
 
 TEST_F(BatchOperationsTest, NoFileTakesTheNameOfAnother) {
     const fs::path photo = make("a.jpg");
     const fs::path other = folder_ / "photos/2020-01-02 03-04-05 - Makers-a.jpg";
-    WriteBytes(other, "somebody else's");
+    writeBytes(other, "somebody else's");
     EXPECT_TRUE(run(173, {photo}));
     EXPECT_THAT(names(), UnorderedElementsAre("2020-01-02 03-04-05 - Makers-a.jpg",
                                               "2020-01-02 03-04-05 - Makers-a-1.jpg"));
-    EXPECT_EQ(ReadBytes(other), "somebody else's");
+    EXPECT_EQ(readBytes(other), "somebody else's");
 }
 
 TEST_F(BatchOperationsTest, AFileWithoutTheTagKeepsItsName) {
@@ -201,7 +201,7 @@ TEST_F(BatchOperationsTest, WhatStandsInATagLeadsToNoOtherFolderAndRunsNothing) 
 }
 
 TEST_F(BatchOperationsTest, HostileNamesAreKeptBehindTheDate) {
-    for (const std::string& name : support::HostileNames()) {
+    for (const std::string& name : support::hostileNames()) {
         const fs::path photo = make(name);
         EXPECT_TRUE(run(174, {photo}));
         EXPECT_THAT(names(), ElementsAre("2020-01-02 03-04-05 - Model 1-" + name)) << report();
@@ -219,7 +219,7 @@ TEST_F(BatchOperationsTest, ThumbnailsGoAndNothingElseDoes) {
     EXPECT_EQ(valueOf(photo, "-ThumbnailImage"), "");
     EXPECT_EQ(valueOf(photo, "-Title"), "A title");
     EXPECT_EQ(valueOf(photo, "-EXIF:Make"), "Maker/s");
-    EXPECT_EQ(ReadBytes(without), ReadBytes(master_));
+    EXPECT_EQ(readBytes(without), readBytes(master_));
     EXPECT_EQ(report(), "");
     EXPECT_THAT(names(), UnorderedElementsAre("a.jpg", "b.jpg"));
 }
@@ -230,8 +230,8 @@ TEST_F(BatchOperationsTest, TheDesignedFormsLoseNoFile) {
     const fs::path two = make("b.jpg");
     for (const CommandId id : {172, 173, 174, 185}) EXPECT_TRUE(run(id, {one, two})) << id;
     EXPECT_THAT(names(), UnorderedElementsAre("a.jpg", "b.jpg"));
-    EXPECT_EQ(ReadBytes(one), ReadBytes(master_));
-    EXPECT_EQ(ReadBytes(two), ReadBytes(master_));
+    EXPECT_EQ(readBytes(one), readBytes(master_));
+    EXPECT_EQ(readBytes(two), readBytes(master_));
     EXPECT_NE(report(), "");
 }
 
@@ -256,17 +256,17 @@ TEST_F(BatchOperationsTest, OneBadFileDoesNotKeepTheOthersFromTheirTurn) {
     fs::create_directory(folder_ / "photos/barred.jpg_exiftool_tmp");
     const fs::path vanished = folder_ / "photos/vanished.jpg";
     const fs::path noPicture = folder_ / "photos/text.jpg";
-    WriteBytes(noPicture, "no picture");
+    writeBytes(noPicture, "no picture");
     const fs::path last = make("last.jpg");
     for (const fs::path& file : {good, barred, last})
         ExifTool(
             {"-q", "-o", file.string() + ".with.jpg", "-ThumbnailImage<=" + master_.string(), file.string()});
     for (const fs::path& file : {good, barred, last}) fs::rename(file.string() + ".with.jpg", file);
-    const std::string before = ReadBytes(barred);
+    const std::string before = readBytes(barred);
     EXPECT_TRUE(run(185, {good, barred, vanished, noPicture, last}));
     EXPECT_EQ(valueOf(good, "-ThumbnailImage"), "");
     EXPECT_EQ(valueOf(last, "-ThumbnailImage"), "");
-    EXPECT_EQ(ReadBytes(barred), before);
+    EXPECT_EQ(readBytes(barred), before);
     for (const char* name : {"barred.jpg", "vanished.jpg", "text.jpg"})
         EXPECT_THAT(report(), HasSubstr(name));
     for (const char* name : {"good.jpg", "last.jpg"}) EXPECT_THAT(report(), Not(HasSubstr(name)));
@@ -286,12 +286,12 @@ TEST_F(BatchOperationsTest, ADiskThatIsFullLeavesTheFileWhole) {
     const fs::path photo = make("a.jpg");
     ExifTool({"-q", "-overwrite_original", "-ThumbnailImage<=" + master_.string(),
               "-XMP-dc:Description=" + std::string(20'000, 'x'), photo.string()});
-    const std::string before = ReadBytes(photo);
+    const std::string before = readBytes(photo);
     for (const char* onTooBig : {"trap '' XFSZ\n", ""}) {
         useTool(std::string(onTooBig) + "ulimit -f 4\nexec exiftool \"$@\"\n");
         fs::remove(context_.reportFile);
         EXPECT_TRUE(run(185, {photo}));
-        EXPECT_EQ(ReadBytes(photo), before);
+        EXPECT_EQ(readBytes(photo), before);
         EXPECT_THAT(report(), HasSubstr("a.jpg"));
         EXPECT_THAT(names(), ElementsAre("a.jpg")) << "nothing half written is left";
     }
@@ -330,7 +330,7 @@ TEST_F(BatchOperationsTest, WhoDoesNotWaitForOneFileIsToldHowManyWereLeft) {
     EXPECT_TRUE(run(185, {one, make("b.jpg"), make("c.jpg")}));
     EXPECT_EQ(report(), "Error: ExifTool was not waited for any longer and ended - " + one.string() +
                             "\nWarning: Stopped - 2 files were not begun\n");
-    EXPECT_EQ(ReadBytes(one), ReadBytes(master_));
+    EXPECT_EQ(readBytes(one), readBytes(master_));
 }
 
 TEST_F(BatchOperationsTest, NothingIsDispatchedThatIsNoBuiltBatchCommand) {

@@ -7,7 +7,7 @@
 namespace {
 
 using batch::BatchOperation;
-using batch::FindBatchOperation;
+using batch::findBatchOperation;
 
 TEST(BatchTable, NamesTheDialogAndTemplateOfEachCommand) {
     struct {
@@ -40,7 +40,7 @@ TEST(BatchTable, NamesTheDialogAndTemplateOfEachCommand) {
         {228, "BatchMyDialog", 116},
     };
     for (const auto& row : cases) {
-        const BatchOperation* const found = FindBatchOperation(row.id);
+        const BatchOperation* const found = findBatchOperation(row.id);
         ASSERT_NE(found, nullptr) << row.id;
         EXPECT_STREQ(found->dialog, row.dialog) << row.id;
         EXPECT_EQ(found->templateNumber, row.templateNumber) << row.id;
@@ -49,11 +49,11 @@ TEST(BatchTable, NamesTheDialogAndTemplateOfEachCommand) {
 
 TEST(BatchTable, KnowsNoOtherCommand) {
     for (const int id : {-1, 0, 145, 149, 153, 158, 169, 177, 178, 182, 204, 217, 221, 223, 229, 40012})
-        EXPECT_EQ(FindBatchOperation(id), nullptr) << id;
+        EXPECT_EQ(findBatchOperation(id), nullptr) << id;
 }
 
 TEST(BatchTable, ASearchAndAValidationShowTheirOwnResult) {
-    for (const BatchOperation& row : batch::BatchTable()) {
+    for (const BatchOperation& row : batch::batchTable()) {
         const bool isSearch = row.id >= 191 && row.id <= 202;
         EXPECT_EQ(row.listsFiles, isSearch) << row.id;
         EXPECT_EQ(row.reportFollows, !isSearch && row.id != 180 && row.id != 181) << row.id;
@@ -62,19 +62,19 @@ TEST(BatchTable, ASearchAndAValidationShowTheirOwnResult) {
 
 TEST(BatchTable, TheWindowsOwnEntryGoesFirst) {
     for (const int id : {206, 208, 209, 210, 211, 215, 216, 219, 220, 222})
-        EXPECT_TRUE(FindBatchOperation(id)->isOfWindow) << id;
+        EXPECT_TRUE(findBatchOperation(id)->isOfWindow) << id;
     for (const int id : {146, 172, 183, 191, 203, 228})
-        EXPECT_FALSE(FindBatchOperation(id)->isOfWindow) << id;
+        EXPECT_FALSE(findBatchOperation(id)->isOfWindow) << id;
 }
 
 TEST(BatchTable, EveryOperationWithoutADialogIsBuiltAndSaysWhatItDoes) {
     const app::LanguageFile english(TAGWRIGHT_BIN_DIR, 9);
     std::vector<int> ids;
-    for (const BatchOperation& row : batch::BatchTable()) {
-        ASSERT_NE(app::FindCommand(row.id), nullptr) << row.id;
+    for (const BatchOperation& row : batch::batchTable()) {
+        ASSERT_NE(app::findCommand(row.id), nullptr) << row.id;
         if (*row.dialog != '\0' || row.isOfWindow) continue;
         ids.push_back(row.id);
-        EXPECT_TRUE(app::IsBuilt(row.id)) << row.id;
+        EXPECT_TRUE(app::isBuilt(row.id)) << row.id;
         EXPECT_FALSE(english.text(row.titleNumber).isEmpty()) << row.id;
     }
     EXPECT_THAT(ids, testing::ElementsAre(157, 172, 173, 174, 185));

@@ -27,7 +27,7 @@ QString comment(const char* mime) {
 
 TEST(ColumnText, FillsTheColumnsOfAFile) {
     const TemporaryFolder folder;
-    support::WriteBytes(folder / "a.jpg", std::string(1258291, 'x'));
+    support::writeBytes(folder / "a.jpg", std::string(1258291, 'x'));
     const QDateTime time(QDate(2021, 3, 4), QTime(5, 6, 7));
     const timespec stamps[] = {{time.toSecsSinceEpoch(), 0}, {time.toSecsSinceEpoch(), 0}};
     ASSERT_EQ(::utimensat(AT_FDCWD, (folder / "a.jpg").c_str(), stamps, 0), 0);
@@ -47,9 +47,9 @@ TEST(ColumnText, FoldersAndMissingFilesHaveNone) {
 
 TEST(ColumnText, ReadsTheHeadWhereTheNameTellsNothing) {
     const TemporaryFolder folder;
-    support::WriteJpeg(folder / "no extension");
+    support::writeJpeg(folder / "no extension");
     EXPECT_EQ(GetColumnText(folder / "no extension", kItemTypeText), comment("image/jpeg"));
-    support::WriteBytes(folder / "plain", "just text\n");
+    support::writeBytes(folder / "plain", "just text\n");
     EXPECT_EQ(GetColumnText(folder / "plain", kItemTypeText), comment("text/plain"));
 }
 

@@ -30,11 +30,11 @@ const browser::ListItem* find(const FolderListing& listing, std::string_view nam
 
 TEST(FolderReader, ListsEveryHostileNameByItsBytes) {
     const TemporaryFolder folder;
-    for (const std::string& name : support::HostileNames()) support::WriteBytes(folder / name, "x");
+    for (const std::string& name : support::hostileNames()) support::writeBytes(folder / name, "x");
     const FolderListing listing = browser::readFolder(folder.path());
     EXPECT_EQ(listing.state, FolderState::Readable);
-    EXPECT_EQ(listing.items.count(), support::HostileNames().size());
-    for (const std::string& name : support::HostileNames()) {
+    EXPECT_EQ(listing.items.count(), support::hostileNames().size());
+    for (const std::string& name : support::hostileNames()) {
         const browser::ListItem* item = find(listing, name);
         ASSERT_NE(item, nullptr) << name;
         EXPECT_EQ(item->findData.size, 1U);
@@ -45,8 +45,8 @@ TEST(FolderReader, ListsEveryHostileNameByItsBytes) {
 TEST(FolderReader, ShowsAndReopensANameOf255BytesAndOneThatIsNoText) {
     const TemporaryFolder folder;
     const std::string longest(255, 'n');
-    support::WriteBytes(folder / longest, "abc");
-    support::WriteBytes(folder / "bad\xE9.jpg", "abcd");
+    support::writeBytes(folder / longest, "abc");
+    support::writeBytes(folder / "bad\xE9.jpg", "abcd");
     const FolderListing listing = browser::readFolder(folder.path());
     ASSERT_NE(find(listing, longest), nullptr);
     for (std::int32_t id = 0; id < listing.items.nextItemId(); ++id) {
@@ -64,7 +64,7 @@ TEST(FolderReader, TellsSpecialFilesLinksAndFoldersApart) {
     std::filesystem::create_directory_symlink(folder / "real", folder / "to folder");
     std::filesystem::create_symlink(folder / "nowhere", folder / "broken");
     std::filesystem::create_symlink("loop", folder / "loop");
-    support::WriteBytes(folder / "file", "12345");
+    support::writeBytes(folder / "file", "12345");
     std::filesystem::create_symlink("file", folder / "to file");
     const int socket = ::socket(AF_UNIX, SOCK_STREAM, 0);
     const std::string socketPath = folder / "socket";
@@ -98,8 +98,8 @@ TEST(FolderReader, ListsDevices) {
 
 TEST(FolderReader, HidesNamesWithALeadingDotUnlessAsked) {
     const TemporaryFolder folder;
-    support::WriteBytes(folder / ".hidden", "");
-    support::WriteBytes(folder / "shown", "");
+    support::writeBytes(folder / ".hidden", "");
+    support::writeBytes(folder / "shown", "");
     EXPECT_EQ(browser::readFolder(folder.path()).items.count(), 1U);
     const FolderListing all = browser::readFolder(folder.path(), {true, nullptr});
     ASSERT_EQ(all.items.count(), 2U);
@@ -109,7 +109,7 @@ TEST(FolderReader, HidesNamesWithALeadingDotUnlessAsked) {
 
 TEST(FolderReader, SaysWhyThereIsNothing) {
     const TemporaryFolder folder;
-    support::WriteBytes(folder / "file", "");
+    support::writeBytes(folder / "file", "");
     std::filesystem::create_directory(folder / "empty");
     EXPECT_EQ(browser::readFolder(folder / "empty").state, FolderState::Empty);
     EXPECT_EQ(browser::readFolder(folder / "absent").state, FolderState::NotFound);
@@ -162,7 +162,7 @@ std::string numberedName(int number) {
 TEST(FolderReader, ReadsAFolderThatIsWorthSeveralThreads) {
     const TemporaryFolder folder;
     constexpr int kFiles = 9001;
-    for (int i = 0; i < kFiles; ++i) support::WriteBytes(folder / numberedName(i), {});
+    for (int i = 0; i < kFiles; ++i) support::writeBytes(folder / numberedName(i), {});
     const browser::LoadedFolder loaded = browser::loadFolder({folder.path(), false, {}});
     ASSERT_EQ(loaded.order.size(), static_cast<std::size_t>(kFiles));
     for (int i = 0; i < kFiles; ++i) {
@@ -175,7 +175,7 @@ TEST(FolderReader, ReadsAFolderThatIsWorthSeveralThreads) {
 
 TEST(FolderLoader, ReturnsAtOnceWhatIsReadyInTime) {
     const TemporaryFolder folder;
-    support::WriteBytes(folder / "a", "");
+    support::writeBytes(folder / "a", "");
     QObject context;
     browser::FolderLoader loader;
     const auto loaded =

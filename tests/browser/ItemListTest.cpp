@@ -103,7 +103,7 @@ TEST(ItemList, RowsFollowTheOrderAndIdsStay) {
 
 TEST(ItemList, AddsAnEntryAtAPositionAndRejectsOneThatIsNotThere) {
     const support::TemporaryFolder folder;
-    support::WriteBytes(folder / "new", "1234");
+    support::writeBytes(folder / "new", "1234");
     ItemList list;
     list.reset(folder.path());
     EXPECT_EQ(list.addItem("absent", 0), -1);

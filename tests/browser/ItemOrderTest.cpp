@@ -147,7 +147,7 @@ TEST(ItemOrder, SortedAgreesWithCompareItems) {
     const ItemStore items = sampleItems();
     std::vector<std::int32_t> ids(static_cast<std::size_t>(items.nextItemId()));
     std::iota(ids.begin(), ids.end(), 0);
-    for (const auto& [number, modeName] : app::SortModes()) {
+    for (const auto& [number, modeName] : app::sortModes()) {
         for (int bits = 0; bits < 8; ++bits) {
             SortSettings settings;
             settings.mode = static_cast<app::SortMode>(number);

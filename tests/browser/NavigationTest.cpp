@@ -16,7 +16,7 @@ class FakeNavigator final : public browser::NavigatorInterface {
         if (!fails) completed_(folder, addHistoryEntry);
         return 0;
     }
-    boost::signals2::connection AddNavigationCompletedObserver(
+    boost::signals2::connection addNavigationCompletedObserver(
         const NavigationCompletedSignal::slot_type& slot) override {
         return completed_.connect(slot);
     }
@@ -33,7 +33,7 @@ class FakeIconFetcher final : public browser::IconFetcher {
     void QueueIconTask(const std::filesystem::path&, Callback callback) override {
         callbacks.push_back(std::move(callback));
     }
-    void ClearQueue() override { callbacks.clear(); }
+    void clearQueue() override { callbacks.clear(); }
     std::vector<Callback> callbacks;
 };
 
@@ -120,7 +120,7 @@ TEST_F(Navigation, AFailureBeforeCompletionLeavesTheHistory) {
 TEST_F(Navigation, ALateIconReachesItsEntryOnly) {
     browse({"/a", "/b"});
     int updates = 0;
-    const boost::signals2::scoped_connection connection = controller.currentEntry()->AddUpdatedObserver(
+    const boost::signals2::scoped_connection connection = controller.currentEntry()->addUpdatedObserver(
         [&](const HistoryEntry&, HistoryEntry::PropertyType) { ++updates; });
     icons.callbacks[1](5);
     icons.callbacks[1](5);
@@ -151,7 +151,7 @@ TEST(NavigationEnd, AnIconAfterTheControllerIsDropped) {
 
 TEST_F(Navigation, APathIsCheckedBeforeItIsBrowsed) {
     const support::TemporaryFolder folder;
-    support::WriteBytes(folder / "file", "");
+    support::writeBytes(folder / "file", "");
     std::filesystem::create_directory(folder / "two words");
     EXPECT_EQ(controller.BrowseFolder(folder / "absent"), browser::kPathNotFound);
     EXPECT_EQ(controller.BrowseFolder(folder / "file"), browser::kPathIsNoFolder);

@@ -27,7 +27,7 @@ TEST(PropertiesReport, PrintsTheCatalogueAsTable) {
 TEST(PropertiesReport, PrintsALineForEachValueAndGoesOnAfterAnUnreadableFile) {
     const TemporaryFolder folder;
     const auto photo = folder / "a.jpg";
-    support::WriteJpeg(photo);
+    support::writeJpeg(photo);
     support::ExifTool({"-q", "-overwrite_original", "-n", "-IFD0:Model=a \"quoted\"\tname",
                        "-ExifIFD:FNumber=2.8", "-XMP-dc:Subject=x",
                        "-ExifIFD:DateTimeOriginal=2001:09:09 01:46:40", "-ExifIFD:OffsetTimeOriginal=+00:00",

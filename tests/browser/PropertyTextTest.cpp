@@ -12,11 +12,11 @@
 namespace {
 
 using browser::propertyText;
-using platform::Angle;
-using platform::PropertyValue;
-using platform::Rational;
+using properties::Angle;
+using properties::PropertyValue;
+using properties::Rational;
 using support::TemporaryFolder;
-using Id = platform::PropertyId;
+using Id = properties::PropertyId;
 
 const tags::PropertyRecord& record(Id property) {
     return *std::ranges::find(tags::propertyRows(), static_cast<std::uint32_t>(property),
@@ -74,7 +74,7 @@ TEST(PropertyText, RawValuesHaveCommasAndPoints) {
 TEST(PropertyText, FillsAnyColumnOfAFile) {
     const TemporaryFolder folder;
     const auto photo = folder / "a.jpg";
-    support::WriteJpeg(photo);
+    support::writeJpeg(photo);
     support::ExifTool(
         {"-q", "-overwrite_original", "-IFD0:Model=Model 5", "-XMP-xmp:Rating=2", photo.string()});
     EXPECT_EQ(browser::GetColumnText(photo, 207), "Model 5");
@@ -90,7 +90,7 @@ TEST(PropertyText, FillsAnyColumnOfAFile) {
 TEST(PropertyText, AFileThatWasWrittenIsReadAnew) {
     const TemporaryFolder folder;
     const auto photo = folder / "a.jpg";
-    support::WriteJpeg(photo);
+    support::writeJpeg(photo);
     EXPECT_EQ(browser::GetColumnText(photo, 207), "");
     support::ExifTool({"-q", "-overwrite_original", "-IFD0:Model=Model 5", photo.string()});
     EXPECT_EQ(browser::GetColumnText(photo, 207), "Model 5");

@@ -47,7 +47,7 @@ class ShellBrowserTest : public testing::Test {
     }
 
     void makeFiles(std::initializer_list<const char*> names) {
-        for (const char* name : names) support::WriteBytes(folder / name, name);
+        for (const char* name : names) support::writeBytes(folder / name, name);
     }
     void browse(const std::filesystem::path& path) {
         const unsigned generation = shell->folderGeneration();
@@ -134,7 +134,7 @@ TEST_F(ShellBrowserTest, AnEmptyFolderAndOneThatIsNotThereSaySo) {
 }
 
 TEST_F(ShellBrowserTest, FillsTheColumnsOfFilesOnly) {
-    support::WriteJpeg(folder / "b.jpg");
+    support::writeJpeg(folder / "b.jpg");
     std::filesystem::create_directory(folder / "a folder");
     ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
     browse(folder.path());
@@ -162,8 +162,8 @@ TEST_F(ShellBrowserTest, AlignsSizesAndDatesToTheRight) {
 TEST_F(ShellBrowserTest, TextsOfTheFolderThatWasLeftAreDropped) {
     std::filesystem::create_directory(folder / "one");
     std::filesystem::create_directory(folder / "two");
-    support::WriteBytes(folder / "one/x.txt", "12345");
-    support::WriteBytes(folder / "two/x.txt", "1");
+    support::writeBytes(folder / "one/x.txt", "12345");
+    support::writeBytes(folder / "two/x.txt", "1");
     browse(folder / "one");
     // Asked for, but the answer can only come after the navigation that follows at once.
     EXPECT_EQ(cell(0, 9), "");
@@ -190,7 +190,7 @@ TEST_F(ShellBrowserTest, AResultOfARemovedItemIsDropped) {
 TEST_F(ShellBrowserTest, ACellBorrowedFromAnotherTabIsReplacedByItsOwn) {
     makeFiles({"a"});
     std::filesystem::create_directory(folder / "other");
-    support::WriteBytes(folder / "other/long", std::string(3000, 'x'));
+    support::writeBytes(folder / "other/long", std::string(3000, 'x'));
     browse(folder.path());
     ShellBrowser other(parts, &holder);
     const auto ready = [&] { return other.folderGeneration() == 1; };
@@ -313,12 +313,12 @@ TEST_F(ShellBrowserTest, WithSmartDetailsOtherColumnsNeitherReadNorClear) {
 }
 
 TEST_F(ShellBrowserTest, HostileNamesAreClickedByTheirBytes) {
-    for (const std::string& name : support::HostileNames()) support::WriteBytes(folder / name, "x");
+    for (const std::string& name : support::hostileNames()) support::writeBytes(folder / name, "x");
     browse(folder.path());
     holder.resize(800, 700);
     shell->view().setGeometry(0, 0, 800, 700);
     for (int row = 0; row < shell->model().rowCount(); ++row) click(row);
-    EXPECT_THAT(clicked, testing::UnorderedElementsAreArray(support::HostileNames()));
+    EXPECT_THAT(clicked, testing::UnorderedElementsAreArray(support::hostileNames()));
 }
 
 TEST_F(ShellBrowserTest, EnterAndDoubleClickOpen) {
@@ -405,7 +405,7 @@ TEST_F(ShellBrowserTest, ExtensionsGoWhenTheSettingsSaySo) {
     makeFiles({"a.jpg", ".profile"});
     parts.showHidden = true;
     context.settings.listView.showExtensions = false;
-    shell->ApplySettings();
+    shell->applySettings();
     browse(folder.path());
     EXPECT_EQ(names(), (QStringList{".profile", "a"}));
 }
@@ -414,12 +414,12 @@ TEST_F(ShellBrowserTest, ColumnWidthsAreReadBackOnNavigation) {
     browse(folder.path());
     shell->view().header()->resizeSection(2, 77);
     browse(folder.path());
-    EXPECT_EQ(catalogue.FindColumn(9)->width, 77);
+    EXPECT_EQ(catalogue.findColumn(9)->width, 77);
 }
 
 TEST_F(ShellBrowserTest, AFolderThatVanishesLeavesAnEmptyListAndAText) {
     std::filesystem::create_directory(folder / "d");
-    support::WriteBytes(folder / "d/file", "x");
+    support::writeBytes(folder / "d/file", "x");
     browse(folder / "d");
     EXPECT_EQ(shell->model().rowCount(), 1);
     std::filesystem::remove_all(folder / "d");
@@ -429,7 +429,7 @@ TEST_F(ShellBrowserTest, AFolderThatVanishesLeavesAnEmptyListAndAText) {
 }
 
 TEST_F(ShellBrowserTest, EndsInTheMiddleOfItsWork) {
-    for (int i = 0; i < 500; ++i) support::WriteBytes(folder / QByteArray::number(i).toStdString(), "x");
+    for (int i = 0; i < 500; ++i) support::writeBytes(folder / QByteArray::number(i).toStdString(), "x");
     browse(folder.path());
     for (int row = 0; row < 500; ++row) cell(row, 70);
     shell->BrowseFolder("/usr/lib", true);

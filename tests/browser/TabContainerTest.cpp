@@ -71,7 +71,7 @@ class TabContainerTest : public testing::Test {
 
 TEST_F(TabContainerTest, NoFolderNoTab) {
     EXPECT_EQ(tabs->CreateNewTab(folder / "absent"), nullptr);
-    support::WriteBytes(folder / "file", "");
+    support::writeBytes(folder / "file", "");
     EXPECT_EQ(tabs->CreateNewTab(folder / "file"), nullptr);
     EXPECT_FALSE(tabs->hasTabs());
 }
@@ -94,13 +94,13 @@ TEST_F(TabContainerTest, TellsWhatHappensInOrder) {
     EXPECT_FALSE(second.shellBrowser().view().isVisible());
     steps.clear();
     tabs->SelectTab(second);
-    tabs->CloseTab(second);
+    tabs->closeTab(second);
     EXPECT_EQ(steps, (QStringList{"selected", "selected", "removed 1"}));
 }
 
 TEST_F(TabContainerTest, TheLastTabStays) {
     Tab& only = open(folder / "one");
-    EXPECT_FALSE(tabs->CloseTab(only));
+    EXPECT_FALSE(tabs->closeTab(only));
     EXPECT_EQ(tabs->tabCount(), 1);
     EXPECT_EQ(tabs->tabBar().count(), 1);
 }
@@ -167,7 +167,7 @@ TEST_F(TabContainerTest, AWrongPathStaysInTheBarAndIsTold) {
 
 TEST_F(TabContainerTest, AFolderThatIsReadLateLeavesWhatIsTypedByThen) {
     Tab& tab = open(folder / "one");
-    bar->EditPath();
+    bar->editPath();
     ASSERT_TRUE(QTest::qWaitFor([&] { return bar->edit().hasFocus(); }, kLimit));
     QTest::keyClicks(&bar->edit(), "../tw");
     tabs->TabNavigationCompleted(tab);
@@ -204,7 +204,7 @@ TEST_F(TabContainerTest, TheButtonsWalkTheHistory) {
 
 TEST_F(TabContainerTest, FolderNamesAreOfferedWhileTyping) {
     open(folder.path());
-    bar->EditPath();
+    bar->editPath();
     bar->edit().clear();
     QTest::keyClicks(&bar->edit(), "t");
     const auto offers = [&] {
@@ -230,10 +230,10 @@ TEST_F(TabContainerTest, ALateIconReachesTheBar) {
 }
 
 TEST_F(TabContainerTest, HiddenFilesAreReadAgainWhenWanted) {
-    support::WriteBytes(folder / "one/.hidden", "");
+    support::writeBytes(folder / "one/.hidden", "");
     Tab& tab = open(folder / "one");
     EXPECT_EQ(tab.shellBrowser().model().rowCount(), 0);
-    tabs->SetShowHidden(true);
+    tabs->setShowHidden(true);
     EXPECT_TRUE(QTest::qWaitFor([&] { return tab.shellBrowser().model().rowCount() == 1; }, kLimit));
 }
 
@@ -241,7 +241,7 @@ TEST(PlacesPanel, MarksTheNearestPlaceAndTellsClicks) {
     browser::PlacesPanel panel;
     panel.resize(200, 400);
     panel.show();
-    panel.SetCurrentFolder("/etc");
+    panel.setCurrentFolder("/etc");
     ASSERT_NE(panel.currentItem(), nullptr);
     EXPECT_EQ(panel.currentItem()->text(0), "File system");
     std::vector<std::filesystem::path> told;

@@ -50,32 +50,32 @@ TEST(DumpText, LinesToTheLetter) {
          "00000000   41 42 43 44 45 46 47                                        ABCDEFG"},
     };
     for (const auto& row : cases)
-        EXPECT_EQ(DumpLine(bytesOf(row.bytes), row.offset, row.fill).toStdString(), row.line) << row.what;
+        EXPECT_EQ(dumpLine(bytesOf(row.bytes), row.offset, row.fill).toStdString(), row.line) << row.what;
 }
 
 TEST(DumpText, TheTextStandsWhereItIsSaidToStand) {
     for (const ShortLineFill fill : {ShortLineFill::FourBlanks, ShortLineFill::Aligned}) {
         for (std::size_t count = 1; count <= kBytesPerDumpLine; ++count) {
-            const std::string line = DumpLine(bytesOf(std::string(count, 'z')), 0, fill).toStdString();
-            EXPECT_EQ(line.find('z'), DumpColumnOfText(count, fill)) << count;
-            EXPECT_EQ(line.size(), DumpColumnOfText(count, fill) + count);
-            EXPECT_EQ(line.substr(DumpColumnOfByte(count - 1), 2), "7A");
+            const std::string line = dumpLine(bytesOf(std::string(count, 'z')), 0, fill).toStdString();
+            EXPECT_EQ(line.find('z'), dumpColumnOfText(count, fill)) << count;
+            EXPECT_EQ(line.size(), dumpColumnOfText(count, fill) + count);
+            EXPECT_EQ(line.substr(dumpColumnOfByte(count - 1), 2), "7A");
         }
     }
 }
 
 TEST(DumpText, SeveralLinesAndTheEnd) {
     const std::string bytes = counted(16) + "xyz";
-    EXPECT_EQ(DumpLines(bytesOf(bytes), 1, 9, ShortLineFill::Aligned).toStdString(),
+    EXPECT_EQ(dumpLines(bytesOf(bytes), 1, 9, ShortLineFill::Aligned).toStdString(),
               "00000010   78 79 7A                                             xyz\r\n");
-    EXPECT_EQ(DumpLines(bytesOf(bytes), 0, 1, ShortLineFill::Aligned).toStdString(),
+    EXPECT_EQ(dumpLines(bytesOf(bytes), 0, 1, ShortLineFill::Aligned).toStdString(),
               "00000000   41 42 43 44 45 46 47 48   49 4A 4B 4C 4D 4E 4F 50    ABCDEFGHIJKLMNOP\r\n");
-    EXPECT_EQ(DumpLines({}, 0, 5, ShortLineFill::Aligned), QString());
-    EXPECT_EQ(DumpEnd(0), QStringLiteral("(0 bytes)"));
-    EXPECT_EQ(DumpEnd(104857600), QStringLiteral("(104857600 bytes)"));
-    EXPECT_EQ(DumpLineCount(0), 0u);
-    EXPECT_EQ(DumpLineCount(16), 1u);
-    EXPECT_EQ(DumpLineCount(17), 2u);
+    EXPECT_EQ(dumpLines({}, 0, 5, ShortLineFill::Aligned), QString());
+    EXPECT_EQ(dumpEnd(0), QStringLiteral("(0 bytes)"));
+    EXPECT_EQ(dumpEnd(104857600), QStringLiteral("(104857600 bytes)"));
+    EXPECT_EQ(dumpLineCount(0), 0u);
+    EXPECT_EQ(dumpLineCount(16), 1u);
+    EXPECT_EQ(dumpLineCount(17), 2u);
 }
 
 TEST(TextRows, RowsOfText) {

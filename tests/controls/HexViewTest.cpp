@@ -141,14 +141,14 @@ TEST_F(HexViewTest, TheMouseMarksBytesInEitherColumn) {
         QApplication::sendEvent(view_.viewport(), &move);
         QTest::mouseRelease(view_.viewport(), Qt::LeftButton, {}, to);
     };
-    drag(at(DumpColumnOfByte(2), 0), at(DumpColumnOfByte(9), 1));
+    drag(at(dumpColumnOfByte(2), 0), at(dumpColumnOfByte(9), 1));
     EXPECT_EQ(view_.selection(), Selection(2, 24));
-    const std::size_t text = DumpColumnOfText(16, ShortLineFill::Aligned);
+    const std::size_t text = dumpColumnOfText(16, ShortLineFill::Aligned);
     drag(at(text + 3, 2), at(text + 15, 2));
     EXPECT_EQ(view_.selection(), Selection(35, 13));
     QTest::mouseClick(view_.viewport(), Qt::LeftButton, Qt::ShiftModifier, at(text + 1, 2));
     EXPECT_EQ(view_.selection(), Selection(33, 3));
-    QTest::mouseDClick(view_.viewport(), Qt::LeftButton, {}, at(DumpColumnOfByte(5), 4));
+    QTest::mouseDClick(view_.viewport(), Qt::LeftButton, {}, at(dumpColumnOfByte(5), 4));
     EXPECT_EQ(view_.selection(), Selection(64, 16));
     view_.setMode(Mode::Text);
     drag(at(3, 1), at(3, 2));

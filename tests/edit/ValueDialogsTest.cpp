@@ -1,10 +1,10 @@
 #include "edit/ValueDialogs.h"
 
 #include "edit/DateValue.h"
-#include "edit/DialogDeleteATag.h"
-#include "edit/DialogDeleteGroup_FromOneFile.h"
 #include "edit/EditTexts.h"
-#include "edit/EditedFile.h"
+#include "support/EditedFile.h"
+#include "taglists/DialogDeleteATag.h"
+#include "taglists/DialogDeleteGroup_FromOneFile.h"
 
 #include <gmock/gmock.h>
 
@@ -19,6 +19,9 @@
 #include <QTimeEdit>
 
 using namespace edit;
+using namespace taglists;
+using exiftool::TagWriteResult;
+using tags::TagEditContext;
 using tags::ValueKind;
 
 namespace {
@@ -40,7 +43,7 @@ class ValueDialogs : public EditedFile {
             },
             Qt::QueuedConnection);
         wasLeftOpen = false;
-        return EditValue(parts, edit, kind, nullptr);
+        return ::edit::editValue(parts, edit, kind, nullptr);
     }
 
     void open(const char16_t* group, const char16_t* name, const char* value) {
@@ -54,10 +57,10 @@ class ValueDialogs : public EditedFile {
 
     template <typename Control>
     static Control& at(const QDialog& dialog, int number) {
-        return *qobject_cast<Control*>(app::FindControl(dialog, number));
+        return *qobject_cast<Control*>(dialogs::findControl(dialog, number));
     }
     static void ok(QDialog& dialog) {
-        QTest::mouseClick(&at<QAbstractButton>(dialog, app::kOkControl), Qt::LeftButton);
+        QTest::mouseClick(&at<QAbstractButton>(dialog, dialogs::kOkControl), Qt::LeftButton);
     }
 
     TagEditContext edit;
@@ -77,45 +80,46 @@ TEST_F(ValueDialogs, EachKindHasItsFormItsTitleLabelAndHelp) {
         int field;
     } cases[] = {
         {ValueKind::Date, 185, u"ExifIFD", u"CreateDate", "Modify: CreateDate", "Create Date",
-         control::kDate},
-        {ValueKind::Integer, 133, u"ExifIFD", u"ISO", "Modify: ISO", "ISO", control::kText},
-        {ValueKind::Text, 134, u"XMP-dc", u"Title", "Modify: Title", "Title", control::kText},
-        {ValueKind::Rating, 186, u"XMP-Xmp", u"Rating", "Modify: Rating", "Rating", control::kRating},
+         ::edit::control::kDate},
+        {ValueKind::Integer, 133, u"ExifIFD", u"ISO", "Modify: ISO", "ISO", ::edit::control::kText},
+        {ValueKind::Text, 134, u"XMP-dc", u"Title", "Modify: Title", "Title", ::edit::control::kText},
+        {ValueKind::Rating, 186, u"XMP-Xmp", u"Rating", "Modify: Rating", "Rating", ::edit::control::kRating},
         {ValueKind::List, 135, u"IFD0", u"Orientation", "Modify: Orientation", "Orientation",
-         control::kChoice},
-        {ValueKind::Rational, 147, u"ExifIFD", u"FNumber", "Modify: FNumber", "F Number", control::kText},
+         ::edit::control::kChoice},
+        {ValueKind::Rational, 147, u"ExifIFD", u"FNumber", "Modify: FNumber", "F Number",
+         ::edit::control::kText},
     };
     for (const auto& row : cases) {
         open(row.group, row.name, "");
         const int result = run(row.kind, [&](QDialog& dialog) {
-            EXPECT_EQ(dialog.property(app::kTemplateNumberProperty).toInt(), row.number);
+            EXPECT_EQ(dialog.property(dialogs::kTemplateNumberProperty).toInt(), row.number);
             EXPECT_EQ(dialog.windowTitle().toStdString(), row.title);
-            EXPECT_THAT(at<QLabel>(dialog, control::kTagLabel).text().toStdString(),
+            EXPECT_THAT(at<QLabel>(dialog, ::edit::control::kTagLabel).text().toStdString(),
                         testing::StartsWith(row.label));
-            EXPECT_THAT(at<QPlainTextEdit>(dialog, control::kHelp).toPlainText().toStdString(),
+            EXPECT_THAT(at<QPlainTextEdit>(dialog, ::edit::control::kHelp).toPlainText().toStdString(),
                         testing::HasSubstr(QString::fromUtf16(row.group).toStdString()));
             EXPECT_EQ(dialog.focusWidget(), &at<QWidget>(dialog, row.field)) << row.title;
-            EXPECT_TRUE(at<QPushButton>(dialog, app::kOkControl).isDefault()) << row.title;
+            EXPECT_TRUE(at<QPushButton>(dialog, dialogs::kOkControl).isDefault()) << row.title;
             QTest::keyClick(&dialog, Qt::Key_Escape);
         });
         EXPECT_EQ(result, 0) << row.title;
         EXPECT_EQ(edit.value, QString());
         EXPECT_FALSE(wasLeftOpen);
     }
-    EXPECT_EQ(EditValue(parts, edit, ValueKind::Binary, nullptr), 0);
-    EXPECT_EQ(EditValue(parts, edit, static_cast<ValueKind>(5), nullptr), 0);
+    EXPECT_EQ(::edit::editValue(parts, edit, ValueKind::Binary, nullptr), 0);
+    EXPECT_EQ(::edit::editValue(parts, edit, static_cast<ValueKind>(5), nullptr), 0);
 }
 
 TEST_F(ValueDialogs, AnIntegerThatIsNoneKeepsTheDialogOpen) {
     open(u"ExifIFD", u"ISO", "100");
     EXPECT_EQ(run(ValueKind::Integer,
                   [&](QDialog& dialog) {
-                      auto& field = at<QLineEdit>(dialog, control::kText);
+                      auto& field = at<QLineEdit>(dialog, ::edit::control::kText);
                       EXPECT_EQ(field.selectedText(), QStringLiteral("100"));
                       QTest::keyClicks(&field, "abc");
                       QTest::keyClick(&field, Qt::Key_Return);
                       EXPECT_TRUE(dialog.isVisible());
-                      EXPECT_EQ(at<QLabel>(dialog, control::kHint).text(),
+                      EXPECT_EQ(at<QLabel>(dialog, ::edit::control::kHint).text(),
                                 QStringLiteral("\"abc\" is not a whole number."));
                       QTest::keyClicks(&field, "-9999999999");
                       QTest::keyClick(&field, Qt::Key_Return);
@@ -126,7 +130,7 @@ TEST_F(ValueDialogs, AnIntegerThatIsNoneKeepsTheDialogOpen) {
     open(u"ExifIFD", u"ISO", "100");
     EXPECT_EQ(run(ValueKind::Integer,
                   [&](QDialog& dialog) {
-                      at<QLineEdit>(dialog, control::kText).setText("abc");
+                      at<QLineEdit>(dialog, ::edit::control::kText).setText("abc");
                       ok(dialog);
                   }),
               1);
@@ -148,7 +152,7 @@ TEST_F(ValueDialogs, TextIsWholeAndEnterIsOk) {
     edit.value = whole;
     EXPECT_EQ(run(ValueKind::Text,
                   [&](QDialog& dialog) {
-                      auto& field = at<QPlainTextEdit>(dialog, control::kText);
+                      auto& field = at<QPlainTextEdit>(dialog, ::edit::control::kText);
                       EXPECT_EQ(field.toPlainText(), whole);
                       field.moveCursor(QTextCursor::End);
                       QTest::keyClick(&field, Qt::Key_Return, Qt::ControlModifier);
@@ -168,8 +172,9 @@ TEST_F(ValueDialogs, TextThatNobodyTouchesStaysAsItWas) {
     EXPECT_EQ(edit.value, odd);
     EXPECT_EQ(run(ValueKind::Text,
                   [&](QDialog& dialog) {
-                      auto& field = at<QPlainTextEdit>(dialog, control::kText);
-                      EXPECT_EQ(at<QLabel>(dialog, control::kHint).text(), language.text(text::kEntryLines));
+                      auto& field = at<QPlainTextEdit>(dialog, ::edit::control::kText);
+                      EXPECT_EQ(at<QLabel>(dialog, ::edit::control::kHint).text(),
+                                language.text(::edit::text::kEntryLines));
                       field.moveCursor(QTextCursor::End);
                       QTest::keyClicks(&field, "!");
                       ok(dialog);
@@ -193,8 +198,8 @@ TEST_F(ValueDialogs, ADateKeepsWhatItsTagHas) {
         open(u"XMP-Xmp", u"ModifyDate", row.value);
         EXPECT_EQ(run(ValueKind::Date,
                       [&](QDialog& dialog) {
-                          auto& date = at<QDateEdit>(dialog, control::kDate);
-                          auto& time = at<QTimeEdit>(dialog, control::kTime);
+                          auto& date = at<QDateEdit>(dialog, ::edit::control::kDate);
+                          auto& time = at<QTimeEdit>(dialog, ::edit::control::kTime);
                           EXPECT_EQ(date.isVisible(), row.hasDate) << row.value;
                           EXPECT_EQ(time.isVisible(), row.hasTime) << row.value;
                           date.setDate(date.date().addDays(1));
@@ -208,27 +213,27 @@ TEST_F(ValueDialogs, ADateKeepsWhatItsTagHas) {
     open(u"ExifIFD", u"CreateDate", "2015:06:01 02:03:04+02:00");
     run(ValueKind::Date, [&](QDialog& dialog) { ok(dialog); });
     EXPECT_EQ(edit.value.toStdString(), "2015:6:1 2:3:4");
-    EXPECT_EQ(edit.fileTime, LocalMoment(QDate(2015, 6, 1), QTime(2, 3, 4)));
+    EXPECT_EQ(edit.fileTime, localMoment(QDate(2015, 6, 1), QTime(2, 3, 4)));
 }
 
 TEST_F(ValueDialogs, AValueThatIsNoDateStaysUntilOneIsChosen) {
     open(u"ExifIFD", u"CreateDate", "0000:00:00 00:00:00");
     EXPECT_EQ(run(ValueKind::Date,
                   [&](QDialog& dialog) {
-                      EXPECT_THAT(at<QLabel>(dialog, control::kHint).text().toStdString(),
+                      EXPECT_THAT(at<QLabel>(dialog, ::edit::control::kHint).text().toStdString(),
                                   testing::HasSubstr("0000:00:00 00:00:00"));
-                      EXPECT_EQ(at<QDateEdit>(dialog, control::kDate).date(), QDate::currentDate());
+                      EXPECT_EQ(at<QDateEdit>(dialog, ::edit::control::kDate).date(), QDate::currentDate());
                       ok(dialog);
                   }),
               1);
     EXPECT_EQ(edit.value, QStringLiteral("0000:00:00 00:00:00"));
     EXPECT_EQ(run(ValueKind::Date,
                   [&](QDialog& dialog) {
-                      QTest::mouseClick(&at<QPushButton>(dialog, control::kNow), Qt::LeftButton);
+                      QTest::mouseClick(&at<QPushButton>(dialog, ::edit::control::kNow), Qt::LeftButton);
                       ok(dialog);
                   }),
               1);
-    EXPECT_TRUE(ReadDateValue(edit.value).has_value()) << edit.value.toStdString();
+    EXPECT_TRUE(readDateValue(edit.value).has_value()) << edit.value.toStdString();
 }
 
 TEST_F(ValueDialogs, ARatingBeginsWithItsOwnStars) {
@@ -243,7 +248,7 @@ TEST_F(ValueDialogs, ARatingBeginsWithItsOwnStars) {
         open(u"XMP-Xmp", u"Rating", row.value);
         EXPECT_EQ(run(ValueKind::Rating,
                       [&](QDialog& dialog) {
-                          auto& choice = at<QComboBox>(dialog, control::kRating);
+                          auto& choice = at<QComboBox>(dialog, ::edit::control::kRating);
                           EXPECT_EQ(choice.count(), 6);
                           EXPECT_EQ(choice.currentIndex(), row.begins) << row.value;
                           ok(dialog);
@@ -253,9 +258,9 @@ TEST_F(ValueDialogs, ARatingBeginsWithItsOwnStars) {
     }
     EXPECT_EQ(run(ValueKind::Rating,
                   [&](QDialog& dialog) {
-                      auto& choice = at<QComboBox>(dialog, control::kRating);
+                      auto& choice = at<QComboBox>(dialog, ::edit::control::kRating);
                       QTest::keyClicks(&choice, "5");
-                      EXPECT_EQ(dialog.focusWidget(), &at<QPushButton>(dialog, app::kOkControl));
+                      EXPECT_EQ(dialog.focusWidget(), &at<QPushButton>(dialog, dialogs::kOkControl));
                       QTest::keyClick(&dialog, Qt::Key_Return);
                   }),
               1);
@@ -268,7 +273,7 @@ TEST_F(ValueDialogs, AChoiceGivesItsLabelAndItsCode) {
     edit.selection = labels.GetComboIndex(edit.tagId, edit.value);
     EXPECT_EQ(run(ValueKind::List,
                   [&](QDialog& dialog) {
-                      auto& choice = at<QComboBox>(dialog, control::kChoice);
+                      auto& choice = at<QComboBox>(dialog, ::edit::control::kChoice);
                       EXPECT_EQ(choice.count(), labels.GetItemNumberFromCombo(edit.tagId));
                       EXPECT_EQ(choice.currentText(), QStringLiteral("Rotate 180"));
                       EXPECT_EQ(choice.currentData().toInt(), 3);
@@ -284,22 +289,22 @@ TEST_F(ValueDialogs, AChoiceGivesItsLabelAndItsCode) {
 
 TEST_F(ValueDialogs, ATagIsDeletedAfterItsSafetyCopy) {
     const auto file = photo({"-IFD0:Artist=Ada", "-IFD0:Copyright=kept"});
-    const std::string before = support::ReadBytes(file);
+    const std::string before = support::readBytes(file);
     tags::MetadataRow row;
     row.group = "IFD0";
     row.tag = "Artist";
     row.tagId = static_cast<int>(record(u"IFD0", u"Artist").id);
     DialogDeleteATag dialog(parts, row, file, nullptr);
-    EXPECT_EQ(at<QLabel>(dialog, control::kQuestion).text(),
+    EXPECT_EQ(at<QLabel>(dialog, ::edit::control::kQuestion).text(),
               QStringLiteral("Artist is going to be deleted."));
     dialog.reject();
-    EXPECT_EQ(support::ReadBytes(file), before);
+    EXPECT_EQ(support::readBytes(file), before);
     dialog.accept();
     EXPECT_EQ(dialog.result().code, 0);
     EXPECT_EQ(dialog.result().complaint, QString());
     EXPECT_EQ(valueOf(file, "IFD0:Artist"), "");
     EXPECT_EQ(valueOf(file, "IFD0:Copyright"), "kept");
-    EXPECT_EQ(support::ReadBytes(exiftool::SafetyCopyPath(file, context.cachePath, {}, QDateTime())), before);
+    EXPECT_EQ(support::readBytes(exiftool::safetyCopyPath(file, context.cachePath, {}, QDateTime())), before);
 }
 
 TEST_F(ValueDialogs, AGroupIsDeletedTagByTag) {
@@ -313,18 +318,19 @@ TEST_F(ValueDialogs, AGroupIsDeletedTagByTag) {
     rows[1].tagId = static_cast<int>(record(u"XMP-dc", u"Subject").id);
     rows[2].tag = "Something";
     DialogDeleteGroup_FromOneFile dialog(parts, rows, file, nullptr);
-    EXPECT_EQ(at<QLabel>(dialog, control::kQuestion).text(),
+    EXPECT_EQ(at<QLabel>(dialog, ::edit::control::kQuestion).text(),
               QStringLiteral("You are going to delete the XMP-dc group.\nPlease confirm."));
-    EXPECT_EQ(at<QPlainTextEdit>(dialog, control::kHelp).toPlainText(), QStringLiteral("Title\nSubject"));
+    EXPECT_EQ(at<QPlainTextEdit>(dialog, ::edit::control::kHelp).toPlainText(),
+              QStringLiteral("Title\nSubject"));
     dialog.accept();
     EXPECT_EQ(dialog.result().complaint, QString());
     EXPECT_EQ(valueOf(file, "XMP-dc:All"), "");
     EXPECT_EQ(valueOf(file, "IFD0:Artist"), "kept");
 
     context.settings.exifTool.correctedCommands = false;
-    const std::vector<TagAddress> all = AddressesOf(parts, rows);
+    const std::vector<TagAddress> all = addressesOf(parts, rows);
     EXPECT_EQ(all.size(), 3u) << "as designed every row is a term";
-    EXPECT_EQ(RemoveTagsOfFileCommand(context, all, "/p/a.jpg").text(),
+    EXPECT_EQ(removeTagsOfFileCommand(context, all, "/p/a.jpg").text(),
               "\"/usr/bin/exiftool\" -XMP-dc:Title= -XMP-dc:Subject= -XMP-dc:Something= -overwrite_original "
               "-charset filename=UTF8 \"/p/a.jpg\"");
 }
@@ -333,9 +339,9 @@ TEST_F(ValueDialogs, AFileThatIsMarkedReadOnlyIsLeftAlone) {
     const auto file = photo({"-IFD0:Artist=Ada"});
     std::filesystem::permissions(file, std::filesystem::perms::owner_read);
     if (::access(file.c_str(), W_OK) == 0) GTEST_SKIP() << "nothing is read-only for this user";
-    const std::string before = support::ReadBytes(file);
-    const TagWriteResult result = DeleteTags(parts, {{"IFD0", "Artist"}}, file);
+    const std::string before = support::readBytes(file);
+    const TagWriteResult result = deleteTags(parts, {{"IFD0", "Artist"}}, file);
     EXPECT_EQ(static_cast<std::uint32_t>(result.code), 0x80030005u);
     EXPECT_EQ(result.message, QStringLiteral("Access denied!"));
-    EXPECT_EQ(support::ReadBytes(file), before);
+    EXPECT_EQ(support::readBytes(file), before);
 }

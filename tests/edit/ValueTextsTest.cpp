@@ -1,12 +1,13 @@
 #include "edit/DateValue.h"
-#include "edit/Entries.h"
 #include "edit/NumberText.h"
+#include "tags/Entries.h"
 
 #include <gtest/gtest.h>
 
 #include <QDateTime>
 
 using namespace edit;
+using namespace tags;
 
 namespace {
 
@@ -57,12 +58,12 @@ TEST(DateValue, EachPartThatAValueHasIsReadAndNoOther) {
         {"12", nullptr},
     };
     for (const DateCase& row : cases) {
-        std::optional<DateValue> value = ReadDateValue(QString::fromUtf8(row.value));
+        std::optional<DateValue> value = readDateValue(QString::fromUtf8(row.value));
         EXPECT_EQ(value.has_value(), row.moved != nullptr) << row.value;
         if (!value || row.moved == nullptr) continue;
         value->date = value->date.addYears(1).addDays(value->dateFields == DateValue::DateFields::Day);
         value->time = value->time.addSecs(3600);
-        EXPECT_EQ(text(DateValueText(*value)), row.moved);
+        EXPECT_EQ(text(dateValueText(*value)), row.moved);
     }
 }
 
@@ -77,22 +78,22 @@ TEST(DateValue, TheDesignedFormCutsByPositionAndJoinsWithoutZeros) {
         {"0000:00:00 00:00:00", nullptr},           {"text", nullptr},
     };
     for (const auto& row : cases) {
-        const auto moment = CutDateByPosition(QString::fromUtf8(row.value));
+        const auto moment = cutDateByPosition(QString::fromUtf8(row.value));
         EXPECT_EQ(moment.has_value(), row.joined != nullptr) << row.value;
         if (moment && row.joined != nullptr) {
-            EXPECT_EQ(text(JoinDateAndTime(moment->date, moment->time)), row.joined);
+            EXPECT_EQ(text(joinDateAndTime(moment->date, moment->time)), row.joined);
         }
     }
 }
 
 TEST(DateValue, TheMomentIsOfLocalTimeAndHasWholeSeconds) {
     const QDate date(2015, 6, 1);
-    EXPECT_EQ(LocalMoment(date, QTime(12, 13, 14, 999)).nanoseconds,
+    EXPECT_EQ(localMoment(date, QTime(12, 13, 14, 999)).nanoseconds,
               QDateTime(date, QTime(12, 13, 14)).toSecsSinceEpoch() * 1'000'000'000);
-    EXPECT_LT(LocalMoment(QDate(1, 1, 1), QTime(0, 0)).nanoseconds,
-              LocalMoment(QDate(1700, 1, 1), QTime(0, 0)).nanoseconds);
-    EXPECT_GT(LocalMoment(QDate(9999, 1, 1), QTime(0, 0)).nanoseconds,
-              LocalMoment(QDate(2250, 1, 1), QTime(0, 0)).nanoseconds);
+    EXPECT_LT(localMoment(QDate(1, 1, 1), QTime(0, 0)).nanoseconds,
+              localMoment(QDate(1700, 1, 1), QTime(0, 0)).nanoseconds);
+    EXPECT_GT(localMoment(QDate(9999, 1, 1), QTime(0, 0)).nanoseconds,
+              localMoment(QDate(2250, 1, 1), QTime(0, 0)).nanoseconds);
 }
 
 TEST(NumberText, AnIntegerIsReadAsDesignedOrRefused) {
@@ -124,8 +125,8 @@ TEST(NumberText, AnIntegerIsReadAsDesignedOrRefused) {
     };
     for (const IntegerCase& row : cases) {
         const QString typed = QString::fromUtf8(row.typed);
-        EXPECT_EQ(text(DesignedInteger(typed)), row.designed) << row.typed;
-        const auto corrected = CorrectedInteger(typed, QString::fromUtf8(row.before));
+        EXPECT_EQ(text(designedInteger(typed)), row.designed) << row.typed;
+        const auto corrected = correctedInteger(typed, QString::fromUtf8(row.before));
         EXPECT_EQ(corrected.has_value(), row.corrected != nullptr) << row.typed;
         if (corrected && row.corrected != nullptr) {
             EXPECT_EQ(text(*corrected), row.corrected);
@@ -162,20 +163,20 @@ TEST(NumberText, ARationalReplacesTheOldOneUnlessItIsNone) {
     };
     for (const auto& row : cases) {
         const QString typed = QString::fromUtf8(row.typed);
-        const auto value = CorrectedRational(typed, QString::fromUtf8(row.before));
+        const auto value = correctedRational(typed, QString::fromUtf8(row.before));
         EXPECT_EQ(value.has_value(), row.taken) << row.typed;
         if (value && row.taken) {
             EXPECT_EQ(*value, typed.trimmed());
         }
     }
-    EXPECT_EQ(text(DesignedRational("1/3", "1/3")), "1/31/3");
-    EXPECT_EQ(DesignedRational("1", QString(300, u'9')).size(), 256);
+    EXPECT_EQ(text(designedRational("1/3", "1/3")), "1/31/3");
+    EXPECT_EQ(designedRational("1", QString(300, u'9')).size(), 256);
 }
 
 TEST(Entries, GoThereAndBackWithTheirLineFeeds) {
     const QStringList lists[] = {
         {}, {"one"}, {"one", "two, three"}, {"with\nline", "feed"}, {"\u65E5\u672C", "\u05E9\u05DC"}};
-    for (const QStringList& entries : lists) EXPECT_EQ(SplitEntries(JoinEntries(entries)), entries);
-    EXPECT_EQ(SplitEntries("  one \n\n \ntwo"), QStringList({"one", "two"}));
-    EXPECT_EQ(text(PanelText({"one", "tw\no\x7F", "\x01"})), "one, tw.o., .");
+    for (const QStringList& entries : lists) EXPECT_EQ(splitEntries(joinEntries(entries)), entries);
+    EXPECT_EQ(splitEntries("  one \n\n \ntwo"), QStringList({"one", "two"}));
+    EXPECT_EQ(text(panelText({"one", "tw\no\x7F", "\x01"})), "one, tw.o., .");
 }

@@ -1,12 +1,14 @@
-#include "edit/WriteTag.h"
+#include "exiftool/WriteTag.h"
 
-#include "edit/EditedFile.h"
 #include "edit/PanelEdit.h"
 #include "edit/WholeValue.h"
+#include "support/EditedFile.h"
 
 #include <gmock/gmock.h>
 
 using namespace edit;
+using namespace exiftool;
+using namespace tags;
 using testing::HasSubstr;
 namespace fs = std::filesystem;
 
@@ -100,7 +102,7 @@ class WriteTag : public EditedFile {
         to.tagId = static_cast<int>(tag.id);
         to.comboCode = code;
         to.selection = value.toInt();
-        return WriteOneTag(context, runner, file, EditOfRow(parts, from, to, tag, 0));
+        return WriteOneTag(context, runner, file, editOfRow(parts, from, to, tag, 0));
     }
 
     void SetUp() override { fs::current_path(folder / "photos"); }
@@ -117,7 +119,7 @@ TEST_F(WriteTag, TheLinesAreExactToTheBlank) {
                                          (corrected ? row.corrected : row.designed) +
                                          "-overwrite_original -charset filename=UTF8 \"/p/a b.jpg\"" +
                                          (corrected ? " 2>>\"" + context.reportFile.string() + "\"" : "");
-            EXPECT_EQ(WriteTagCommand(context, "/p/a b.jpg", row.edit).text(), expected) << row.what;
+            EXPECT_EQ(writeTagCommand(context, "/p/a b.jpg", row.edit).text(), expected) << row.what;
         }
     }
 }
@@ -173,7 +175,7 @@ TEST_F(WriteTag, EntriesStayEntries) {
         EXPECT_EQ(write(file, group, name, QStringLiteral("one\ntwo, three\n\u65E5\u672C")).complaint,
                   QString());
         const tags::TagRecord tag = record(group, name);
-        EXPECT_EQ(EditableValue(parts, file, tag, QStringLiteral("one, two, three, \u65E5\u672C")),
+        EXPECT_EQ(editableValue(parts, file, tag, QStringLiteral("one, two, three, \u65E5\u672C")),
                   QStringLiteral("one\ntwo, three\n\u65E5\u672C"));
     }
 }
@@ -208,17 +210,17 @@ TEST_F(WriteTag, WhatCameOutOfTheFileIsHarmlessInTheDesignedFormToo) {
     const fs::path file = photo({});
     for (const char* value : kHostileValues) {
         const QString text = QString::fromUtf8(value);
-        const std::string untouched = support::ReadBytes(file);
+        const std::string untouched = support::readBytes(file);
         EXPECT_EQ(write(file, u"XMP-dc", u"Creator", text + "!", text).code, 0);
         EXPECT_EQ(valueOf(file, "XMP-dc:Creator"), text.toStdString() + "!");
-        EXPECT_NE(support::ReadBytes(file), untouched);
+        EXPECT_NE(support::readBytes(file), untouched);
     }
     EXPECT_FALSE(fs::exists("owned"));
     EXPECT_EQ(std::distance(fs::directory_iterator(folder / "photos"), {}), 1);
 }
 
 TEST_F(WriteTag, HostileNamesAreWritten) {
-    for (const std::string& name : support::HostileNames()) {
+    for (const std::string& name : support::hostileNames()) {
         const fs::path file = photo({}, name);
         EXPECT_EQ(write(file, u"XMP-dc", u"Title", "new").code, 0) << name;
         EXPECT_EQ(valueOf(file, "XMP-dc:Title"), "new") << name;
@@ -239,11 +241,11 @@ TEST_F(WriteTag, SeveralSuchTextsOfOneLineAllArrive) {
     const fs::path file = photo({"-IPTC:City=Rom", "-IPTC:Credit=gr\xC3\xBCn"});
     const app::CurrentEdit edits[] = {edited("IPTC", "City", "\xE6\x9D\xB1"), edited("IFD0", "Artist", "Ada"),
                                       edited("IPTC", "Headline", "\xE4\xBA\xAC")};
-    const platform::CommandText terms = TermsOfTags(context, edits);
+    const platform::CommandText terms = termsOfTags(context, edits);
     EXPECT_EQ(terms.text(),
               "-tagsfromfile @ -IPTC:All --IPTC:City --IPTC:Headline -IPTC:CodedCharacterSet=UTF8 "
               "-IPTC:City=\"\xE6\x9D\xB1\" -IFD0:Artist=\"Ada\" -IPTC:Headline=\"\xE4\xBA\xAC\" ");
-    platform::CommandText line = exiftool::ToolStart(context).append(terms).literal("-overwrite_original \"");
+    platform::CommandText line = exiftool::toolStart(context).append(terms).literal("-overwrite_original \"");
     EXPECT_EQ(runner.RunToolLine(line.outside(file.string()).literal("\"")), 1);
     EXPECT_EQ(valueOf(file, "IPTC:City"), "\xE6\x9D\xB1");
     EXPECT_EQ(valueOf(file, "IPTC:Headline"), "\xE4\xBA\xAC");
@@ -253,33 +255,33 @@ TEST_F(WriteTag, SeveralSuchTextsOfOneLineAllArrive) {
 
 TEST_F(WriteTag, WhatExifToolSaysIsTold) {
     const fs::path file = photo({"-ExifIFD:ExposureTime=1/30"});
-    const std::string before = support::ReadBytes(file);
-    support::WriteBytes(context.reportFile, "something earlier\n");
+    const std::string before = support::readBytes(file);
+    support::writeBytes(context.reportFile, "something earlier\n");
     const TagWriteResult refused = write(file, u"ExifIFD", u"ExposureTime", "abc");
     EXPECT_EQ(refused.code, 0);
     EXPECT_THAT(refused.complaint.toStdString(), testing::StartsWith("Warning: "));
     EXPECT_THAT(report(), HasSubstr("something earlier\nWarning"));
-    EXPECT_EQ(support::ReadBytes(file), before);
+    EXPECT_EQ(support::readBytes(file), before);
 
     const TagWriteResult gone = write(folder / "photos/gone.jpg", u"IFD0", u"Artist", "x");
     EXPECT_THAT(gone.complaint.toStdString(), HasSubstr("gone.jpg"));
     context.exifToolPath = folder / "no tool";
     EXPECT_EQ(write(file, u"IFD0", u"Artist", "x").code, 1);
-    EXPECT_EQ(support::ReadBytes(file), before);
+    EXPECT_EQ(support::readBytes(file), before);
 }
 
 TEST_F(WriteTag, AWriteThatIsCutLeavesTheFileWholeAndTheNextOneWorks) {
     const fs::path file = photo({"-IFD0:Artist=Ada"});
-    const std::string before = support::ReadBytes(file);
+    const std::string before = support::readBytes(file);
     const fs::path script = folder / "tool";
-    support::WriteBytes(
+    support::writeBytes(
         script, "#!/bin/sh\nfor last; do :; done\necho half >\"${last}_exiftool_tmp\"\nexec sleep 100\n");
     fs::permissions(script, fs::perms::owner_all);
     context.exifToolPath = script;
     const fs::path half = folder / "photos/a.jpg_exiftool_tmp";
     runner.setKeepWaiting([&](std::chrono::milliseconds) { return !fs::exists(half); });
     EXPECT_EQ(write(file, u"IFD0", u"Artist", "Bob").code, 1);
-    EXPECT_EQ(support::ReadBytes(file), before);
+    EXPECT_EQ(support::readBytes(file), before);
     EXPECT_FALSE(fs::exists(half));
     runner.setKeepWaiting({});
     context.exifToolPath = "/usr/bin/exiftool";
@@ -296,28 +298,28 @@ TEST_F(WriteTag, APropertyOfTheListGoesThroughTheStoreAndARowOfThePanelDoesNot) 
     EXPECT_THAT(support::ExifTool({"-s", file.string()}), HasSubstr("By the store"));
 
     // A tag of [File] whose number is a property's as well.
-    const std::string before = support::ReadBytes(file);
+    const std::string before = support::readBytes(file);
     property.groupIndex = 30;
     property.group = "File";
     property.name = "NoSuchTag";
     property.value = "no";
     EXPECT_THAT(WriteOneTag(context, runner, file, property).complaint.toStdString(), HasSubstr("NoSuchTag"));
-    EXPECT_EQ(support::ReadBytes(file), before);
+    EXPECT_EQ(support::readBytes(file), before);
     context.settings.exifTool.correctedCommands = false;
     EXPECT_EQ(WriteOneTag(context, runner, file, property).code, 0);
-    EXPECT_NE(support::ReadBytes(file), before) << "the designed form takes the number for the property's";
+    EXPECT_NE(support::readBytes(file), before) << "the designed form takes the number for the property's";
 }
 
 TEST_F(WriteTag, AStoreThatRefusesIsTold) {
     const fs::path text = folder / "photos/a.txt";
-    support::WriteBytes(text, "no picture");
+    support::writeBytes(text, "no picture");
     app::CurrentEdit property = edited("Photo", "DateTaken", "");
     property.groupIndex = 335;
     property.id = 250;
     const TagWriteResult result = WriteOneTag(context, runner, text, property);
     EXPECT_EQ(static_cast<std::uint32_t>(result.code), 0x88982F41u);
     EXPECT_EQ(result.message, QStringLiteral("This property is not supported by this codec!"));
-    EXPECT_EQ(support::ReadBytes(text), "no picture");
+    EXPECT_EQ(support::readBytes(text), "no picture");
 }
 
 TEST_F(WriteTag, TheWholeValueIsReadWhereTheRowCouldHideSome) {
@@ -337,11 +339,11 @@ TEST_F(WriteTag, TheWholeValueIsReadWhereTheRowCouldHideSome) {
     };
     for (const auto& row : cases) {
         const tags::TagRecord tag = record(u"XMP-dc", row.name);
-        EXPECT_EQ(EditableValue(parts, file, tag, row.shown).toStdString(), row.whole);
+        EXPECT_EQ(editableValue(parts, file, tag, row.shown).toStdString(), row.whole);
     }
-    EXPECT_EQ(EditableValue(parts, folder / "gone.jpg", record(u"XMP-dc", u"Title"), "a.b"),
+    EXPECT_EQ(editableValue(parts, folder / "gone.jpg", record(u"XMP-dc", u"Title"), "a.b"),
               QStringLiteral("a.b"));
     context.settings.exifTool.correctedCommands = false;
-    EXPECT_EQ(EditableValue(parts, file, record(u"XMP-dc", u"Title"), "two.lines"),
+    EXPECT_EQ(editableValue(parts, file, record(u"XMP-dc", u"Title"), "two.lines"),
               QStringLiteral("two.lines"));
 }

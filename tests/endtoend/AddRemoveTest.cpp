@@ -21,7 +21,7 @@ class AddRemoveTest : public endtoend::EditedFolder {
 
     void expectSafetyCopy(const DrivenProgram& program, const std::string& name, const std::string& before) {
         ASSERT_TRUE(fs::exists(safetyCopyOf(program, file(name)))) << name;
-        EXPECT_EQ(support::ReadBytes(safetyCopyOf(program, file(name))), before) << name;
+        EXPECT_EQ(support::readBytes(safetyCopyOf(program, file(name))), before) << name;
     }
 };
 
@@ -46,14 +46,14 @@ TEST_F(AddRemoveTest, ATagIsAddedToAFileThatLacksItsGroup) {
     DrivenProgram program;
     for (const auto& add : cases) {
         photo("a.jpg");
-        const std::string before = support::ReadBytes(file("a.jpg"));
+        const std::string before = support::readBytes(file("a.jpg"));
         show(program, "a.jpg");
         program.tell("command", {add.command});
         EXPECT_EQ(program.tell("dialog")["template"].toInt(), 8);
         program.tell("cell", {kTagList, add.row, "Value"});
         program.tell("set", {add.control, add.value});
         program.tell("press", {"1"});
-        EXPECT_EQ(support::ReadBytes(file("a.jpg")), before) << "nothing is written before OK";
+        EXPECT_EQ(support::readBytes(file("a.jpg")), before) << "nothing is written before OK";
         program.tell("press", {"1"});
         program.refuse("dialog");
         EXPECT_EQ(held("a.jpg", add.exifTool), add.held);
@@ -113,19 +113,19 @@ TEST_F(AddRemoveTest, ATagIsDeletedFromThePanelByKeyAndByMenu) {
     fullPhoto("a.jpg");
     DrivenProgram program;
     show(program, "a.jpg");
-    std::string before = support::ReadBytes(file("a.jpg"));
+    std::string before = support::readBytes(file("a.jpg"));
     program.tell("row", {"XMP-dc", "Title", "Tag"});
     program.tell("key", {"Delete"});
     EXPECT_TRUE(controlOf(program.tell("dialog"), 924)["text"].toString().startsWith("Title"));
     program.tell("key", {"Escape"});
-    EXPECT_EQ(support::ReadBytes(file("a.jpg")), before);
+    EXPECT_EQ(support::readBytes(file("a.jpg")), before);
     program.tell("key", {"Delete"});
     program.tell("key", {"Return"});
     program.refuse("dialog");
     EXPECT_EQ(held("a.jpg", "XMP-dc:Title"), "");
     expectSafetyCopy(program, "a.jpg", before);
     EXPECT_FALSE(program.value("XMP-dc", "Title").has_value());
-    before = support::ReadBytes(file("a.jpg"));
+    before = support::readBytes(file("a.jpg"));
     program.tell("row", {"IFD0", "Artist", "Value", "right"});
     program.tell("choose", {"10075"});
     program.tell("press", {"1"});
@@ -160,7 +160,7 @@ TEST_F(AddRemoveTest, TickedTagsLeaveTheFiles) {
     DrivenProgram program;
     program.tell("open", {path()});
     program.tell("select", {"a.jpg", "b.jpg"});
-    const std::string before = support::ReadBytes(file("b.jpg"));
+    const std::string before = support::readBytes(file("b.jpg"));
     program.tell("command", {"177"});
     EXPECT_EQ(program.tell("dialog")["template"].toInt(), 144);
     program.tell("press", {"1"});
@@ -227,7 +227,7 @@ TEST_F(AddRemoveTest, AFamilyOrEverythingLeavesTheFile) {
     for (const auto& [command, family, isAll] : cases) {
         fullPhoto("a.jpg");
         fs::remove(file("a.jpg_original"));
-        const std::string before = support::ReadBytes(file("a.jpg"));
+        const std::string before = support::readBytes(file("a.jpg"));
         show(program, "a.jpg");
         program.tell("command", {command});
         program.tell("press", {"1"});

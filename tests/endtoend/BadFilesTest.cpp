@@ -100,8 +100,8 @@ TEST_F(BadFilesTest, AFolderThatMayNotBeReadIsTold) {
 }
 
 TEST_F(BadFilesTest, FilesThatAreNoPicturesAreReadAsFarAsTheyGo) {
-    support::WriteBytes(folder / "empty.jpg", "");
-    support::WriteBytes(folder / "garbage.jpg", std::string(5000, '\xff'));
+    support::writeBytes(folder / "empty.jpg", "");
+    support::writeBytes(folder / "garbage.jpg", std::string(5000, '\xff'));
     photo("cut.jpg", {"-XMP-dc:Title=cut"});
     fs::resize_file(folder / "cut.jpg", fs::file_size(folder / "cut.jpg") / 2);
     DrivenProgram program;
@@ -114,7 +114,7 @@ TEST_F(BadFilesTest, FilesThatAreNoPicturesAreReadAsFarAsTheyGo) {
 }
 
 TEST_F(BadFilesTest, FiveThousandFilesOfOneBaseNameAreListed) {
-    for (int at = 0; at < 5000; ++at) support::WriteBytes(folder / ("photo." + std::to_string(at)), "x");
+    for (int at = 0; at < 5000; ++at) support::writeBytes(folder / ("photo." + std::to_string(at)), "x");
     DrivenProgram program;
     program.tell("open", {path()});
     const QStringList names = program.fileNames();

@@ -25,17 +25,17 @@ TEST_F(BadInstallTest, WithoutALanguageFileTheProgramSaysSoAndEnds) {
         std::function<void(const fs::path&)> prepare;
     } cases[] = {
         {"missing", [](const fs::path& install) { fs::remove_all(install / "babel"); }},
-        {"empty", [](const fs::path& install) { support::WriteBytes(install / "babel/0009.dlk", ""); }},
+        {"empty", [](const fs::path& install) { support::writeBytes(install / "babel/0009.dlk", ""); }},
         {"cut",
          [](const fs::path& install) {
              fs::resize_file(install / "babel/0009.dlk", fs::file_size(install / "babel/0009.dlk") / 2);
          }},
         {"changed",
          [](const fs::path& install) {
-             std::string bytes = support::ReadBytes(install / "babel/0009.dlk");
+             std::string bytes = support::readBytes(install / "babel/0009.dlk");
              for (std::size_t at = 40; at < bytes.size(); at += 997)
                  bytes[at] = static_cast<char>(bytes[at] ^ 0x5a);
-             support::WriteBytes(install / "babel/0009.dlk", bytes);
+             support::writeBytes(install / "babel/0009.dlk", bytes);
          }},
         {"a folder",
          [](const fs::path& install) {
@@ -44,7 +44,7 @@ TEST_F(BadInstallTest, WithoutALanguageFileTheProgramSaysSoAndEnds) {
          }},
         {"of another language",
          [](const fs::path& install) {
-             support::WriteBytes(install / "cache/Tagwright.ini", "[Main]\nViewMode=1\nLanguage=77\n");
+             support::writeBytes(install / "cache/Tagwright.ini", "[Main]\nViewMode=1\nLanguage=77\n");
          }},
     };
     for (const auto& [what, prepare] : cases) {
@@ -71,7 +71,7 @@ TEST_F(BadInstallTest, ASettingsFileFullOfGarbageGivesDefaults) {
         "Right=2100000000\nBottom=2100000000\n[Metadata_Panel]\nCOL_DATA=2000000000\n"};
     for (const std::string& file : files) {
         DrivenProgram program(after(
-            [&](const fs::path& install) { support::WriteBytes(install / "cache/Tagwright.ini", file); }));
+            [&](const fs::path& install) { support::writeBytes(install / "cache/Tagwright.ini", file); }));
         program.tell("open", {path()});
         EXPECT_EQ(program.fileNames(), QStringList("a.jpg")) << file.substr(0, 30);
         program.tell("command", {"284"});
@@ -86,12 +86,12 @@ TEST_F(BadInstallTest, AColumnFileFullOfGarbageGivesTheNameColumn) {
     for (const char* text : {"[SYSTEM]\r\n0=nonsense\r\n1=9,90\r\n", "[SYSTEM]\r\n0=99999,10\r\n1=-1,-1\r\n",
                              "\xff\xfe\0x", "[SYSTEM]\r\n0=1,2147483647\r\n1=9,2147483647\r\n"}) {
         DrivenProgram program(after([&](const fs::path& install) {
-            support::WriteBytes(install / "cache/ColumnsHeader.ini", text);
+            support::writeBytes(install / "cache/ColumnsHeader.ini", text);
         }));
         program.tell("open", {path()});
         EXPECT_EQ(program.fileNames(), QStringList("a.jpg")) << text;
         EXPECT_EQ(program.quit(), 0);
-        EXPECT_TRUE(support::ReadBytes(program.install() / "cache/ColumnsHeader.ini")
+        EXPECT_TRUE(support::readBytes(program.install() / "cache/ColumnsHeader.ini")
                         .starts_with("[SYSTEM]\r\n0=1,"));
     }
 }
@@ -101,7 +101,7 @@ TEST_F(BadInstallTest, ATempFolderThatIsMissingOrNoFolderIsToldAtTheStart) {
         [](const fs::path& install) { fs::remove(install / "Temp"); },
         [](const fs::path& install) {
             fs::remove(install / "Temp");
-            support::WriteBytes(install / "Temp", "a file");
+            support::writeBytes(install / "Temp", "a file");
         },
     };
     for (const auto& prepare : prepares) {
@@ -144,7 +144,7 @@ TEST_F(BadInstallTest, ColumnsThatCannotBeWrittenAreToldAndTheEndGoesOn) {
 TEST_F(BadInstallTest, SettingsThatCannotBeWrittenAreTold) {
     DrivenProgram program(after([](const fs::path& install) {
         fs::remove_all(install / "cache");
-        support::WriteBytes(install / "cache", "a file in the way");
+        support::writeBytes(install / "cache", "a file in the way");
     }));
     const QString atStart = program.takeMessage();
     EXPECT_FALSE(atStart.isEmpty());

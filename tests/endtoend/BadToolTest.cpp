@@ -21,7 +21,7 @@ class BadToolTest : public endtoend::PictureFolder {
     /// The lines are run for a read; the session just waits.
     DrivenProgram::Options with(const std::string& lines) {
         const fs::path tool = folder / "tool";
-        support::WriteBytes(tool,
+        support::writeBytes(tool,
                             "#!/bin/sh\ncase \"$*\" in *stay_open*) exec sleep 60;; esac\n" + lines + "\n");
         fs::permissions(tool, fs::perms::owner_all);
         DrivenProgram::Options options;
@@ -149,7 +149,7 @@ TEST_F(BadToolTest, AReadThatDoesNotEndIsEndedByTheButtonAfterTenSeconds) {
     EXPECT_TRUE(endtoend::waitFor([&] { return program.say("dialog")["ok"].toBool() == false; }));
     EXPECT_TRUE(program.rows().isEmpty());
     EXPECT_EQ(program.status(), "Ready");
-    const int child = std::stoi(support::ReadBytes(folder / "child"));
+    const int child = std::stoi(support::readBytes(folder / "child"));
     EXPECT_TRUE(endtoend::waitFor([&] { return kill(child, 0) != 0; })) << "the child still runs";
     program.tell("command", {"8"});
     EXPECT_EQ(program.quit(), 0);

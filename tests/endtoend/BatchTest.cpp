@@ -16,7 +16,7 @@ class BatchTest : public endtoend::EditedFolder {
         photo("c.jpg", {"-XMP-dc:Source=of c"});
         // Whoever runs the tests may write every file, so one that nobody can write stands in for a read-only
         // one.
-        support::WriteBytes(file("b.jpg"), kNoPicture);
+        support::writeBytes(file("b.jpg"), kNoPicture);
     }
 
     static constexpr const char* kNoPicture = "no picture at all";
@@ -44,12 +44,12 @@ TEST_F(BatchTest, AFileThatCannotBeWrittenIsReportedAndTheOthersAreWritten) {
         EXPECT_EQ(held(name, "XMP-dc:Source"), std::string("of ").append(name, 1))
             << "what was not changed stays";
     }
-    EXPECT_EQ(support::ReadBytes(file("b.jpg")), kNoPicture);
+    EXPECT_EQ(support::readBytes(file("b.jpg")), kNoPicture);
     EXPECT_EQ(program.quit(), 0);
 }
 
 TEST_F(BatchTest, AnExtensionThatIsNotKnownIsToldAndLeftOut) {
-    support::WriteBytes(file("notes.unknown"), "notes");
+    support::writeBytes(file("notes.unknown"), "notes");
     DrivenProgram program;
     program.tell("open", {path()});
     program.tell("select", {"a.jpg", "notes.unknown"});
@@ -61,7 +61,7 @@ TEST_F(BatchTest, AnExtensionThatIsNotKnownIsToldAndLeftOut) {
     EXPECT_EQ(program.takeMessage(), path("notes.unknown") + " cannot be modified");
     program.refuse("dialog");
     EXPECT_EQ(held("a.jpg", "XMP-dc:Title"), "for all");
-    EXPECT_EQ(support::ReadBytes(file("notes.unknown")), "notes");
+    EXPECT_EQ(support::readBytes(file("notes.unknown")), "notes");
     EXPECT_EQ(program.quit(), 0);
 }
 
@@ -121,7 +121,7 @@ TEST_F(BatchTest, AReadOnlyFileIsLeftAsItIs) {
         fs::remove(folder / "probe");
         GTEST_SKIP() << "this user may write everything";
     }
-    const std::string before = support::ReadBytes(file("a.jpg"));
+    const std::string before = support::readBytes(file("a.jpg"));
     DrivenProgram program;
     show(program, "a.jpg");
     fs::permissions(folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
@@ -131,6 +131,6 @@ TEST_F(BatchTest, AReadOnlyFileIsLeftAsItIs) {
     EXPECT_EQ(program.tell("dialog")["template"].toInt(), 94);
     program.tell("press", {"1"});
     fs::permissions(folder.path(), fs::perms::owner_all);
-    EXPECT_EQ(support::ReadBytes(file("a.jpg")), before);
+    EXPECT_EQ(support::readBytes(file("a.jpg")), before);
     EXPECT_EQ(program.quit(), 0);
 }

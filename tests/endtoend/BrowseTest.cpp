@@ -165,9 +165,9 @@ TEST_F(BrowseTest, HiddenFilesAreShownOnCommandAndHiddenAgain) {
 TEST_F(BrowseTest, SortCommandsSortAndTheSameAgainReverses) {
     using namespace std::chrono_literals;
     const auto now = std::filesystem::file_time_type::clock::now();
-    support::WriteBytes(folder / "other/b.txt", "12");
-    support::WriteBytes(folder / "other/a.jpg", "1234");
-    support::WriteBytes(folder / "other/c.png", "1");
+    support::writeBytes(folder / "other/b.txt", "12");
+    support::writeBytes(folder / "other/a.jpg", "1234");
+    support::writeBytes(folder / "other/c.png", "1");
     std::filesystem::last_write_time(folder / "other/b.txt", now - 3h);
     std::filesystem::last_write_time(folder / "other/c.png", now - 2h);
     std::filesystem::last_write_time(folder / "other/a.jpg", now - 1h);

@@ -1,4 +1,4 @@
-#include "app/FormLoader.h"
+#include "dialogs/FormLoader.h"
 #include "drive/CommandServer.h"
 #include "drive/OpenWindows.h"
 
@@ -68,7 +68,7 @@ class DriveDialogTest : public ::testing::Test {
 
     template <typename Control>
     Control* add(Control* control, int id) {
-        control->setProperty(app::kControlIdProperty, id);
+        control->setProperty(dialogs::kControlIdProperty, id);
         layout->addWidget(control);
         return control;
     }

@@ -63,10 +63,10 @@ void DrivenProgram::layOut(const Options& options) {
     QByteArray settings = options.settings;
     if (settings.isEmpty())
         settings =
-            QByteArray::fromStdString(support::ReadBytes(firstRun / "first-run.ini")) + kWindowPosition;
+            QByteArray::fromStdString(support::readBytes(firstRun / "first-run.ini")) + kWindowPosition;
     settings += options.moreSettings;
     if (options.exifTool) settings += "\n[PATHS]\nExifToolPath=" + options.exifTool->string() + "\n";
-    support::WriteBytes(install_ / "cache/Tagwright.ini", settings.toStdString());
+    support::writeBytes(install_ / "cache/Tagwright.ini", settings.toStdString());
     fs::copy_file(firstRun / "first-run-ColumnsHeader.ini", install_ / "cache/ColumnsHeader.ini");
     if (options.prepare) options.prepare(install_);
 }

@@ -20,7 +20,7 @@ class DumpAndExport : public endtoend::PictureFolder {
         options.moreSettings = "\n[ExifTool]\nCorrectedCommands=0\n";
         return options;
     }
-    std::string bytes(const std::string& name) { return support::ReadBytes(folder / name); }
+    std::string bytes(const std::string& name) { return support::readBytes(folder / name); }
     void show(DrivenProgram& program, const std::string& name) {
         program.tell("open", {path()});
         program.tell("click", {QString::fromStdString(name)});
@@ -44,7 +44,7 @@ TEST_F(DumpAndExport, ADumpIsMadeInTheTempFolderAndOpened) {
         program.tell("command", {command});
         // The test's platform has no program for it.
         EXPECT_THAT(program.takeMessage().toStdString(), HasSubstr(output));
-        EXPECT_THAT(support::ReadBytes(program.temp() / output), HasSubstr(holds)) << command;
+        EXPECT_THAT(support::readBytes(program.temp() / output), HasSubstr(holds)) << command;
     }
     EXPECT_EQ(program.fileNames(), QStringList{"a.jpg"});
     EXPECT_EQ(program.quit(), 0);
@@ -78,7 +78,7 @@ TEST_F(DumpAndExport, EveryFormatIsWrittenBesideTheFile) {
 
 TEST_F(DumpAndExport, AnExistingFileIsReplacedOnlyWhenTheUserAgrees) {
     photo("a.jpg");
-    support::WriteBytes(folder / "a.txt", "my notes");
+    support::writeBytes(folder / "a.txt", "my notes");
     DrivenProgram program;
     show(program, "a.jpg");
     program.tell("command", {"10034"});
@@ -94,7 +94,7 @@ TEST_F(DumpAndExport, AnExistingFileIsReplacedOnlyWhenTheUserAgrees) {
 
 TEST_F(DumpAndExport, TheDesignedFormReplacesWithoutAQuestion) {
     photo("a.jpg");
-    support::WriteBytes(folder / "a.txt", "my notes");
+    support::writeBytes(folder / "a.txt", "my notes");
     DrivenProgram program(designed());
     show(program, "a.jpg");
     program.tell("command", {"10041"});
@@ -104,7 +104,7 @@ TEST_F(DumpAndExport, TheDesignedFormReplacesWithoutAQuestion) {
 
 TEST_F(DumpAndExport, AFailedExportLosesNothing) {
     photo("a.jpg");
-    support::WriteBytes(folder / "page.html", "<html><title>mine</title></html>");
+    support::writeBytes(folder / "page.html", "<html><title>mine</title></html>");
     fs::create_directories(folder / "a.txt" / "inner");
     DrivenProgram program;
     show(program, "a.jpg");
@@ -121,7 +121,7 @@ TEST_F(DumpAndExport, AFailedExportLosesNothing) {
 }
 
 TEST_F(DumpAndExport, NamesFromOutsideStayNames) {
-    for (const std::string& name : support::HostileNames()) photo(name, {"-IFD0:Model=M"});
+    for (const std::string& name : support::hostileNames()) photo(name, {"-IFD0:Model=M"});
     DrivenProgram program;
     program.tell("open", {path()});
     for (const QString& shown : program.fileNames()) {
@@ -134,9 +134,9 @@ TEST_F(DumpAndExport, NamesFromOutsideStayNames) {
         EXPECT_THAT(entry.path().filename().string(), testing::Not(StartsWith("owned")));
         if (entry.path().extension() != ".xml") continue;
         ++exported;
-        EXPECT_THAT(support::ReadBytes(entry.path()), HasSubstr("<IFD0:Model>M<")) << entry.path();
+        EXPECT_THAT(support::readBytes(entry.path()), HasSubstr("<IFD0:Model>M<")) << entry.path();
     }
-    EXPECT_GE(exported, static_cast<int>(support::HostileNames().size()) - 2);
+    EXPECT_GE(exported, static_cast<int>(support::hostileNames().size()) - 2);
     EXPECT_FALSE(fs::exists(program.temp() / "Export.tmp"));
     EXPECT_EQ(program.quit(), 0);
 }

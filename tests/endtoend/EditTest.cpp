@@ -194,12 +194,12 @@ TEST_F(EditTest, TheSafetyCopyHoldsTheStateBefore) {
     DrivenProgram program;
     show(program, "a.jpg");
     for (const char* title : {"first change", "second change"}) {
-        const std::string before = support::ReadBytes(file("a.jpg"));
+        const std::string before = support::readBytes(file("a.jpg"));
         program.tell("row", {"XMP-dc", "Title", "Value"});
         program.tell("set", {kText, title});
         program.tell("press", {"1"});
         EXPECT_EQ(held("a.jpg", "XMP-dc:Title"), title);
-        EXPECT_EQ(support::ReadBytes(safetyCopyOf(program, file("a.jpg"))), before) << title;
+        EXPECT_EQ(support::readBytes(safetyCopyOf(program, file("a.jpg"))), before) << title;
     }
     fs::copy_file(safetyCopyOf(program, file("a.jpg")), file("a.jpg"), fs::copy_options::overwrite_existing);
     program.tell("click", {"a.jpg"});

@@ -78,7 +78,7 @@ class EditedFolder : public PictureFolder {
     std::map<std::string, std::string> contents() const {
         std::map<std::string, std::string> all;
         for (const auto& entry : std::filesystem::recursive_directory_iterator(folder.path()))
-            all[entry.path().string()] = entry.is_regular_file() ? support::ReadBytes(entry.path()) : "";
+            all[entry.path().string()] = entry.is_regular_file() ? support::readBytes(entry.path()) : "";
         return all;
     }
 };

@@ -21,7 +21,7 @@ class HostileValuesTest : public endtoend::EditedFolder {
     void seed(const std::string& name, const std::string& title) {
         photo(name);
         // By a file, so that the test's own line cannot change the value.
-        support::WriteBytes(folder / "value", title);
+        support::writeBytes(folder / "value", title);
         support::ExifTool({"-q", "-overwrite_original", "-XMP-dc:Title<=" + (folder / "value").string(),
                            (folder / name).string()});
         fs::remove(folder / "value");
@@ -41,7 +41,7 @@ class HostileValuesTest : public endtoend::EditedFolder {
 
 TEST_F(HostileValuesTest, ReadOutOfAFileTheyAreShownEditedAndWrittenBackAsTheyAre) {
     photo("other.jpg");
-    const std::string other = support::ReadBytes(file("other.jpg"));
+    const std::string other = support::readBytes(file("other.jpg"));
     DrivenProgram program;
     for (const std::string& value : hostileValues()) {
         seed("a.jpg", value);
@@ -55,7 +55,7 @@ TEST_F(HostileValuesTest, ReadOutOfAFileTheyAreShownEditedAndWrittenBackAsTheyAr
         EXPECT_EQ(held("a.jpg", "XMP-dc:Title"), value + "!");
         EXPECT_EQ(names(), std::vector<std::string>({"a.jpg", "other.jpg"})) << value;
     }
-    EXPECT_EQ(support::ReadBytes(file("other.jpg")), other);
+    EXPECT_EQ(support::readBytes(file("other.jpg")), other);
     EXPECT_EQ(program.quit(), 0);
 }
 
@@ -121,13 +121,13 @@ TEST_F(HostileValuesTest, TheDialogsThatDeleteAndViewOnlyShowThem) {
 
 TEST_F(HostileValuesTest, FilesOfHostileNamesAreEditedLikeAnyOther) {
     photo("seed.jpg", {"-XMP-dc:Title=seed"});
-    const std::string seed = support::ReadBytes(file("seed.jpg"));
+    const std::string seed = support::readBytes(file("seed.jpg"));
     fs::remove(file("seed.jpg"));
-    for (const std::string& name : support::HostileNames()) support::WriteBytes(file(name), seed);
+    for (const std::string& name : support::hostileNames()) support::writeBytes(file(name), seed);
     const std::vector<std::string> before = names();
     DrivenProgram program;
     program.tell("open", {path()});
-    for (const std::string& name : support::HostileNames()) {
+    for (const std::string& name : support::hostileNames()) {
         const QString shown = platform::display(fs::path(name));
         program.tell("click", {shown});
         program.tell("row", {"XMP-dc", "Title", "Value"});
@@ -136,7 +136,7 @@ TEST_F(HostileValuesTest, FilesOfHostileNamesAreEditedLikeAnyOther) {
         program.tell("set", {kText, title});
         program.tell("press", {"1"});
         EXPECT_EQ(held(name, "XMP-dc:Title"), title.toStdString());
-        EXPECT_EQ(support::ReadBytes(safetyCopyOf(program, file(name))), seed) << name;
+        EXPECT_EQ(support::readBytes(safetyCopyOf(program, file(name))), seed) << name;
     }
     EXPECT_EQ(names(), before);
     EXPECT_EQ(program.quit(), 0);

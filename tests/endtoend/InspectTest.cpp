@@ -50,11 +50,11 @@ class InspectTest : public endtoend::PictureFolder {
         const platform::ChildOutcome outcome = platform::runChild(
             command, [](std::chrono::milliseconds since) { return since < std::chrono::seconds(30); });
         EXPECT_EQ(outcome.kind, platform::ChildOutcome::Kind::Ended);
-        return {outcome.number, support::ReadBytes(work_ / "output"), support::ReadBytes(work_ / "errors")};
+        return {outcome.number, support::readBytes(work_ / "output"), support::readBytes(work_ / "errors")};
     }
     std::string file(const std::string& name) { return (folder / name).string(); }
     std::string text(const std::string& name, std::string_view bytes) {
-        support::WriteBytes(folder / name, bytes);
+        support::writeBytes(folder / name, bytes);
         return file(name);
     }
 
@@ -145,7 +145,7 @@ TEST_F(InspectTest, AFileThatCannotBeReadIsNamedAndTheNextOneFollows) {
 TEST_F(InspectTest, HostileNamesAreReadAndEveryLineStaysJson) {
     photo("seed.jpg", {"-IFD0:Artist=seed"});
     std::vector<std::string> arguments{"rows"};
-    for (const std::string& name : support::HostileNames()) {
+    for (const std::string& name : support::hostileNames()) {
         fs::copy_file(folder / "seed.jpg", folder / name);
         arguments.push_back(file(name));
     }
@@ -154,9 +154,9 @@ TEST_F(InspectTest, HostileNamesAreReadAndEveryLineStaysJson) {
     QStringList named;
     for (const QJsonObject& line : report.objects())
         if (line["tag"].toString() == "Artist") named.append(line["file"].toString());
-    ASSERT_EQ(static_cast<std::size_t>(named.size()), support::HostileNames().size());
-    for (std::size_t at = 0; at < support::HostileNames().size(); ++at)
-        EXPECT_EQ(named[static_cast<qsizetype>(at)], platform::display(folder / support::HostileNames()[at]));
+    ASSERT_EQ(static_cast<std::size_t>(named.size()), support::hostileNames().size());
+    for (std::size_t at = 0; at < support::hostileNames().size(); ++at)
+        EXPECT_EQ(named[static_cast<qsizetype>(at)], platform::display(folder / support::hostileNames()[at]));
 }
 
 TEST_F(InspectTest, ArgumentsWithoutSenseGetTheUsageAndBadSettingsAnError) {

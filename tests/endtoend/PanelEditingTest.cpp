@@ -24,7 +24,7 @@ class PanelEditingTest : public endtoend::PictureFolder {
     /// The copy that was made before the last write.
     std::string safetyCopy(const DrivenProgram& program) const {
         const fs::path saved = program.install() / "cache/sav" / folder.path().relative_path() / "a-sav.jpg";
-        return fs::exists(saved) ? support::ReadBytes(saved) : std::string();
+        return fs::exists(saved) ? support::readBytes(saved) : std::string();
     }
 
     static bool hasRow(DrivenProgram& program, const QString& group, const QString& tag,
@@ -37,7 +37,7 @@ class PanelEditingTest : public endtoend::PictureFolder {
 
 TEST_F(PanelEditingTest, AnUnchangedValueIsNotWritten) {
     photo("a.jpg", {"-IFD0:Artist=Ada", "-XMP-xmp:Rating=3", "-ExifIFD:CreateDate#=0000:00:00 00:00:00"});
-    const std::string before = support::ReadBytes(folder / "a.jpg");
+    const std::string before = support::readBytes(folder / "a.jpg");
     DrivenProgram program;
     show(program);
     program.tell("row", {"IFD0", "Artist"});
@@ -49,7 +49,7 @@ TEST_F(PanelEditingTest, AnUnchangedValueIsNotWritten) {
         program.tell("press", {"1"});
         EXPECT_EQ(program.status(), QStringLiteral("%1 is as it was").arg(tag));
     }
-    EXPECT_EQ(support::ReadBytes(folder / "a.jpg"), before);
+    EXPECT_EQ(support::readBytes(folder / "a.jpg"), before);
     EXPECT_EQ(safetyCopy(program), "");
 }
 
@@ -91,7 +91,7 @@ TEST_F(PanelEditingTest, AFileThatChangedOrVanishedIsTold) {
 
 TEST_F(PanelEditingTest, WhatExifToolRefusesIsShown) {
     photo("a.jpg", {"-IFD0:Artist=Ada"});
-    const std::string before = support::ReadBytes(folder / "a.jpg");
+    const std::string before = support::readBytes(folder / "a.jpg");
     fs::create_directory(folder / "a.jpg_exiftool_tmp");
     DrivenProgram program;
     show(program);
@@ -100,7 +100,7 @@ TEST_F(PanelEditingTest, WhatExifToolRefusesIsShown) {
     program.tell("press", {"1"});
     EXPECT_EQ(program.tell("dialog")["template"].toInt(), 94) << "the report";
     program.tell("press", {"1"});
-    EXPECT_EQ(support::ReadBytes(folder / "a.jpg"), before);
+    EXPECT_EQ(support::readBytes(folder / "a.jpg"), before);
     EXPECT_TRUE(hasRow(program, "IFD0", "Artist", "Ada"));
 }
 

@@ -33,7 +33,7 @@ class PanelTest : public endtoend::PictureFolder {
         bytes[143] = 10;
         bytes.replace(144, 4, "text");
         bytes[152] = 'x';
-        support::WriteBytes(file, bytes);
+        support::writeBytes(file, bytes);
         return file;
     }
 };
@@ -91,7 +91,7 @@ TEST_F(PanelTest, MissingKeysShowTheBuiltInFamilies) {
 TEST_F(PanelTest, UnknownTagsAndGroupsAreShownOnWish) {
     // A stand-in prints what no file of today has.
     const std::string tool = (folder / "tool").string();
-    support::WriteBytes(tool,
+    support::writeBytes(tool,
                         "#!/bin/sh\ncase \"$*\" in *stay_open*) exec sleep 60;; esac\n"
                         "echo '[IFD0] 0x010f Make: known'\necho '[IFD0] 0xfedc NeverHeardOf: unknown'\n"
                         "echo '[XMP-ours] - Thing: of another group'\necho '[GPS] 0x010f Make: elsewhere'\n");
@@ -208,7 +208,7 @@ TEST_F(PanelTest, FilesOfHostileNamesAreReadLikeAnyOther) {
     photo("seed.jpg", {"-XMP-dc:Title=seed"});
     int number = 0;
     std::map<QString, QString> titles;
-    for (const std::string& name : support::HostileNames()) {
+    for (const std::string& name : support::hostileNames()) {
         const std::string title = "number " + std::to_string(number++);
         photo("seed.jpg", {"-XMP-dc:Title=" + title});
         std::filesystem::rename(folder / "seed.jpg", folder / name);

@@ -16,7 +16,7 @@ class PictureFolder : public ::testing::Test {
  protected:
     /// A small JPEG; arguments for ExifTool write its tags.
     void photo(const std::string& name, std::vector<std::string> arguments = {}) {
-        support::WriteJpeg(folder / name);
+        support::writeJpeg(folder / name);
         if (arguments.empty()) return;
         arguments.insert(arguments.begin(), {"-q", "-m", "-overwrite_original"});
         arguments.push_back((folder / name).string());

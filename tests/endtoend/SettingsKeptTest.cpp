@@ -67,21 +67,21 @@ TEST_F(SettingsKeptTest, WhatWasSetIsThereAtTheNextStart) {
 TEST_F(SettingsKeptTest, ColumnsAreWrittenAndReadAgain) {
     DrivenProgram::Options options;
     options.prepare = [](const std::filesystem::path& install) {
-        support::WriteBytes(install / "cache/ColumnsHeader.ini", "[SYSTEM]\r\n0=1,300\r\n1=9,77\r\n\r\n");
+        support::writeBytes(install / "cache/ColumnsHeader.ini", "[SYSTEM]\r\n0=1,300\r\n1=9,77\r\n\r\n");
     };
     DrivenProgram program(options);
     program.tell("open", {path()});
     const QJsonObject columns = program.tell("files")["files"][0]["columns"].toObject();
     EXPECT_EQ(columns.keys(), QStringList("FileSize"));
     EXPECT_EQ(program.quit(), 0);
-    EXPECT_EQ(support::ReadBytes(program.install() / "cache/ColumnsHeader.ini"),
+    EXPECT_EQ(support::readBytes(program.install() / "cache/ColumnsHeader.ini"),
               "[SYSTEM]\r\n0=1,250\r\n1=9,77\r\n\r\n")
         << "the name column always starts with 250";
 }
 
 TEST_F(SettingsKeptTest, TheTempFolderIsEmptiedByANormalExitOnly) {
     DrivenProgram program;
-    support::WriteBytes(program.temp() / "left over.txt", "x");
+    support::writeBytes(program.temp() / "left over.txt", "x");
     program.tell("open", {path()});
     program.tell("click", {"a.jpg"});
     EXPECT_TRUE(std::filesystem::exists(program.temp() / "Metadata.txt"));
@@ -103,7 +103,7 @@ TEST_F(SettingsKeptTest, WhatTheProgramDoesNotKnowStaysInTheFile) {
     EXPECT_EQ(program.quit(), 0);
     EXPECT_TRUE(program.setting("Stranger", "key").has_value());
     EXPECT_EQ(program.setting("Main", "Own"), "1");
-    EXPECT_NE(support::ReadBytes(program.install() / "cache/Tagwright.ini").find("; a remark"),
+    EXPECT_NE(support::readBytes(program.install() / "cache/Tagwright.ini").find("; a remark"),
               std::string::npos);
 }
 

@@ -52,7 +52,7 @@ TEST(WarmStart, KillingTheStarterAtAnyMomentIsNotNoticed) {
     constexpr int kFiles = 4;
     for (int number = 0; number < kFiles; ++number) {
         const fs::path file = folder / ("photo" + std::to_string(number) + ".jpg");
-        support::WriteJpeg(file);
+        support::writeJpeg(file);
         support::ExifTool(
             {"-q", "-overwrite_original", "-XMP-dc:Title=title " + std::to_string(number), file.string()});
     }

@@ -10,9 +10,9 @@
 #include <optional>
 
 using exiftool::ExifToolSession;
-using support::ReadBytes;
+using support::readBytes;
 using support::TemporaryFolder;
-using support::WriteBytes;
+using support::writeBytes;
 using testing::HasSubstr;
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
@@ -23,7 +23,7 @@ class ExifToolSessionTest : public testing::Test {
  protected:
     std::filesystem::path photo(const std::string& name = "a.jpg") {
         auto file = folder_ / name;
-        support::WriteJpeg(file);
+        support::writeJpeg(file);
         support::ExifTool(
             {"-q", "-overwrite_original", "-XMP-plus:CopyrightStatus=Protected", file.string()});
         return file;
@@ -44,7 +44,7 @@ class ExifToolSessionTest : public testing::Test {
     }
 
     std::filesystem::path writeTool(const std::string& script) {
-        WriteBytes(folder_ / "tool", std::string("#!/bin/sh\n").append(script));
+        writeBytes(folder_ / "tool", std::string("#!/bin/sh\n").append(script));
         std::filesystem::permissions(folder_ / "tool", std::filesystem::perms::owner_all);
         return folder_ / "tool";
     }
@@ -64,7 +64,7 @@ TEST_F(ExifToolSessionTest, AsksForOneTag) {
     const auto asked = Clock::now();
     EXPECT_EQ(session_.QueryTag(file, "Xmp-Plus:ImageSupplier"), "") << "a tag that the file lacks";
     EXPECT_GE(Clock::now() - asked, 450ms);
-    EXPECT_THAT(ReadBytes(argumentFile()),
+    EXPECT_THAT(readBytes(argumentFile()),
                 testing::EndsWith("-q\n-S\n-Xmp-Plus:ImageSupplier\n" + file.string() + "\n-execute\n"));
 }
 
@@ -77,9 +77,9 @@ TEST_F(ExifToolSessionTest, NothingIsAskedWithoutATagOrWithANameThatCannotStandO
     EXPECT_EQ(session_.QueryTag("/a.jpg\r", "Artist"), "");
     EXPECT_EQ(session_.QueryTag("/a.jpg", "Artist\n-all="), "");
     EXPECT_FALSE(session_.SendPerFileCommand("-Artist=x\n", "/a\nb.jpg").wasSent);
-    EXPECT_FALSE(session_.RequestThumbnail("-PreviewImage", "/a\nb.jpg", "/out"));
+    EXPECT_FALSE(session_.requestThumbnail("-PreviewImage", "/a\nb.jpg", "/out"));
     EXPECT_LT(Clock::now() - begin, 100ms);
-    EXPECT_EQ(ReadBytes(argumentFile()), "");
+    EXPECT_EQ(readBytes(argumentFile()), "");
 }
 
 TEST_F(ExifToolSessionTest, WritesAFile) {
@@ -102,8 +102,8 @@ TEST_F(ExifToolSessionTest, AThumbnailRequestIsWrittenLineByLineAndMakesNoFile) 
     const auto file = photo();
     const auto target = folder_ / "thumb.jpg";
     ASSERT_EQ(session_.StartExifToolSession(folder_.path(), "/usr/bin/exiftool"), 1);
-    EXPECT_TRUE(session_.RequestThumbnail("-PreviewImage", file, target));
-    EXPECT_EQ(ReadBytes(argumentFile()), "\"/usr/bin/exiftool\"\n-m\n-m\n-PreviewImage\n-b\n\"" +
+    EXPECT_TRUE(session_.requestThumbnail("-PreviewImage", file, target));
+    EXPECT_EQ(readBytes(argumentFile()), "\"/usr/bin/exiftool\"\n-m\n-m\n-PreviewImage\n-b\n\"" +
                                              file.string() + "\"\n>\"" + target.string() + "\"\n-execute\n");
     EXPECT_EQ(queryUntilAnswered(file, "Artist").find("CopyrightStatus"), std::string::npos);
     EXPECT_FALSE(std::filesystem::exists(target));
@@ -115,7 +115,7 @@ TEST_F(ExifToolSessionTest, ALateAnswerStandsInFrontOfALaterRequest) {
                                 "' ]; do sleep 0.02; done; printf late; exec sleep 100");
     ASSERT_EQ(session_.StartExifToolSession(folder_.path(), tool), 1);
     EXPECT_EQ(session_.QueryTag("/a.jpg", "Artist"), "");
-    WriteBytes(signal, "");
+    writeBytes(signal, "");
     EXPECT_EQ(queryUntilAnswered("/b.jpg", "Model"), "late");
 }
 

@@ -43,8 +43,8 @@ INSTANTIATE_TEST_SUITE_P(DesignedAndCorrected, BothForms, testing::Bool());
 TEST(ReadCommandText, LanguageCodesByIndex) {
     const char* codes[] = {"ce", "de", "en", "es", "fi", "fr", "it",    "ja",
                            "ko", "nl", "pl", "ru", "sv", "tr", "zh-cn", "zh-tw"};
-    for (int index = 0; index < 16; ++index) EXPECT_EQ(LanguageCode(index), codes[index]);
-    for (int index : {-1, 16, 1000000}) EXPECT_EQ(LanguageCode(index), "en");
+    for (int index = 0; index < 16; ++index) EXPECT_EQ(languageCode(index), codes[index]);
+    for (int index : {-1, 16, 1000000}) EXPECT_EQ(languageCode(index), "en");
 }
 
 TEST_P(BothForms, PanelRead) {
@@ -60,53 +60,53 @@ TEST_P(BothForms, PanelRead) {
         context_.settings.exifTool.ignoreFile = row.file;
         context_.settings.exifTool.displayUnknownTags = row.xml;  // looked at by no command
         EXPECT_EQ(
-            PanelReadCommand(context_, kFile, kOutput).text(),
+            panelReadCommand(context_, kFile, kOutput).text(),
             joined({kTool, "-lang en -a -u", row.exclusions,
                     " -sort -S -G1 -H --ExifToolVersion -x System:all -charset filename=UTF8 ", kTail}));
     }
 }
 
 TEST_P(BothForms, GroupAll) {
-    EXPECT_EQ(GroupAllCommand(context_, kFile, kOutput, "XMP-dc").text(),
+    EXPECT_EQ(groupAllCommand(context_, kFile, kOutput, "XMP-dc").text(),
               kTool + (GetParam() ? "-lang en -a" : "-lang en") +
                   " -sort -S -G1 --ExifToolVersion -XMP-dc:All -charset filename=UTF8 " + kTail);
 }
 
 TEST_P(BothForms, GpsPosition) {
     EXPECT_EQ(
-        GpsPositionCommand(context_, kFile, kOutput).text(),
+        gpsPositionCommand(context_, kFile, kOutput).text(),
         kTool +
             "-S -n -GPSLatitude -GPSLatitudeRef -GPSLongitude -GPSLongitudeRef -q -charset filename=UTF8 " +
             kTail);
 }
 
 TEST_P(BothForms, Dumps) {
-    EXPECT_EQ(DumpHtmlCommand(context_, kFile, kOutput).text(),
+    EXPECT_EQ(dumpHtmlCommand(context_, kFile, kOutput).text(),
               kTool + "-htmldump -charset filename=UTF8 " + kTail);
-    EXPECT_EQ(DumpVerboseCommand(context_, kFile, kOutput).text(),
+    EXPECT_EQ(dumpVerboseCommand(context_, kFile, kOutput).text(),
               kTool + "-v3 -charset filename=UTF8 " + kTail);
 }
 
 TEST_P(BothForms, LanguageStandsInTheRightCommands) {
     context_.settings.exifTool.dataLanguage = 14;
-    const CommandText panel = PanelReadCommand(context_, kFile, kOutput);
+    const CommandText panel = panelReadCommand(context_, kFile, kOutput);
     EXPECT_EQ(panel.text().rfind(kTool + "-lang zh-cn -a -u ", 0), 0U);
     context_.settings.exifTool.dataLanguage = 0;
-    EXPECT_EQ(GroupAllCommand(context_, kFile, kOutput, "GPS").text(),
+    EXPECT_EQ(groupAllCommand(context_, kFile, kOutput, "GPS").text(),
               kTool + (GetParam() ? "-lang cs -a" : "-lang ce") +
                   " -sort -S -G1 --ExifToolVersion -GPS:All -charset filename=UTF8 " + kTail);
-    EXPECT_EQ(GpsPositionCommand(context_, kFile, kOutput).text().find("-lang"), std::string::npos);
+    EXPECT_EQ(gpsPositionCommand(context_, kFile, kOutput).text().find("-lang"), std::string::npos);
 }
 
 TEST_P(BothForms, ARelativeFileIsNamedFromTheRoot) {
-    const std::string text = PanelReadCommand(context_, "-if.jpg", kOutput).text();
+    const std::string text = panelReadCommand(context_, "-if.jpg", kOutput).text();
     EXPECT_NE(text.find(" \"" + (std::filesystem::current_path() / "-if.jpg").string() + "\" >"),
               std::string::npos);
 }
 
 TEST_P(BothForms, PathsArePiecesFromOutside) {
     std::vector<std::string> outside;
-    const CommandText command = PanelReadCommand(context_, kFile, kOutput);
+    const CommandText command = panelReadCommand(context_, kFile, kOutput);
     for (const CommandText::Piece& piece : command.pieces()) {
         if (piece.origin == CommandText::Origin::Outside)
             outside.push_back(command.text().substr(piece.begin, piece.end - piece.begin));
@@ -117,11 +117,11 @@ TEST_P(BothForms, PathsArePiecesFromOutside) {
 
 TEST(ReadCommandText, OneValue) {
     const AppContext designed = contextFor(false);
-    EXPECT_EQ(OneValueCommand(designed, kFile, kOutput, "GPSLatitude", true).text(),
+    EXPECT_EQ(oneValueCommand(designed, kFile, kOutput, "GPSLatitude", true).text(),
               kTool + "-lang en -q -e -fast2 -q -echo4 -S -n -GPSLatitude -charset filename=UTF8 " + kTail);
-    EXPECT_EQ(OneValueCommand(designed, kFile, kOutput, "GPSLatitudeRef", false).text(),
+    EXPECT_EQ(oneValueCommand(designed, kFile, kOutput, "GPSLatitudeRef", false).text(),
               kTool + "-lang en -q -e -fast2 -q -echo4 -S -GPSLatitudeRef -charset filename=UTF8 " + kTail);
-    EXPECT_EQ(OneValueCommand(contextFor(true), kFile, kOutput, "GPSLatitude", true).text(),
+    EXPECT_EQ(oneValueCommand(contextFor(true), kFile, kOutput, "GPSLatitude", true).text(),
               kTool + "-lang en -q -e -fast2 -q -S -n -GPSLatitude -charset filename=UTF8 " + kTail);
 }
 
@@ -131,18 +131,18 @@ TEST(ReadCommandText, ExportValues) {
     const CommandText extra("-csv ");
     for (const bool corrected : {false, true}) {
         AppContext context = contextFor(corrected);
-        EXPECT_EQ(ExportValuesCommand(context, file, output, extra).text(),
+        EXPECT_EQ(exportValuesCommand(context, file, output, extra).text(),
                   kTool + "-lang en -sort --ExifToolVersion -x System:all " + (corrected ? "-x" : "-f") +
                       " File:All -csv \"/a b.jpg\" >\"/a b.txt\"");
         context.settings.exifTool.ignoreFile = false;
-        EXPECT_EQ(ExportValuesCommand(context, file, output, extra).text(),
+        EXPECT_EQ(exportValuesCommand(context, file, output, extra).text(),
                   kTool + "-lang en -sort --ExifToolVersion -x System:all -csv \"/a b.jpg\" >\"/a b.txt\"");
     }
 }
 
 TEST(ReadCommandText, CategoryWithAllSettings) {
     AppContext context = contextFor(false);
-    const auto text = [&](int category) { return CategoryCommand(context, kFile, kOutput, category).text(); };
+    const auto text = [&](int category) { return categoryCommand(context, kFile, kOutput, category).text(); };
     EXPECT_EQ(text(1436),
               kTool + "-lang en -x XML:All -x File:All -e -sort -S -G1 --ExifToolVersion -XMP-dc" + kTail);
     context.settings.exifTool.ignoreXml = false;
@@ -181,9 +181,9 @@ TEST(ReadCommandText, CategorySelectors) {
     };
     const std::string rest = " -x XML:All -x File:All -e -sort -S -G1 --ExifToolVersion ";
     for (const SelectorCase& row : cases) {
-        EXPECT_EQ(CategoryCommand(contextFor(false), kFile, kOutput, row.category).text(),
+        EXPECT_EQ(categoryCommand(contextFor(false), kFile, kOutput, row.category).text(),
                   joined({kTool, "-lang en", rest, row.designed, kTail}));
-        EXPECT_EQ(CategoryCommand(contextFor(true), kFile, kOutput, row.category).text(),
+        EXPECT_EQ(categoryCommand(contextFor(true), kFile, kOutput, row.category).text(),
                   joined({kTool, "-lang en -a", rest, row.corrected, "-charset filename=UTF8 ", kTail}));
     }
 }

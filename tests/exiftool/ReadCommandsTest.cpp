@@ -10,7 +10,7 @@
 #include <chrono>
 
 using namespace exiftool;
-using support::ReadBytes;
+using support::readBytes;
 using support::TemporaryFolder;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -21,9 +21,9 @@ namespace {
 
 class RecordingFeedback : public ReadFeedback {
  public:
-    void ShowStatus(const QString& text) override { events.push_back(text.toStdString()); }
-    void BeginWait() override { events.emplace_back("<wait>"); }
-    void EndWait() override { events.emplace_back("</wait>"); }
+    void showStatus(const QString& text) override { events.push_back(text.toStdString()); }
+    void beginWait() override { events.emplace_back("<wait>"); }
+    void endWait() override { events.emplace_back("</wait>"); }
 
     std::vector<std::string> events;
 };
@@ -45,7 +45,7 @@ class ReadCommandsTest : public testing::Test {
     std::filesystem::path makePhoto(const std::string& name) {
         auto file = folder_ / "photos" / name;
         if (!std::filesystem::exists(master_)) {
-            support::WriteJpeg(master_);
+            support::writeJpeg(master_);
             support::ExifTool({"-q", "-overwrite_original", "-EXIF:Artist=Somebody", "-XMP-dc:Title=A title",
                                "-IPTC:Keywords=word", "-XMP-lr:HierarchicalSubject=a|b", "-GPSLatitude=48.5",
                                "-GPSLatitudeRef=N", "-GPSLongitude=11.25", "-GPSLongitudeRef=W",
@@ -67,15 +67,15 @@ class ReadCommandsTest : public testing::Test {
 }  // namespace
 
 TEST_F(ReadCommandsTest, EveryNameIsReadLikeAnyOther) {
-    std::vector<std::string> names = support::HostileNames();
+    std::vector<std::string> names = support::hostileNames();
     names.insert(names.end(), {std::string(251, 'n').append(".jpg"), std::string(255, 'n'), ".hidden.jpg",
                                "trailing |", "no extension", " leading.jpg", "%f %%e.jpg", "\" >owned \".jpg",
                                "\"\n\"touch\" owned\n\".jpg"});
     for (const std::string& name : names) {
         const auto file = makePhoto(name);
         EXPECT_EQ(commands_.ReadForPanel(file, output_, true), 1) << name;
-        EXPECT_THAT(ReadBytes(output_), HasSubstr("[IFD0] 0x013b Artist: Somebody\n")) << name;
-        EXPECT_THAT(ReadBytes(output_), Not(HasSubstr("[File]"))) << name;
+        EXPECT_THAT(readBytes(output_), HasSubstr("[IFD0] 0x013b Artist: Somebody\n")) << name;
+        EXPECT_THAT(readBytes(output_), Not(HasSubstr("[File]"))) << name;
     }
     for (const auto& folder : {folder_ / "photos", folder_ / "Temp", folder_.path()})
         EXPECT_FALSE(std::filesystem::exists(folder / "owned"));
@@ -86,7 +86,7 @@ TEST_F(ReadCommandsTest, EveryNameIsReadLikeAnyOther) {
 TEST_F(ReadCommandsTest, ARelativeNameIsNoOption) {
     makePhoto("-if.jpg");
     EXPECT_EQ(commands_.ReadForPanel("-if.jpg", output_, false), 1);
-    EXPECT_THAT(ReadBytes(output_), HasSubstr("Artist: Somebody"));
+    EXPECT_THAT(readBytes(output_), HasSubstr("Artist: Somebody"));
 }
 
 TEST_F(ReadCommandsTest, AnEmptyPathRunsNothing) {
@@ -125,7 +125,7 @@ TEST_F(ReadCommandsTest, ATempFolderThatIsGoneEndsInReady) {
 
 TEST_F(ReadCommandsTest, AGroupIsReadInTheFormOfTheValueFinder) {
     EXPECT_EQ(commands_.ReadGroupAll(makePhoto("a.jpg"), output_, "XMP-dc"), 1);
-    EXPECT_EQ(ReadBytes(output_), "[XMP-dc] Title: A title\n");
+    EXPECT_EQ(readBytes(output_), "[XMP-dc] Title: A title\n");
 }
 
 TEST_F(ReadCommandsTest, CategoriesAreReadInTheCorrectedForm) {
@@ -138,13 +138,13 @@ TEST_F(ReadCommandsTest, CategoriesAreReadInTheCorrectedForm) {
     };
     for (const auto& [category, line] : cases) {
         EXPECT_EQ(commands_.ReadCategory(file, output_, category), 1);
-        EXPECT_THAT(ReadBytes(output_), HasSubstr(line)) << category;
+        EXPECT_THAT(readBytes(output_), HasSubstr(line)) << category;
     }
     context_.settings.exifTool.correctedCommands = false;
     EXPECT_EQ(commands_.ReadCategory(file, output_, 1436), 1);
-    EXPECT_EQ(ReadBytes(output_), "") << "selector and file are one word";
+    EXPECT_EQ(readBytes(output_), "") << "selector and file are one word";
     EXPECT_EQ(commands_.ReadCategory(file, output_, 1076), 1);
-    EXPECT_THAT(ReadBytes(output_), HasSubstr("GPSLongitudeRef: West"));
+    EXPECT_THAT(readBytes(output_), HasSubstr("GPSLongitudeRef: West"));
 }
 
 TEST_F(ReadCommandsTest, OneValueLandsBesideTheTempFolder) {
@@ -157,19 +157,19 @@ TEST_F(ReadCommandsTest, OneValueLandsBesideTheTempFolder) {
     EXPECT_TRUE(std::filesystem::exists(folder_ / "Temp/Metadata.bat")) << "stays behind";
     context_.settings.exifTool.correctedCommands = false;
     EXPECT_EQ(commands_.ReadOneValue(file, "GPSLatitude", true), QString()) << "the line ends in no return";
-    EXPECT_THAT(ReadBytes(folder_ / "TempMetadata.txt"), testing::MatchesRegex("GPS Latitude +: 48.5\n"));
+    EXPECT_THAT(readBytes(folder_ / "TempMetadata.txt"), testing::MatchesRegex("GPS Latitude +: 48.5\n"));
 }
 
 TEST_F(ReadCommandsTest, PositionAndDumps) {
     const auto file = makePhoto("a \"$(b)\".jpg");
     EXPECT_EQ(commands_.ReadGpsPosition(file, output_), 1);
-    EXPECT_EQ(ReadBytes(output_),
+    EXPECT_EQ(readBytes(output_),
               "GPSLatitude: 48.5\nGPSLatitudeRef: N\nGPSLongitude: -11.25\nGPSLongitudeRef: W\n");
     EXPECT_FALSE(std::filesystem::exists(folder_ / "Temp/MetaData.bat"));
     EXPECT_EQ(commands_.DumpHtml(file, output_), 1);
-    EXPECT_THAT(ReadBytes(output_), HasSubstr("<html"));
+    EXPECT_THAT(readBytes(output_), HasSubstr("<html"));
     EXPECT_EQ(commands_.DumpVerbose(file, output_), 1);
-    EXPECT_THAT(ReadBytes(output_), HasSubstr("Artist = Somebody"));
+    EXPECT_THAT(readBytes(output_), HasSubstr("Artist = Somebody"));
     EXPECT_TRUE(std::filesystem::exists(folder_ / "Temp/Metadata.bat"));
 }
 
@@ -181,11 +181,11 @@ TEST_F(ReadCommandsTest, ExportedValuesLeaveTheFileGroupOutWhenTheyShould) {
     target.literal("\"").outside(output_.string()).literal("\"");
     const platform::CommandText extra("-G -S -charset filename=UTF8 ");
     EXPECT_EQ(commands_.ExportValues(fileArgument, target, extra), 1);
-    EXPECT_THAT(ReadBytes(output_),
+    EXPECT_THAT(readBytes(output_),
                 testing::AllOf(HasSubstr("[EXIF] Artist: Somebody\n"), Not(HasSubstr("[File]"))));
     context_.settings.exifTool.ignoreFile = false;
     EXPECT_EQ(commands_.ExportValues(fileArgument, target, extra), 1);
-    EXPECT_THAT(ReadBytes(output_), HasSubstr("[File] MIMEType: image/jpeg\n"));
+    EXPECT_THAT(readBytes(output_), HasSubstr("[File] MIMEType: image/jpeg\n"));
     EXPECT_FALSE(std::filesystem::exists(folder_ / "Temp/Metadata.bat"));
 }
 
@@ -193,10 +193,10 @@ TEST_F(ReadCommandsTest, CzechWorksInTheCorrectedForm) {
     context_.settings.exifTool.dataLanguage = 0;
     const auto file = makePhoto("a.jpg");
     commands_.ReadForPanel(file, output_, false);
-    EXPECT_THAT(ReadBytes(output_), HasSubstr("Artist: Somebody"));
+    EXPECT_THAT(readBytes(output_), HasSubstr("Artist: Somebody"));
     context_.settings.exifTool.correctedCommands = false;
     commands_.ReadForPanel(file, output_, false);
-    EXPECT_EQ(ReadBytes(output_), "") << "ExifTool knows no language \"ce\"";
+    EXPECT_EQ(readBytes(output_), "") << "ExifTool knows no language \"ce\"";
 }
 
 /// What a read costs above ExifTool itself. The limit is generous; the figure is told.

@@ -9,9 +9,9 @@
 
 using exiftool::ToolRunner;
 using platform::CommandText;
-using support::ReadBytes;
+using support::readBytes;
 using support::TemporaryFolder;
-using support::WriteBytes;
+using support::writeBytes;
 using namespace std::chrono_literals;
 
 namespace {
@@ -26,7 +26,7 @@ class ToolRunnerTest : public testing::Test {
     }
 
     void writeTool(const std::string& script) {
-        WriteBytes(context_.exifToolPath, std::string("#!/bin/sh\n").append(script));
+        writeBytes(context_.exifToolPath, std::string("#!/bin/sh\n").append(script));
         std::filesystem::permissions(context_.exifToolPath, std::filesystem::perms::owner_all);
     }
 
@@ -47,8 +47,8 @@ TEST_F(ToolRunnerTest, WritesTheLineAsItIsAndLeavesTheCommonBatchFile) {
     writeTool("printf '%s' \"$1\"; exit 3");
     const CommandText command = line("a%%b");
     EXPECT_EQ(runner_.RunToolLine(command), 1) << "the status does not count";
-    EXPECT_EQ(ReadBytes(folder_ / "Metadata.bat"), command.text());
-    EXPECT_EQ(ReadBytes(folder_ / "out"), "a%b");
+    EXPECT_EQ(readBytes(folder_ / "Metadata.bat"), command.text());
+    EXPECT_EQ(readBytes(folder_ / "out"), "a%b");
     EXPECT_EQ(runner_.lastOutcome().lines.at(0).child.number, 3);
 }
 
@@ -56,23 +56,23 @@ TEST_F(ToolRunnerTest, ANamedBatchFileExistsOnlyDuringTheRun) {
     const auto batch = folder_ / "photo.bat";
     writeTool("cat \"$1\"");
     const CommandText command = line(batch.string());
-    EXPECT_EQ(runner_.RunBatchFile(batch, command), 1);
-    EXPECT_EQ(ReadBytes(folder_ / "out"), command.text());
+    EXPECT_EQ(runner_.runBatchFile(batch, command), 1);
+    EXPECT_EQ(readBytes(folder_ / "out"), command.text());
     EXPECT_FALSE(std::filesystem::exists(batch));
 }
 
 TEST_F(ToolRunnerTest, ABatchFileThatCannotBeWrittenIsNoRun) {
     writeTool("echo never");
-    EXPECT_EQ(runner_.RunBatchFile(folder_ / "no/such.bat", line()), 0);
+    EXPECT_EQ(runner_.runBatchFile(folder_ / "no/such.bat", line()), 0);
     context_.tempPath = folder_ / "no";
     EXPECT_EQ(runner_.RunToolLine(line()), 0);
     EXPECT_FALSE(std::filesystem::exists(folder_ / "out"));
 }
 
 TEST_F(ToolRunnerTest, AMissingToolOrOutputIsNoRun) {
-    WriteBytes(folder_ / "out", "of an earlier run");
+    writeBytes(folder_ / "out", "of an earlier run");
     EXPECT_EQ(runner_.RunToolLine(line()), 0);
-    EXPECT_EQ(ReadBytes(folder_ / "out"), "");
+    EXPECT_EQ(readBytes(folder_ / "out"), "");
     EXPECT_THAT(runner_.lastOutcome().answers(), testing::HasSubstr("tool"));
     writeTool("echo never");
     std::filesystem::remove(folder_ / "out");
@@ -85,7 +85,7 @@ TEST_F(ToolRunnerTest, ADyingToolIsARun) {
     EXPECT_EQ(runner_.RunToolLine(line()), 1);
     EXPECT_FALSE(runner_.wasStopped());
     EXPECT_EQ(runner_.lastOutcome().lines.at(0).child.kind, platform::ChildOutcome::Kind::Killed);
-    EXPECT_EQ(ReadBytes(folder_ / "out"), "half\n");
+    EXPECT_EQ(readBytes(folder_ / "out"), "half\n");
 }
 
 TEST_F(ToolRunnerTest, AHangingToolIsStoppedOnRequest) {
@@ -93,7 +93,7 @@ TEST_F(ToolRunnerTest, AHangingToolIsStoppedOnRequest) {
     int questions = 0;
     runner_.setKeepWaiting([&](std::chrono::milliseconds) { return ++questions < 3; });
     const auto begin = std::chrono::steady_clock::now();
-    EXPECT_EQ(runner_.RunBatchFile(folder_ / "photo.bat", line()), 0);
+    EXPECT_EQ(runner_.runBatchFile(folder_ / "photo.bat", line()), 0);
     EXPECT_LT(std::chrono::steady_clock::now() - begin, 4s);
     EXPECT_TRUE(runner_.wasStopped());
     EXPECT_EQ(questions, 3);
@@ -111,6 +111,6 @@ TEST_F(ToolRunnerTest, CorrectedCommandsKeepTypedTextInItsArgument) {
     command.outside((folder_ / "out").string());
     context_.settings.exifTool.correctedCommands = true;
     EXPECT_EQ(runner_.RunToolLine(command), 1);
-    EXPECT_EQ(ReadBytes(folder_ / "out"), "[-c=a\" b]");
-    EXPECT_EQ(ReadBytes(folder_ / "Metadata.bat"), command.text());
+    EXPECT_EQ(readBytes(folder_ / "out"), "[-c=a\" b]");
+    EXPECT_EQ(readBytes(folder_ / "Metadata.bat"), command.text());
 }

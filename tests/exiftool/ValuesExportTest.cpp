@@ -22,9 +22,9 @@ app::AppContext contextFor(bool corrected) {
 }
 
 std::string lineOf(const app::AppContext& context, app::CommandId command) {
-    const ValuesExport* format = FindValuesExport(command);
-    return ExportValuesCommand(context, ExportFileWord("/photos/a \"b\".jpg"),
-                               ExportOutputWord(context, "/photos/a \"b\".x"),
+    const ValuesExport* format = findValuesExport(command);
+    return exportValuesCommand(context, exportFileWord("/photos/a \"b\".jpg"),
+                               exportOutputWord(context, "/photos/a \"b\".x"),
                                platform::CommandText(format->arguments))
         .text();
 }
@@ -39,9 +39,9 @@ TEST(ValuesExport, EveryCommandHasItsExtensionAndItsArguments) {
                           {10036, ".html", "-h "},      {10037, ".xml", "-X "},
                           {10038, ".mie", "-o -.mie "}, {10039, ".html", "-h -g1 "},
                           {10040, ".txt", "-s -G1 "},   {10041, ".txt", "-n "}};
-    EXPECT_EQ(ValuesExports().size(), std::size(cases));
+    EXPECT_EQ(valuesExports().size(), std::size(cases));
     for (const auto& [command, extension, arguments] : cases) {
-        const ValuesExport* format = FindValuesExport(command);
+        const ValuesExport* format = findValuesExport(command);
         ASSERT_NE(format, nullptr) << command;
         EXPECT_EQ(format->extension, extension);
         EXPECT_EQ(
@@ -55,14 +55,14 @@ TEST(ValuesExport, EveryCommandHasItsExtensionAndItsArguments) {
                 "\"/photos/a \"b\".jpg\" >\"/photos/a \"b\".x\" "
                 "2>>\"/install/cache/reports/report.txt\"");
     }
-    for (const int command : {0, 10033, 10042, 248}) EXPECT_EQ(FindValuesExport(command), nullptr) << command;
+    for (const int command : {0, 10033, 10042, 248}) EXPECT_EQ(findValuesExport(command), nullptr) << command;
 }
 
 TEST(ValuesExport, TheTargetStandsBesideTheFileAndIsNeverTheFileItself) {
     const support::TemporaryFolder folder;
-    support::WriteBytes(folder / "page.html", "x");
+    support::writeBytes(folder / "page.html", "x");
     fs::create_symlink("photo.jpg", folder / "photo.xml");
-    support::WriteBytes(folder / "photo.jpg", "x");
+    support::writeBytes(folder / "photo.jpg", "x");
     struct Case {
         const char* file;
         int command;
@@ -73,7 +73,7 @@ TEST(ValuesExport, TheTargetStandsBesideTheFileAndIsNeverTheFileItself) {
           Case{"none", 10038, "none.mie"}, Case{".hidden", 10034, ".hidden.txt"},
           Case{"page.html", 10036, "page.html.html"}, Case{"page.html", 10037, "page.xml"},
           Case{"photo.jpg", 10037, "photo.jpg.xml"}})
-        EXPECT_EQ(ExportTarget(folder / file, *FindValuesExport(command)), folder / target) << file;
+        EXPECT_EQ(exportTarget(folder / file, *findValuesExport(command)), folder / target) << file;
 }
 
 }  // namespace

@@ -25,9 +25,9 @@ using namespace std::chrono_literals;
 using platform::ChildCommand;
 using platform::ChildOutcome;
 using platform::ChildStream;
-using support::ReadBytes;
+using support::readBytes;
 using support::TemporaryFolder;
-using support::WriteBytes;
+using support::writeBytes;
 using testing::HasSubstr;
 
 namespace fs = std::filesystem;
@@ -120,9 +120,9 @@ class WarmStarterTest : public testing::Test {
     /// But for the places in memory that the verbose dump prints, which are others in every run.
     Result resultOf(const ChildOutcome& outcome) const {
         static const std::regex place("(SCALAR|HASH|ARRAY)\\(0x[0-9a-f]+\\)");
-        std::string output = ReadBytes(folder_ / "out");
+        std::string output = readBytes(folder_ / "out");
         if (output.find("(0x") != std::string::npos) output = std::regex_replace(output, place, "$1");
-        return {outcome, std::move(output), ReadBytes(folder_ / "err")};
+        return {outcome, std::move(output), readBytes(folder_ / "err")};
     }
 
     Result direct(const std::vector<std::string>& arguments) const {
@@ -143,12 +143,12 @@ class WarmStarterTest : public testing::Test {
         const fs::path work = folder_ / "work";
         fs::remove_all(work);
         fs::create_directory(work);
-        WriteBytes(work / name, master);
+        writeBytes(work / name, master);
         fs::last_write_time(work / name, fs::file_time_type(1000000s));
         arguments.push_back((work / name).string());
         Result result = isWarm ? warm(arguments) : direct(arguments);
         Files files;
-        for (const fs::path& file : filesIn(work)) files[file.filename().string()] = ReadBytes(file);
+        for (const fs::path& file : filesIn(work)) files[file.filename().string()] = readBytes(file);
         return {std::move(result), std::move(files)};
     }
 
@@ -167,8 +167,8 @@ class WarmStarterTest : public testing::Test {
         const fs::path output = folder_ / "unused";
         platform::CommandText unsorted("\"");
         unsorted.outside(kExifTool.native()).literal("\" -a -G1 \"").outside(file.native()).literal("\"");
-        return {PanelReadCommand(context, file, output), DumpHtmlCommand(context, file, output),
-                DumpVerboseCommand(context, file, output), unsorted};
+        return {panelReadCommand(context, file, output), dumpHtmlCommand(context, file, output),
+                dumpVerboseCommand(context, file, output), unsorted};
     }
 
     std::vector<platform::CommandText> otherCommands(const fs::path& file) const {
@@ -178,18 +178,18 @@ class WarmStarterTest : public testing::Test {
         std::vector<platform::CommandText> commands;
         for (const bool corrected : {false, true}) {
             context.settings.exifTool.correctedCommands = corrected;
-            commands.push_back(OneValueCommand(context, file, output, "GPSLatitude", true));
-            commands.push_back(CategoryCommand(context, file, output, 1436));
+            commands.push_back(oneValueCommand(context, file, output, "GPSLatitude", true));
+            commands.push_back(categoryCommand(context, file, output, 1436));
         }
-        commands.push_back(GroupAllCommand(context, file, output, "XMP"));
-        commands.push_back(CategoryCommand(context, file, output, 7));
-        commands.push_back(GpsPositionCommand(context, file, output));
+        commands.push_back(groupAllCommand(context, file, output, "XMP"));
+        commands.push_back(categoryCommand(context, file, output, 7));
+        commands.push_back(gpsPositionCommand(context, file, output));
         platform::CommandText word("\"");
         word.outside(file.native()).literal("\"");
-        commands.push_back(ExportValuesCommand(context, word, platform::CommandText("x"),
+        commands.push_back(exportValuesCommand(context, word, platform::CommandText("x"),
                                                platform::CommandText("-G1 -s -a -u ")));
         context.settings.exifTool.dataLanguage = 1;
-        commands.push_back(PanelReadCommand(context, file, output));
+        commands.push_back(panelReadCommand(context, file, output));
         return commands;
     }
 
@@ -280,7 +280,7 @@ TEST_F(WarmStarterTest, EveryWriteLeavesTheSameBytes) {
     startWarm();
     ASSERT_GE(kWrites.size(), 40U);
     for (const char* sample : {"Harbour at dawn.jpg", "Paper boats.png"}) {
-        const std::string master = ReadBytes(kSamples / sample);
+        const std::string master = readBytes(kSamples / sample);
         for (const std::vector<std::string>& write : kWrites) {
             const auto [directResult, directFiles] = afterWrite(master, sample, write, false);
             const auto [warmResult, warmFiles] = afterWrite(master, sample, write, true);
@@ -292,8 +292,8 @@ TEST_F(WarmStarterTest, EveryWriteLeavesTheSameBytes) {
 
 TEST_F(WarmStarterTest, HostileNamesAreReadAndWrittenTheSame) {
     startWarm();
-    const std::string master = ReadBytes(kSamples / "Harbour at dawn.jpg");
-    for (const std::string& name : support::HostileNames()) {
+    const std::string master = readBytes(kSamples / "Harbour at dawn.jpg");
+    for (const std::string& name : support::hostileNames()) {
         const std::vector<std::string> write{"-XMP-dc:Title=x", "-charset", "filename=UTF8"};
         EXPECT_TRUE(afterWrite(master, name, write, true) == afterWrite(master, name, write, false)) << name;
         const std::vector<std::string> read{
@@ -341,11 +341,11 @@ TEST_F(WarmStarterTest, OutputThatCannotBeWrittenFailsTheSame) {
         ChildCommand command = commandOf({option, "-XMP-dc:all"});
         command.output = ChildStream::truncate("/dev/full");
         const ChildOutcome expected = platform::runChild(command);
-        const std::string errors = ReadBytes(folder_ / "err");
+        const std::string errors = readBytes(folder_ / "err");
         const std::optional<ChildOutcome> outcome = starter_.run(command, {});
         ASSERT_TRUE(outcome);
         EXPECT_EQ(outcome->number, expected.number);
-        EXPECT_EQ(ReadBytes(folder_ / "err"), errors);
+        EXPECT_EQ(readBytes(folder_ / "err"), errors);
         command.output = ChildStream::truncate(folder_.path());
         EXPECT_EQ(starter_.run(command, {})->reason, platform::runChild(command).reason);
     }
@@ -366,7 +366,7 @@ TEST_F(WarmStarterTest, ErrorsAreAppended) {
     ChildCommand command = commandOf({"-S", "/no/such.jpg"});
     command.errors = ChildStream::append(folder_ / "report");
     for (int i = 0; i < 3; ++i) ASSERT_TRUE(starter_.run(command, {}));
-    EXPECT_EQ(ReadBytes(folder_ / "report"),
+    EXPECT_EQ(readBytes(folder_ / "report"),
               "Error: File not found - /no/such.jpg\nError: File not found - /no/such.jpg\n"
               "Error: File not found - /no/such.jpg\n");
 }
@@ -377,7 +377,7 @@ TEST_F(WarmStarterTest, FolderAndMaskAreThoseOfTheMoment) {
     fs::current_path(folder_ / "w");
     fs::rename(folder_ / "w", folder_ / "renamed");
     const mode_t before = ::umask(0077);
-    WriteBytes("a.txt", "text");
+    writeBytes("a.txt", "text");
     EXPECT_EQ(warm({"-S", "-FileName", "-w", "txt2", "a.txt"}).outcome.number, 0);
     ::umask(before);
     struct stat facts {};
@@ -389,7 +389,7 @@ TEST_F(WarmStarterTest, FolderAndMaskAreThoseOfTheMoment) {
 TEST_F(WarmStarterTest, AUsersConfigurationCountsAndItsChangeIsSeen) {
     const fs::path configuration = folder_ / "home/.ExifTool_config";
     const auto define = [&](const char* tag) {
-        WriteBytes(configuration,
+        writeBytes(configuration,
                    std::string("%Image::ExifTool::UserDefined = ('Image::ExifTool::Composite' => { ") + tag +
                        " => { Require => 'FileName', ValueConv => '\"own $val\"' } }, "
                        "'Image::ExifTool::XMP::xmp' => { MyTag => { } }); 1;");
@@ -399,7 +399,7 @@ TEST_F(WarmStarterTest, AUsersConfigurationCountsAndItsChangeIsSeen) {
     const fs::path file = kSamples / "Harbour at dawn.jpg";
     expectSame(tellingCommands(file));
     expectSame(otherCommands(file));
-    const std::string master = ReadBytes(file);
+    const std::string master = readBytes(file);
     EXPECT_TRUE(afterWrite(master, "a.jpg", {"-XMP-xmp:MyTag=x"}, true) ==
                 afterWrite(master, "a.jpg", {"-XMP-xmp:MyTag=x"}, false));
     const std::vector<std::string> read{"-S", "-Composite:All", file.string()};
@@ -416,7 +416,7 @@ TEST_F(WarmStarterTest, AUsersConfigurationCountsAndItsChangeIsSeen) {
 }
 
 TEST_F(WarmStarterTest, AConfigurationThatSpeaksLeavesEverythingToRunsOfTheirOwn) {
-    WriteBytes(folder_ / "home/.ExifTool_config", "print STDERR 'hello'; 1;");
+    writeBytes(folder_ / "home/.ExifTool_config", "print STDERR 'hello'; 1;");
     starter_.Start(kExifTool, kFolder, "en");
     EXPECT_FALSE(starter_.isReadyWithin(30s));
     EXPECT_FALSE(starter_.run(commandOf({"-ver"}), {}));
@@ -448,15 +448,15 @@ TEST_F(WarmStarterTest, AProgramThatIsNoPerlScriptIsLeftAlone) {
                              "\x7f"
                              "ELF",
                              "", "#!/usr/bin/python3 perl\n", "#!perl\n"}) {
-        WriteBytes(tool, text);
+        writeBytes(tool, text);
         EXPECT_FALSE(perlStartOf(tool)) << text;
         starter_.Start(tool, kFolder, "en");
         EXPECT_FALSE(starter_.isReadyWithin(0ms));
         EXPECT_EQ(starter_.processId(), 0);
     }
-    WriteBytes(tool, "#! /usr/bin/perl -w \n");
+    writeBytes(tool, "#! /usr/bin/perl -w \n");
     EXPECT_EQ(perlStartOf(tool)->arguments, std::vector<std::string>{"-w"});
-    WriteBytes(tool, "#!/usr/bin/env perl\n");
+    writeBytes(tool, "#!/usr/bin/env perl\n");
     EXPECT_EQ(perlStartOf(tool)->arguments, std::vector<std::string>{"perl"});
 }
 
@@ -478,12 +478,12 @@ TEST_F(WarmStarterTest, AStarterThatDoesNotAnswerIsGivenUpInBoundedTime) {
     ::kill(stopped, SIGSTOP);
     const auto begin = std::chrono::steady_clock::now();
     const fs::path file = folder_ / "a.jpg";
-    support::WriteJpeg(file);
-    const std::string before = ReadBytes(file);
+    support::writeJpeg(file);
+    const std::string before = readBytes(file);
     EXPECT_FALSE(starter_.run(commandOf({"-XMP-dc:Title=never", file.string()}), {}));
     EXPECT_LT(std::chrono::steady_clock::now() - begin, 5s);
     EXPECT_TRUE(becomesTrue([&] { return !exists(stopped); }));
-    EXPECT_EQ(ReadBytes(file), before) << "nothing is run by an end that was given up";
+    EXPECT_EQ(readBytes(file), before) << "nothing is run by an end that was given up";
     ASSERT_TRUE(starter_.isReadyWithin(30s)) << "a new one has been started";
     EXPECT_EQ(warm({"-ver"}).outcome.number, 0);
 }
@@ -513,7 +513,7 @@ TEST_F(WarmStarterTest, AChildOutlivesItsStarterAndIsWaitedFor) {
     });
     ASSERT_TRUE(outcome);
     EXPECT_EQ(outcome->kind, ChildOutcome::Kind::Ended);
-    EXPECT_THAT(ReadBytes(folder_ / "out"), HasSubstr("whole"));
+    EXPECT_THAT(readBytes(folder_ / "out"), HasSubstr("whole"));
 }
 
 TEST_F(WarmStarterTest, TheStarterEndsWithItsOwnerAndWhenThatIsKilled) {
@@ -554,7 +554,7 @@ TEST_F(WarmStarterTest, ThreadsRunSideBySide) {
                 command.output = ChildStream::truncate(folder_ / ("out" + std::to_string(number)));
                 command.errors = ChildStream();
                 EXPECT_TRUE(starter_.run(command, {}));
-                EXPECT_THAT(ReadBytes(command.output.file), HasSubstr(text));
+                EXPECT_THAT(readBytes(command.output.file), HasSubstr(text));
             }
         });
     }
@@ -570,7 +570,7 @@ TEST_F(WarmStarterTest, KillingTheStarterAtAnyMomentLosesNothing) {
     ToolRunner runner(context);
     runner.setWarmStarter(&starter_);
     const fs::path file = folder_ / "a.jpg";
-    support::WriteJpeg(file);
+    support::writeJpeg(file);
     std::mt19937 random(20240309);
     for (int round = 0; round < 6; ++round) {
         startWarm();
@@ -588,13 +588,13 @@ TEST_F(WarmStarterTest, KillingTheStarterAtAnyMomentLosesNothing) {
             platform::CommandText arguments("-overwrite_original -XMP-dc:Title=\"");
             EXPECT_EQ(runner.RunOnFile(file, arguments.outside(title).literal("\"")), 1);
             const fs::path output = folder_ / "read";
-            EXPECT_EQ(runner.RunToolLine(PanelReadCommand(context, file, output)), 1);
-            EXPECT_THAT(ReadBytes(output), HasSubstr(" Title: " + title + "\n"));
+            EXPECT_EQ(runner.RunToolLine(panelReadCommand(context, file, output)), 1);
+            EXPECT_THAT(readBytes(output), HasSubstr(" Title: " + title + "\n"));
         }
         isOver = true;
         killer.join();
     }
-    EXPECT_EQ(ReadBytes(folder_ / "report"), "");
+    EXPECT_EQ(readBytes(folder_ / "report"), "");
     EXPECT_FALSE(fs::exists(folder_ / "a.jpg_exiftool_tmp"));
 }
 

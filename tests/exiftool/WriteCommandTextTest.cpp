@@ -48,7 +48,7 @@ TEST(WriteCommandText, FamilyRemovalByCommand) {
     };
     for (const auto& row : cases) {
         for (const bool corrected : {false, true})
-            EXPECT_EQ(RemoveFamilyArguments(contextFor(corrected), row.commandId).text(), row.arguments);
+            EXPECT_EQ(removeFamilyArguments(contextFor(corrected), row.commandId).text(), row.arguments);
     }
 }
 
@@ -56,11 +56,11 @@ TEST(WriteCommandText, FamilyRemovalFollowsTheSettings) {
     AppContext context = contextFor(true);
     context.settings.exifTool.ignoreMinorErrors = false;  // does not decide it
     context.settings.exifTool.preserveDateTime = false;
-    EXPECT_EQ(RemoveFamilyArguments(context, 10067).text(), "-m -iptc= -x XML:All -x FILE:All ");
+    EXPECT_EQ(removeFamilyArguments(context, 10067).text(), "-m -iptc= -x XML:All -x FILE:All ");
     context.settings.exifTool.ignoreXml = false;
-    EXPECT_EQ(RemoveFamilyArguments(context, 10067).text(), "-m -iptc= -x FILE:All ");
+    EXPECT_EQ(removeFamilyArguments(context, 10067).text(), "-m -iptc= -x FILE:All ");
     context.settings.exifTool.ignoreFile = false;
-    EXPECT_EQ(RemoveFamilyArguments(context, 10067).text(), "-m -iptc= ");
+    EXPECT_EQ(removeFamilyArguments(context, 10067).text(), "-m -iptc= ");
 }
 
 TEST(WriteCommandText, CopyingTags) {
@@ -75,10 +75,10 @@ TEST(WriteCommandText, CopyingTags) {
         {{false, false, true}, "-XMP ", "-XMP:All "},
     };
     for (const auto& row : cases) {
-        EXPECT_EQ(CopyTagsCommand(contextFor(false), row.families, "/a b.jpg", kFile).text(),
+        EXPECT_EQ(copyTagsCommand(contextFor(false), row.families, "/a b.jpg", kFile).text(),
                   std::string("\"/opt/my tools/exiftool\" ") + row.designed +
                       "-tagsfromfile \"/a b.jpg\" \"/photos/\"best\" 100%.jpg\"");
-        EXPECT_EQ(CopyTagsCommand(contextFor(true), row.families, "/a b.jpg", kFile).text(),
+        EXPECT_EQ(copyTagsCommand(contextFor(true), row.families, "/a b.jpg", kFile).text(),
                   std::string("\"/opt/my tools/exiftool\" -tagsfromfile \"/a b.jpg\" ") + row.corrected +
                       "-charset filename=UTF8 \"/photos/\"best\" 100%.jpg\" "
                       "2>>\"/install/cache/reports/day.txt\"");
@@ -100,7 +100,7 @@ TEST(WriteCommandText, SingleValue) {
     };
     for (const auto& row : cases) {
         for (const bool corrected : {false, true}) {
-            EXPECT_EQ(SingleValueCommand(contextFor(corrected), kFile, row.tagId, row.tag,
+            EXPECT_EQ(singleValueCommand(contextFor(corrected), kFile, row.tagId, row.tag,
                                          CommandText().typed(row.value))
                           .text(),
                       std::string("\"/opt/my tools/exiftool\" ") + row.written +
@@ -145,6 +145,6 @@ TEST(SafetyCopy, NamesInAllModes) {
         settings.SafetyCopyFolderMode = row.mode;
         settings.SafetyCopyFolder = "/other/folder";
         settings.SafetyCopyDated = row.dated;
-        EXPECT_EQ(SafetyCopyPath(row.file, "/install/cache", settings, now).native(), row.copy);
+        EXPECT_EQ(safetyCopyPath(row.file, "/install/cache", settings, now).native(), row.copy);
     }
 }

@@ -11,9 +11,9 @@
 using namespace exiftool;
 using platform::CommandText;
 using support::ExifTool;
-using support::ReadBytes;
+using support::readBytes;
 using support::TemporaryFolder;
-using support::WriteBytes;
+using support::writeBytes;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -41,7 +41,7 @@ class WriteCommandsTest : public testing::Test {
 
     fs::path makePhoto(const std::string& name) {
         if (!fs::exists(master_)) {
-            support::WriteJpeg(master_);
+            support::writeJpeg(master_);
             ExifTool({"-q", "-overwrite_original", "-EXIF:Artist=Somebody", "-XMP-dc:Title=A title",
                       "-IPTC:Keywords=word", "-GPSLatitude=48.5", "-GPSLatitudeRef=N", master_.string()});
         }
@@ -51,7 +51,7 @@ class WriteCommandsTest : public testing::Test {
     }
 
     fs::path copyOf(const fs::path& file) {
-        return SafetyCopyPath(file, context_.cachePath, SafetyCopies(), QDateTime());
+        return safetyCopyPath(file, context_.cachePath, SafetyCopies(), QDateTime());
     }
 
     static CommandText title(std::string_view value, std::string_view options = "-overwrite_original ") {
@@ -64,7 +64,7 @@ class WriteCommandsTest : public testing::Test {
     }
 
     std::string report() const {
-        return fs::exists(context_.reportFile) ? ReadBytes(context_.reportFile) : "";
+        return fs::exists(context_.reportFile) ? readBytes(context_.reportFile) : "";
     }
 
     TemporaryFolder folder_;
@@ -93,7 +93,7 @@ const std::string kHostileValues[] = {
 
 TEST_F(WriteCommandsTest, TheLineOfARunOnAFileStandsInItsBatchFileAndIsGoneAfterwards) {
     const fs::path script = folder_ / "tool";
-    WriteBytes(script, "#!/bin/sh\ncat \"$4\" >\"$3\"; echo complaint >&2\n");
+    writeBytes(script, "#!/bin/sh\ncat \"$4\" >\"$3\"; echo complaint >&2\n");
     fs::permissions(script, fs::perms::owner_all);
     context_.exifToolPath = script;
     const fs::path file = makePhoto("a.jpg");
@@ -104,7 +104,7 @@ TEST_F(WriteCommandsTest, TheLineOfARunOnAFileStandsInItsBatchFileAndIsGoneAfter
     CommandText expected("\"");
     expected.literal(script.native()).literal("\" -lang en ").append(arguments).literal(" \"");
     expected.literal(file.native()).literal("\" 2>>\"").literal(context_.reportFile.native()).literal("\"");
-    EXPECT_EQ(ReadBytes(seen), expected.text());
+    EXPECT_EQ(readBytes(seen), expected.text());
     EXPECT_TRUE(fs::is_empty(context_.tempPath));
     EXPECT_EQ(runner_.RunOnFile(file, arguments), 1);
     EXPECT_EQ(report(), "complaint\ncomplaint\n") << "a report grows";
@@ -134,12 +134,12 @@ TEST_F(WriteCommandsTest, ValuesFromOutsideAreAsSafeInTheDesignedForms) {
 }
 
 TEST_F(WriteCommandsTest, HostileNamesAreWrittenAndCopied) {
-    for (const std::string& name : support::HostileNames()) {
+    for (const std::string& name : support::hostileNames()) {
         const fs::path file = makePhoto(name);
-        const std::string before = ReadBytes(file);
+        const std::string before = readBytes(file);
         EXPECT_EQ(runner_.RunOnFile(file, title("new")), 1) << name;
         EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), "new") << name;
-        EXPECT_EQ(ReadBytes(copyOf(file)), before) << name;
+        EXPECT_EQ(readBytes(copyOf(file)), before) << name;
     }
     EXPECT_EQ(report(), "");
     EXPECT_THAT(failures_, IsEmpty());
@@ -150,9 +150,9 @@ TEST_F(WriteCommandsTest, TheSafetyCopyHoldsTheStateBeforeTheLastChange) {
     const fs::path file = makePhoto("a.jpg");
     fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);
     runner_.RunOnFile(file, title("first"));
-    const std::string afterFirst = ReadBytes(file);
+    const std::string afterFirst = readBytes(file);
     runner_.RunOnFile(file, title("second"));
-    EXPECT_EQ(ReadBytes(copyOf(file)), afterFirst);
+    EXPECT_EQ(readBytes(copyOf(file)), afterFirst);
     EXPECT_EQ(fs::status(copyOf(file)).permissions(), fs::status(file).permissions());
     runner_.RunOnFile(file, CommandText("-XMP-dc:Title"));
     EXPECT_EQ(valueOf(copyOf(file), "-XMP-dc:Title"), "second") << "also for a run that changes nothing";
@@ -169,7 +169,7 @@ TEST_F(WriteCommandsTest, SwitchedOffThereIsNoSafetyCopy) {
 
 TEST_F(WriteCommandsTest, AFailedSafetyCopyIsToldAndTheWriteGoesOn) {
     const fs::path file = makePhoto("a.jpg");
-    WriteBytes(context_.cachePath / "sav", "a file in the folder's place");
+    writeBytes(context_.cachePath / "sav", "a file in the folder's place");
     EXPECT_EQ(runner_.RunOnFile(file, title("new")), 1);
     EXPECT_THAT(failures_, testing::ElementsAre("CopyFile failed with error 20: Not a directory"));
     EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), "new");
@@ -178,13 +178,13 @@ TEST_F(WriteCommandsTest, AFailedSafetyCopyIsToldAndTheWriteGoesOn) {
 TEST_F(WriteCommandsTest, AFailedCopyLeavesTheEarlierOneWhole) {
     const fs::path file = makePhoto("a.jpg");
     ASSERT_EQ(MakeSafetyCopy(file, context_.cachePath, {}), QString());
-    const std::string copied = ReadBytes(copyOf(file));
+    const std::string copied = readBytes(copyOf(file));
     fs::remove(file);
     EXPECT_THAT(MakeSafetyCopy(file, context_.cachePath, {}).toStdString(),
                 HasSubstr("CopyFile failed with error 2: "));
     ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
     EXPECT_THAT(MakeSafetyCopy(file, context_.cachePath, {}).toStdString(), HasSubstr("error 22"));
-    EXPECT_EQ(ReadBytes(copyOf(file)), copied);
+    EXPECT_EQ(readBytes(copyOf(file)), copied);
     EXPECT_EQ(std::distance(fs::directory_iterator(copyOf(file).parent_path()), {}), 1);
 }
 
@@ -193,10 +193,10 @@ TEST_F(WriteCommandsTest, FilesAreCopiedToTheByteWhateverTheirSize) {
         std::string bytes(size, 'x');
         for (std::size_t i = 0; i < size; i += 997) bytes[i] = static_cast<char>(i);
         const fs::path file = folder_ / "photos/any.raw";
-        WriteBytes(file, bytes);
+        writeBytes(file, bytes);
         fs::last_write_time(file, fs::file_time_type(std::chrono::seconds(1000)));
         EXPECT_EQ(MakeSafetyCopy(file, context_.cachePath, {}), QString());
-        EXPECT_EQ(ReadBytes(copyOf(file)), bytes);
+        EXPECT_EQ(readBytes(copyOf(file)), bytes);
         EXPECT_EQ(fs::last_write_time(copyOf(file)), fs::last_write_time(file));
     }
 }
@@ -204,17 +204,17 @@ TEST_F(WriteCommandsTest, FilesAreCopiedToTheByteWhateverTheirSize) {
 TEST_F(WriteCommandsTest, FamiliesAreRemovedAndAFileThatCannotBeWrittenIsInTheReport) {
     const fs::path good = makePhoto("good.jpg");
     const fs::path locked = makePhoto("locked.jpg");
-    const std::string before = ReadBytes(locked);
+    const std::string before = readBytes(locked);
     // Bars writes also for those whom permissions do not.
     fs::create_directory(folder_ / "photos/locked.jpg_exiftool_tmp");
     const fs::path last = makePhoto("last.jpg");
     EXPECT_TRUE(writes_.RemoveFamilyFromSelection(10067, {good, locked, last}));
     EXPECT_THAT(report(), HasSubstr("locked.jpg"));
-    EXPECT_EQ(ReadBytes(locked), before);
+    EXPECT_EQ(readBytes(locked), before);
     for (const fs::path& file : {good, last}) {
         EXPECT_EQ(valueOf(file, "-IPTC:All"), "");
         EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), "A title");
-        EXPECT_EQ(ReadBytes(file.string() + "_original"), before)
+        EXPECT_EQ(readBytes(file.string() + "_original"), before)
             << "removal leaves the original beside the file";
     }
 }
@@ -241,7 +241,7 @@ TEST_F(WriteCommandsTest, EachRemovalTakesItsOwnFamily) {
 TEST_F(WriteCommandsTest, OnlyTheChosenFamiliesAreCopied) {
     const fs::path source = makePhoto("source\"$(x).jpg");
     const fs::path target = folder_ / "photos/target.jpg";
-    support::WriteJpeg(target);
+    support::writeJpeg(target);
     ExifTool({"-q", "-overwrite_original", "-XMP-dc:Creator=kept", "-IPTC:City=kept", target.string()});
     EXPECT_TRUE(writes_.CopyTagsFromFile({true, false, true}, source, {target}));
     EXPECT_EQ(valueOf(target, "-EXIF:Artist"), "Somebody");
@@ -268,7 +268,7 @@ TEST_F(WriteCommandsTest, SingleValuesAreWrittenEmptiedAndEscaped) {
 
 TEST_F(WriteCommandsTest, AListOfFilesRefusesNamesThatCannotStandInIt) {
     std::vector<fs::path> files;
-    for (const std::string& name : support::HostileNames()) files.push_back(makePhoto(name));
+    for (const std::string& name : support::hostileNames()) files.push_back(makePhoto(name));
     files.emplace_back("relative.jpg");
     files.emplace_back(folder_ / "photos/return.jpg\r");
     makePhoto("relative.jpg");
@@ -299,8 +299,8 @@ TEST_F(WriteCommandsTest, AnEmptyListWritesNothing) {
 TEST_F(WriteCommandsTest, AStoppedWriteLeavesTheFileWholeAndTheNextOneWorks) {
     const fs::path script = folder_ / "tool";
     const fs::path file = makePhoto("a.jpg");
-    const std::string before = ReadBytes(file);
-    WriteBytes(script,
+    const std::string before = readBytes(file);
+    writeBytes(script,
                "#!/bin/sh\nfor last; do :; done\necho half >\"${last}_exiftool_tmp\"\nexec sleep 100\n");
     fs::permissions(script, fs::perms::owner_all);
     context_.exifToolPath = script;
@@ -309,7 +309,7 @@ TEST_F(WriteCommandsTest, AStoppedWriteLeavesTheFileWholeAndTheNextOneWorks) {
     EXPECT_EQ(runner_.RunOnFile(file, {}), 0);
     EXPECT_TRUE(runner_.wasStopped());
     EXPECT_FALSE(fs::exists(leftover));
-    EXPECT_EQ(ReadBytes(file), before);
+    EXPECT_EQ(readBytes(file), before);
     runner_.setKeepWaiting({});
     context_.exifToolPath = "/usr/bin/exiftool";
     EXPECT_EQ(runner_.RunOnFile(file, title("new")), 1);
@@ -318,13 +318,13 @@ TEST_F(WriteCommandsTest, AStoppedWriteLeavesTheFileWholeAndTheNextOneWorks) {
 
 TEST_F(WriteCommandsTest, OtherProgramsRunWithoutABatchFile) {
     const fs::path script = folder_ / "convert";
-    WriteBytes(script, "#!/bin/sh\nprintf '%s' \"$1\" >\"$2\"\n");
+    writeBytes(script, "#!/bin/sh\nprintf '%s' \"$1\" >\"$2\"\n");
     fs::permissions(script, fs::perms::owner_all);
     context_.imageMagickPath = script;
     CommandText command("\"");
     command.outside(script.string()).literal("\" \"two words\" \"").outside((folder_ / "seen").string());
     EXPECT_EQ(runner_.RunProgram(command.literal("\"")), 1);
-    EXPECT_EQ(ReadBytes(folder_ / "seen"), "two words");
+    EXPECT_EQ(readBytes(folder_ / "seen"), "two words");
     EXPECT_TRUE(fs::is_empty(context_.tempPath));
     EXPECT_EQ(runner_.RunProgram(CommandText("\"/usr/bin/exiftool\" -ver")), 0) << "has its own roads";
     EXPECT_EQ(runner_.RunHidden(CommandText("\"/usr/bin/exiftool\" -ver")), 1);

@@ -17,7 +17,7 @@ using platform::ChildProcess;
 using platform::ChildStream;
 using platform::FileDescriptor;
 using platform::runChild;
-using support::ReadBytes;
+using support::readBytes;
 using support::TemporaryFolder;
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
@@ -68,18 +68,18 @@ TEST(ChildProcess, PassesBytesFolderAndEnvironment) {
     command.workingFolder = folder.path();
     command.environment = {"EXTRA=1", "HOME=2"};
     EXPECT_EQ(runChild(command).number, 0);
-    EXPECT_EQ(ReadBytes(folder / "out"), "a b||\xE9\xFF|x\ny|$(z)|" + folder.path().string() + "\n12");
+    EXPECT_EQ(readBytes(folder / "out"), "a b||\xE9\xFF|x\ny|$(z)|" + folder.path().string() + "\n12");
 }
 
 TEST(ChildProcess, LeadsItsStreams) {
     const TemporaryFolder folder;
-    support::WriteBytes(folder / "out", "old content");
+    support::writeBytes(folder / "out", "old content");
     ChildCommand command = shell("cat; echo out; echo err >&2", folder / "out");
     command.errors = ChildStream::append(folder / "err");
     runChild(command);
     runChild(command);
-    EXPECT_EQ(ReadBytes(folder / "out"), "out\n") << "and standard input is empty";
-    EXPECT_EQ(ReadBytes(folder / "err"), "err\nerr\n");
+    EXPECT_EQ(readBytes(folder / "out"), "out\n") << "and standard input is empty";
+    EXPECT_EQ(readBytes(folder / "err"), "err\nerr\n");
     command.output = ChildStream::truncate(folder / "no/out");
     command.errors = ChildStream::truncate(folder / "untouched");
     EXPECT_EQ(runChild(command).kind, ChildOutcome::Kind::NotStarted);
@@ -111,7 +111,7 @@ TEST_P(ChildProcessRoads, GivesTheChildNothingOfOurs) {
     ::signal(SIGPIPE, pipeAction);
     ::pthread_sigmask(SIG_SETMASK, &before, nullptr);
     ::close(leaky);
-    std::istringstream answer(ReadBytes(folder / "out"));
+    std::istringstream answer(readBytes(folder / "out"));
     std::string line;
     std::getline(answer, line);
     EXPECT_EQ(line, "0 1 2 SigBlk:\t0000000000000000");
@@ -196,7 +196,7 @@ TEST(ChildProcess, EndsAChildThatIgnoresTheRequestAndWhatItStarted) {
     ASSERT_EQ(::read(ends[0], &ready, 1), 1);
     EXPECT_EQ(child.stop(50ms).kind, ChildOutcome::Kind::Stopped);
     EXPECT_FALSE(child.isRunning());
-    EXPECT_TRUE(hasEnded(numberIn(ReadBytes(folder / "grandchild"))));
+    EXPECT_TRUE(hasEnded(numberIn(readBytes(folder / "grandchild"))));
     ::close(ends[0]);
 }
 

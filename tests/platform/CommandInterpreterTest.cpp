@@ -14,9 +14,9 @@ using platform::parseCommands;
 using platform::ParsedCommand;
 using platform::Redirection;
 using platform::TypedPieces;
-using support::ReadBytes;
+using support::readBytes;
 using support::TemporaryFolder;
-using support::WriteBytes;
+using support::writeBytes;
 using testing::ElementsAre;
 using namespace std::string_literals;
 using Words = std::vector<std::string>;
@@ -33,7 +33,7 @@ struct LiteralCase {
 /// A tool that prints its arguments, each in brackets, and a word on the error stream.
 std::filesystem::path writePrinter(const TemporaryFolder& folder, const char* name = "printer") {
     auto tool = folder / name;
-    WriteBytes(tool, "#!/bin/sh\nfor word in \"$@\"; do printf '[%s]' \"$word\"; done\necho oops >&2\n");
+    writeBytes(tool, "#!/bin/sh\nfor word in \"$@\"; do printf '[%s]' \"$word\"; done\necho oops >&2\n");
     std::filesystem::permissions(tool, std::filesystem::perms::owner_all);
     return tool;
 }
@@ -96,7 +96,7 @@ TEST(CommandInterpreterParse, RedirectionsWithoutAFileAndZeroBytesAreRefused) {
 }
 
 TEST(CommandInterpreterParse, APieceFromOutsideStaysInsideItsArgument) {
-    std::vector<std::string> hostile = support::HostileNames();
+    std::vector<std::string> hostile = support::hostileNames();
     for (const char* more :
          {"\"", "\"\"", "a\" >owned \"", "\" 2>>owned", ">owned", "2>owned", "2", ">", "%%", "%", " ", "\n",
           "\r\n", "x\ny >owned", "\"\n\"touch\" owned", "\\", "\\\"", "-o", "\t"})
@@ -159,8 +159,8 @@ TEST(CommandInterpreter, RunsATool) {
         EXPECT_TRUE(outcome.everyToolStarted());
         EXPECT_EQ(outcome.answers(), "");
     }
-    EXPECT_EQ(ReadBytes(folder / "o\"ut"), "[-a][x\ny]");
-    EXPECT_EQ(ReadBytes(folder / "err"), "oops\noops\n");
+    EXPECT_EQ(readBytes(folder / "o\"ut"), "[-a][x\ny]");
+    EXPECT_EQ(readBytes(folder / "err"), "oops\noops\n");
 }
 
 TEST(CommandInterpreter, StartsNothingButTheTools) {
@@ -181,7 +181,7 @@ TEST(CommandInterpreter, StartsNothingButTheTools) {
         EXPECT_FALSE(outcome.everyToolStarted());
         EXPECT_EQ(outcome.answers(),
                   '\'' + word + "' is not recognized as one of the tools that may be run.\n");
-        EXPECT_EQ(ReadBytes(folder / "err"), outcome.answers());
+        EXPECT_EQ(readBytes(folder / "err"), outcome.answers());
         EXPECT_FALSE(std::filesystem::exists(folder / "out")) << word;
     }
 }
@@ -196,7 +196,7 @@ TEST(CommandInterpreter, NothingFromOutsideRunsOrChoosesAFile) {
         CommandText text = toolWord(tool);
         text.literal("\"").outside(bytes).literal("\" >out");
         EXPECT_TRUE(CommandInterpreter({tool}).run(text).everyToolStarted());
-        EXPECT_EQ(ReadBytes(folder / "out"), "["s + bytes + "]");
+        EXPECT_EQ(readBytes(folder / "out"), "["s + bytes + "]");
     }
     EXPECT_FALSE(std::filesystem::exists(folder / "owned"));
     std::filesystem::current_path("/");
@@ -212,17 +212,17 @@ TEST(CommandInterpreter, ALineThatCannotRunDoesNotStopTheNext) {
     const auto outcome = CommandInterpreter({tool}).run(text);
     ASSERT_EQ(outcome.lines.size(), 3U);
     EXPECT_FALSE(outcome.everyToolStarted());
-    EXPECT_THAT(ReadBytes(folder / "err"), testing::HasSubstr("no/such"));
-    EXPECT_EQ(ReadBytes(folder / "out"), "[two]");
+    EXPECT_THAT(readBytes(folder / "err"), testing::HasSubstr("no/such"));
+    EXPECT_EQ(readBytes(folder / "out"), "[two]");
 }
 
 TEST(CommandInterpreter, AToolThatIsNoProgramIsAnswered) {
     const TemporaryFolder folder;
     const auto missing = folder / "missing";
     const auto plain = folder / "plain";
-    WriteBytes(plain, "#!/bin/sh\n");
+    writeBytes(plain, "#!/bin/sh\n");
     const auto garbage = folder / "garbage";
-    WriteBytes(garbage,
+    writeBytes(garbage,
                "\x7F"
                "ELF nonsense");
     std::filesystem::permissions(garbage, std::filesystem::perms::owner_all);
@@ -231,14 +231,14 @@ TEST(CommandInterpreter, AToolThatIsNoProgramIsAnswered) {
             CommandInterpreter({tool}).run(toolWord(tool).literal(">").outside((folder / "out").string()));
         EXPECT_FALSE(outcome.everyToolStarted());
         EXPECT_THAT(outcome.answers(), testing::StartsWith(tool.string() + ": "));
-        EXPECT_EQ(ReadBytes(folder / "out"), "") << "what an earlier run left is not taken for this one's";
+        EXPECT_EQ(readBytes(folder / "out"), "") << "what an earlier run left is not taken for this one's";
     }
 }
 
 TEST(CommandInterpreter, AStoppedLineIsTheLast) {
     const TemporaryFolder folder;
     const auto tool = folder / "sleeper";
-    WriteBytes(tool, "#!/bin/sh\nexec sleep 100\n");
+    writeBytes(tool, "#!/bin/sh\nexec sleep 100\n");
     std::filesystem::permissions(tool, std::filesystem::perms::owner_all);
     CommandText text = toolWord(tool);
     text.literal("\n").append(toolWord(tool));

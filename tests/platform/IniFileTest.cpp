@@ -12,9 +12,9 @@
 #include <string>
 
 using platform::IniFile;
-using support::ReadBytes;
+using support::readBytes;
 using support::TemporaryFolder;
-using support::WriteBytes;
+using support::writeBytes;
 using namespace std::string_literals;
 
 namespace {
@@ -29,7 +29,7 @@ constexpr int kDefault = 77;
 class IniFileTest : public testing::Test {
  protected:
     IniFile open(std::string_view bytes) {
-        WriteBytes(file_, bytes);
+        writeBytes(file_, bytes);
         return IniFile(file_);
     }
 
@@ -117,7 +117,7 @@ TEST_F(IniFileTest, SavingChangesValuesInPlaceAndKeepsEverythingElse) {
     EXPECT_TRUE(ini.setBoolean("Colors", "bold", true));
     EXPECT_EQ(ini.integer("Main", "Language", kDefault), 9) << "seen before it is saved";
     EXPECT_TRUE(ini.save());
-    EXPECT_EQ(ReadBytes(file_),
+    EXPECT_EQ(readBytes(file_),
               "; mine\r\n[Main]\r\nLanguage =9\r\njunk\r\nOld=x\r\nNew=value\r\n\r\n[Next]\r\nA=1\r\n\r\n"
               "[Colors]\r\nbold=1\r\n");
     EXPECT_FALSE(std::filesystem::exists(folder_ / "Settings.ini.new"));
@@ -169,7 +169,7 @@ TEST_F(IniFileTest, TwoWritersKeepEachOthersKeys) {
     second.setInteger("S", "B", 2);
     ASSERT_TRUE(first.save());
     ASSERT_TRUE(second.save());
-    EXPECT_EQ(ReadBytes(file_), "[S]\nA=1\nB=2\n");
+    EXPECT_EQ(readBytes(file_), "[S]\nA=1\nB=2\n");
     EXPECT_EQ(second.integer("S", "A", kDefault), 1);
 }
 
@@ -203,7 +203,7 @@ TEST_F(IniFileTest, AHugeFileGivesDefaultsAndIsMovedAside) {
     EXPECT_EQ(ini.integer("S", "Key", kDefault), kDefault);
     ini.setInteger("S", "Key", 5);
     EXPECT_TRUE(ini.save());
-    EXPECT_EQ(ReadBytes(file_), "[S]\nKey=5\n");
+    EXPECT_EQ(readBytes(file_), "[S]\nKey=5\n");
     EXPECT_EQ(std::filesystem::file_size(folder_ / "Settings.ini.unreadable"), huge.size());
 }
 
@@ -215,7 +215,7 @@ TEST_F(IniFileTest, MarksOfEncodingsAreUnderstood) {
     EXPECT_EQ(ini.find("S", "Key"), "x");
     ini.setText("S", "Key", "\u00FC");
     ASSERT_TRUE(ini.save());
-    EXPECT_EQ(ReadBytes(file_), "[S]\r\nKey=\xC3\xBC\r\n");
+    EXPECT_EQ(readBytes(file_), "[S]\r\nKey=\xC3\xBC\r\n");
 }
 
 TEST_F(IniFileTest, WhatIsNoRegularFileIsNotWaitedFor) {
@@ -232,14 +232,14 @@ TEST_F(IniFileTest, WhatIsNoRegularFileIsNotWaitedFor) {
 
 TEST_F(IniFileTest, SavingFollowsASymbolicLinkAndKeepsPermissions) {
     const auto real = folder_ / "real.ini";
-    WriteBytes(real, "[S]\nKey=1\n");
+    writeBytes(real, "[S]\nKey=1\n");
     ASSERT_EQ(::chmod(real.c_str(), 0640), 0);
     std::filesystem::create_symlink("real.ini", file_);
     IniFile ini(file_);
     ini.setInteger("S", "Key", 2);
     ASSERT_TRUE(ini.save());
     EXPECT_TRUE(std::filesystem::is_symlink(file_));
-    EXPECT_EQ(ReadBytes(real), "[S]\nKey=2\n");
+    EXPECT_EQ(readBytes(real), "[S]\nKey=2\n");
     EXPECT_EQ(static_cast<unsigned>(std::filesystem::status(real).permissions()), 0640U);
 }
 
@@ -252,7 +252,7 @@ TEST_F(IniFileTest, AFolderThatIsGoneIsAFailureThatKeepsTheChanges) {
     EXPECT_FALSE(failed.reason.empty());
     std::filesystem::create_directory(inner);
     EXPECT_TRUE(ini.save());
-    EXPECT_EQ(ReadBytes(inner / "Settings.ini"), "[S]\nKey=2\n");
+    EXPECT_EQ(readBytes(inner / "Settings.ini"), "[S]\nKey=2\n");
 }
 
 TEST_F(IniFileTest, AReadOnlyFolderIsAFailureThatLeavesTheFile) {
@@ -262,7 +262,7 @@ TEST_F(IniFileTest, AReadOnlyFolderIsAFailureThatLeavesTheFile) {
                                  std::filesystem::perms::owner_read | std::filesystem::perms::owner_exec);
     ini.setInteger("S", "Key", 2);
     EXPECT_FALSE(ini.save());
-    EXPECT_EQ(ReadBytes(file_), "[S]\nKey=1\n");
+    EXPECT_EQ(readBytes(file_), "[S]\nKey=1\n");
 }
 
 TEST_F(IniFileTest, WhereNobodyMayWriteSavingFails) {
@@ -276,7 +276,7 @@ TEST_F(IniFileTest, WhereNobodyMayWriteSavingFails) {
 /// Stands for a full disk: the same failure of the same call, in a process of its own because the limit
 /// stays.
 TEST_F(IniFileTest, AWriteThatFailsLeavesTheOldFile) {
-    WriteBytes(file_, "[S]\nKey=1\n");
+    writeBytes(file_, "[S]\nKey=1\n");
     const pid_t child = ::fork();
     if (child == 0) {
         ::signal(SIGXFSZ, SIG_IGN);
@@ -289,7 +289,7 @@ TEST_F(IniFileTest, AWriteThatFailsLeavesTheOldFile) {
     int status = 0;
     ::waitpid(child, &status, 0);
     EXPECT_EQ(status, 0);
-    EXPECT_EQ(ReadBytes(file_), "[S]\nKey=1\n");
+    EXPECT_EQ(readBytes(file_), "[S]\nKey=1\n");
     EXPECT_FALSE(std::filesystem::exists(folder_ / "Settings.ini.new"));
 }
 

@@ -14,7 +14,7 @@ extern char** environ;
 
 namespace support {
 
-void WriteJpeg(const std::filesystem::path& file) {
+void writeJpeg(const std::filesystem::path& file) {
     static const QByteArray bytes = [] {
         QImage image(32, 24, QImage::Format_RGB32);
         image.fill(QColor(40, 90, 160));
@@ -24,7 +24,7 @@ void WriteJpeg(const std::filesystem::path& file) {
         image.save(&buffer, "JPEG", 85);
         return encoded;
     }();
-    WriteBytes(file, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+    writeBytes(file, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
 }
 
 std::string ExifTool(const std::vector<std::string>& arguments) {
@@ -56,7 +56,7 @@ std::string ExifTool(const std::vector<std::string>& arguments) {
     return output;
 }
 
-const std::vector<std::string>& HostileNames() {
+const std::vector<std::string>& hostileNames() {
     static const std::vector<std::string> names = {
         "plain.jpg",
         "with blank.jpg",

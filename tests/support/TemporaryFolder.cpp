@@ -29,13 +29,13 @@ TemporaryFolder::~TemporaryFolder() {
     fs::remove_all(path_, error);
 }
 
-std::string ReadBytes(const fs::path& file) {
+std::string readBytes(const fs::path& file) {
     std::ifstream stream(file, std::ios::binary);
     EXPECT_TRUE(stream.is_open()) << file;
     return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 
-void WriteBytes(const fs::path& file, std::string_view bytes) {
+void writeBytes(const fs::path& file, std::string_view bytes) {
     std::ofstream stream(file, std::ios::binary | std::ios::trunc);
     stream.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
     ASSERT_TRUE(stream.good()) << file;

@@ -23,7 +23,7 @@ class TemporaryFolder {
 };
 
 /// The file's bytes; a test failure when it cannot be read.
-std::string ReadBytes(const std::filesystem::path& file);
-void WriteBytes(const std::filesystem::path& file, std::string_view bytes);
+std::string readBytes(const std::filesystem::path& file);
+void writeBytes(const std::filesystem::path& file, std::string_view bytes);
 
 }  // namespace support

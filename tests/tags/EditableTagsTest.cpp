@@ -30,7 +30,7 @@ QStringList warningsOf(const QStringList& names) {
     const support::TemporaryFolder folder;
     QByteArray arguments;
     for (const QString& name : names) arguments += '-' + name.toUtf8() + "=\n";
-    support::WriteBytes(folder / "arguments",
+    support::writeBytes(folder / "arguments",
                         std::string_view(arguments.constData(), static_cast<std::size_t>(arguments.size())));
     QProcess tool;
     tool.start("exiftool",

@@ -24,7 +24,7 @@ TEST(ExtensionTable, EveryRowIsLowerCaseWithOneDotAndIsFound) {
             EXPECT_TRUE((letter >= 'a' && letter <= 'z') || (letter >= '0' && letter <= '9') ||
                         letter == '.' || letter == '-')
                 << row.extension;
-        EXPECT_EQ(tags::FindExtension("/photos/name" + std::string(row.extension)), &row);
+        EXPECT_EQ(tags::findExtension("/photos/name" + std::string(row.extension)), &row);
     }
 }
 
@@ -53,7 +53,7 @@ TEST(ExtensionTable, KnowsWhatAFileIsWhateverTheCaseOfItsExtension) {
         {"a.prc", FileClass::ElectronicBook},
     };
     for (const auto& row : cases) {
-        const ExtensionRecord* const found = tags::FindExtension(row.file);
+        const ExtensionRecord* const found = tags::findExtension(row.file);
         ASSERT_NE(found, nullptr) << row.file;
         EXPECT_EQ(found->fileClass, row.expected) << row.file;
     }
@@ -62,7 +62,7 @@ TEST(ExtensionTable, KnowsWhatAFileIsWhateverTheCaseOfItsExtension) {
 TEST(ExtensionTable, KnowsNothingOfOtherNames) {
     for (const char* file : {"", "jpg", ".jpg", "a.", "a.jpg~", "a.jpg.part", "folder.jpg/a", "a.j", "a.jpgg",
                              "a.\xC4\xB1so", "a.zzz", "a.!"})
-        EXPECT_EQ(tags::FindExtension(file), nullptr) << file;
+        EXPECT_EQ(tags::findExtension(file), nullptr) << file;
 }
 
 }  // namespace

@@ -53,7 +53,7 @@ app::Settings everythingShown() {
 }  // namespace
 
 TEST(GroupTable, PositionsAreGroupIdsButForOneCrossing) {
-    const std::span<const GroupEntry> table = tags::GroupTable();
+    const std::span<const GroupEntry> table = tags::groupTable();
     ASSERT_EQ(table.size(), 330U);
     for (std::uint32_t position = 0; position < table.size(); ++position) {
         const std::uint32_t expected = position == 197 ? 198 : position == 198 ? 197 : position;
@@ -67,7 +67,7 @@ TEST(GroupTable, PositionsAreGroupIdsButForOneCrossing) {
 TEST(GroupTable, OnlyMetaIfdStandsTwice) {
     std::map<QString, std::vector<std::uint32_t>> positions;
     for (std::uint32_t position = 0; position < tags::kGroupCount; ++position) {
-        positions[text(tags::GroupTable()[position].key).toLower()].push_back(position);
+        positions[text(tags::groupTable()[position].key).toLower()].push_back(position);
     }
     for (const auto& [key, found] : positions) {
         if (key == "[metaifd]") {
@@ -85,12 +85,12 @@ TEST(GroupTable, SpellsGroupsItsOwnWay) {
         {149, "Leica"},     {209, "System"},        {215, "Track4"},
         {227, "Track18"},   {252, "XMP-camera_1_"}, {257, "XMP_CreatorAtom"},
         {291, "XMP_lr"},    {310, "XMP-rdf"},       {329, "ZIP"}};
-    for (const auto& [position, name] : names) EXPECT_EQ(tags::GroupName(position), name);
-    EXPECT_EQ(tags::GroupName(330), QString());
+    for (const auto& [position, name] : names) EXPECT_EQ(tags::groupName(position), name);
+    EXPECT_EQ(tags::groupName(330), QString());
 }
 
 TEST(FindGroup, FindsEveryKeyInAnyCase) {
-    for (const GroupEntry& entry : tags::GroupTable()) {
+    for (const GroupEntry& entry : tags::groupTable()) {
         const QString key = text(entry.key);
         const std::uint32_t expected = key == "[MetaIFD]" ? 101 : entry.groupId;  // the first of the two
         EXPECT_EQ(FindGroup(key), expected) << key.toStdString();
@@ -108,8 +108,8 @@ TEST(FindGroup, KnowsNothingElse) {
 }
 
 TEST(FindGroup, CrossedGroupsLandUnderEachOthersHeader) {
-    EXPECT_EQ(tags::GroupName(*FindGroup(u"[SR2DataIFD]")), "SR2DataIFD12");
-    EXPECT_EQ(tags::GroupName(*FindGroup(u"[SR2DataIFD12]")), "SR2DataIFD");
+    EXPECT_EQ(tags::groupName(*FindGroup(u"[SR2DataIFD]")), "SR2DataIFD12");
+    EXPECT_EQ(tags::groupName(*FindGroup(u"[SR2DataIFD12]")), "SR2DataIFD");
 }
 
 TEST(GroupIconClass, GivesEachFamilyItsPicture) {
@@ -131,7 +131,7 @@ TEST(GroupIconClass, GivesEachFamilyItsPicture) {
 TEST(GroupHasRows, FailsFor25Groups) {
     std::set<QString> without;
     for (std::uint32_t group = 0; group < tags::kGroupCount; ++group) {
-        if (!tags::GroupHasRows(group)) without.insert(tags::GroupName(group));
+        if (!tags::groupHasRows(group)) without.insert(tags::groupName(group));
     }
     const std::set<QString> expected = {"AVI1",
                                         "CHM",
@@ -159,9 +159,9 @@ TEST(GroupHasRows, FailsFor25Groups) {
                                         "MetaIFD",
                                         "NikonPreviewInfo"};
     EXPECT_EQ(without, expected);
-    EXPECT_TRUE(tags::GroupHasRows(101));  // the first MetaIFD
-    EXPECT_FALSE(tags::GroupHasRows(112));
-    EXPECT_FALSE(tags::GroupHasRows(330));
+    EXPECT_TRUE(tags::groupHasRows(101));  // the first MetaIFD
+    EXPECT_FALSE(tags::groupHasRows(112));
+    EXPECT_FALSE(tags::groupHasRows(330));
 }
 
 TEST(GroupIsShown, GroupsWithoutCountStayHiddenWhateverTheSettings) {
@@ -225,7 +225,7 @@ TEST(GroupGateOf, IsAsymmetricOnPurpose) {
                                   {u"[ICC-view]", GroupGate::Icc},
                                   {u"[GPS]", GroupGate::Gps}};
     for (const GateOfGroup& group : groups) {
-        EXPECT_EQ(tags::GroupGateOf(*FindGroup(group.key)), group.gate) << group.key.toString().toStdString();
+        EXPECT_EQ(tags::groupGateOf(*FindGroup(group.key)), group.gate) << group.key.toString().toStdString();
     }
 }
 
@@ -241,10 +241,10 @@ TEST(GroupIsShown, DefaultsShowExifAndWhatNothingGates) {
 TEST(GroupShowsCount, HeadersOfTwelveGroupsWithRowsShowNone) {
     std::set<QString> without;
     for (std::uint32_t group = 0; group < tags::kGroupCount; ++group) {
-        if (tags::GroupHasRows(group) && !tags::GroupShowsCount(group))
-            without.insert(tags::GroupName(group));
+        if (tags::groupHasRows(group) && !tags::groupShowsCount(group))
+            without.insert(tags::groupName(group));
     }
     EXPECT_EQ(without, (std::set<QString>{"AFCP", "Contax", "DV", "EXIF", "KDC_IFD", "MakerNotes", "Palm",
                                           "Sanyo", "SVG", "SVG-i", "XMP-camera", "XMP-camera_1_"}));
-    EXPECT_FALSE(tags::GroupShowsCount(112));
+    EXPECT_FALSE(tags::groupShowsCount(112));
 }

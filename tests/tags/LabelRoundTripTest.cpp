@@ -131,7 +131,7 @@ void writeFilm(const std::filesystem::path& file) {
     for (const std::uint32_t cell : {0x10000U, 0U, 0U, 0U, 0x10000U, 0U, 0U, 0U, 0x40000000U})
         header += bigEndian(cell);
     header += nothing.substr(0, 24) + bigEndian(1);
-    support::WriteBytes(file, atom("ftyp", "M4A " + bigEndian(0) + "M4A mp42") +
+    support::writeBytes(file, atom("ftyp", "M4A " + bigEndian(0) + "M4A mp42") +
                                   atom("moov", atom("mvhd", header)) + atom("mdat", "data"));
 }
 
@@ -144,7 +144,7 @@ TEST(LabelRoundTrip, TheCodeThatIsWrittenIntoAJpegIsPrintedAsItsText) {
     int compared = 0;
     for (int index = 0; index < 12; ++index) {
         const auto file = folder / (std::to_string(index) + ".jpg");
-        support::WriteJpeg(file);
+        support::writeJpeg(file);
         writeChoices(library, tags, index, file);
         compared += expectPrinted(library, tags, index, file, "en");
     }
@@ -171,7 +171,7 @@ TEST(LabelRoundTrip, WhatExifToolPrintsInALanguageIsWhatTheLibrarySays) {
     const support::TemporaryFolder folder;
     const LabelLibrary english(9, dictionary());
     const auto file = folder / "language.jpg";
-    support::WriteJpeg(file);
+    support::writeJpeg(file);
     writeChoices(english, tags, 1, file);
     for (const auto& [number, language] : {std::pair(7, std::string("de")), std::pair(12, std::string("fr")),
                                            std::pair(10, std::string("es"))}) {

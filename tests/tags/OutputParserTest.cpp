@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-using tags::LeadingInteger;
+using tags::leadingInteger;
 using tags::MetadataRow;
 using tags::OutputParser;
 
@@ -22,12 +22,12 @@ class OutputParserTest : public ::testing::Test {
         auto& show = settings.metadataList;
         show.showExif = show.showComposite = show.showGps = show.showIptc = true;
         show.showIcc = show.showMakerNotes = show.showXmp = true;
-        parser.Begin();
+        parser.begin();
     }
 
     std::vector<MetadataRow>& parse(const std::vector<std::string>& lines) {
         for (const std::string& line : lines)
-            parser.ParseLine(line, [this](MetadataRow&& row) { rows.push_back(std::move(row)); });
+            parser.parseLine(line, [this](MetadataRow&& row) { rows.push_back(std::move(row)); });
         return rows;
     }
 
@@ -83,7 +83,7 @@ TEST_F(OutputParserTest, LinesWithoutARecordOrAPlaceAreDropped) {
            "[IFD0] 0x0110 MOdel: first two letters differ", "[IFD3] 0x0110 Model: never shown",
            "[ExifTool] - Warning: something"});
     EXPECT_TRUE(rows.empty());
-    EXPECT_EQ(parser.GroupCount(group(u"[IFD0]")), 0);
+    EXPECT_EQ(parser.groupCount(group(u"[IFD0]")), 0);
 }
 
 TEST_F(OutputParserTest, WithShowUnknownNothingThatIsPrintedIsHidden) {
@@ -140,7 +140,7 @@ TEST_F(OutputParserTest, CountsRunForEachGroupAndTwoStandStill) {
     parse({"[IFD0] 0x010f Make: a", "[XMP-dc] - Title: t", "[IFD0] 0x0110 Model: b"});
     EXPECT_EQ(rows[2].itemIndex, 1);
     std::map<std::uint32_t, int> shown;
-    parser.ForEachShownCount([&](std::uint32_t id, int count) { shown[id] = count; });
+    parser.forEachShownCount([&](std::uint32_t id, int count) { shown[id] = count; });
     const std::map<std::uint32_t, int> expected = {{group(u"[IFD0]"), 2}, {group(u"[XMP-dc]"), 1}};
     EXPECT_EQ(shown, expected);
 
@@ -154,7 +154,7 @@ TEST_F(OutputParserTest, CountsRunForEachGroupAndTwoStandStill) {
         parse({line, line});
         ASSERT_EQ(rows.size(), 2U);
         EXPECT_EQ(rows[1].itemIndex, 0);
-        EXPECT_EQ(parser.GroupCount(record.groupIndex), 0);
+        EXPECT_EQ(parser.groupCount(record.groupIndex), 0);
         return;
     }
     FAIL() << "no record of XMP-camera";
@@ -167,7 +167,7 @@ TEST_F(OutputParserTest, TheCrossedGroupsExchangeTheirRows) {
             QString::fromUtf16(record.name.data(), static_cast<qsizetype>(record.name.size()));
         parse({"[SR2DataIFD] 0x0001 " + name.toStdString() + ": 1"});
         ASSERT_EQ(rows.size(), 1U);
-        EXPECT_EQ(tags::GroupName(rows[0].groupId), u"SR2DataIFD12");
+        EXPECT_EQ(tags::groupName(rows[0].groupId), u"SR2DataIFD12");
         return;
     }
     FAIL() << "no record of SR2DataIFD";
@@ -181,7 +181,7 @@ TEST_F(OutputParserTest, RatingsShowAsStarsAndAreRemembered) {
     EXPECT_TRUE(rows[0].value.isEmpty());
     EXPECT_EQ(rows[2].stars, 1) << "an empty value shows image 1";
     EXPECT_EQ(memory.Rating(1142), 5) << "the last one read stays";
-    EXPECT_EQ(log.LastRating(1142), 5);
+    EXPECT_EQ(log.lastRating(1142), 5);
     EXPECT_EQ(log.entries().size(), 4U);
     EXPECT_EQ(memory.Rating(8849), 0);
     EXPECT_FALSE(memory.Rating(1));
@@ -194,7 +194,7 @@ TEST_F(OutputParserTest, RatingsShowAsStarsAndAreRemembered) {
 TEST(RatingMemory, ClearingKeepsOnlyTheSonySlot) {
     tags::RatingMemory memory;
     for (const int id : tags::kRatingTagIds) memory.Store(id, 4);
-    memory.Clear();
+    memory.clear();
     for (const int id : tags::kRatingTagIds) EXPECT_EQ(memory.Rating(id), id == 6345 ? 4 : 0) << id;
 }
 
@@ -203,29 +203,29 @@ TEST(RatingLog, AFullLogKeepsTheLastRatingOfEveryTag) {
     log.Append(8849, 2);
     for (int rating = 0; rating < 50; ++rating) log.Append(1142, rating);
     EXPECT_LE(log.entries().size(), tags::RatingLog::kCapacity);
-    EXPECT_EQ(log.LastRating(8849), 2);
-    EXPECT_EQ(log.LastRating(1142), 49);
-    EXPECT_EQ(log.LastRating(7874), 0);
+    EXPECT_EQ(log.lastRating(8849), 2);
+    EXPECT_EQ(log.lastRating(1142), 49);
+    EXPECT_EQ(log.lastRating(7874), 0);
 }
 
 TEST(LeadingInteger, ReadsWhatStandsInFront) {
     const std::pair<QStringView, int> cases[] = {
         {u"3", 3},   {u" -2 stars", -2},          {u"+7", 7}, {u"", 0}, {u"good", 0},
         {u"4.8", 4}, {u"99999999999", 2147483647}};
-    for (const auto& [text, number] : cases) EXPECT_EQ(LeadingInteger(text), number);
+    for (const auto& [text, number] : cases) EXPECT_EQ(leadingInteger(text), number);
 }
 
 TEST(OutputFiles, AreReadByLinesOfAnyLength) {
     const support::TemporaryFolder folder;
     const auto file = folder / "Metadata.txt";
     const std::string longValue(1 << 20, 'x');
-    support::WriteBytes(
+    support::writeBytes(
         file, "[IFD0] 0x010f Make: " + longValue + "\n\n[IFD0] 0x0110 Model: last line without feed");
     const app::Settings settings;
     tags::RatingMemory memory;
     tags::RatingLog log;
     OutputParser parser(dictionary(), settings, memory, log);
-    parser.Begin();
+    parser.begin();
     std::vector<MetadataRow> rows;
     const auto insert = [&](MetadataRow&& row) { rows.push_back(std::move(row)); };
     ASSERT_TRUE(parser.ParseExifToolOutput(file, insert));
@@ -238,7 +238,7 @@ TEST(OutputFiles, AreReadByLinesOfAnyLength) {
 TEST(FindTagValue, TakesTheFirstLineOfGroupAndTag) {
     const support::TemporaryFolder folder;
     const auto file = folder / "Metadata.txt";
-    support::WriteBytes(
+    support::writeBytes(
         file,
         "[ExifTool] Title: no\n[XMP-dc] Titles: no\n[XMP-xmp] Title: no\n[XMP-dc] Title: a: b\n"
         "[XMP-dc] Title: second\n");
@@ -251,10 +251,10 @@ TEST(ReadReport, LeavesOutTheHeadingsOfTheTool) {
     const support::TemporaryFolder folder;
     const auto report = folder / "report.txt";
     const auto copy = folder / "Metadata.txt";
-    EXPECT_FALSE(tags::ReadReport(report, copy)) << "no report: nothing was wrong";
-    support::WriteBytes(report, "");
-    EXPECT_FALSE(tags::ReadReport(report, copy));
-    support::WriteBytes(report, "---- EXIFTOOL 12 ----\nWarning: a\n");
-    EXPECT_EQ(tags::ReadReport(report, copy), QString("Warning: a\n"));
-    EXPECT_EQ(support::ReadBytes(copy), "Warning: a\n");
+    EXPECT_FALSE(tags::readReport(report, copy)) << "no report: nothing was wrong";
+    support::writeBytes(report, "");
+    EXPECT_FALSE(tags::readReport(report, copy));
+    support::writeBytes(report, "---- EXIFTOOL 12 ----\nWarning: a\n");
+    EXPECT_EQ(tags::readReport(report, copy), QString("Warning: a\n"));
+    EXPECT_EQ(support::readBytes(copy), "Warning: a\n");
 }

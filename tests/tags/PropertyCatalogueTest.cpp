@@ -190,15 +190,15 @@ TEST(PropertyCatalogue, OddSpellingsOfNamesStay) {
 
 TEST(PropertyCatalogue, FindsColumnsByNumber) {
     PropertyCatalogue catalogue;
-    ASSERT_NE(catalogue.FindColumn(9), nullptr);
-    EXPECT_EQ(catalogue.FindColumn(9)->name, u"FileSize");
-    EXPECT_EQ(catalogue.FindColumn(9999), nullptr);
+    ASSERT_NE(catalogue.findColumn(9), nullptr);
+    EXPECT_EQ(catalogue.findColumn(9)->name, u"FileSize");
+    EXPECT_EQ(catalogue.findColumn(9999), nullptr);
     EXPECT_EQ(catalogue.FindProperty(0)->name, u"Name");
 }
 
 TEST(PropertyCatalogue, TheColumnFileGoesThroughItsStates) {
     const support::TemporaryFolder folder;
-    support::WriteBytes(folder / "ColumnsHeader.ini",
+    support::writeBytes(folder / "ColumnsHeader.ini",
                         "[SYSTEM]\r\n0=1,400\r\n1=70,200\r\n2=9,30\r\n3=777,100\r\n");
     PropertyCatalogue catalogue;
     std::vector<app::ColumnState> states = catalogue.columnStates();

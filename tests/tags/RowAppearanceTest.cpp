@@ -43,14 +43,14 @@ TEST(RowAppearance, TheValueIsColouredByWhatCanBeDoneWithIt) {
         row.groupId = *FindGroup(QStringView(expected.group));
         row.tagId = 1;
         const TagRecord record{1, u"Name", 0, u"Group", row.groupId, expected.kind, expected.writable, 0};
-        const RowAppearance look = AppearanceOf(row, record, colours, memory);
+        const RowAppearance look = appearanceOf(row, record, colours, memory);
         EXPECT_EQ(look.valueColour, expected.value);
         EXPECT_EQ(look.kindIcon, expected.icon);
         EXPECT_EQ(look.tagColour, of(colours.libelle));
         EXPECT_EQ(look.idColour, of(colours.tagId));
         EXPECT_FALSE(look.unknownMark);
     }
-    const RowAppearance unknown = AppearanceOf({}, std::nullopt, colours, memory);
+    const RowAppearance unknown = appearanceOf({}, std::nullopt, colours, memory);
     EXPECT_EQ(unknown.valueColour, of(colours.unknownTag));
     EXPECT_TRUE(unknown.unknownMark);
 }
@@ -62,33 +62,33 @@ TEST(RowAppearance, StarsComeFromTheMemoryWhereTheTagHasASlot) {
     MetadataRow row;
     row.stars = 2;
     row.tagId = 1142;
-    EXPECT_EQ(AppearanceOf(row, std::nullopt, colours, memory).stars, 4);
+    EXPECT_EQ(appearanceOf(row, std::nullopt, colours, memory).stars, 4);
     row.tagId = 2674;
-    EXPECT_EQ(AppearanceOf(row, std::nullopt, colours, memory).stars, 0) << "never set: its stars stay empty";
+    EXPECT_EQ(appearanceOf(row, std::nullopt, colours, memory).stars, 0) << "never set: its stars stay empty";
     row.tagId = 77;
-    EXPECT_EQ(AppearanceOf(row, std::nullopt, colours, memory).stars, 2);
+    EXPECT_EQ(appearanceOf(row, std::nullopt, colours, memory).stars, 2);
     row.stars.reset();
-    EXPECT_FALSE(AppearanceOf(row, std::nullopt, colours, memory).stars);
+    EXPECT_FALSE(appearanceOf(row, std::nullopt, colours, memory).stars);
 }
 
 TEST(RowAppearance, StarsAreFiveInAllUnlessThereAreMore) {
     const std::array<std::array<int, 3>, 5> cases = {
         {{0, 0, 5}, {3, 3, 2}, {5, 5, 0}, {7, 7, 0}, {-1, 0, 5}}};
     for (const auto& [rating, filled, empty] : cases) {
-        EXPECT_EQ(StarsOf(rating).filled, filled) << rating;
-        EXPECT_EQ(StarsOf(rating).empty, empty) << rating;
+        EXPECT_EQ(starsOf(rating).filled, filled) << rating;
+        EXPECT_EQ(starsOf(rating).empty, empty) << rating;
     }
 }
 
 TEST(RowAppearance, AHeaderTakesAndReplacesItsCount) {
-    EXPECT_EQ(GroupTitleWithCount(" IFD0", 12), " IFD0 (12)");
-    EXPECT_EQ(GroupTitleWithCount(" IFD0 (12)", 3), " IFD0 (3)");
-    EXPECT_EQ(GroupTitleWithCount(" IFD0(12)", 3), " IFD0 (3)");
+    EXPECT_EQ(groupTitleWithCount(" IFD0", 12), " IFD0 (12)");
+    EXPECT_EQ(groupTitleWithCount(" IFD0 (12)", 3), " IFD0 (3)");
+    EXPECT_EQ(groupTitleWithCount(" IFD0(12)", 3), " IFD0 (3)");
 }
 
 TEST(RowAppearance, OnlyWhatLooksLikeAnAddressIsOfferedToBeOpened) {
     for (const char16_t* value : {u"http://a", u"https://a", u"com.example", u"vnd.youtube:x"})
-        EXPECT_TRUE(LooksLikeAddress(QStringView(value)));
+        EXPECT_TRUE(looksLikeAddress(QStringView(value)));
     for (const char16_t* value : {u"", u"see http://a", u"HTTP://a", u"file:///etc/passwd", u"command"})
-        EXPECT_FALSE(LooksLikeAddress(QStringView(value)));
+        EXPECT_FALSE(looksLikeAddress(QStringView(value)));
 }

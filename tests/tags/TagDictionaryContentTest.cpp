@@ -231,7 +231,7 @@ TEST(TagDictionaryContent, GroupIndexIsThatOfTheSpellingWhereTheCatalogueKnowsIt
 
 TEST(TagDictionaryContent, CategoriesOfFamiliesHaveRows) {
     const auto categories = countBy<std::uint32_t>([](const TagRecord& row) { return row.categoryId; });
-    for (const tags::TagFamily& family : tags::TagFamilies()) {
+    for (const tags::TagFamily& family : tags::tagFamilies()) {
         for (const std::uint32_t category : family.categories) {
             EXPECT_TRUE(categories.contains(category)) << category;
         }

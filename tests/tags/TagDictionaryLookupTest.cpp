@@ -53,7 +53,7 @@ TEST(FindTagId, AgreesWithThePlainScanOverAllRows) {
         const QString name = text(row.name);
         const int found = dictionary().FindTagId(row.groupIndex, name);
         ASSERT_GE(found, 0) << row.id;
-        ASSERT_EQ(found, dictionary().FindTagIdByScan(row.groupIndex, name)) << row.id;
+        ASSERT_EQ(found, dictionary().findTagIdByScan(row.groupIndex, name)) << row.id;
     }
 }
 
@@ -66,11 +66,11 @@ TEST(FindTagId, AgreesWithThePlainScanOverMutatedNamesAndOtherGroups) {
         for (std::size_t step = 0; step < 3; ++step) {
             const QString& mutated = wrong[(number + step * 5) % wrong.size()];
             ASSERT_EQ(dictionary().FindTagId(row.groupIndex, mutated),
-                      dictionary().FindTagIdByScan(row.groupIndex, mutated))
+                      dictionary().findTagIdByScan(row.groupIndex, mutated))
                 << mutated.toStdString();
         }
         const std::uint32_t otherGroup = (row.groupIndex + 7) % 330;
-        ASSERT_EQ(dictionary().FindTagId(otherGroup, name), dictionary().FindTagIdByScan(otherGroup, name));
+        ASSERT_EQ(dictionary().FindTagId(otherGroup, name), dictionary().findTagIdByScan(otherGroup, name));
         ++number;
     }
 }
@@ -100,7 +100,7 @@ TEST(FindTagId, ComparesTheFirstTwoLettersExactlyAndTheRestWithoutCase) {
     for (const LookUp& lookUp : lookUps) {
         SCOPED_TRACE(lookUp.what);
         EXPECT_EQ(dictionary().FindTagId(lookUp.group, lookUp.name), lookUp.id);
-        EXPECT_EQ(dictionary().FindTagIdByScan(lookUp.group, lookUp.name), lookUp.id);
+        EXPECT_EQ(dictionary().findTagIdByScan(lookUp.group, lookUp.name), lookUp.id);
     }
 }
 

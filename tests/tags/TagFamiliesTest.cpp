@@ -30,9 +30,9 @@ TEST(TagFamilies, HaveTheirNumbersNamesAndLists) {
         {u"DICOM", 2, 7, 1137, 1438, 2575},    {u"Images", 13, 8, 1411, 1511, 20137},
         {u"Makers", 34, 9, 1357, 1583, 48227}, {u"Documents", 18, 10, 1804, 986, 26406},
         {u"Video", 34, 11, 1552, 1382, 52635}};
-    ASSERT_EQ(tags::TagFamilies().size(), std::size(kExpected));
+    ASSERT_EQ(tags::tagFamilies().size(), std::size(kExpected));
     for (std::size_t index = 0; index < std::size(kExpected); ++index) {
-        const TagFamily& family = tags::TagFamilies()[index];
+        const TagFamily& family = tags::tagFamilies()[index];
         const ExpectedFamily& expected = kExpected[index];
         SCOPED_TRACE(expected.number);
         EXPECT_EQ(family.number, expected.number);
@@ -45,26 +45,26 @@ TEST(TagFamilies, HaveTheirNumbersNamesAndLists) {
 }
 
 TEST(TagFamilies, AreFoundByNumber) {
-    ASSERT_NE(tags::FindFamily(5), nullptr);
-    EXPECT_THAT(tags::FindFamily(5)->categories, ElementsAre(1558, 1560, 1561, 1559, 1562, 1563, 1564));
-    for (const int number : {-1, 0, 12, 1000}) EXPECT_EQ(tags::FindFamily(number), nullptr) << number;
+    ASSERT_NE(tags::findFamily(5), nullptr);
+    EXPECT_THAT(tags::findFamily(5)->categories, ElementsAre(1558, 1560, 1561, 1559, 1562, 1563, 1564));
+    for (const int number : {-1, 0, 12, 1000}) EXPECT_EQ(tags::findFamily(number), nullptr) << number;
 }
 
 TEST(TagFamilies, OneAudioCategoryStandsTwice) {
-    const TagFamily* audio = tags::FindFamily(6);
+    const TagFamily* audio = tags::findFamily(6);
     ASSERT_NE(audio, nullptr);
     EXPECT_EQ(std::ranges::count(audio->categories, 1730U), 2);
-    EXPECT_TRUE(tags::FamilyHasCategory(*audio, 1730));
-    EXPECT_FALSE(tags::FamilyHasCategory(*audio, 1413));
+    EXPECT_TRUE(tags::familyHasCategory(*audio, 1730));
+    EXPECT_FALSE(tags::familyHasCategory(*audio, 1413));
 }
 
 TEST(TagFamilies, GiveTheirRowsOnceAndInTableOrder) {
     const tags::TagDictionary dictionary;
-    for (const TagFamily& family : tags::TagFamilies()) {
-        const std::vector<const TagRecord*> rows = tags::TagsOfFamily(dictionary, family);
+    for (const TagFamily& family : tags::tagFamilies()) {
+        const std::vector<const TagRecord*> rows = tags::tagsOfFamily(dictionary, family);
         EXPECT_FALSE(rows.empty()) << family.number;
         EXPECT_TRUE(std::ranges::is_sorted(rows, std::less<>())) << family.number;
         EXPECT_EQ(std::ranges::adjacent_find(rows), rows.end()) << family.number;
-        for (const TagRecord* row : rows) EXPECT_TRUE(tags::FamilyHasCategory(family, row->categoryId));
+        for (const TagRecord* row : rows) EXPECT_TRUE(tags::familyHasCategory(family, row->categoryId));
     }
 }

@@ -4,13 +4,13 @@
 #include "Figures.h"
 #include "FirstPaint.h"
 #include "PlainProcess.h"
-#include "app/MainWindow.h"
-#include "app/Program.h"
 #include "browser/FileListView.h"
 #include "browser/ShellBrowser.h"
 #include "exiftool/ReadCommands.h"
+#include "panel/MetadataPanel.h"
 #include "platform/CommandInterpreter.h"
-#include "tags/MetadataPanel.h"
+#include "window/MainWindow.h"
+#include "window/Program.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -36,17 +36,17 @@ double runTool(const app::AppContext& context, const fs::path& file) {
     const fs::path output = context.tempPath / "Plain.txt";
     // Some file systems write a file out at once when it replaces what was cut off; that would be counted.
     fs::remove(output);
-    const auto commands = platform::parseCommands(exiftool::PanelReadCommand(context, file, output));
+    const auto commands = platform::parseCommands(exiftool::panelReadCommand(context, file, output));
     const double begin = bench::monotonicSeconds();
     bench::runPlainly(commands.at(0).words, output);
     return bench::monotonicSeconds() - begin;
 }
 
 /// Opens the file's folder and brings its row into sight.
-QPoint placeOf(app::MainWindow& window, const fs::path& file) {
+QPoint placeOf(window::MainWindow& window, const fs::path& file) {
     browser::ShellBrowser& browser = window.activeBrowser();
     if (browser.currentFolder() != file.parent_path()) {
-        window.OpenFolder(file.parent_path());
+        window.openFolder(file.parent_path());
         waitFor([&] { return browser.currentFolder() == file.parent_path() && !browser.isLoading(); });
         QTest::qWait(kSettling);
     }
@@ -60,7 +60,7 @@ QPoint placeOf(app::MainWindow& window, const fs::path& file) {
 }
 
 /// Seconds from the mouse's button until the rows are on the display.
-double click(app::MainWindow& window, const fs::path& file) {
+double click(window::MainWindow& window, const fs::path& file) {
     const QPoint place = placeOf(window, file);
     const QWidget* rows = window.metadataPanel().list().viewport();
     QEventLoop untilPainted;
@@ -84,7 +84,7 @@ double click(app::MainWindow& window, const fs::path& file) {
 }
 
 /// The first click loads icons and fonts, and stands for itself. The last file is the one with the most tags.
-void measure(app::Program& program, const std::vector<fs::path>& files) {
+void measure(window::Program& program, const std::vector<fs::path>& files) {
     const double first = click(program.window(), files.front());
     bench::printMeasurement("addedAtFirst", first - runTool(program.context(), files.front()));
     std::vector<double> tool(files.size());
@@ -109,7 +109,7 @@ void measure(app::Program& program, const std::vector<fs::path>& files) {
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     if (argc < 3) return 2;
-    app::Program program(*qApp, fs::absolute(argv[1]) / "Tagwright");
+    window::Program program(*qApp, fs::absolute(argv[1]) / "Tagwright");
     if (program.start()) return 1;
     try {
         waitFor([&] { return program.window().activeBrowser().isFolderLoaded(); });

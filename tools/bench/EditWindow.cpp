@@ -4,17 +4,17 @@
 #include "Figures.h"
 #include "FirstPaint.h"
 #include "PlainProcess.h"
-#include "app/FormLoader.h"
-#include "app/MainWindow.h"
-#include "app/Program.h"
 #include "browser/FileListView.h"
 #include "browser/ShellBrowser.h"
+#include "dialogs/FormLoader.h"
 #include "edit/ModifStringDialog.h"
-#include "edit/WriteTag.h"
 #include "exiftool/SafetyCopy.h"
+#include "exiftool/WriteTag.h"
+#include "panel/MetadataPanel.h"
 #include "platform/CommandInterpreter.h"
 #include "platform/IniFile.h"
-#include "tags/MetadataPanel.h"
+#include "window/MainWindow.h"
+#include "window/Program.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -48,11 +48,11 @@ struct Edit {
 
 class EditedWindow {
  public:
-    EditedWindow(app::Program& program, fs::path file) : program_(program), file_(std::move(file)) {}
+    EditedWindow(window::Program& program, fs::path file) : program_(program), file_(std::move(file)) {}
 
     void openFile() {
         browser::ShellBrowser& browser = program_.window().activeBrowser();
-        program_.window().OpenFolder(file_.parent_path());
+        program_.window().openFolder(file_.parent_path());
         waitFor("the folder",
                 [&] { return browser.currentFolder() == file_.parent_path() && !browser.isLoading(); });
         QTest::qWait(kSettling);
@@ -96,7 +96,8 @@ class EditedWindow {
     double runTool(const QString& value) {
         app::CurrentEdit same = program_.context().currentEdit;
         same.value = value;
-        const auto commands = platform::parseCommands(edit::WriteTagCommand(program_.context(), file_, same));
+        const auto commands =
+            platform::parseCommands(exiftool::writeTagCommand(program_.context(), file_, same));
         const fs::path output = program_.context().tempPath / "Plain.txt";
         fs::remove(output);
         const double begin = bench::monotonicSeconds();
@@ -118,10 +119,10 @@ class EditedWindow {
     }
 
  private:
-    tags::MetadataPanel& panel() { return program_.window().metadataPanel(); }
+    panel::MetadataPanel& panel() { return program_.window().metadataPanel(); }
 
     QModelIndex rowOfTag() {
-        const tags::MetadataListModel& model = panel().model();
+        const panel::MetadataListModel& model = panel().model();
         for (int row = 0; row < model.rowCount(); ++row) {
             if (model.row(row).tag == kTag && model.row(row).group == kGroup)
                 return model.index(row, static_cast<int>(tags::PanelColumn::Value));
@@ -133,17 +134,17 @@ class EditedWindow {
     static double confirm(const QString& value) {
         auto* dialog = QApplication::activeModalWidget();
         if (dialog == nullptr) throw std::runtime_error("no dialog");
-        auto* field = qobject_cast<QPlainTextEdit*>(app::FindControl(*dialog, kTextControl));
+        auto* field = qobject_cast<QPlainTextEdit*>(dialogs::findControl(*dialog, kTextControl));
         // As typed: a text that is only set counts as untouched.
         field->selectAll();
         field->insertPlainText(value);
-        auto* ok = qobject_cast<QAbstractButton*>(app::FindControl(*dialog, app::kOkControl));
+        auto* ok = qobject_cast<QAbstractButton*>(dialogs::findControl(*dialog, dialogs::kOkControl));
         const double now = bench::monotonicSeconds();
         ok->click();
         return now;
     }
 
-    app::Program& program_;
+    window::Program& program_;
     fs::path file_;
 };
 
@@ -181,7 +182,7 @@ int main(int argc, char** argv) {
     platform::IniFile settings(install / "cache" / "Tagwright.ini");
     settings.setBoolean("ExifTool", "WarmStart", std::string_view(argv[4]) == "1");
     if (!settings.save()) return 1;
-    app::Program program(*qApp, install / "Tagwright");
+    window::Program program(*qApp, install / "Tagwright");
     if (program.start()) return 1;
     try {
         waitFor("the first folder", [&] { return program.window().activeBrowser().isFolderLoaded(); });

@@ -24,7 +24,7 @@ void parseAll(benchmark::State& state, const app::Settings& settings) {
             rows.clear();
             tags::RatingLog log;
             tags::OutputParser parser(dictionary, settings, memory, log);
-            parser.Begin();
+            parser.begin();
             parser.ParseExifToolOutput(sample.output,
                                        [&](tags::MetadataRow&& row) { rows.push_back(std::move(row)); });
             rowCount += rows.size();
@@ -67,7 +67,7 @@ std::vector<Question> questions() {
         std::string bytes;
         while (std::getline(stream, bytes)) {
             const QString text = platform::wide(bytes);
-            const tags::OutputLine line = tags::SplitOutputLine(text);
+            const tags::OutputLine line = tags::splitOutputLine(text);
             if (const auto groupId = tags::FindGroup(line.group))
                 asked.push_back({*groupId, line.tag.toString()});
         }
@@ -90,7 +90,7 @@ void findByIndex(benchmark::State& state) {
 }
 
 void findByScan(benchmark::State& state) {
-    findAll(state, &tags::TagDictionary::FindTagIdByScan);
+    findAll(state, &tags::TagDictionary::findTagIdByScan);
 }
 
 BENCHMARK(parseWithAllFamilies)->Name("Parsing/AllFamilies")->MinTime(kLeastSeconds);

@@ -3,11 +3,11 @@
 
 #include "FirstPaint.h"
 #include "PlainProcess.h"
-#include "app/MainWindow.h"
-#include "app/Program.h"
 #include "browser/FileListView.h"
 #include "browser/ShellBrowser.h"
-#include "edit/TagList.h"
+#include "taglists/TagList.h"
+#include "window/MainWindow.h"
+#include "window/Program.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -26,16 +26,18 @@ void waitFor(const std::function<bool()>& condition) {
     if (!QTest::qWaitFor(condition, kPatience)) throw std::runtime_error("the window does not answer");
 }
 
-void open(app::MainWindow& window, const char* seconds) {
+void open(window::MainWindow& window, const char* seconds) {
     std::size_t rows = 0;
     double end = 0;
     const double begin = bench::monotonicSeconds();
     const bench::FirstPaint watch(
-        [](const QWidget& widget) { return qobject_cast<edit::TagListView*>(widget.parent()) != nullptr; },
+        [](const QWidget& widget) {
+            return qobject_cast<taglists::TagListView*>(widget.parent()) != nullptr;
+        },
         [&] {
             end = bench::monotonicSeconds();
             auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            rows = dialog->findChild<edit::TagList*>()->rows().size();
+            rows = dialog->findChild<taglists::TagList*>()->rows().size();
             dialog->reject();
         });
     window.Dispatch(app::command::kModifyXmp);
@@ -45,7 +47,7 @@ void open(app::MainWindow& window, const char* seconds) {
 }
 
 /// A list of that many tags of the dictionary in a dialog of its own.
-void openLongest(app::Program& program, std::size_t rows) {
+void openLongest(window::Program& program, std::size_t rows) {
     app::AppContext& context = program.context();
     const app::LanguageFile language(context.installPath, context.settings.main.language);
     const tags::TagDictionary dictionary;
@@ -55,23 +57,26 @@ void openLongest(app::Program& program, std::size_t rows) {
     exiftool::ToolRunner runner(context);
     exiftool::ReadFeedback feedback;
     exiftool::ReadCommands reads(context, runner, feedback);
-    exiftool::FileProgress progress;
-    const edit::EditParts parts{context, language, dictionary, labels, memory, log, runner, reads, progress};
+    jobs::FileProgress progress;
+    const jobs::OperationParts parts{context, language, dictionary, labels,  memory,
+                                     log,     runner,   reads,      progress};
 
     double end = 0;
     const double begin = bench::monotonicSeconds();
-    edit::TagRows tags;
+    taglists::TagRows tags;
     for (const tags::TagRecord& record : dictionary.records()) {
-        if (record.writable && tags.size() < rows) tags.push_back(edit::RowOf(record));
+        if (record.writable && tags.size() < rows) tags.push_back(taglists::rowOf(record));
     }
     QDialog dialog;
-    auto* list =
-        edit::TagList::PlaceIn(dialog, parts,
-                               {.look = {.columns = {edit::TagColumn::Name, edit::TagColumn::Group,
-                                                     edit::TagColumn::Kind, edit::TagColumn::Value}}});
+    auto* list = taglists::TagList::placeIn(
+        dialog, parts,
+        {.look = {.columns = {taglists::TagColumn::Name, taglists::TagColumn::Group,
+                              taglists::TagColumn::Kind, taglists::TagColumn::Value}}});
     list->model().setRows(std::move(tags));
     const bench::FirstPaint watch(
-        [](const QWidget& widget) { return qobject_cast<edit::TagListView*>(widget.parent()) != nullptr; },
+        [](const QWidget& widget) {
+            return qobject_cast<taglists::TagListView*>(widget.parent()) != nullptr;
+        },
         [&] {
             end = bench::monotonicSeconds();
             dialog.reject();
@@ -86,12 +91,12 @@ void openLongest(app::Program& program, std::size_t rows) {
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     if (argc != 3) return 2;
-    app::Program program(*qApp, fs::absolute(argv[1]) / "Tagwright");
+    window::Program program(*qApp, fs::absolute(argv[1]) / "Tagwright");
     if (program.start()) return 1;
     try {
-        app::MainWindow& window = program.window();
+        window::MainWindow& window = program.window();
         waitFor([&] { return window.activeBrowser().isFolderLoaded(); });
-        window.OpenFolder(argv[2]);
+        window.openFolder(argv[2]);
         waitFor([&] {
             return window.activeBrowser().currentFolder() == argv[2] && !window.activeBrowser().isLoading();
         });

@@ -3,10 +3,10 @@
 #include "FirstPaint.h"
 #include "LoopWatch.h"
 #include "PlainProcess.h"
-#include "app/MainWindow.h"
-#include "app/Program.h"
 #include "browser/FileListView.h"
 #include "browser/ShellBrowser.h"
+#include "window/MainWindow.h"
+#include "window/Program.h"
 
 #include <QApplication>
 #include <QScrollBar>
@@ -43,7 +43,7 @@ void leave() {
 /// Opens a folder in the window and prints how long it took until its files were on the display.
 class FolderOpening : public QObject {
  public:
-    FolderOpening(app::MainWindow& window, std::filesystem::path folder)
+    FolderOpening(window::MainWindow& window, std::filesystem::path folder)
         : window_(window), folder_(std::move(folder)) {}
 
     void start() {
@@ -56,7 +56,7 @@ class FolderOpening : public QObject {
     void open() {
         begin_ = bench::monotonicSeconds();
         paint_.emplace([this](const QWidget& widget) { return showsTheFolder(widget); }, [this] { end(); });
-        window_.OpenFolder(folder_);
+        window_.openFolder(folder_);
     }
 
     bool showsTheFolder(const QWidget& widget) {
@@ -93,7 +93,7 @@ class FolderOpening : public QObject {
         return longest;
     }
 
-    app::MainWindow& window_;
+    window::MainWindow& window_;
     std::filesystem::path folder_;
     std::optional<bench::LoopWatch> loopWatch_;
     std::optional<bench::FirstPaint> paint_;
@@ -105,7 +105,7 @@ class FolderOpening : public QObject {
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
     if (argc < 2) return 2;
-    app::Program program(application, std::filesystem::absolute(argv[1]) / "Tagwright");
+    window::Program program(application, std::filesystem::absolute(argv[1]) / "Tagwright");
     std::optional<FolderOpening> opening;
     // All of a window's widgets are painted in one go; the list is the one that may still lack its files.
     bench::FirstPaint painted(

@@ -47,9 +47,10 @@ int main() {
     auto start = Clock::now();
     std::size_t values = 0;
     for (const fs::path& file : files) {
-        platform::PropertyStore store(file);
+        properties::PropertyStore store(file);
         for (const tags::PropertyRecord& row : tags::propertyRows())
-            if (!platform::isAbsent(store.get(static_cast<platform::PropertyId>(row.propertyId)))) ++values;
+            if (!properties::isAbsent(store.get(static_cast<properties::PropertyId>(row.propertyId))))
+                ++values;
     }
     const double own = secondsSince(start);
 

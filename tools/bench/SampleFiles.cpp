@@ -55,7 +55,7 @@ void showAllFamilies(app::Settings& settings) {
 SampleFiles::SampleFiles(const fs::path& folder) {
     context_.tempPath = folder_.path().toStdString();
     context_.installPath = context_.tempPath;
-    app::ResolveTools(context_);
+    app::resolveTools(context_);
     showAllFamilies(context_.settings);
     if (context_.exifToolPath.empty()) throw std::runtime_error("ExifTool was not found");
     exiftool::ToolRunner runner(context_);

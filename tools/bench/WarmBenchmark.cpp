@@ -74,8 +74,8 @@ class Competitors {
 
     double read(bool isWarm, const fs::path& file) {
         const platform::CommandText line =
-            exiftool::PanelReadCommand(context_, file, context_.tempPath / "Metadata.txt");
-        return secondsOf([&] { check(runner(isWarm).RunBatchFile(context_.tempPath / "read.bat", line)); });
+            exiftool::panelReadCommand(context_, file, context_.tempPath / "Metadata.txt");
+        return secondsOf([&] { check(runner(isWarm).runBatchFile(context_.tempPath / "read.bat", line)); });
     }
 
     double write(bool isWarm, const fs::path& file) {

@@ -2,7 +2,7 @@
 
 #include "drive/CommandLineWords.h"
 
-#include "app/ProgressDialog.h"
+#include "dialogs/ProgressDialog.h"
 
 #include <errno.h>
 #include <unistd.h>
@@ -119,7 +119,7 @@ void CommandServer::watchForNewWindow() {
     Running& current = running_.back();
     QWidget* modal = QApplication::activeModalWidget();
     // The dialog that tells of a wait keeps no command from returning either, unless the wait can be ended.
-    if (qobject_cast<app::ProgressDialog*>(modal) != nullptr) modal = nullptr;
+    if (qobject_cast<dialogs::ProgressDialog*>(modal) != nullptr) modal = nullptr;
     // A list of offers below an edit keeps no command from returning.
     QWidget* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     const bool newModal = modal != nullptr && modal != current.modal && modal->isVisible();

@@ -1,8 +1,8 @@
 #include "drive/DriveCommands.h"
 
-#include "app/Program.h"
 #include "drive/CellClicks.h"
 #include "drive/OpenWindows.h"
+#include "window/Program.h"
 
 namespace drive {
 

@@ -8,7 +8,7 @@ namespace drive {
 /// The commands by their verbs, with the words that each takes.
 class DriveCommands {
  public:
-    explicit DriveCommands(app::Program& program) : program_(program), window_(program) {}
+    explicit DriveCommands(window::Program& program) : program_(program), window_(program) {}
 
     Answer execute(const QStringList& words);
     void endUnattended() { window_.endUnattended(); }
@@ -18,7 +18,7 @@ class DriveCommands {
     struct Verb;
     static const std::vector<Verb>& verbs();
 
-    app::Program& program_;
+    window::Program& program_;
     WindowCommands window_;
 };
 

@@ -3,9 +3,9 @@
 #include "drive/CellClicks.h"
 #include "drive/ControlState.h"
 
-#include "app/FormLoader.h"
-#include "app/Messages.h"
-#include "app/ProgressDialog.h"
+#include "dialogs/FormLoader.h"
+#include "dialogs/Messages.h"
+#include "dialogs/ProgressDialog.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
@@ -41,9 +41,9 @@ constexpr int kCancel = 2;
 constexpr int kFileNameControl = 1148;
 constexpr int kFileTypeControl = 1136;
 
-app::ProgressDialog* visibleProgress() {
+dialogs::ProgressDialog* visibleProgress() {
     for (QWidget* window : QApplication::topLevelWidgets()) {
-        auto* progress = qobject_cast<app::ProgressDialog*>(window);
+        auto* progress = qobject_cast<dialogs::ProgressDialog*>(window);
         if (progress != nullptr && progress->isVisible()) return progress;
     }
     return nullptr;
@@ -66,13 +66,13 @@ QWidget* fileControl(const QDialog& dialog, int id) {
 
 QWidget* controlOf(const QDialog& dialog, int id) {
     QWidget* control = fileControl(dialog, id);
-    return control != nullptr ? control : app::FindControl(dialog, id);
+    return control != nullptr ? control : dialogs::findControl(dialog, id);
 }
 
 /// The number of the control or of what it is a part of; 0 when it has none.
 int idOf(const QDialog& dialog, const QWidget* control) {
     for (const QWidget* at = control; at != nullptr && at != &dialog; at = at->parentWidget()) {
-        const QVariant id = at->property(app::kControlIdProperty);
+        const QVariant id = at->property(dialogs::kControlIdProperty);
         if (id.isValid()) return id.toInt();
         for (const int fileId : {kFileNameControl, kFileTypeControl})
             if (at == fileControl(dialog, fileId)) return fileId;
@@ -163,7 +163,7 @@ QAbstractButton* buttonOf(QDialog& dialog, int id) {
             if (idOfButton(*box, button) == id) return button;
         return nullptr;
     }
-    if (auto* button = qobject_cast<QAbstractButton*>(app::FindControl(dialog, id))) return button;
+    if (auto* button = qobject_cast<QAbstractButton*>(dialogs::findControl(dialog, id))) return button;
     for (const auto* box : dialog.findChildren<QDialogButtonBox*>())
         for (QAbstractButton* button : box->buttons()) {
             const QDialogButtonBox::ButtonRole role = box->buttonRole(button);
@@ -198,7 +198,7 @@ QMenu* openMenu() {
 }
 
 bool isWaitingForTool() {
-    const app::ProgressDialog* progress = visibleProgress();
+    const dialogs::ProgressDialog* progress = visibleProgress();
     if (progress == nullptr || !progress->isWaiting()) return false;
     // A question in the middle of the work can be answered.
     const QWidget* modal = QApplication::activeModalWidget();
@@ -210,7 +210,7 @@ Answer describeMessage() {
     if (box == nullptr) return Answer::failed(QStringLiteral("no message box is open"));
     return {{{"title", box->windowTitle()},
              {"text", box->text()},
-             {"icon", box->property(app::kMessageIconProperty).toInt()},
+             {"icon", box->property(dialogs::kMessageIconProperty).toInt()},
              {"buttons", buttonsOf(*box)}},
             {}};
 }
@@ -220,12 +220,12 @@ Answer describeDialog() {
     if (dialog == nullptr) return Answer::failed(QStringLiteral("no dialog is open"));
     QJsonArray controls;
     for (QWidget* widget : dialog->findChildren<QWidget*>()) {
-        const QVariant id = widget->property(app::kControlIdProperty);
+        const QVariant id = widget->property(dialogs::kControlIdProperty);
         if (id.isValid()) controls.append(describeControl(*widget, id.toInt()));
     }
     for (const int id : {kFileNameControl, kFileTypeControl})
         if (const QWidget* control = fileControl(*dialog, id)) controls.append(describeControl(*control, id));
-    return {{{"template", dialog->property(app::kTemplateNumberProperty).toInt()},
+    return {{{"template", dialog->property(dialogs::kTemplateNumberProperty).toInt()},
              {"title", dialog->windowTitle()},
              {"focus", idOf(*dialog, dialog->focusWidget())},
              {"default", idOf(*dialog, defaultButton(*dialog))},

@@ -1,15 +1,15 @@
 #include "drive/WindowCommands.h"
 
-#include "app/MainWindow.h"
-#include "app/Program.h"
 #include "browser/AddressPath.h"
 #include "browser/ShellBrowser.h"
 #include "browser/TabContainer.h"
 #include "drive/CellClicks.h"
 #include "drive/ControlState.h"
 #include "drive/OpenWindows.h"
+#include "panel/MetadataPanel.h"
 #include "platform/Text.h"
-#include "tags/MetadataPanel.h"
+#include "window/MainWindow.h"
+#include "window/Program.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -63,7 +63,7 @@ QString nameOfHeader(const QString& title) {
 
 /// The main window with what other windows show over it; without one the front window. There is no screen to
 /// take.
-QPixmap pictureOfWindows(app::Program& program) {
+QPixmap pictureOfWindows(window::Program& program) {
     QWidget* base = program.hasWindow() ? &program.window() : QApplication::activeModalWidget();
     if (base == nullptr) return {};
     QPixmap picture = base->grab();
@@ -75,7 +75,7 @@ QPixmap pictureOfWindows(app::Program& program) {
 }
 
 /// Closes what stands in front, then the window. What comes up while the window closes is left to the script.
-void closeSoon(app::Program& program) {
+void closeSoon(window::Program& program) {
     constexpr int kRetryMilliseconds = 20;
     QTimer::singleShot(kRetryMilliseconds, qApp, [&program] {
         const bool waiting = program.hasWindow() && program.canStopWaiting();
@@ -92,10 +92,10 @@ void closeSoon(app::Program& program) {
 }  // namespace
 
 Answer WindowCommands::open(const QString& path) {
-    app::MainWindow& window = program_.window();
+    window::MainWindow& window = program_.window();
     const std::filesystem::path folder = browser::absolutePath(path, window.activeBrowser().currentFolder());
-    if (!window.OpenFolder(folder))
-        return Answer::failed(QStringLiteral("\"%1\" cannot be opened: %2").arg(path, window.StatusText()));
+    if (!window.openFolder(folder))
+        return Answer::failed(QStringLiteral("\"%1\" cannot be opened: %2").arg(path, window.statusText()));
     if (!waitUntil([&] { return !window.activeBrowser().isLoading(); }, kLoadLimit))
         return Answer::failed(QStringLiteral("the folder is still being read"));
     return {{{"path", platform::display(window.activeBrowser().currentFolder())}}, {}};
@@ -165,7 +165,7 @@ Answer WindowCommands::click(const QString& name, const QString& column, bool tw
 }
 
 Answer WindowCommands::rows() {
-    tags::MetadataPanel& panel = program_.window().metadataPanel();
+    panel::MetadataPanel& panel = program_.window().metadataPanel();
     QJsonArray rows;
     for (const int position : panel.list().rowsInViewOrder()) {
         const tags::MetadataRow& row = panel.model().row(position);
@@ -181,7 +181,7 @@ Answer WindowCommands::rows() {
 
 Answer WindowCommands::row(const QString& group, const QString& tag, const QString& column,
                            const QString& how) {
-    tags::MetadataPanel& panel = program_.window().metadataPanel();
+    panel::MetadataPanel& panel = program_.window().metadataPanel();
     const int section =
         column.isEmpty() ? static_cast<int>(tags::PanelColumn::Value) : columnNamed(panel.model(), column);
     if (section < 0) return Answer::failed(QStringLiteral("no column \"%1\"").arg(column));
@@ -195,7 +195,7 @@ Answer WindowCommands::row(const QString& group, const QString& tag, const QStri
 }
 
 Answer WindowCommands::header(const QString& group) {
-    tags::MetadataListView& list = program_.window().metadataPanel().list();
+    panel::MetadataListView& list = program_.window().metadataPanel().list();
     for (const int id : list.shownGroups()) {
         const QString title = list.groupTitle(id);
         if (nameOfHeader(title).compare(group, Qt::CaseInsensitive) != 0) continue;
@@ -215,7 +215,7 @@ Answer WindowCommands::header(const QString& group) {
 }
 
 Answer WindowCommands::command(int id) {
-    if (!app::IsBuilt(id)) return Answer::failed(QStringLiteral("there is no command %1").arg(id));
+    if (!app::isBuilt(id)) return Answer::failed(QStringLiteral("there is no command %1").arg(id));
     program_.window().Dispatch(id);
     waitForFolder();
     return {};
@@ -278,7 +278,7 @@ void WindowCommands::waitForFolder() {
 }
 
 Answer WindowCommands::status() {
-    return {{{"text", program_.window().StatusText()}, {"selection", program_.window().SelectionText()}}, {}};
+    return {{{"text", program_.window().statusText()}, {"selection", program_.window().selectionText()}}, {}};
 }
 
 Answer WindowCommands::title() {

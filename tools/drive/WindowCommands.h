@@ -7,10 +7,10 @@
 
 class QAbstractItemView;
 
-namespace app {
+namespace window {
 class MainWindow;
 class Program;
-}  // namespace app
+}  // namespace window
 
 namespace drive {
 
@@ -19,7 +19,7 @@ namespace drive {
 /// GUI thread.
 class WindowCommands {
  public:
-    explicit WindowCommands(app::Program& program) : program_(program) {}
+    explicit WindowCommands(window::Program& program) : program_(program) {}
 
     Answer open(const QString& path);
     Answer files();
@@ -53,7 +53,7 @@ class WindowCommands {
     void waitForFolder();
     void takeKeyboardBack();
 
-    app::Program& program_;
+    window::Program& program_;
     QTimer unattended_;
 };
 

@@ -1,8 +1,8 @@
-#include "app/MainWindow.h"
-#include "app/Program.h"
 #include "drive/CommandServer.h"
 #include "drive/DriveCommands.h"
 #include "drive/OpenWindows.h"
+#include "window/MainWindow.h"
+#include "window/Program.h"
 
 #include <unistd.h>
 
@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
     const int answers = dup(STDOUT_FILENO);
     dup2(STDERR_FILENO, STDOUT_FILENO);
 
-    app::Program program(application, executable);
+    window::Program program(application, executable);
     drive::DriveCommands commands(program);
     drive::CommandServer server(STDIN_FILENO, answers,
                                 [&](const QStringList& words) { return commands.execute(words); });

@@ -15,14 +15,14 @@ QString text(std::u16string_view name) {
 }
 
 /// The raw value as JSON.
-std::string rawValue(const platform::PropertyValue& value) {
+std::string rawValue(const properties::PropertyValue& value) {
     if (const auto* number = std::get_if<std::int64_t>(&value)) return std::to_string(*number);
     if (std::holds_alternative<double>(value)) return browser::propertyValueText(value).toStdString();
-    if (const auto* fraction = std::get_if<platform::Rational>(&value))
+    if (const auto* fraction = std::get_if<properties::Rational>(&value))
         return jsonText(QStringLiteral("%1/%2").arg(fraction->numerator).arg(fraction->denominator));
     if (const auto* list = std::get_if<QStringList>(&value))
         return QJsonDocument(QJsonArray::fromStringList(*list)).toJson(QJsonDocument::Compact).toStdString();
-    if (const auto* angle = std::get_if<platform::Angle>(&value))
+    if (const auto* angle = std::get_if<properties::Angle>(&value))
         return QJsonDocument(QJsonArray{(*angle)[0], (*angle)[1], (*angle)[2]})
             .toJson(QJsonDocument::Compact)
             .toStdString();
@@ -35,16 +35,16 @@ bool reportProperties(const std::vector<std::filesystem::path>& files, std::ostr
                       std::ostream& errors) {
     bool allRead = true;
     for (const std::filesystem::path& file : files) {
-        platform::PropertyStore store(file);
+        properties::PropertyStore store(file);
         if (!store.isOpen()) {
             errors << file.native() << ": there is no regular file of that name\n";
             allRead = false;
             continue;
         }
         for (const tags::PropertyRecord& property : tags::propertyRows()) {
-            const platform::PropertyValue& value =
-                store.get(static_cast<platform::PropertyId>(property.propertyId));
-            if (platform::isAbsent(value)) continue;
+            const properties::PropertyValue& value =
+                store.get(static_cast<properties::PropertyId>(property.propertyId));
+            if (properties::isAbsent(value)) continue;
             JsonLine line;
             line.text("file", platform::display(file)).number("columnType", property.columnType);
             line.text("category", text(property.category)).text("name", text(property.name));

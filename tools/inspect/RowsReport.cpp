@@ -81,7 +81,7 @@ class RowPrinter : public exiftool::LoadTarget {
 
  private:
     static QString headerOf(const tags::OutputParser& parser, std::uint32_t groupId) {
-        if (groupId < tags::kGroupCount) return tags::GroupName(groupId);
+        if (groupId < tags::kGroupCount) return tags::groupName(groupId);
         return parser.extraGroups().at(static_cast<qsizetype>(groupId) - tags::kGroupCount);
     }
 
@@ -97,11 +97,11 @@ app::AppContext contextFor(const RowsRequest& request, const fs::path& workFolde
     if (request.settingsFile) {
         app::AppContext given;
         given.iniPath = *request.settingsFile;
-        app::LoadSettingsOrDefaults(given);
+        app::loadSettingsOrDefaults(given);
         context.settings.metadataList = given.settings.metadataList;
         context.settings.exifTool = given.settings.exifTool;
     }
-    app::ResolveTools(context);
+    app::resolveTools(context);
     return context;
 }
 
@@ -118,9 +118,9 @@ class RowsReport {
         RowPrinter printer(output, platform::display(file));
         const auto insert = [&](tags::MetadataRow&& row) { printer.InsertMetadataRow(std::move(row)); };
         if (from == RowsFrom::SavedOutput) {
-            parser.Begin();
+            parser.begin();
             if (!parser.ParseExifToolOutput(file, insert)) return "cannot be opened";
-            parser.ForEachShownCount(
+            parser.forEachShownCount(
                 [&](std::uint32_t group, int count) { printer.SetGroupCount(group, count); });
         } else {
             if (context_.exifToolPath.empty()) return "ExifTool was not found";

@@ -51,18 +51,18 @@ void reportDictionary(std::ostream& output) {
 void reportCatalogue(std::ostream& output) {
     output << "position\tgroupId\tkey\timage\tgate\tcounted\n";
     std::uint32_t position = 0;
-    for (const tags::GroupEntry& entry : tags::GroupTable()) {
+    for (const tags::GroupEntry& entry : tags::groupTable()) {
         output << position << '\t' << entry.groupId << '\t' << utf8(entry.key) << '\t'
                << static_cast<int>(tags::GroupIconClass(position)) << '\t'
-               << gateName(tags::GroupGateOf(entry.groupId)) << '\t'
-               << (tags::GroupHasRows(entry.groupId) ? 1 : 0) << '\n';
+               << gateName(tags::groupGateOf(entry.groupId)) << '\t'
+               << (tags::groupHasRows(entry.groupId) ? 1 : 0) << '\n';
         ++position;
     }
 }
 
 void reportCommands(std::ostream& output) {
     output << "id\tname\tneedsSelection\tbuilt\n";
-    for (const app::Command& command : app::CommandTable())
+    for (const app::Command& command : app::commandTable())
         output << command.id << '\t' << command.name << '\t' << (command.needsSelection ? 1 : 0) << '\t'
                << (command.built ? 1 : 0) << '\n';
 }

@@ -1,9 +1,0 @@
-#pragma once
-
-namespace edit {
-
-/// Whether the hexadecimal view can show this tag's value as a picture: previews, thumbnails, cover art and
-/// the like, by TagRecord::id.
-bool IsImageTag(int tagId);
-
-}  // namespace edit

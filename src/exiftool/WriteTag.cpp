@@ -1,0 +1,170 @@
+#include "exiftool/WriteTag.h"
+
+#include "exiftool/LineParts.h"
+#include "exiftool/ReportFile.h"
+#include "exiftool/WriteCommands.h"
+#include "platform/Text.h"
+#include "tags/Entries.h"
+#include "tags/PropertyWrite.h"
+#include "tags/TagDictionary.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <fstream>
+
+namespace exiftool {
+
+namespace fs = std::filesystem;
+using platform::CommandText;
+
+namespace {
+
+constexpr int kCodedCharacterSet = 853;
+constexpr std::uint32_t kFirstPropertyGroup = 330;
+constexpr char16_t kLastLatin = 0xFF;
+
+bool isCorrected(const app::AppContext& context) {
+    return context.settings.exifTool.correctedCommands;
+}
+
+std::string utf8(QStringView text) {
+    return text.toUtf8().toStdString();
+}
+
+bool couldLeaveItsArgument(QStringView text) {
+    return std::ranges::any_of(text, [](QChar c) { return QStringView(u"\"<>%\n\r").contains(c); });
+}
+
+bool isPropertyGroupOfTheList(const app::CurrentEdit& edit) {
+    return edit.groupIndex >= 0 && static_cast<std::uint32_t>(edit.groupIndex) >= kFirstPropertyGroup &&
+           tags::isPropertyGroup(static_cast<std::uint32_t>(edit.groupIndex));
+}
+
+bool goesToThePropertyStore(const app::AppContext& context, const app::CurrentEdit& edit) {
+    if (edit.groupIndex < 0 || edit.id < 0) return false;
+    // The rows of [File] and [System] carry the numbers of tags. One that happens to be a property's number
+    // as well would write another property than the one that was clicked.
+    return isCorrected(context) ? isPropertyGroupOfTheList(edit)
+                                : tags::isPropertyGroup(static_cast<std::uint32_t>(edit.groupIndex));
+}
+
+/// `-GROUP:NAME`; without a group where the designed form or the list's own groups have none to give.
+CommandText tagWord(const app::AppContext& context, const app::CurrentEdit& edit) {
+    CommandText word("-");
+    if (isCorrected(context) && !edit.group.isEmpty() && !isPropertyGroupOfTheList(edit))
+        word.outside(utf8(edit.group)).literal(":");
+    return word.outside(utf8(edit.name));
+}
+
+bool opensWithEscape(const app::AppContext& context, const app::CurrentEdit& edit) {
+    if (edit.id != kCodedCharacterSet || edit.value.startsWith(u'U')) return false;
+    return !(isCorrected(context) && edit.value.startsWith(u"ESC"));
+}
+
+bool isBeyondLatin(QStringView text) {
+    return std::ranges::any_of(text, [](QChar c) { return c.unicode() > kLastLatin; });
+}
+
+bool isIptcBeyondLatin(const app::CurrentEdit& edit) {
+    return edit.group == u"IPTC" && isBeyondLatin(edit.value);
+}
+
+/// IPTC is Latin unless the file says otherwise, and whatever Latin lacks would become question marks. The
+/// record's other values are rewritten together with the mark of the new encoding, those aside that get a new
+/// value on the same line.
+CommandText encodingTerms(const app::AppContext& context, std::span<const app::CurrentEdit> edits) {
+    if (!isCorrected(context) || std::ranges::none_of(edits, isIptcBeyondLatin)) return {};
+    CommandText terms("-tagsfromfile @ -IPTC:All ");
+    for (const app::CurrentEdit& edit : edits)
+        if (edit.group == u"IPTC") terms.literal("--IPTC:").outside(utf8(edit.name)).literal(" ");
+    return terms.literal("-IPTC:CodedCharacterSet=UTF8 ");
+}
+
+QString reportBehind(const app::AppContext& context, std::uintmax_t begin) {
+    std::ifstream report(context.reportFile, std::ios::binary);
+    report.seekg(static_cast<std::streamoff>(begin));
+    const std::string added((std::istreambuf_iterator<char>(report)), std::istreambuf_iterator<char>());
+    return platform::wide(added).trimmed();
+}
+
+}  // namespace
+
+CommandText editedValue(const app::AppContext& context, QStringView value, QStringView valueBefore) {
+    if (!couldLeaveItsArgument(valueBefore)) return exiftool::quotedValue(context, value);
+    return CommandText("\"").outside(utf8(value)).literal("\"");
+}
+
+namespace {
+
+/// Without what the encoding of the group asks for.
+CommandText termsOfOneTag(const app::AppContext& context, const app::CurrentEdit& edit) {
+    const CommandText word = tagWord(context, edit);
+    CommandText terms;
+    const bool byCode = isCorrected(context) && !edit.comboCode.isEmpty() &&
+                        edit.valueKind == static_cast<int>(tags::ValueKind::List);
+    if (byCode) return terms.append(word).literal("#=\"").outside(utf8(edit.comboCode)).literal("\" ");
+    if (edit.value.isEmpty()) return terms.append(word).literal("= ");
+    if (isCorrected(context) && edit.severalValues) {
+        const QStringList entries = tags::splitEntries(edit.value);
+        for (const QString& entry : entries)
+            terms.append(word).literal("=").append(editedValue(context, entry, {})).literal(" ");
+        if (entries.isEmpty()) terms.append(word).literal("= ");
+        return terms;
+    }
+    // An escape sequence is written in a readable form, with "ESC" for its first byte.
+    const QString opening = opensWithEscape(context, edit) ? QStringLiteral("ESC ") : QString();
+    const CommandText quoted = editedValue(context, opening + edit.value, edit.valueBefore);
+    return terms.append(word).literal("=").append(quoted).literal(" ");
+}
+
+}  // namespace
+
+CommandText tagTerms(const app::AppContext& context, const app::CurrentEdit& edit) {
+    return termsOfTags(context, {&edit, 1});
+}
+
+CommandText termsOfTags(const app::AppContext& context, std::span<const app::CurrentEdit> edits) {
+    CommandText terms = encodingTerms(context, edits);
+    for (const app::CurrentEdit& edit : edits) terms.append(termsOfOneTag(context, edit));
+    return terms;
+}
+
+CommandText writeTagCommand(const app::AppContext& context, const fs::path& file,
+                            const app::CurrentEdit& edit) {
+    CommandText command = exiftool::toolStart(context).append(tagTerms(context, edit));
+    command.literal(exiftool::fragments::kOverwriteOriginal).literal(exiftool::kFileNameCharset);
+    command.literal("\"").outside(exiftool::fileWord(file)).literal("\"");
+    if (isCorrected(context)) command.append(exiftool::reportBehind(context));
+    return command;
+}
+
+TagWriteResult WriteOneTag(const app::AppContext& context, exiftool::ToolRunner& runner, const fs::path& file,
+                           const app::CurrentEdit& edit) {
+    if (goesToThePropertyStore(context, edit)) {
+        const auto result =
+            tags::WriteProperty(file, {static_cast<std::uint32_t>(edit.id), edit.value, edit.fileTime});
+        if (result) return {static_cast<int>(*result), properties::propertyResultMessage(*result), {}};
+    }
+    return WriteOneTagWithExifTool(context, runner, file, edit);
+}
+
+TagWriteResult runTagWrite(const app::AppContext& context, exiftool::ToolRunner& runner, const fs::path& file,
+                           const CommandText& command) {
+    if (isCorrected(context) && ::access(file.c_str(), F_OK) == 0 && ::access(file.c_str(), W_OK) != 0) {
+        constexpr auto kDenied = properties::PropertyResult::AccessDenied;
+        return {static_cast<int>(kDenied), properties::propertyResultMessage(kDenied), {}};
+    }
+    TagWriteResult result;
+    const std::uintmax_t begin = exiftool::reportSize(context);
+    result.code = runner.runWriteLine({file}, command) == 0 ? 1 : 0;
+    if (isCorrected(context)) result.complaint = reportBehind(context, begin);
+    return result;
+}
+
+TagWriteResult WriteOneTagWithExifTool(const app::AppContext& context, exiftool::ToolRunner& runner,
+                                       const fs::path& file, const app::CurrentEdit& edit) {
+    return runTagWrite(context, runner, file, writeTagCommand(context, file, edit));
+}
+
+}  // namespace exiftool

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "app/AppContext.h"
+#include "exiftool/ToolRunner.h"
+#include "platform/CommandText.h"
+
+#include <QString>
+#include <QStringView>
+#include <filesystem>
+#include <span>
+
+namespace exiftool {
+
+/// The new value in quotes. Text that came out of a file with the value before, and could end the argument,
+/// stays inside it in the designed form too: a user who confirms it has not typed it.
+platform::CommandText editedValue(const app::AppContext& context, QStringView value, QStringView valueBefore);
+
+/// What sets one tag, each term with a blank behind it: designed `-NAME="VALUE" `, corrected
+/// `-GROUP:NAME="VALUE" `, one term for each entry where the tag holds several, and `-GROUP:NAME#="CODE" `
+/// for a choice from a list. An empty value deletes: `-NAME= `.
+platform::CommandText tagTerms(const app::AppContext& context, const app::CurrentEdit& edit);
+
+/// The same for several tags of one line.
+platform::CommandText termsOfTags(const app::AppContext& context, std::span<const app::CurrentEdit> edits);
+
+/// The line that writes one tag: tool, terms, `-overwrite_original -charset filename=UTF8 "FILE"`; in the
+/// corrected form the report takes what ExifTool has to say.
+platform::CommandText writeTagCommand(const app::AppContext& context, const std::filesystem::path& file,
+                                      const app::CurrentEdit& edit);
+
+/// How a write went.
+struct TagWriteResult {
+    int code = 0;       ///< 0: done. 1: ExifTool could not be run. Else a platform::PropertyResult
+    QString message;    ///< to be shown in a box with an error icon; mostly empty
+    QString complaint;  ///< what ExifTool added to the report (corrected form)
+};
+
+/// Writes one tag by the road that fits its group: as a property of the file, or by ExifTool. No safety copy.
+/// Blocks until the tool has ended. GUI thread.
+TagWriteResult WriteOneTag(const app::AppContext& context, exiftool::ToolRunner& runner,
+                           const std::filesystem::path& file, const app::CurrentEdit& edit);
+
+/// Runs a line that writes the file, and gathers how it went. In the corrected form a file that is marked
+/// read-only is left alone; ExifTool would put a new one in its place.
+TagWriteResult runTagWrite(const app::AppContext& context, exiftool::ToolRunner& runner,
+                           const std::filesystem::path& file, const platform::CommandText& command);
+
+/// The road by ExifTool: code 0 when the run happened, else 1.
+TagWriteResult WriteOneTagWithExifTool(const app::AppContext& context, exiftool::ToolRunner& runner,
+                                       const std::filesystem::path& file, const app::CurrentEdit& edit);
+
+}  // namespace exiftool

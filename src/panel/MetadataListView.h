@@ -1,0 +1,26 @@
+#pragma once
+
+#include "app/Settings.h"
+#include "controls/GroupedListView.h"
+
+#include <QColor>
+
+namespace panel {
+
+/// The panel's list: its group headers are drawn whole, gradient, picture and title.
+class MetadataListView : public controls::GroupedListView {
+    Q_OBJECT
+
+ public:
+    explicit MetadataListView(const app::Settings& settings, QWidget* parent = nullptr);
+
+ protected:
+    void paintGroupHeader(QPainter& painter, const QRect& rect, const Group& group, bool collapsed,
+                          bool hovered) const override;
+    QRect groupChevronRect(const QRect& headerRect) const override;
+
+ private:
+    const app::Settings& settings_;
+};
+
+}  // namespace panel

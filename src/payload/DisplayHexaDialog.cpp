@@ -1,0 +1,256 @@
+#include "payload/DisplayHexaDialog.h"
+
+#include "controls/HexView.h"
+#include "controls/PictureView.h"
+#include "dialogs/FileChooser.h"
+#include "dialogs/Messages.h"
+#include "payload/PayloadCommandText.h"
+#include "payload/PayloadFetch.h"
+#include "payload/PayloadTexts.h"
+#include "payload/ThumbnailWrite.h"
+#include "platform/AtomicFile.h"
+#include "platform/Text.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLocale>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QThread>
+#include <QVBoxLayout>
+
+namespace payload {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+enum Control {
+    kOutput = 924,
+    kAsDump = 1008,
+    kHolder = 81500,
+    kFacts = 81501,
+    kSaveAs = 81502,
+    kAsPicture = 81503,
+    kPicture = 81504,
+    kReplace = 81505,
+    kDelete = 81506
+};
+
+QString number(std::size_t value) {
+    return QLocale().toString(static_cast<qulonglong>(value));
+}
+
+}  // namespace
+
+DisplayHexaDialog::DisplayHexaDialog(const jobs::OperationParts& parts, const tags::TagEditContext& edit,
+                                     int templateNumber, QWidget* parent)
+    : DarkModeDialogBase(parts.language, templateNumber, parent),
+      parts_(parts),
+      edit_(edit),
+      places_(parts.context.tempPath, edit.title) {
+    if (!hasForm()) return;
+    setWindowTitle(edit_.title);
+    makeViews();
+    connectControls();
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const bool isWhole = fetchPayload(parts_.context, parts_.runner, edit_, places_);
+    QGuiApplication::restoreOverrideCursor();
+    data_ = platform::MappedFile::Open(places_.fetched);
+    if (data_ != nullptr) {
+        kind_ = kindOfPayload(data_->bytes());
+        hexView_->setBytes(data_->bytes(), data_);
+    }
+    if (!isWhole && parts_.runner.wasStopped()) say(parts_.language.text(text::kReadingStopped));
+    if (auto* button = control<QPushButton>(kSaveAs)) button->setEnabled(data_ != nullptr);
+    readPicture();
+}
+
+DisplayHexaDialog::~DisplayHexaDialog() {
+    if (pictureThread_ != nullptr) pictureThread_->wait();
+    std::error_code error;
+    fs::remove(places_.fetched, error);
+    fs::remove(places_.behindHeader(), error);
+    if (!picture_.empty()) fs::remove(picture_, error);
+}
+
+void DisplayHexaDialog::makeViews() {
+    QWidget* holder = dialogs::findControl(*this, kHolder);
+    auto* layout = new QVBoxLayout(holder);
+    layout->setContentsMargins(0, 0, 0, 0);
+    stack_ = new QStackedWidget(holder);
+    layout->addWidget(stack_);
+    hexView_ = new controls::HexView(stack_);
+    hexView_->setProperty(dialogs::kControlIdProperty, kOutput);
+    hexView_->setShortLineFill(parts_.context.settings.exifTool.correctedCommands
+                                   ? controls::ShortLineFill::Aligned
+                                   : controls::ShortLineFill::FourBlanks);
+    stack_->addWidget(hexView_);
+    setFocusProxy(hexView_);
+    if (templateNumber() != kImageTemplate) return;
+    pictureView_ = new controls::PictureView(stack_);
+    pictureView_->setProperty(dialogs::kControlIdProperty, kPicture);
+    pictureView_->setToolTip(parts_.language.text(text::kZoomHint));
+    stack_->addWidget(pictureView_);
+}
+
+void DisplayHexaDialog::connectControls() {
+    const auto onClick = [this](int id, void (DisplayHexaDialog::*slot)()) {
+        if (auto* button = control<QAbstractButton>(id))
+            connect(button, &QAbstractButton::clicked, this, slot);
+    };
+    // What is only looked at leaves nothing to read again.
+    onClick(dialogs::kOkControl, &DisplayHexaDialog::reject);
+    onClick(kSaveAs, &DisplayHexaDialog::save);
+    onClick(kAsDump, &DisplayHexaDialog::chooseView);
+    onClick(kAsPicture, &DisplayHexaDialog::chooseView);
+    onClick(kReplace, &DisplayHexaDialog::replaceThumbnail);
+    onClick(kDelete, &DisplayHexaDialog::deleteThumbnail);
+    for (const int id : {kReplace, kDelete})
+        if (QWidget* button = dialogs::findControl(*this, id)) button->setVisible(canWriteThumbnail());
+    if (QWidget* box = dialogs::findControl(*this, kAsPicture)) box->hide();
+
+    auto* copy = new QAction(parts_.language.text(text::kCopyRows), this);
+    connect(copy, &QAction::triggered, hexView_, &controls::HexView::copySelection);
+    auto* all = new QAction(parts_.language.text(text::kSelectAllRows), this);
+    connect(all, &QAction::triggered, hexView_, &controls::HexView::selectAll);
+    hexView_->addActions({copy, all});
+    hexView_->setContextMenuPolicy(Qt::ActionsContextMenu);
+    connect(hexView_, &controls::HexView::TooMuchToCopy, this, &DisplayHexaDialog::tellTooMuchToCopy);
+}
+
+void DisplayHexaDialog::readPicture() {
+    if (pictureView_ == nullptr || data_ == nullptr || kind_ == PayloadKind::Other) return;
+    picture_ = copyPicture(places_, data_->bytes(), kind_);
+    const auto bytes = platform::MappedFile::Open(picture_);
+    if (picture_.empty() || bytes == nullptr) return;
+    say(parts_.language.text(text::kReadingPicture));
+    pictureThread_.reset(QThread::create([this, bytes] {
+        PictureRead picture = payload::readPicture(bytes->bytes());
+        QMetaObject::invokeMethod(
+            this, [this, picture = std::move(picture)] { showPicture(picture); }, Qt::QueuedConnection);
+    }));
+    pictureThread_->start();
+}
+
+void DisplayHexaDialog::showPicture(const PictureRead& picture) {
+    pictureThread_->wait();
+    pictureThread_.reset();
+    if (picture.image.isNull()) {
+        say(parts_.language.formatted(text::kPictureFailed, {picture.reason}));
+        std::error_code error;
+        fs::remove(picture_, error);
+        picture_.clear();
+    } else {
+        const QString width = QString::number(picture.size.width());
+        const QString height = QString::number(picture.size.height());
+        const bool isWhole = picture.image.size() == picture.size;
+        setWindowTitle(parts_.language.formatted(text::kPictureTitle, {edit_.title, width, height}));
+        say(parts_.language.formatted(isWhole ? text::kPictureSize : text::kPictureReduced,
+                                      {width, height, number(data_->bytes().size())}));
+        pictureView_->setImage(picture.image);
+        if (auto* box = control<QCheckBox>(kAsPicture)) {
+            box->setChecked(true);
+            box->show();
+        }
+        chooseView();
+    }
+    Q_EMIT PictureDecided();
+}
+
+void DisplayHexaDialog::chooseView() {
+    const auto* asPicture = control<QCheckBox>(kAsPicture);
+    auto* asDump = control<QCheckBox>(kAsDump);
+    const bool showsPicture = !picture_.empty() && asPicture != nullptr && asPicture->isChecked();
+    stack_->setCurrentIndex(showsPicture ? 1 : 0);
+    if (asDump == nullptr) return;
+    asDump->setEnabled(!showsPicture);
+    // The text's line ends are looked for once, which takes a moment in a large value.
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    hexView_->setMode(asDump->isChecked() ? controls::HexView::Mode::Dump : controls::HexView::Mode::Text);
+    QGuiApplication::restoreOverrideCursor();
+}
+
+void DisplayHexaDialog::save() {
+    const bool hasPicture = !picture_.empty();
+    const SaveTypes types =
+        typesToSave(data_->bytes(), kind_, hasPicture, parts_.context.settings.exifTool.correctedCommands);
+    const fs::path proposed = edit_.filePath.parent_path() / places_.fetched.stem();
+    dialogs::FileQuestion question{parts_.language.formatted(text::kSaveValue, {edit_.title}),
+                                   types.types,
+                                   {},
+                                   types.extension,
+                                   proposed};
+    question.nameLabel = fileNameLabel(parts_.context.settings.main.language);
+    const fs::path target = dialogs::chooseFileToSave(this, question);
+    if (target.empty()) return;
+    const auto source = hasPicture ? platform::MappedFile::Open(picture_) : data_;
+    const std::span<const unsigned char> bytes = source != nullptr ? source->bytes() : data_->bytes();
+    const std::string failure =
+        platform::replaceFile(target, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
+    if (failure.empty()) return;
+    dialogs::showMessage(this, {parts_.language.formatted(
+                                    text::kNotSaved, {platform::display(target), platform::wide(failure)}),
+                                dialogs::MessageIcon::Stop});
+}
+
+bool DisplayHexaDialog::canWriteThumbnail() const {
+    if (templateNumber() != kImageTemplate || edit_.tagId < 0 || edit_.filePath.empty()) return false;
+    const auto record = parts_.dictionary.FindTagById(static_cast<std::uint32_t>(edit_.tagId));
+    return record && record->writable && record->name == u"ThumbnailImage";
+}
+
+void DisplayHexaDialog::replaceThumbnail() {
+    const dialogs::FileQuestion question{parts_.language.text(text::kChooseThumbnail),
+                                         {QStringLiteral("JPEG image 160x120 pixels (*.jpg *.jpeg)")},
+                                         {},
+                                         {},
+                                         edit_.filePath.parent_path()};
+    const fs::path chosen = dialogs::chooseFileToOpen(this, question);
+    if (chosen.empty()) return;
+    const fs::path usable = isJpegFile(chosen) ? usablePicture(parts_.context, chosen) : fs::path();
+    if (usable.empty()) {
+        const QString message = parts_.language.formatted(text::kNoJpeg, {platform::display(chosen)});
+        dialogs::showMessage(this, {message, dialogs::MessageIcon::Exclamation});
+        return;
+    }
+    writeThumbnail(replaceThumbnailCommand(parts_.context, usable, edit_.filePath));
+}
+
+void DisplayHexaDialog::deleteThumbnail() {
+    const QString question =
+        parts_.language.formatted(text::kDeleteThumbnail, {platform::display(edit_.filePath.filename())});
+    if (dialogs::showMessage(this, {.text = question,
+                                    .icon = dialogs::MessageIcon::Question,
+                                    .buttons = QMessageBox::Yes | QMessageBox::No}) == QMessageBox::Yes)
+        writeThumbnail(deleteThumbnailCommand(parts_.context, edit_.filePath));
+}
+
+void DisplayHexaDialog::writeThumbnail(const platform::CommandText& command) {
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const ThumbnailWritten written =
+        payload::writeThumbnail(parts_.context, parts_.runner, edit_.filePath, command);
+    QGuiApplication::restoreOverrideCursor();
+    // The designed form looks at the run alone.
+    const bool isDone =
+        parts_.context.settings.exifTool.correctedCommands ? written.hasChanged : written.wasRun;
+    const QString why = isDone ? written.complaints
+                               : parts_.language.text(text::kThumbnailUnchanged) + u'\n' + written.complaints;
+    if (!why.trimmed().isEmpty())
+        dialogs::showMessage(this, {why.trimmed(), dialogs::MessageIcon::Exclamation});
+    if (isDone) accept();
+}
+
+void DisplayHexaDialog::tellTooMuchToCopy() {
+    const QString limit = QLocale().formattedDataSize(controls::HexView::kMostCopied);
+    dialogs::showMessage(
+        this, {parts_.language.formatted(text::kTooMuchToCopy, {limit}), dialogs::MessageIcon::Information});
+}
+
+void DisplayHexaDialog::say(const QString& text) {
+    if (auto* label = control<QLabel>(kFacts)) label->setText(text);
+}
+
+}  // namespace payload

@@ -1,0 +1,71 @@
+#pragma once
+
+#include "dialogs/DarkModeDialogBase.h"
+#include "jobs/OperationParts.h"
+#include "payload/Payload.h"
+#include "payload/PictureRead.h"
+#include "platform/MappedFile.h"
+#include "tags/TagEditContext.h"
+
+#include <memory>
+
+class QLabel;
+class QStackedWidget;
+class QThread;
+
+namespace controls {
+class HexView;
+class PictureView;
+}  // namespace controls
+
+namespace payload {
+
+/// Shows the bytes of a tag's value as a dump or as text, in the image view as a picture when they are one,
+/// and saves them. In the image view the thumbnail of a JPEG can be replaced or deleted; run() answers 1 only
+/// then, so that the file is read again. The value is fetched when the dialog is made. GUI thread; a picture
+/// is decoded on a thread of the dialog's own.
+class DisplayHexaDialog : public dialogs::DarkModeDialogBase {
+    Q_OBJECT
+
+ public:
+    static constexpr int kPlainTemplate = 136;
+    static constexpr int kImageTemplate = 148;
+
+    DisplayHexaDialog(const jobs::OperationParts& parts, const tags::TagEditContext& edit, int templateNumber,
+                      QWidget* parent);
+    ~DisplayHexaDialog() override;
+
+    /// Whether a picture is being decoded; PictureDecided tells the end.
+    bool isReadingPicture() const { return pictureThread_ != nullptr; }
+
+ Q_SIGNALS:
+    /// The picture is shown, or it is certain that there is none.
+    void PictureDecided();
+
+ private:
+    void makeViews();
+    void connectControls();
+    void readPicture();
+    void showPicture(const PictureRead& picture);
+    void chooseView();
+    void save();
+    bool canWriteThumbnail() const;
+    void replaceThumbnail();
+    void deleteThumbnail();
+    void writeThumbnail(const platform::CommandText& command);
+    void tellTooMuchToCopy();
+    void say(const QString& text);
+
+    jobs::OperationParts parts_;
+    tags::TagEditContext edit_;
+    PayloadPlaces places_;
+    std::shared_ptr<const platform::MappedFile> data_;
+    PayloadKind kind_ = PayloadKind::Other;
+    std::filesystem::path picture_;  ///< the copy that is shown; empty without one
+    std::unique_ptr<QThread> pictureThread_;
+    QStackedWidget* stack_ = nullptr;
+    controls::HexView* hexView_ = nullptr;
+    controls::PictureView* pictureView_ = nullptr;  ///< in the image view only
+};
+
+}  // namespace payload

@@ -1,0 +1,94 @@
+#include "payload/ThumbnailAddDialog.h"
+
+#include "dialogs/FileChooser.h"
+#include "dialogs/Messages.h"
+#include "exiftool/ReportFile.h"
+#include "payload/PayloadCommandText.h"
+#include "payload/PayloadTexts.h"
+#include "payload/ThumbnailWrite.h"
+#include "platform/Text.h"
+
+#include <QAbstractButton>
+#include <QEventLoop>
+#include <QLineEdit>
+#include <QTimer>
+#include <chrono>
+
+namespace payload {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+enum Control { kPicture = 1321, kChoose = 1097 };
+
+constexpr std::chrono::milliseconds kDesignedPause{300};
+
+void pauseBetweenFiles() {
+    QEventLoop loop;
+    QTimer::singleShot(kDesignedPause, &loop, &QEventLoop::quit);
+    loop.exec(QEventLoop::ExcludeUserInputEvents);
+}
+
+}  // namespace
+
+ThumbnailAddDialog::ThumbnailAddDialog(const jobs::OperationParts& parts, std::vector<fs::path> files,
+                                       QWidget* parent)
+    : DarkModeDialogBase(parts.language, kTemplate, parent),
+      parts_(parts),
+      files_(std::move(files)),
+      edit_(control<QLineEdit>(kPicture)) {
+    const std::size_t count = files_.size();
+    setWindowTitle(parts_.language.formatted(count == 1 ? text::kEmbedTitleOne : text::kEmbedTitle,
+                                             {QString::number(count)}));
+    if (auto* choose = control<QAbstractButton>(kChoose))
+        connect(choose, &QAbstractButton::clicked, this, &ThumbnailAddDialog::choosePicture);
+    if (edit_ != nullptr) edit_->setFocus();
+}
+
+void ThumbnailAddDialog::choosePicture() {
+    fs::path start = picture();
+    if (start.empty() && !files_.empty()) start = files_.front().parent_path();
+    const fs::path file = dialogs::chooseFileToOpen(this, {.title = QStringLiteral("Select a JPEG file"),
+                                                           .types = {QStringLiteral("JPEG (*.jpg *.jpeg)")},
+                                                           .start = start});
+    if (file.empty()) return;
+    chosen_ = file;
+    edit_->setText(platform::display(file));
+}
+
+fs::path ThumbnailAddDialog::picture() const {
+    const QString text = edit_->text();
+    return text == platform::display(chosen_) ? chosen_ : platform::pathFromText(text);
+}
+
+void ThumbnailAddDialog::accept() {
+    const fs::path usable = isJpegFile(picture()) ? usablePicture(parts_.context, picture()) : fs::path();
+    if (usable.empty()) {
+        dialogs::showMessage(this, {parts_.language.formatted(text::kNoJpeg, {edit_->text()}),
+                                    dialogs::MessageIcon::Exclamation});
+        edit_->setFocus();
+        return;
+    }
+    embed(usable);
+    DarkModeDialogBase::accept();
+}
+
+void ThumbnailAddDialog::embed(const fs::path& usable) {
+    const bool corrected = parts_.context.settings.exifTool.correctedCommands;
+    const jobs::FileProgressScope scope(parts_.progress, parts_.language.text(text::kEmbedProgress),
+                                        files_.size());
+    for (std::size_t index = 0; index < files_.size(); ++index) {
+        const fs::path& file = files_[index];
+        if (!parts_.progress.showFile(file, index + 1)) return;
+        writeThumbnail(parts_.context, parts_.runner, file,
+                       addThumbnailCommand(parts_.context, usable, file));
+        if (parts_.runner.wasStopped()) {
+            tellFilesLeft(parts_.context, files_.size() - index - 1);
+            return;
+        }
+        if (!corrected) pauseBetweenFiles();
+    }
+}
+
+}  // namespace payload

@@ -1,0 +1,309 @@
+#include "properties/AudioProperties.h"
+
+#include "properties/PropertyTexts.h"
+
+#include <taglib/aifffile.h>
+#include <taglib/apeproperties.h>
+#include <taglib/asfproperties.h>
+#include <taglib/fileref.h>
+#include <taglib/flacproperties.h>
+#include <taglib/id3v2tag.h>
+#include <taglib/mp4properties.h>
+#include <taglib/mpegfile.h>
+#include <taglib/popularimeterframe.h>
+#include <taglib/synchronizedlyricsframe.h>
+#include <taglib/tdebuglistener.h>
+#include <taglib/tpropertymap.h>
+#include <taglib/trueaudioproperties.h>
+#include <taglib/uniquefileidentifierframe.h>
+#include <taglib/wavfile.h>
+#include <taglib/wavpackproperties.h>
+
+#include <algorithm>
+#include <mutex>
+
+namespace properties {
+namespace {
+
+using Id = PropertyId;
+
+enum class AudioForm { Text, List, Integer, Yes, Date };
+
+struct AudioSource {
+    Id property;
+    AudioForm form;
+    const char* key;  ///< of TagLib's property map
+};
+
+constexpr auto kSources = std::to_array<AudioSource>({
+    {Id::SummaryAuthor, AudioForm::List, "ARTIST"},
+    {Id::SummaryComment, AudioForm::Text, "COMMENT"},
+    {Id::SummaryCopyright, AudioForm::Text, "COPYRIGHT"},
+    {Id::SummaryItemAuthors, AudioForm::List, "ARTIST"},
+    {Id::SummarySubject, AudioForm::Text, "CONTENTGROUP"},
+    {Id::SummarySubject, AudioForm::Text, "WORK"},
+    {Id::SummaryTitle, AudioForm::Text, "TITLE"},
+    {Id::MusicAlbumArtist, AudioForm::Text, "ALBUMARTIST"},
+    {Id::MusicAlbumID, AudioForm::Text, "MUSICBRAINZ_ALBUMID"},
+    {Id::MusicAlbumTitle, AudioForm::Text, "ALBUM"},
+    {Id::MusicArtist, AudioForm::List, "ARTIST"},
+    {Id::MusicBeatsPerMinute, AudioForm::Text, "BPM"},
+    {Id::MusicComposer, AudioForm::List, "COMPOSER"},
+    {Id::MusicConductor, AudioForm::List, "CONDUCTOR"},
+    {Id::MusicDiscNumber, AudioForm::Integer, "DISCNUMBER"},
+    {Id::MusicGenre, AudioForm::List, "GENRE"},
+    {Id::MusicInitialKey, AudioForm::Text, "INITIALKEY"},
+    {Id::MusicIsCompilation, AudioForm::Yes, "COMPILATION"},
+    {Id::MusicLyrics, AudioForm::Text, "LYRICS"},
+    {Id::MusicMood, AudioForm::Text, "MOOD"},
+    {Id::MusicPartOfSet, AudioForm::Text, "DISCNUMBER"},
+    {Id::MusicPeriod, AudioForm::Text, "PERIOD"},
+    {Id::MusicTrackNumber, AudioForm::Integer, "TRACKNUMBER"},
+    {Id::MediaAuthorUrl, AudioForm::Text, "ARTISTWEBPAGE"},
+    {Id::MediaCopyright, AudioForm::Text, "COPYRIGHT"},
+    {Id::MediaDateEncoded, AudioForm::Date, "ENCODINGTIME"},
+    {Id::MediaDateReleased, AudioForm::Text, "RELEASEDATE"},
+    {Id::MediaEncodedBy, AudioForm::Text, "ENCODEDBY"},
+    {Id::MediaEncodingSettings, AudioForm::Text, "ENCODING"},
+    {Id::MediaProducer, AudioForm::List, "PRODUCER"},
+    {Id::MediaPromotionUrl, AudioForm::Text, "PUBLISHERWEBPAGE"},
+    {Id::MediaPublisher, AudioForm::Text, "LABEL"},
+    {Id::MediaPublisher, AudioForm::Text, "PUBLISHER"},
+    {Id::MediaSubTitle, AudioForm::Text, "SUBTITLE"},
+    {Id::MediaUserWebUrl, AudioForm::Text, "FILEWEBPAGE"},
+    {Id::MediaWriter, AudioForm::List, "LYRICIST"},
+    {Id::MediaWriter, AudioForm::List, "WRITER"},
+    {Id::MediaYear, AudioForm::Integer, "DATE"},
+});
+
+constexpr Id kComputed[] = {Id::DiskRating,
+                            Id::AudioChannelCount,
+                            Id::AudioEncodingBitrate,
+                            Id::AudioSampleRate,
+                            Id::AudioSampleSize,
+                            Id::AudioStreamNumber,
+                            Id::MediaDuration,
+                            Id::MediaMCDI,
+                            Id::MediaUniqueFileIdentifier,
+                            Id::MusicDisplayArtist,
+                            Id::MusicSynchronizedLyrics};
+
+/// TagLib tells of every damage on the error stream by itself.
+class Silence : public TagLib::DebugListener {
+ public:
+    void printMessage(const TagLib::String& /*message*/) override {}
+};
+
+void silenceOnce() {
+    static std::once_flag once;
+    static Silence silence;
+    std::call_once(once, [] { TagLib::setDebugListener(&silence); });
+}
+
+QString textOf(const TagLib::String& text) {
+    return QString::fromStdString(text.to8Bit(true));
+}
+
+TagLib::String tagText(const QString& text) {
+    return {text.toStdString(), TagLib::String::UTF8};
+}
+
+QStringList textsOf(const TagLib::StringList& texts) {
+    QStringList list;
+    for (const TagLib::String& text : texts)
+        if (const QString element = textOf(text).trimmed(); !element.isEmpty()) list.append(element);
+    return list;
+}
+
+PropertyValue valueOf(AudioForm form, const QStringList& texts) {
+    if (texts.isEmpty()) return {};
+    switch (form) {
+        case AudioForm::Text:
+            return texts.join(QStringLiteral("; "));
+        case AudioForm::List:
+            return texts;
+        case AudioForm::Integer:
+            if (const auto number = parseLeadingInteger(texts.front())) return *number;
+            break;
+        case AudioForm::Yes:
+            return parseLeadingInteger(texts.front()).value_or(0) != 0 ? std::int64_t{1} : std::int64_t{0};
+        case AudioForm::Date:
+            if (const auto time = parsePointInTime(texts.front())) return *time;
+            break;
+    }
+    return {};
+}
+
+template <typename... Kinds>
+int bitsPerSample(const TagLib::AudioProperties& audio) {
+    int bits = 0;
+    const auto ask = [&]<typename Kind>(const Kind* properties) {
+        if (properties != nullptr) bits = properties->bitsPerSample();
+    };
+    (ask(dynamic_cast<const Kinds*>(&audio)), ...);
+    return bits;
+}
+
+void addSound(const TagLib::AudioProperties& audio, PropertyValues& values) {
+    const auto add = [&](Id property, std::int64_t number) {
+        if (number > 0) values.add(property, number);
+    };
+    add(Id::AudioChannelCount, audio.channels());
+    add(Id::AudioEncodingBitrate, std::int64_t{audio.bitrate()} * 1000);
+    add(Id::AudioSampleRate, audio.sampleRate());
+    // Kept in the unit that the property has, a ten-millionth of a second.
+    add(Id::MediaDuration, std::int64_t{audio.lengthInMilliseconds()} * 10'000);
+    add(Id::AudioSampleSize,
+        bitsPerSample<TagLib::FLAC::Properties, TagLib::RIFF::WAV::Properties, TagLib::RIFF::AIFF::Properties,
+                      TagLib::MP4::Properties, TagLib::APE::Properties, TagLib::ASF::Properties,
+                      TagLib::WavPack::Properties, TagLib::TrueAudio::Properties>(audio));
+    if (audio.channels() > 0) values.add(Id::AudioStreamNumber, std::int64_t{1});
+}
+
+const TagLib::ID3v2::Tag* id3Of(TagLib::File* file) {
+    if (const auto* mpeg = dynamic_cast<TagLib::MPEG::File*>(file))
+        return const_cast<TagLib::MPEG::File*>(mpeg)->ID3v2Tag(false);
+    if (const auto* wave = dynamic_cast<TagLib::RIFF::WAV::File*>(file)) return wave->ID3v2Tag();
+    if (const auto* aiff = dynamic_cast<TagLib::RIFF::AIFF::File*>(file)) return aiff->tag();
+    return nullptr;
+}
+
+/// The steps in which players write stars into the 256 levels.
+std::int64_t starsOf(int level) {
+    if (level <= 0) return 0;
+    if (level < 32) return 1;
+    if (level < 96) return 2;
+    if (level < 160) return 3;
+    return level < 224 ? 4 : 5;
+}
+
+void addFrames(const TagLib::ID3v2::Tag& tag, PropertyValues& values) {
+    const TagLib::ID3v2::FrameListMap& frames = tag.frameListMap();
+    const auto first = [&](const char* id) -> const TagLib::ID3v2::Frame* {
+        const auto found = frames.find(id);
+        return found == frames.end() || found->second.isEmpty() ? nullptr : found->second.front();
+    };
+    if (const auto* rating = dynamic_cast<const TagLib::ID3v2::PopularimeterFrame*>(first("POPM")))
+        values.add(Id::DiskRating, starsOf(rating->rating()));
+    if (const auto* identifier = dynamic_cast<const TagLib::ID3v2::UniqueFileIdentifierFrame*>(first("UFID")))
+        values.addText(Id::MediaUniqueFileIdentifier,
+                       textOf(identifier->owner()) + u';' +
+                           textFromBytes({identifier->identifier().data(), identifier->identifier().size()}));
+    if (const auto* disc = first("MCDI"))
+        values.add(Id::MediaMCDI, QStringLiteral("(%1 bytes)").arg(disc->size()));
+    if (const auto* lyrics = dynamic_cast<const TagLib::ID3v2::SynchronizedLyricsFrame*>(first("SYLT"))) {
+        QStringList lines;
+        for (const auto& line : lyrics->synchedText()) lines.append(textOf(line.text).trimmed());
+        values.addList(Id::MusicSynchronizedLyrics, lines);
+    }
+}
+
+void addTags(const TagLib::PropertyMap& tags, PropertyValues& values) {
+    for (const AudioSource& source : kSources) {
+        const auto found = tags.find(source.key);
+        if (found != tags.end()) values.add(source.property, valueOf(source.form, textsOf(found->second)));
+    }
+    const auto artist = tags.find("ARTIST");
+    if (artist != tags.end())
+        values.addText(Id::MusicDisplayArtist, textsOf(artist->second).join(QStringLiteral("; ")));
+    if (const auto rating = tags.find("RATING"); rating != tags.end())
+        if (const auto stars = parseLeadingInteger(textOf(rating->second.toString())))
+            values.add(Id::DiskRating, *stars > 5 ? (std::min<std::int64_t>(*stars, 100) + 19) / 20 : *stars);
+}
+
+/// What the property map gets for a value; nothing when the value is of no fitting type.
+std::optional<TagLib::StringList> tagsOf(const PropertyValue& value) {
+    TagLib::StringList texts;
+    if (const auto* list = std::get_if<QStringList>(&value)) {
+        for (const QString& text : *list) texts.append(tagText(text));
+    } else if (const auto* text = std::get_if<QString>(&value)) {
+        texts.append(tagText(*text));
+    } else if (const auto* number = std::get_if<std::int64_t>(&value)) {
+        texts.append(tagText(QString::number(*number)));
+    } else if (!isAbsent(value)) {
+        return std::nullopt;
+    }
+    return texts;
+}
+
+void readTagged(const std::filesystem::path& file, bool withSound, PropertyValues& values) {
+    silenceOnce();
+    try {
+        const TagLib::FileRef opened(file.c_str(), withSound, TagLib::AudioProperties::Average);
+        if (opened.isNull()) return;
+        addTags(opened.file()->properties(), values);
+        if (opened.audioProperties() != nullptr) addSound(*opened.audioProperties(), values);
+        if (const TagLib::ID3v2::Tag* tag = id3Of(opened.file())) addFrames(*tag, values);
+    } catch (...) {
+        // A damaged file: what was found before the damage stays.
+    }
+}
+
+}  // namespace
+
+bool audioTagsCanGive(PropertyId property) {
+    return std::ranges::find(kSources, property, &AudioSource::property) != kSources.end();
+}
+
+bool audioCanGive(PropertyId property) {
+    return audioTagsCanGive(property) || std::ranges::find(kComputed, property) != std::end(kComputed);
+}
+
+PropertyResult prepareAudioChange(PropertyChange& change) {
+    const auto source = std::ranges::find(kSources, change.property, &AudioSource::property);
+    if (source == kSources.end() || source->form == AudioForm::Date) return PropertyResult::NotSupported;
+    if (const auto* given = std::get_if<QString>(&change.value)) {
+        const QString text = *given;
+        const bool isNumber = source->form == AudioForm::Integer || source->form == AudioForm::Yes;
+        if (text.isEmpty()) {
+            change.value = std::monostate();
+        } else if (source->form == AudioForm::List) {
+            change.value = splitList(text);
+        } else if (isNumber) {
+            bool valid = false;
+            change.value = std::int64_t{text.trimmed().toInt(&valid)};
+            if (!valid) return PropertyResult::InvalidParameter;
+        }
+    }
+    return tagsOf(change.value) ? PropertyResult::Ok : PropertyResult::TypeMismatch;
+}
+
+void readAudioProperties(const std::filesystem::path& file, PropertyValues& values) {
+    readTagged(file, true, values);
+}
+
+void readAudioTags(const std::filesystem::path& file, PropertyValues& values) {
+    readTagged(file, false, values);
+}
+
+PropertyResult writeAudioProperties(const std::filesystem::path& copy,
+                                    std::span<const PropertyChange> changes) {
+    silenceOnce();
+    try {
+        TagLib::FileRef opened(copy.c_str(), false);
+        if (opened.isNull() || !opened.file()->isValid()) return PropertyResult::NotSupported;
+        TagLib::PropertyMap tags = opened.file()->properties();
+        for (const PropertyChange& change : changes) {
+            const auto source = std::ranges::find(kSources, change.property, &AudioSource::property);
+            if (source == kSources.end()) return PropertyResult::NotSupported;
+            const auto texts = tagsOf(change.value);
+            if (!texts) return PropertyResult::TypeMismatch;
+            if (texts->isEmpty())
+                tags.erase(source->key);
+            else
+                tags.replace(source->key, *texts);
+        }
+        const TagLib::PropertyMap refused = opened.file()->setProperties(tags);
+        for (const PropertyChange& change : changes)
+            if (const auto source = std::ranges::find(kSources, change.property, &AudioSource::property);
+                refused.contains(source->key))
+                return PropertyResult::NotSupported;
+        return opened.file()->save() ? PropertyResult::Ok : PropertyResult::Failed;
+    } catch (const std::bad_alloc&) {
+        return PropertyResult::OutOfMemory;
+    } catch (...) {
+        return PropertyResult::Failed;
+    }
+}
+
+}  // namespace properties

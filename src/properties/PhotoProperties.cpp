@@ -1,0 +1,356 @@
+#include "properties/PhotoProperties.h"
+
+#include "properties/PhotoFile.h"
+#include "properties/PhotoPropertyTable.h"
+#include "properties/PropertyTexts.h"
+
+#include <QRegularExpression>
+#include <cmath>
+#include <string_view>
+#include <unordered_map>
+
+namespace properties {
+namespace {
+
+using Id = PropertyId;
+using Entry = Exiv2::Metadatum;
+
+// Beyond this many bytes a text is no text that anybody wrote.
+constexpr long kLongestText = 1L << 20;
+
+constexpr Id kComputed[] = {Id::DiskRating,          Id::GpsDateStamp,        Id::GpsLatitudeDecimal,
+                            Id::GpsLongitudeDecimal, Id::GpsVersionID,        Id::ImageBitDepth,
+                            Id::ImageDimensions,     Id::ImageHorizontalSize, Id::ImageVerticalSize,
+                            Id::PhotoDateTaken,      Id::PhotoMakerNote,      Id::PhotoPeopleNames};
+
+/// Texts that XP tags hold: UTF-16, least byte first, in a row of bytes.
+QString wideBytesText(const Entry& entry) {
+    QString text;
+    for (long i = 0; i + 1 < entry.count() && i < kLongestText; i += 2) {
+        const auto unit = static_cast<char16_t>(entry.toLong(i) | (entry.toLong(i + 1) << 8));
+        if (unit == 0) break;
+        text.append(QChar(unit));
+    }
+    return text;
+}
+
+QString textOf(const Entry& entry) {
+    if (entry.size() > kLongestText) return {};
+    const std::string key = entry.key();
+    if (key.starts_with("Exif.Image.XP")) return wideBytesText(entry);
+    const Exiv2::Value& value = entry.value();
+    if (const auto* comment = dynamic_cast<const Exiv2::CommentValue*>(&value))
+        return textFromBytes(comment->comment());
+    if (entry.typeId() == Exiv2::undefined) {
+        std::string bytes(static_cast<std::size_t>(value.size()), '\0');
+        value.copy(reinterpret_cast<Exiv2::byte*>(bytes.data()), Exiv2::bigEndian);
+        // GPS texts stand behind eight bytes that name their character set.
+        if (key.starts_with("Exif.GPSInfo.") && bytes.size() >= 8) bytes.erase(0, 8);
+        return textFromBytes(bytes);
+    }
+    if (entry.typeId() == Exiv2::langAlt) return textFromBytes(value.toString(0));
+    return textFromBytes(value.toString());
+}
+
+std::optional<Rational> fractionOf(const Entry& entry, long n) {
+    if (n >= entry.count()) return std::nullopt;
+    const Exiv2::Value& value = entry.value();
+    if (const auto* positive = dynamic_cast<const Exiv2::URationalValue*>(&value)) {
+        const Exiv2::URational& pair = positive->value_[static_cast<std::size_t>(n)];
+        return Rational{pair.first, pair.second};
+    }
+    if (entry.typeId() == Exiv2::xmpText) return parseRational(textOf(entry));
+    const Exiv2::Rational pair = value.toRational(n);
+    if (!value.ok()) return std::nullopt;
+    return Rational{pair.first, pair.second};
+}
+
+/// XMP writes an angle as "48,12.5N" or "48,12,30N".
+std::optional<Angle> angleOfText(const QString& text) {
+    static const QRegularExpression form(
+        QStringLiteral(R"(^(\d{1,3}),(\d{1,2}(?:\.\d+)?)(?:,(\d{1,2}(?:\.\d+)?))?[NSEW]?$)"));
+    const QRegularExpressionMatch match = form.match(text);
+    if (!match.hasMatch()) return std::nullopt;
+    const double minutes = match.captured(2).toDouble();
+    if (match.hasCaptured(3))
+        return Angle{match.captured(1).toDouble(), minutes, match.captured(3).toDouble()};
+    return Angle{match.captured(1).toDouble(), std::floor(minutes), (minutes - std::floor(minutes)) * 60};
+}
+
+std::optional<Angle> angleOf(const Entry& entry) {
+    if (entry.typeId() == Exiv2::xmpText) return angleOfText(textOf(entry));
+    Angle angle{};
+    for (long n = 0; n < 3; ++n) {
+        const std::optional<Rational> part = fractionOf(entry, n);
+        if (!part) return n == 0 ? std::nullopt : std::optional(angle);
+        if (part->denominator == 0) {
+            if (part->numerator != 0 || n == 0) return std::nullopt;
+            continue;
+        }
+        angle[static_cast<std::size_t>(n)] =
+            static_cast<double>(part->numerator) / static_cast<double>(part->denominator);
+    }
+    return angle;
+}
+
+QStringList partsOf(const Entry& entry, bool numerators) {
+    QStringList parts;
+    for (long n = 0; n < std::min(entry.count(), 3L); ++n)
+        if (const auto part = fractionOf(entry, n))
+            parts.append(QString::number(numerators ? part->numerator : part->denominator));
+    return parts;
+}
+
+/// All entries of a photo by key. The entries of camera makers are not looked at.
+class Entries {
+ public:
+    explicit Entries(const Exiv2::Image& image) : image_(image) {
+        for (const Exiv2::Exifdatum& datum : image.exifData()) {
+            const std::string group = datum.groupName();
+            if (group == "Image" || group == "Photo" || group == "GPSInfo" || group == "MakerNote")
+                add(datum);
+        }
+        for (const Exiv2::Xmpdatum& datum : image.xmpData()) add(datum);
+        for (const Exiv2::Iptcdatum& datum : image.iptcData()) add(datum);
+    }
+
+    const Exiv2::Image& image() const { return image_; }
+
+    const std::vector<const Entry*>* all(const std::string& key) const {
+        const auto found = entries_.find(key);
+        return found == entries_.end() ? nullptr : &found->second;
+    }
+    const Entry* first(const std::string& key) const {
+        const auto* entries = all(key);
+        return entries == nullptr ? nullptr : entries->front();
+    }
+    QString text(const std::string& key) const {
+        const Entry* entry = first(key);
+        return entry == nullptr ? QString() : textOf(*entry);
+    }
+
+ private:
+    void add(const Entry& entry) {
+        if (entry.count() > 0) entries_[entry.key()].push_back(&entry);
+    }
+
+    const Exiv2::Image& image_;
+    std::unordered_map<std::string, std::vector<const Entry*>> entries_;
+};
+
+QStringList listOf(const std::vector<const Entry*>& entries) {
+    QStringList list;
+    for (const Entry* entry : entries) {
+        if (entry->familyName() == std::string_view("Exif")) return splitList(textOf(*entry));
+        for (long n = 0; n < entry->count() && n < kLongestText; ++n) {
+            const bool whole =
+                entry->familyName() == std::string_view("Iptc") || entry->typeId() == Exiv2::xmpText;
+            const QString text = whole ? textOf(*entry) : textFromBytes(entry->toString(n));
+            if (!text.isEmpty() && !list.contains(text)) list.append(text);
+            if (whole) break;
+        }
+    }
+    return list;
+}
+
+PropertyValue valueOf(const PhotoSource& source, const std::vector<const Entry*>& entries) {
+    const Entry& entry = *entries.front();
+    const auto fraction = [&] { return fractionOf(entry, 0); };
+    const auto integer = [&]() -> std::optional<std::int64_t> {
+        const std::int64_t number = entry.toLong(0);
+        return entry.value().ok() ? std::optional(number) : std::nullopt;
+    };
+    switch (source.form) {
+        case PhotoForm::Text:
+            if (const QString text = textOf(entry); !text.isEmpty()) return text;
+            break;
+        case PhotoForm::List:
+            if (const QStringList list = listOf(entries); !list.isEmpty()) return list;
+            break;
+        case PhotoForm::Integer:
+            if (const auto number = integer()) return *number;
+            break;
+        case PhotoForm::Fraction:
+            if (const auto value = fraction(); value && value->denominator != 0) return *value;
+            break;
+        case PhotoForm::Numerator:
+            if (const auto value = fraction()) return value->numerator;
+            break;
+        case PhotoForm::Denominator:
+            if (const auto value = fraction()) return value->denominator;
+            break;
+        case PhotoForm::Angle:
+            if (const auto angle = angleOf(entry)) return *angle;
+            break;
+        case PhotoForm::AngleNumerators:
+        case PhotoForm::AngleDenominators:
+            if (const QStringList parts = partsOf(entry, source.form == PhotoForm::AngleNumerators);
+                !parts.isEmpty())
+                return parts;
+            break;
+        case PhotoForm::Date:
+            if (const auto time = parsePointInTime(textOf(entry))) return *time;
+            break;
+        case PhotoForm::Words:
+            if (const auto number = integer())
+                if (const QString words = photoWords(source.property, *number); !words.isEmpty())
+                    return words;
+            break;
+    }
+    return {};
+}
+
+void addFromTable(const Entries& entries, PropertyValues& values) {
+    for (const PhotoSource& source : photoSources())
+        for (const char* key : source.keys) {
+            if (key == nullptr) break;
+            const auto* found = entries.all(key);
+            if (found == nullptr) continue;
+            values.add(source.property, valueOf(source, *found));
+            if (values.has(source.property)) break;
+        }
+}
+
+void addRating(const Entries& entries, PropertyValues& values) {
+    for (const char* key : {"Xmp.xmp.Rating", "Exif.Image.Rating"})
+        if (const auto rating = parseLeadingInteger(entries.text(key))) values.add(Id::DiskRating, *rating);
+    for (const char* key : {"Xmp.MicrosoftPhoto.Rating", "Exif.Image.RatingPercent"})
+        if (const auto percent = parseLeadingInteger(entries.text(key));
+            percent && *percent >= 0 && *percent <= 100)
+            values.add(Id::DiskRating, *percent == 0 ? std::int64_t{0} : (*percent + 12) / 25 + 1);
+}
+
+/// With the sub-seconds and the zone that stand in tags of their own.
+void addDateTaken(const Entries& entries, PropertyValues& values) {
+    const auto add = [&](const char* key, const char* fraction, const char* zone) {
+        QString text = entries.text(key);
+        if (text.isEmpty()) return;
+        const QString digits = entries.text(fraction);
+        if (!digits.isEmpty() && text.count(u':') >= 4) text += u'.' + digits;
+        const auto zoned = parsePointInTime(text + entries.text(zone));
+        const auto time = zoned ? zoned : parsePointInTime(entries.text(key));
+        if (time) values.add(Id::PhotoDateTaken, *time);
+    };
+    add("Exif.Photo.DateTimeOriginal", "Exif.Photo.SubSecTimeOriginal", "Exif.Photo.OffsetTimeOriginal");
+    for (const char* key : {"Xmp.exif.DateTimeOriginal", "Xmp.photoshop.DateCreated"})
+        if (const auto time = parsePointInTime(entries.text(key))) values.add(Id::PhotoDateTaken, *time);
+    add("Exif.Photo.DateTimeDigitized", "Exif.Photo.SubSecTimeDigitized", "Exif.Photo.OffsetTimeDigitized");
+}
+
+void addDecimals(const Entries& entries, PropertyValues& values) {
+    const auto add = [&](Id angleOfProperty, Id decimal, const char* reference, const char* xmp) {
+        const auto* angle = std::get_if<Angle>(&values.at(angleOfProperty));
+        if (angle == nullptr) return;
+        QString letter = entries.text(reference);
+        if (letter.isEmpty()) letter = entries.text(xmp).right(1);
+        const double degrees = (*angle)[0] + (*angle)[1] / 60 + (*angle)[2] / 3600;
+        const bool negative = letter.startsWith(u'S') || letter.startsWith(u'W');
+        values.add(decimal, negative ? -degrees : degrees);
+    };
+    add(Id::GpsLatitude, Id::GpsLatitudeDecimal, "Exif.GPSInfo.GPSLatitudeRef", "Xmp.exif.GPSLatitude");
+    add(Id::GpsLongitude, Id::GpsLongitudeDecimal, "Exif.GPSInfo.GPSLongitudeRef", "Xmp.exif.GPSLongitude");
+    const auto addReference = [&](Id property, const char* xmp, QStringView letters) {
+        const QString text = entries.text(xmp);
+        if (!text.isEmpty() && letters.contains(text.back())) values.add(property, QString(text.back()));
+    };
+    addReference(Id::GpsLatitudeRef, "Xmp.exif.GPSLatitude", u"NS");
+    addReference(Id::GpsLongitudeRef, "Xmp.exif.GPSLongitude", u"EW");
+    addReference(Id::GpsDestLatitudeRef, "Xmp.exif.GPSDestLatitude", u"NS");
+    addReference(Id::GpsDestLongitudeRef, "Xmp.exif.GPSDestLongitude", u"EW");
+}
+
+/// Date and time of the satellites' clock, which is UTC.
+void addGpsTime(const Entries& entries, PropertyValues& values) {
+    const QString date = entries.text("Exif.GPSInfo.GPSDateStamp");
+    if (!date.isEmpty()) {
+        const Entry* time = entries.first("Exif.GPSInfo.GPSTimeStamp");
+        const Angle clock = time == nullptr ? Angle{} : angleOf(*time).value_or(Angle{});
+        const QString text = QString::asprintf(" %02d:%02d:%02dZ", static_cast<int>(clock[0]),
+                                               static_cast<int>(clock[1]), static_cast<int>(clock[2]));
+        if (const auto moment = parsePointInTime(date + text)) values.add(Id::GpsDateStamp, *moment);
+    }
+    if (const auto moment = parsePointInTime(entries.text("Xmp.exif.GPSTimeStamp")))
+        values.add(Id::GpsDateStamp, *moment);
+}
+
+void addGpsVersion(const Entries& entries, PropertyValues& values) {
+    QStringList bytes;
+    if (const Entry* version = entries.first("Exif.GPSInfo.GPSVersionID");
+        version != nullptr && version->count() == 4)
+        for (long n = 0; n < 4; ++n) bytes.append(QString::number(version->toLong(n)));
+    else if (const QStringList parts = entries.text("Xmp.exif.GPSVersionID").split(u'.'); parts.size() == 4)
+        bytes = parts;
+    values.addList(Id::GpsVersionID, bytes);
+}
+
+void addPeople(const Entries& entries, PropertyValues& values) {
+    QStringList names;
+    for (const Exiv2::Xmpdatum& datum : entries.image().xmpData()) {
+        const std::string key = datum.key();
+        const bool region = key.ends_with("/MPReg:PersonDisplayName") || key.ends_with("/mwg-rs:Name");
+        if (!region && key != "Xmp.iptcExt.PersonInImage") continue;
+        for (const QString& name : listOf({&datum}))
+            if (!names.contains(name)) names.append(name);
+    }
+    values.addList(Id::PhotoPeopleNames, names);
+}
+
+/// What a container is always pressed with.
+void addCompression(const Entries& entries, PropertyValues& values) {
+    static constexpr std::pair<std::string_view, const char*> kContainers[] = {
+        {"image/jpeg", "JPEG"}, {"image/png", "Deflate"}, {"image/gif", "LZW"}, {"image/jp2", "JPEG 2000"}};
+    const std::string type = entries.image().mimeType();
+    for (const auto& [container, compression] : kContainers)
+        if (type == container) values.addText(Id::ImageCompressionText, QString::fromLatin1(compression));
+    // Pictures that name their three components are those of cameras, with eight bits for each. Saves the
+    // dear look at the picture itself.
+    const Entry* components = entries.first("Exif.Photo.ComponentsConfiguration");
+    if (type == "image/jpeg" && components != nullptr && components->count() == 4 &&
+        components->toLong(2) != 0)
+        values.add(Id::ImageBitDepth, std::int64_t{24});
+}
+
+void addPicture(const Entries& entries, PropertyValues& values) {
+    const std::int64_t width = entries.image().pixelWidth();
+    const std::int64_t height = entries.image().pixelHeight();
+    if (width > 0 && height > 0) {
+        values.add(Id::ImageHorizontalSize, width);
+        values.add(Id::ImageVerticalSize, height);
+        values.add(Id::ImageDimensions, QStringLiteral("%1 x %2").arg(width).arg(height));
+    }
+    if (const Entry* bits = entries.first("Exif.Image.BitsPerSample");
+        bits != nullptr && bits->count() <= 16) {
+        std::int64_t depth = 0;
+        for (long n = 0; n < bits->count(); ++n) depth += bits->toLong(n);
+        if (depth > 0) values.add(Id::ImageBitDepth, depth);
+    }
+    if (const Entry* note = entries.first("Exif.Photo.MakerNote"))
+        values.add(Id::PhotoMakerNote, QStringLiteral("(%1 bytes)").arg(note->size()));
+}
+
+}  // namespace
+
+bool photoCanGive(PropertyId property) {
+    return findPhotoSource(property) != nullptr ||
+           std::ranges::find(kComputed, property) != std::end(kComputed);
+}
+
+void readPhotoProperties(const std::filesystem::path& file, PropertyValues& values) {
+    try {
+        const auto image = openPhoto(file);
+        const Entries entries(*image);
+        addFromTable(entries, values);
+        addRating(entries, values);
+        addDateTaken(entries, values);
+        addDecimals(entries, values);
+        addGpsTime(entries, values);
+        addGpsVersion(entries, values);
+        addPeople(entries, values);
+        addPicture(entries, values);
+        addCompression(entries, values);
+    } catch (...) {
+        // A damaged or unknown file: what was found before the damage stays.
+    }
+}
+
+}  // namespace properties

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "properties/PropertyStore.h"
+
+#include <span>
+
+/// The properties of photos and images, through Exiv2. Any thread.
+namespace properties {
+
+bool photoCanGive(PropertyId property);
+
+/// Adds what the file has. Damage of any kind gives fewer values.
+void readPhotoProperties(const std::filesystem::path& file, PropertyValues& values);
+
+/// Turns the value of a change into the type that the property is written in; a text is read, an empty one
+/// takes the property away.
+PropertyResult preparePhotoChange(PropertyChange& change);
+
+/// Writes the prepared changes into the file, which must be a copy that nobody else uses.
+PropertyResult writePhotoProperties(const std::filesystem::path& copy,
+                                    std::span<const PropertyChange> changes);
+
+}  // namespace properties

@@ -1,0 +1,120 @@
+#include "properties/PropertyStore.h"
+
+#include "properties/AudioProperties.h"
+#include "properties/FileProperties.h"
+#include "properties/PhotoProperties.h"
+#include "properties/SafeRewrite.h"
+#include "properties/StreamProperties.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+
+namespace properties {
+namespace {
+
+constexpr std::int64_t kNanosecondsInASecond = 1'000'000'000;
+
+struct Message {
+    PropertyResult result;
+    const char* text;
+};
+
+constexpr Message kMessages[] = {
+    {PropertyResult::AccessDenied, "Access denied!"},
+    {PropertyResult::InvalidParameter, "Invalid parameter!"},
+    {PropertyResult::InvalidArguments, "One or more arguments are invalid!"},
+    {PropertyResult::NotSupported, "This property is not supported by this codec!"},
+    {PropertyResult::TypeMismatch, "Type mismatch.\nPlesase contact Vennmark!"},
+};
+
+std::int64_t nanoseconds(const timespec& time) {
+    return time.tv_sec * kNanosecondsInASecond + time.tv_nsec;
+}
+
+}  // namespace
+
+QString propertyResultMessage(PropertyResult result) {
+    const auto found = std::ranges::find(kMessages, result, &Message::result);
+    return found == std::end(kMessages) ? QString() : QString::fromLatin1(found->text);
+}
+
+std::optional<FileIdentity> identifyFile(const std::filesystem::path& file) {
+    struct stat facts {};
+    if (::stat(file.c_str(), &facts) != 0 || !S_ISREG(facts.st_mode)) return std::nullopt;
+    return FileIdentity{facts.st_dev, facts.st_ino, facts.st_size, nanoseconds(facts.st_mtim),
+                        nanoseconds(facts.st_ctim)};
+}
+
+PropertyStore::PropertyStore(std::filesystem::path file)
+    : file_(std::move(file)), identity_(identifyFile(file_)) {}
+
+void PropertyStore::look() {
+    if (mediaClassKnown_) return;
+    mediaClass_ = mediaClassOf(file_);
+    mediaClassKnown_ = true;
+}
+
+const PropertyValue& PropertyStore::get(PropertyId property) {
+    static const PropertyValue absent;
+    if (static_cast<std::size_t>(property) >= kPropertyCount) return absent;
+    if (isOpen() && !values_.has(property)) read(property);
+    return values_.at(property);
+}
+
+/// Asks those who may know of the property and were not asked yet, the best informed first.
+void PropertyStore::read(PropertyId property) {
+    const auto ask = [&](bool& asked, auto&& reader) {
+        if (asked) return;
+        asked = true;
+        reader(file_, values_);
+    };
+    if (fileCanGive(property)) {
+        ask(fileRead_, readFileProperties);
+        return;
+    }
+    look();
+    if (mediaClass_ == MediaClass::Photo && photoCanGive(property)) ask(photoRead_, readPhotoProperties);
+    if (mediaClass_ == MediaClass::Audio && audioCanGive(property)) ask(audioRead_, readAudioProperties);
+    const bool hasStreams = mediaClass_ == MediaClass::Audio || mediaClass_ == MediaClass::Video ||
+                            (mediaClass_ == MediaClass::Photo && property == PropertyId::ImageBitDepth);
+    if (hasStreams && !values_.has(property) && streamsCanGive(property))
+        ask(streamsRead_, [&](const std::filesystem::path& file, PropertyValues& values) {
+            readStreamProperties(file, mediaClass_ == MediaClass::Photo, values);
+        });
+    // Of a film only the tags: TagLib takes the first stream for the sound, whatever it is.
+    if (mediaClass_ == MediaClass::Video && !values_.has(property) && audioTagsCanGive(property))
+        ask(audioRead_, readAudioTags);
+}
+
+PropertyResult PropertyStore::set(PropertyId property, const PropertyValue& value) {
+    if (!isOpen()) return PropertyResult::AccessDenied;
+    look();
+    PropertyChange change{property, value};
+    PropertyResult result = PropertyResult::NotSupported;
+    if (mediaClass_ == MediaClass::Photo) result = preparePhotoChange(change);
+    if (mediaClass_ == MediaClass::Audio || mediaClass_ == MediaClass::Video)
+        result = prepareAudioChange(change);
+    if (result != PropertyResult::Ok) return result;
+    std::erase_if(changes_, [&](const PropertyChange& earlier) { return earlier.property == property; });
+    changes_.push_back(std::move(change));
+    return PropertyResult::Ok;
+}
+
+PropertyResult PropertyStore::commit(CommitOptions options) {
+    if (!isOpen()) return PropertyResult::AccessDenied;
+    const std::vector<PropertyChange> changes = std::exchange(changes_, {});
+    if (changes.empty()) return PropertyResult::Ok;
+    const PropertyResult result =
+        rewriteSafely(file_, *identity_, options.keepTimes, [&](const std::filesystem::path& copy) {
+            return mediaClass_ == MediaClass::Photo ? writePhotoProperties(copy, changes)
+                                                    : writeAudioProperties(copy, changes);
+        });
+    // What was read is that of the file as it was.
+    identity_ = identifyFile(file_);
+    fileRead_ = photoRead_ = audioRead_ = streamsRead_ = false;
+    values_ = {};
+    return result;
+}
+
+}  // namespace properties

@@ -1,0 +1,82 @@
+#pragma once
+
+#include "properties/PropertyResult.h"
+#include "properties/PropertyValues.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace properties {
+
+/// What kinds of content a file may have, judged by its MIME type, and so who is asked about it.
+enum class MediaClass : std::uint8_t { Other, Photo, Audio, Video };
+
+/// What was found when a file was looked at; two looks that are equal saw the same content.
+struct FileIdentity {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    std::int64_t size = 0;
+    std::int64_t modifiedNanoseconds = 0;
+    std::int64_t changedNanoseconds = 0;
+
+    friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
+};
+
+/// Nothing when there is no regular file of that name. Opens nothing.
+std::optional<FileIdentity> identifyFile(const std::filesystem::path& file);
+
+/// A value to be written.
+struct PropertyChange {
+    PropertyId property;
+    PropertyValue value;  ///< std::monostate takes the property away
+};
+
+/// The properties of one file, fed by the file system, the MIME database, Exiv2, TagLib and MediaInfo. Each
+/// library is asked at the first property of its area, and only for files of its kinds; its failures count as
+/// absent values. Only regular files are ever opened, so that a pipe or a device cannot hold anybody up.
+/// Blocks as the disk does. Any thread, one thread for an object.
+class PropertyStore {
+ public:
+    explicit PropertyStore(std::filesystem::path file);
+
+    /// False for whatever is not a regular file; such a store has no values and takes none.
+    bool isOpen() const { return identity_.has_value(); }
+    const std::filesystem::path& file() const { return file_; }
+    const std::optional<FileIdentity>& identity() const { return identity_; }
+
+    const PropertyValue& get(PropertyId property);
+
+    /// Notes a change for the commit. A text is read as what the property holds ("3" for a number, "1/250"
+    /// for a fraction, elements separated by ";" for a list, "2024:05:06 07:08:09" for a time); an empty text
+    /// takes the property away. NotSupported when files of this kind cannot hold the property.
+    PropertyResult set(PropertyId property, const PropertyValue& value);
+
+    struct CommitOptions {
+        bool keepTimes = false;  ///< the file keeps its times of modification and access
+    };
+
+    /// Writes all changes at once: a copy beside the file is changed, brought to the disk and renamed, so
+    /// that the file is at every moment the old or the new one, whole. Permissions are kept, links followed.
+    /// After a failure the file is untouched and the changes are forgotten.
+    PropertyResult commit(CommitOptions options);
+    PropertyResult commit() { return commit({}); }
+
+ private:
+    void look();
+    void read(PropertyId property);
+
+    std::filesystem::path file_;
+    std::optional<FileIdentity> identity_;
+    MediaClass mediaClass_ = MediaClass::Other;
+    bool mediaClassKnown_ = false;
+    bool fileRead_ = false;
+    bool photoRead_ = false;
+    bool audioRead_ = false;
+    bool streamsRead_ = false;
+    PropertyValues values_;
+    std::vector<PropertyChange> changes_;
+};
+
+}  // namespace properties

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "properties/PropertyValue.h"
+
+#include <optional>
+#include <string>
+
+/// The texts that metadata and people write for times and numbers.
+namespace properties {
+
+/// "2021:03:04 05:06:07", also with "-", "T", fractions of a second and a zone ("Z", "UTC", "+02:00"), or a
+/// date alone. Without a zone it is local time. Nothing for anything else, zero dates included.
+std::optional<PointInTime> parsePointInTime(const QString& text);
+
+/// "1/250", "-2/3", "2.8", "3". Nothing for anything else and for a zero denominator.
+std::optional<Rational> parseRational(const QString& text);
+
+/// The first whole number at the text's start, after blanks; nothing where none is.
+std::optional<std::int64_t> parseLeadingInteger(const QString& text);
+
+/// Elements divided by ";", trimmed, empty ones left out.
+QStringList splitList(const QString& text);
+
+/// Bytes that should be UTF-8 and are taken for Latin-1 when they are not. Ends at a zero, trailing blanks
+/// go.
+QString textFromBytes(const std::string& bytes);
+
+/// "2021:03:04 05:06:07" in local time, or at the offset.
+QString exifDateText(PointInTime time, std::optional<int> offsetSeconds = std::nullopt);
+
+}  // namespace properties

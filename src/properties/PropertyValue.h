@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/PointInTime.h"
+
+#include <QString>
+#include <QStringList>
+#include <array>
+#include <cstdint>
+#include <variant>
+
+namespace properties {
+
+struct Rational {
+    std::int64_t numerator = 0;
+    std::int64_t denominator = 1;
+
+    friend bool operator==(const Rational&, const Rational&) = default;
+};
+
+using platform::PointInTime;
+
+/// Degrees, minutes and seconds.
+using Angle = std::array<double, 3>;
+
+/// What a file has for a property; the first alternative stands for nothing at all, which is not the same as
+/// an empty text or zero.
+using PropertyValue =
+    std::variant<std::monostate, QString, std::int64_t, double, Rational, PointInTime, QStringList, Angle>;
+
+inline bool isAbsent(const PropertyValue& value) {
+    return std::holds_alternative<std::monostate>(value);
+}
+
+}  // namespace properties

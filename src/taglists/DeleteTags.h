@@ -1,0 +1,24 @@
+#pragma once
+
+#include "exiftool/WriteTag.h"
+#include "jobs/OperationParts.h"
+#include "taglists/RemovalLines.h"
+#include "tags/OutputParser.h"
+
+#include <filesystem>
+#include <vector>
+
+/// Deleting one tag or one group of the shown file, from the rows of the metadata panel.
+namespace taglists {
+
+/// Under which names the rows are deleted, each once. The designed form takes all rows as they are shown, the
+/// corrected one those that can be written, under the names that ExifTool knows them by.
+std::vector<TagAddress> addressesOf(const jobs::OperationParts& parts,
+                                    const std::vector<tags::MetadataRow>& rows);
+
+/// One run after a safety copy. Without an address the corrected form runs nothing. Blocks until ExifTool has
+/// ended.
+exiftool::TagWriteResult deleteTags(const jobs::OperationParts& parts, const std::vector<TagAddress>& tags,
+                                    const std::filesystem::path& file);
+
+}  // namespace taglists

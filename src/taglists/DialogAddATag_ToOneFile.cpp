@@ -1,0 +1,42 @@
+#include "taglists/DialogAddATag_ToOneFile.h"
+
+#include "taglists/TagListTexts.h"
+
+namespace taglists {
+
+namespace {
+
+constexpr int kNameWidth = 220;
+constexpr int kKindWidth = 22;
+constexpr qsizetype kLongestGroup = 80;
+
+TagValuesDialog::Task taskOf(const jobs::OperationParts& parts, const QString& group,
+                             const std::filesystem::path& file) {
+    std::vector<std::filesystem::path> files{file};
+    const QString title =
+        parts.language.formatted(text::kAddTitle, {group, filesText(parts.language, files)});
+    return {DialogAddATag_ToOneFile::kTemplate,
+            title,
+            std::move(files),
+            {TagColumn::Name, TagColumn::Kind, TagColumn::Value}};
+}
+
+}  // namespace
+
+DialogAddATag_ToOneFile::DialogAddATag_ToOneFile(const jobs::OperationParts& parts, const QString& group,
+                                                 const std::filesystem::path& file, QWidget* parent)
+    : TagValuesDialog(parts, taskOf(parts, group, file), parent), group_(group.left(kLongestGroup)) {
+    list().setColumnWidths({kNameWidth, kKindWidth});
+    TagRows rows = rowsOfGroup(parts.dictionary, group);
+    // Some groups have another name in the panel than in ExifTool.
+    const QString asked = isCorrected() && !rows.empty() ? rows.front().group : group_;
+    fill(std::move(rows), parts.context.tempPath / "Metadata.txt", [&](const std::filesystem::path& output) {
+        return this->parts().reads.ReadGroupAll(file, output, asked.toStdString());
+    });
+}
+
+int DialogAddATag_ToOneFile::writeFile(const TagRows& rows, const std::filesystem::path& file) {
+    return AddATagToFile(parts(), rows, group_, file);
+}
+
+}  // namespace taglists

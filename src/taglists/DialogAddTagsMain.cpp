@@ -1,0 +1,44 @@
+#include "taglists/DialogAddTagsMain.h"
+
+#include "taglists/TagListTexts.h"
+
+namespace taglists {
+
+namespace {
+
+constexpr int kNameWidth = 220;
+constexpr int kKindWidth = 22;
+
+QString textOf(std::string_view bytes) {
+    return QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size()));
+}
+
+TagValuesDialog::Task taskOf(const jobs::OperationParts& parts, int commandId,
+                             std::vector<std::filesystem::path> files) {
+    const QString title = parts.language.formatted(
+        text::kAddTitle, {textOf(addTagsGroupOf(commandId).group), filesText(parts.language, files)});
+    return {DialogAddTagsMain::kTemplate,
+            title,
+            std::move(files),
+            {TagColumn::Name, TagColumn::Kind, TagColumn::Value}};
+}
+
+}  // namespace
+
+DialogAddTagsMain::DialogAddTagsMain(const jobs::OperationParts& parts, int commandId,
+                                     std::vector<std::filesystem::path> files, QWidget* parent)
+    : TagValuesDialog(parts, taskOf(parts, commandId, std::move(files)), parent),
+      group_(addTagsGroupOf(commandId)) {
+    list().setColumnWidths({kNameWidth, kKindWidth});
+    const std::filesystem::path& first = this->files().front();
+    fill(rowsOfCategory(parts.dictionary, group_.categoryId), valuesOutput(parts.context, first),
+         [&](const std::filesystem::path& output) {
+             return this->parts().reads.ReadCategory(first, output, static_cast<int>(group_.categoryId));
+         });
+}
+
+int DialogAddTagsMain::writeFile(const TagRows& rows, const std::filesystem::path& file) {
+    return AddTagsToFile(parts(), rows, textOf(group_.group), file);
+}
+
+}  // namespace taglists

@@ -1,0 +1,28 @@
+#include "taglists/DialogDeleteATag.h"
+
+#include "platform/Text.h"
+#include "taglists/TagListTexts.h"
+
+#include <QLabel>
+
+namespace taglists {
+
+DialogDeleteATag::DialogDeleteATag(const jobs::OperationParts& parts, const tags::MetadataRow& row,
+                                   std::filesystem::path file, QWidget* parent)
+    : DarkModeDialogBase(parts.language, kTemplate, parent),
+      parts_(parts),
+      row_(row),
+      file_(std::move(file)) {
+    if (auto* text = control<QLabel>(control::kQuestion))
+        text->setText(row.tag + QStringLiteral(" is going to be deleted."));
+    if (auto* place = control<QLabel>(control::kPlace))
+        place->setText(
+            parts.language.formatted(text::kGroupAndFile, {row.group, platform::display(file_.filename())}));
+}
+
+void DialogDeleteATag::accept() {
+    result_ = deleteTags(parts_, addressesOf(parts_, {row_}), file_);
+    DarkModeDialogBase::accept();
+}
+
+}  // namespace taglists

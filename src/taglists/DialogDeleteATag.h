@@ -1,0 +1,29 @@
+#pragma once
+
+#include "dialogs/DarkModeDialogBase.h"
+#include "taglists/DeleteTags.h"
+
+namespace taglists {
+
+/// Asks before a tag of the shown file is deleted, and deletes it on OK.
+class DialogDeleteATag : public dialogs::DarkModeDialogBase {
+    Q_OBJECT
+
+ public:
+    static constexpr int kTemplate = 80075;
+
+    DialogDeleteATag(const jobs::OperationParts& parts, const tags::MetadataRow& row,
+                     std::filesystem::path file, QWidget* parent);
+
+    void accept() override;
+    /// How it went, once the dialog has ended with 1.
+    const exiftool::TagWriteResult& result() const { return result_; }
+
+ private:
+    jobs::OperationParts parts_;
+    tags::MetadataRow row_;
+    std::filesystem::path file_;
+    exiftool::TagWriteResult result_;
+};
+
+}  // namespace taglists

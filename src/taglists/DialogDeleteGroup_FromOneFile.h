@@ -1,0 +1,32 @@
+#pragma once
+
+#include "dialogs/DarkModeDialogBase.h"
+#include "taglists/DeleteTags.h"
+
+namespace taglists {
+
+/// Asks before the tags of a group of the shown file are deleted, shows which these are, and deletes them on
+/// OK.
+class DialogDeleteGroup_FromOneFile : public dialogs::DarkModeDialogBase {
+    Q_OBJECT
+
+ public:
+    static constexpr int kTemplate = 80077;
+
+    /// rows: those of the group in the panel, at least one.
+    DialogDeleteGroup_FromOneFile(const jobs::OperationParts& parts,
+                                  const std::vector<tags::MetadataRow>& rows, std::filesystem::path file,
+                                  QWidget* parent);
+
+    void accept() override;
+    /// How it went, once the dialog has ended with 1.
+    const exiftool::TagWriteResult& result() const { return result_; }
+
+ private:
+    jobs::OperationParts parts_;
+    std::vector<TagAddress> tags_;
+    std::filesystem::path file_;
+    exiftool::TagWriteResult result_;
+};
+
+}  // namespace taglists

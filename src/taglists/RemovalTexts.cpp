@@ -1,0 +1,63 @@
+#include "taglists/RemovalTexts.h"
+
+#include <QLocale>
+#include <algorithm>
+#include <array>
+
+namespace taglists {
+
+namespace {
+
+struct FamilyText {
+    int commandId;
+    int question;
+};
+
+constexpr auto kFamilyTexts = std::to_array<FamilyText>({
+    {10044, text::kRemoveEverything},
+    {10066, text::kRemoveExif},
+    {10067, text::kRemoveIptc},
+    {10068, text::kRemoveXmp},
+    {10069, text::kRemoveIccProfile},
+    {10071, text::kRemoveGeotag},
+    {10072, text::kRemoveEverything},
+});
+
+QString question(const app::LanguageFile& language, int commandId, std::size_t files) {
+    const auto* const row = std::ranges::find(kFamilyTexts, commandId, &FamilyText::commandId);
+    if (row == kFamilyTexts.end()) return {};
+    return language.formatted(row->question, {filesText(language, files)});
+}
+
+}  // namespace
+
+QString filesText(const app::LanguageFile& language, std::size_t count) {
+    if (count == 1) return language.text(text::kOneFile);
+    return language.formatted(text::kFiles, {QLocale().toString(static_cast<qulonglong>(count))});
+}
+
+std::optional<QString> familyRemovalQuestion(const app::LanguageFile& language, int commandId,
+                                             std::size_t files) {
+    const QString what = question(language, commandId, files);
+    if (what.isEmpty()) return std::nullopt;
+    return what + QStringLiteral("\n\n") + language.text(text::kWhatStays);
+}
+
+QString familyRemovalTitle(const app::LanguageFile& language, int commandId, std::size_t files) {
+    QString title = question(language, commandId, files);
+    if (title.endsWith(u'?')) title.chop(1);
+    return title.trimmed();
+}
+
+QString typesRemovedText(const app::LanguageFile& language, bool wasRun, bool hasReport, std::size_t files) {
+    if (!wasRun) return language.text(text::kNotCarriedOut);
+    if (hasReport) return language.text(text::kEndedWithReport);
+    return language.formatted(text::kGroupsRemoved, {filesText(language, files)});
+}
+
+int copyRefusal(bool sourceExists, bool anyFamily) {
+    if (!sourceExists) return text::kNoSuchSource;
+    return anyFamily ? 0 : text::kChooseFamilies;
+}
+
+}  // namespace taglists

@@ -1,0 +1,120 @@
+#include "taglists/TagListRows.h"
+
+#include "tags/Entries.h"
+#include "tags/OutputParser.h"
+
+#include <QHash>
+#include <algorithm>
+
+namespace taglists {
+
+namespace {
+
+/// The dictionary's texts stand in static storage.
+QString textOf(std::u16string_view units) {
+    return QString::fromRawData(reinterpret_cast<const QChar*>(units.data()),
+                                static_cast<qsizetype>(units.size()));
+}
+
+bool isOffered(const tags::TagRecord& record) {
+    return record.writable && record.valueKind != tags::ValueKind::Binary;
+}
+
+QString keyOf(const QString& group, const QString& name, GroupMatch match) {
+    return (match == GroupMatch::Exact ? group : group.toCaseFolded()) + u'\n' + name;
+}
+
+}  // namespace
+
+TagRow rowOf(const tags::TagRecord& record) {
+    TagRow row;
+    row.tagId = static_cast<int>(record.id);
+    row.name = textOf(record.name);
+    row.group = textOf(record.group);
+    row.kind = record.valueKind;
+    return row;
+}
+
+TagRows rowsOfCategory(const tags::TagDictionary& dictionary, std::uint32_t categoryId) {
+    TagRows rows;
+    for (const tags::TagRecord* record : dictionary.TagsOfCategory(categoryId))
+        rows.push_back(rowOf(*record));
+    return rows;
+}
+
+TagRows rowsOfFamily(const tags::TagDictionary& dictionary, const tags::TagFamily& family) {
+    TagRows rows;
+    for (const tags::TagRecord* record : tags::tagsOfFamily(dictionary, family))
+        if (isOffered(*record)) rows.push_back(rowOf(*record));
+    return rows;
+}
+
+void fillValues(TagRows& rows, const std::filesystem::path& outputFile, GroupMatch match) {
+    QHash<QString, QString> values;
+    tags::forEachTagValue(outputFile, [&](QStringView lineGroup, QStringView name, QStringView value) {
+        const QString key = keyOf(lineGroup.toString(), name.toString(), match);
+        if (!values.contains(key)) values.insert(key, value.toString());
+    });
+    for (TagRow& row : rows) {
+        const auto found = values.constFind(keyOf(row.group, row.name, match));
+        if (found == values.cend()) continue;
+        row.fileValue = *found;
+        undoRow(row);
+    }
+}
+
+void setRowValue(TagRow& row, const NewValue& value) {
+    if (value.value == row.fileValue) {
+        undoRow(row);
+        return;
+    }
+    row.value = value.value;
+    row.code = value.code;
+    row.severalEntries = value.severalEntries;
+    row.loaded = value.loaded;
+    row.changed = true;
+}
+
+QString shownValue(const TagRow& row) {
+    return tags::panelText(row.severalEntries ? tags::splitEntries(row.value) : QStringList(row.value));
+}
+
+void emptyRow(TagRow& row, bool severalFiles) {
+    const bool forgets = severalFiles && row.changed;
+    undoRow(row);
+    if (forgets) return;
+    row.value.clear();
+    row.changed = severalFiles || !row.fileValue.isEmpty();
+}
+
+void undoRow(TagRow& row) {
+    row.value = row.fileValue;
+    row.code.clear();
+    row.changed = row.severalEntries = row.loaded = false;
+}
+
+void sortRows(TagRows& rows, TagSort column, bool ascending) {
+    const auto text = column == TagSort::Name ? &TagRow::name : &TagRow::group;
+    std::ranges::stable_sort(rows, [&](const TagRow& left, const TagRow& right) {
+        const int order = left.*text == right.*text ? 0 : left.*text < right.*text ? -1 : 1;
+        return ascending ? order < 0 : order > 0;
+    });
+}
+
+std::size_t changedCount(const TagRows& rows) {
+    return static_cast<std::size_t>(std::ranges::count_if(rows, &TagRow::changed));
+}
+
+std::size_t tickedCount(const TagRows& rows) {
+    return static_cast<std::size_t>(std::ranges::count_if(rows, &TagRow::ticked));
+}
+
+bool matchesFilter(const TagRow& row, const QString& label, const QString& filter) {
+    const QStringList words = filter.split(u' ', Qt::SkipEmptyParts);
+    return std::ranges::all_of(words, [&](const QString& word) {
+        return row.name.contains(word, Qt::CaseInsensitive) ||
+               row.group.contains(word, Qt::CaseInsensitive) || label.contains(word, Qt::CaseInsensitive);
+    });
+}
+
+}  // namespace taglists

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "jobs/OperationParts.h"
+#include "taglists/Removals.h"
+#include "taglists/TagListRows.h"
+
+#include <QString>
+#include <QStringView>
+#include <filesystem>
+#include <functional>
+#include <vector>
+
+/// What the dialogs with lists of values decide and do: which rows they have, what the rows hold, and the
+/// writes at OK. Reads and writes block until the tool has ended. GUI thread.
+namespace taglists {
+
+// --- DialogModifMain
+
+/// What the dialog is to list: 1 EXIF, 2 IPTC, 7 XMP. The designed form takes the command's own number, which
+/// is none of these.
+int modeOfCommand(const app::AppContext& context, int commandId);
+
+/// The writable tags of the mode's family; none for a number that is no mode.
+TagRows rowsOfMode(const tags::TagDictionary& dictionary, int mode);
+
+/// The category by which the values of the mode are read.
+int readCategoryOfMode(const app::AppContext& context, int mode);
+
+/// "EXIF", "IPTC" or "XMP", also in the designed form.
+QString familyNameOfCommand(int commandId);
+
+/// How the files with values are named.
+struct ValuesFileType {
+    int preselected = 0;  ///< index into valuesFileTypes
+    QString extension;    ///< without its dot; empty for a number that is no mode
+};
+QStringList valuesFileTypes(const app::AppContext& context);
+ValuesFileType valuesFileTypeOfMode(int mode);
+
+/// The write of one file. 1 when it was run, or when there was nothing to write; else 0.
+int modifyFile(const jobs::OperationParts& parts, int mode, const TagRows& rows,
+               const std::filesystem::path& file);
+int ModifyGroupInFile(const jobs::OperationParts& parts, const TagRows& rows,
+                      const std::filesystem::path& file);
+int ModifyGpsInFile(const jobs::OperationParts& parts, const TagRows& rows,
+                    const std::filesystem::path& file);
+
+// --- DialogAddTagsMain and DialogAddATag_ToOneFile
+
+/// The writable tags of a group, by its name in the panel; those of a group without tags are none.
+TagRows rowsOfGroup(const tags::TagDictionary& dictionary, const QString& group);
+
+int AddTagsToFile(const jobs::OperationParts& parts, const TagRows& rows, QStringView group,
+                  const std::filesystem::path& file);
+int AddATagToFile(const jobs::OperationParts& parts, const TagRows& rows, QStringView group,
+                  const std::filesystem::path& file);
+
+// --- all
+
+/// Where the values of a file are read to: its name with ".txt" behind it, in the temp folder.
+std::filesystem::path valuesOutput(const app::AppContext& context, const std::filesystem::path& file);
+
+/// Reads what the file holds into the rows. False when it could not be read; the rows are then as before.
+using ReadInto = std::function<int(const std::filesystem::path& output)>;
+bool readValues(const jobs::OperationParts& parts, TagRows& rows, const std::filesystem::path& output,
+                const ReadInto& read);
+
+/// Whether OK has anything to do. The designed form always has: it empties the group.
+bool hasSomethingToWrite(const jobs::OperationParts& parts, const TagRows& rows);
+
+/// Calls write for each file, with the progress shown. A file whose extension is unknown is told and left
+/// out.
+using WriteFile = std::function<int(const std::filesystem::path& file)>;
+FileRuns writeFiles(const jobs::OperationParts& parts, const QString& title,
+                    const std::vector<std::filesystem::path>& files, const TellLeftOut& tell,
+                    const WriteFile& write);
+
+}  // namespace taglists

@@ -1,0 +1,142 @@
+#include "taglists/TagValuesDialog.h"
+
+#include "dialogs/Messages.h"
+#include "platform/Text.h"
+#include "taglists/TagListTexts.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QPushButton>
+
+namespace taglists {
+
+namespace {
+
+enum Control { kListPlace = 80522, kStatusFile = 80523, kStatusNow = 80524 };
+constexpr qsizetype kLongestDesignedValue = 255;
+
+void showPath(QLabel* label, const QString& text) {
+    if (label == nullptr) return;
+    label->setText(text);
+    label->setToolTip(text.toHtmlEscaped());
+}
+
+}  // namespace
+
+QString filesText(const app::LanguageFile& language, const std::vector<std::filesystem::path>& files) {
+    if (files.size() == 1) return platform::display(files.front().filename());
+    return language.formatted(text::kCountOfFiles,
+                              {QLocale().toString(static_cast<qulonglong>(files.size()))});
+}
+
+TagValuesDialog::TagValuesDialog(const jobs::OperationParts& parts, Task task, QWidget* parent)
+    : DarkModeDialogBase(parts.language, task.templateNumber, parent), parts_(parts), task_(std::move(task)) {
+    setWindowTitle(task_.title);
+    setSizeGripEnabled(true);
+    placeList();
+    fillStatusBar();
+    if (auto* ok = control<QPushButton>(dialogs::kOkControl)) {
+        ok->setText(parts_.language.text(text::kWrite));
+        ok->setDefault(true);
+    }
+    const app::Settings::Main& settings = parts_.context.settings.main;
+    resize(QSize(settings.widthAddModify, settings.heightAddModify).expandedTo(minimumSizeHint()));
+}
+
+void TagValuesDialog::placeList() {
+    auto* place = control<QWidget>(kListPlace);
+    TagList::Wishes wishes{.listControl = kList,
+                           .look = {.columns = task_.columns},
+                           .severalFiles = isCorrected() && !hasOneFile()};
+    list_ = place == nullptr ? new TagList(parts_, std::move(wishes), this)
+                             : TagList::placeIn(*place, parts_, std::move(wishes));
+    list_->setEmptyText(parts_.language.text(text::kNoTagOfGroup));
+    connect(list_, &TagList::EditRequested, this, &TagValuesDialog::editValue);
+    list_->filter().setFocus();
+}
+
+void TagValuesDialog::fillStatusBar() {
+    status_ = control<QLabel>(kStatusNow);
+    showPath(control<QLabel>(kStatusFile),
+             hasOneFile() ? platform::display(files().front()) : QStringLiteral("Batch Mode"));
+}
+
+void TagValuesDialog::showStatus(const QString& text) {
+    showPath(status_, text);
+}
+
+bool TagValuesDialog::fill(TagRows rows, const std::filesystem::path& output, const ReadInto& read) {
+    const bool wasRead = !hasOneFile() || readValues(parts_, rows, output, read);
+    list_->model().setRows(wasRead ? std::move(rows) : TagRows());
+    if (!wasRead) list_->setEmptyText(parts_.language.text(text::kFileNotRead));
+    return wasRead;
+}
+
+QString TagValuesDialog::editableValue(const TagRow& row) const {
+    if (!isCorrected()) return row.value.left(kLongestDesignedValue);
+    const auto record =
+        row.tagId < 0 ? std::nullopt : parts_.dictionary.FindTagById(static_cast<std::uint32_t>(row.tagId));
+    if (row.changed || row.value.isEmpty() || !record) return row.value;
+    return parts_.values->editableValue(files().front(), *record, row.value);
+}
+
+void TagValuesDialog::startEdit(const TagRow& row) {
+    edit_.filePath.clear();
+    edit_.value = editableValue(row);
+    edit_.title = row.name;
+    edit_.group = row.group;
+    edit_.tagId = row.tagId;
+    edit_.comboCode.clear();
+    if (row.kind == tags::ValueKind::Rating) edit_.selection = tags::designedRatingSelection(edit_.value);
+    if (row.kind == tags::ValueKind::List && isCorrected())
+        edit_.selection = parts_.labels.GetComboIndex(row.tagId, edit_.value);
+}
+
+void TagValuesDialog::editValue(std::size_t row) {
+    const TagRow& edited = list_->rows()[row];
+    if (!edited.kind || isWriting_) return;
+    startEdit(edited);
+    const tags::TagEditContext before = edit_;
+    if (parts_.values->editValue(edit_, *edited.kind, this) == 0) return;
+    const bool isSame = edited.kind == tags::ValueKind::List ? edit_.selection == before.selection
+                                                             : edit_.value == before.value;
+    if (isCorrected() && isSame) return;
+    const bool severalEntries = isCorrected() && edited.kind == tags::ValueKind::Text &&
+                                parts_.labels.takesSeveralValues(edited.tagId);
+    list_->model().setValue(
+        row, {.value = edit_.value, .code = edit_.comboCode, .severalEntries = severalEntries});
+}
+
+int TagValuesDialog::result() const {
+    return runs_.begun == 0 || runs_.lastWasRun ? 1 : 0;
+}
+
+void TagValuesDialog::accept() {
+    if (isWriting_) return;
+    isWriting_ = true;
+    app::Settings::Main& settings = parts_.context.settings.main;
+    settings.widthAddModify = width();
+    settings.heightAddModify = height();
+    runs_ = {};
+    // The window stays alive while ExifTool runs.
+    const TagRows rows = list_->rows();
+    if (hasSomethingToWrite(parts_, rows)) {
+        const auto tell = [this](const QString& message) {
+            dialogs::showMessage(this, {.text = message, .icon = dialogs::MessageIcon::Information});
+        };
+        runs_ = writeFiles(parts_, windowTitle(), files(), tell, [&](const std::filesystem::path& file) {
+            showStatus(platform::display(file));
+            return writeFile(rows, file);
+        });
+    }
+    showStatus({});
+    isWriting_ = false;
+    done(result());
+}
+
+void TagValuesDialog::reject() {
+    if (!isWriting_) DarkModeDialogBase::reject();
+}
+
+}  // namespace taglists

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "dialogs/DarkModeDialogBase.h"
+#include "jobs/OperationParts.h"
+#include "taglists/TagList.h"
+#include "taglists/TagValueWrites.h"
+#include "tags/TagEditContext.h"
+
+#include <filesystem>
+#include <vector>
+
+class QLabel;
+
+namespace taglists {
+
+/// What the dialogs with a list of values have in common: a status bar of two parts, the list whose values
+/// are edited one by one, and at OK the write of file after file. Its result is that of the last write.
+class TagValuesDialog : public dialogs::DarkModeDialogBase {
+    Q_OBJECT
+
+ public:
+    static constexpr int kStatusBar = 400;
+    static constexpr int kList = 1328;
+
+    struct Task {
+        int templateNumber = 0;
+        QString title;
+        std::vector<std::filesystem::path> files;  ///< at least one
+        std::vector<TagColumn> columns;
+    };
+
+    /// What parts refer to outlives the dialog.
+    TagValuesDialog(const jobs::OperationParts& parts, Task task, QWidget* parent);
+
+    TagList& list() { return *list_; }
+    /// What the last accept() has done.
+    const FileRuns& runs() const { return runs_; }
+
+    void accept() override;
+    void reject() override;
+
+ protected:
+    /// Shows the rows; with one file what it holds stands in them. False when it could not be read: the list
+    /// is then empty.
+    bool fill(TagRows rows, const std::filesystem::path& output, const ReadInto& read);
+
+    /// rows: as they stood at OK.
+    virtual int writeFile(const TagRows& rows, const std::filesystem::path& file) = 0;
+    /// What the dialog ends with: 1 or 0.
+    virtual int result() const;
+
+    const jobs::OperationParts& parts() const { return parts_; }
+    const std::vector<std::filesystem::path>& files() const { return task_.files; }
+    bool isCorrected() const { return parts_.context.settings.exifTool.correctedCommands; }
+    bool hasOneFile() const { return task_.files.size() == 1; }
+    void showStatus(const QString& text);
+
+ private:
+    void placeList();
+    void fillStatusBar();
+    void editValue(std::size_t row);
+    void startEdit(const TagRow& row);
+    QString editableValue(const TagRow& row) const;
+
+    const jobs::OperationParts parts_;
+    Task task_;
+    TagList* list_ = nullptr;
+    QLabel* status_ = nullptr;
+    tags::TagEditContext edit_;  ///< the designed form opens a list of values on the entry chosen last
+    FileRuns runs_;
+    bool isWriting_ = false;
+};
+
+/// "photo.jpg", or "12 files": whom a dialog works on, for its title.
+QString filesText(const app::LanguageFile& language, const std::vector<std::filesystem::path>& files);
+
+}  // namespace taglists

@@ -1,0 +1,45 @@
+#include "taglists/TickedTagsDialog.h"
+
+#include "dialogs/Messages.h"
+#include "taglists/RemovalTexts.h"
+
+#include <QAbstractButton>
+
+namespace taglists {
+
+namespace {
+
+enum Control { kListPlace = 81100, kTickAll = 81101, kTickNone = 81102 };
+
+}  // namespace
+
+TickedTagsDialog::TickedTagsDialog(const jobs::OperationParts& parts, int templateNumber,
+                                   TagList::Wishes wishes, QSize size, QWidget* parent)
+    : DarkModeDialogBase(parts.language, templateNumber, parent), parts_(parts) {
+    resize(size);
+    auto* place = control<QWidget>(kListPlace);
+    if (place == nullptr) return;
+    wishes.listControl = kListControl;
+    wishes.look.ticks = true;
+    list_ = TagList::placeIn(*place, parts_, std::move(wishes));
+    list_->setEmptyText(parts_.language.text(text::kNothingToRemove));
+    list_->setFocus();
+    for (const int button : {kTickAll, kTickNone}) {
+        if (auto* tick = control<QAbstractButton>(button))
+            connect(tick, &QAbstractButton::clicked, this,
+                    [this, button] { list_->model().setAllShownTicked(button == kTickAll); });
+    }
+}
+
+std::vector<TagAddress> TickedTagsDialog::tickedTags() const {
+    std::vector<TagAddress> tags;
+    for (const TagRow& row : list_->tickedRows())
+        tags.push_back({row.group.toStdString(), row.name.toStdString()});
+    return tags;
+}
+
+void TickedTagsDialog::tellLeftOut(const QString& message) {
+    dialogs::showMessage(this, {message, dialogs::MessageIcon::Information});
+}
+
+}  // namespace taglists

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "dialogs/DarkModeDialogBase.h"
+#include "jobs/OperationParts.h"
+#include "taglists/RemovalLines.h"
+#include "taglists/TagList.h"
+
+#include <QSize>
+#include <filesystem>
+#include <vector>
+
+namespace taglists {
+
+/// The base of the dialogs in which tags or groups are ticked to be removed: the list with its filter, and
+/// the buttons that tick all that is shown, or nothing.
+class TickedTagsDialog : public dialogs::DarkModeDialogBase {
+    Q_OBJECT
+
+ public:
+    static constexpr int kListControl = 1328;
+
+ protected:
+    /// wishes for the list; the control number and the ticks are set here.
+    TickedTagsDialog(const jobs::OperationParts& parts, int templateNumber, TagList::Wishes wishes,
+                     QSize size, QWidget* parent);
+
+    const jobs::OperationParts& parts() const { return parts_; }
+    TagList* list() const { return list_; }  ///< null when the form is missing
+    /// The ticked rows that have a tag, as ExifTool is to get them.
+    std::vector<TagAddress> tickedTags() const;
+    /// Shows that a file is left out.
+    void tellLeftOut(const QString& message);
+
+ private:
+    const jobs::OperationParts parts_;
+    TagList* list_ = nullptr;
+};
+
+}  // namespace taglists

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "taglists/TagListRows.h"
+
+#include <QString>
+#include <cstddef>
+#include <functional>
+#include <span>
+#include <string_view>
+#include <vector>
+
+/// A file with values to fill a list with: a line of names separated by commas, and a line with the values
+/// that belong to them. It begins with the name of the file that the values were read from.
+namespace taglists {
+
+enum class ValuesFileForm {
+    /// The first line has to end in a carriage return and is cut at 256 names, a name at 255 bytes, the
+    /// values at
+    /// 5096 bytes.
+    Designed,
+    /// As ExifTool writes it with -csv, on any platform and of any length: quotes are doubled within quotes,
+    /// and a
+    /// name may have its group before it ("IFD0:Make").
+    Corrected,
+};
+
+struct NamedValue {
+    QString group;  ///< empty when the name stood alone
+    QString name;
+    QString value;
+
+    bool operator==(const NamedValue&) const = default;
+};
+
+/// Nothing when the file has no such two lines. Names without a value are left out.
+std::vector<NamedValue> parseValuesFile(std::string_view bytes, ValuesFileForm form);
+
+struct LoadedValues {
+    std::size_t set = 0;
+    std::size_t unknown = 0;  ///< names that no row has
+};
+
+/// Gives each value to the first row of its name, blind to case. In the corrected form to the row of its
+/// group, and where it has none, of the likeliest one: a make is that of IFD0 before that of the thumbnail;
+/// an empty value touches no row there. takesSeveral: whether the tag of an id holds a list, whose entries
+/// ExifTool writes with ", " between them.
+using TakesSeveral = std::function<bool(int tagId)>;
+LoadedValues applyValues(TagRows& rows, std::span<const NamedValue> values, ValuesFileForm form,
+                         const TakesSeveral& takesSeveral);
+
+}  // namespace taglists

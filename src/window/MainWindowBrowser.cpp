@@ -1,0 +1,141 @@
+#include "app/SettingsStore.h"
+#include "app/SizeText.h"
+#include "app/TextNumbers.h"
+#include "browser/AddressBar.h"
+#include "browser/PlacesPanel.h"
+#include "browser/ShellBrowser.h"
+#include "browser/TabContainer.h"
+#include "dialogs/ProgressDialog.h"
+#include "panel/MetadataPanel.h"
+#include "platform/Text.h"
+#include "window/MainWindow.h"
+
+#include <QDir>
+#include <QLabel>
+#include <QStackedWidget>
+#include <QStandardPaths>
+#include <QVBoxLayout>
+#include <utility>
+
+namespace window {
+
+void MainWindow::createBrowser() {
+    middle_ = new QWidget(client_);
+    middle_->setObjectName(QStringLiteral("middle"));
+    auto* lists = new QStackedWidget(middle_);
+    lists->setObjectName(QStringLiteral("lists"));
+    tabs_ = new browser::TabContainer(context_, properties_, *lists, middle_);
+    addressBar_ = new browser::AddressBar(*tabs_, middle_);
+    auto* layout = new QVBoxLayout(middle_);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(tabs_);
+    layout->addWidget(addressBar_);
+    layout->addWidget(lists, 1);
+}
+
+void MainWindow::connectBrowser() {
+    using browser::Tab;
+    const auto keep = [this](const boost::signals2::connection& connection) {
+        connections_.emplace_back(connection);
+    };
+    keep(tabs_->TabSelected.connect([this](const Tab&) { tabSelected(); }));
+    keep(tabs_->TabNavigationCompleted.connect([this](const Tab& tab) {
+        if (&tab == &tabs_->GetSelectedTab()) navigationCompleted();
+    }));
+    keep(tabs_->TabListSelectionChanged.connect([this](const Tab&) { refreshStatusBar(); }));
+    keep(tabs_->MetadataOutdated.connect([this](const Tab&) { Dispatch(app::command::kClearMetadata); }));
+    keep(tabs_->FileClicked.connect(
+        [this](const Tab&, const std::filesystem::path& file, std::int32_t) { fileClicked(file); }));
+    keep(tabs_->FileActivated.connect(
+        [this](const Tab&, const std::filesystem::path& file) { openPath(file); }));
+    keep(addressBar_->StatusMessage.connect([this](const QString& text) { showStatus(text); }));
+    keep(
+        places_->PlaceActivated.connect([this](const std::filesystem::path& folder) { openFolder(folder); }));
+}
+
+void MainWindow::openStartFolder() {
+    app::loadStartFolder(context_);
+    const std::filesystem::path candidates[] = {
+        platform::pathFromText(context_.settings.startFolder),
+        platform::pathFromText(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation)),
+        context_.installPath / "samples",
+        platform::pathFromText(QDir::homePath()),
+    };
+    for (const std::filesystem::path& folder : candidates) {
+        browser::TabSettings settings;
+        settings.selected = true;
+        if (!folder.empty() && tabs_->CreateNewTab(folder, settings) != nullptr) return;
+    }
+    tabs_->CreateNewTab("/", {});
+}
+
+browser::ShellBrowser& MainWindow::activeBrowser() {
+    return tabs_->GetSelectedTab().shellBrowser();
+}
+
+bool MainWindow::openFolder(const std::filesystem::path& folder) {
+    const long result = activeBrowser().navigationController().BrowseFolder(folder);
+    if (result == browser::kNavigationOk) return true;
+    showStatus(browser::navigationFailureText(result, platform::display(folder)));
+    return false;
+}
+
+void MainWindow::tabSelected() {
+    // The tags shown belong to a file of the tab that was left.
+    if (ready_) clearMetadata(app::command::kClearMetadata);
+    navigationCompleted();
+    focusFileList();
+}
+
+void MainWindow::navigationCompleted() {
+    updateTitle();
+    places_->setCurrentFolder(activeBrowser().currentFolder());
+    refreshStatusBar();
+    if (!ready_) return;
+    updateToggles();
+    selectAgain();
+    if (!std::exchange(keepsStatus_, false)) showStatus(QStringLiteral("Ready"));
+}
+
+void MainWindow::updateTitle() {
+    const browser::Tab& tab = tabs_->GetSelectedTab();
+    const QString place = context_.settings.main.showFullTitlePath
+                              ? platform::display(tab.shellBrowser().currentFolder())
+                              : tab.name();
+    setWindowTitle(place.isEmpty() ? QStringLiteral("Tagwright") : place + QStringLiteral(" - Tagwright"));
+}
+
+void MainWindow::fileClicked(const std::filesystem::path& file) {
+    // A second click while the first file is still being read is dropped, not piled up.
+    if (!context_.settings.lists.showMetadataWindow || progress_.isWaiting()) return;
+    context_.currentFile = file;
+    metadataPanel_->newSelection(file);
+}
+
+void MainWindow::focusFileList() {
+    if (tabs_ != nullptr && tabs_->hasTabs()) activeBrowser().view().setFocus();
+}
+
+void MainWindow::refreshStatusBar() {
+    if (tabs_ == nullptr || !tabs_->hasTabs()) return;
+    const browser::ShellBrowser& active = activeBrowser();
+    const browser::ItemList::Totals& totals = active.totals();
+    QStringList parts;
+    const auto count = [&](std::uint32_t number, int one, int many) {
+        if (number > 0)
+            parts.append(app::formatText(
+                u"%s %s", {QLocale().toString(number), language_.text(number == 1 ? one : many)}));
+    };
+    count(totals.selectedFolders, app::text::kFolderSelected, app::text::kFoldersSelected);
+    count(totals.selectedFiles, app::text::kFileSelected, app::text::kFilesSelected);
+    const int forced = context_.settings.main.forceSize ? context_.settings.main.sizeDisplayFormat : 0;
+    if (totals.selectedFiles > 0) parts.append(app::sizeText(totals.selectedSize, forced));
+    const int items = active.model().rowCount();
+    parts.append(
+        app::formatText(u"Total %s %s (%s)", {QLocale().toString(items), language_.text(app::text::kItems),
+                                              app::sizeText(totals.folderSize, forced)}));
+    selectionText_->setText(parts.join(QStringLiteral("   ·   ")));
+}
+
+}  // namespace window
