@@ -2,7 +2,6 @@
 
 #include "app/PaneLayout.h"
 #include "app/SettingsStore.h"
-#include "app/SizeText.h"
 #include "app/StartUp.h"
 #include "app/TextNumbers.h"
 #include "browser/AddressBar.h"
@@ -14,10 +13,14 @@
 #include "controls/Ribbon.h"
 #include "dialogs/Messages.h"
 #include "dialogs/ProgressDialog.h"
+#include "edit/ValueEditor.h"
 #include "panel/MetadataPanel.h"
 #include "platform/Text.h"
-#include "window/MainWindowFeedback.h"
 #include "window/RibbonContents.h"
+#include "window/StatusBar.h"
+#include "window/SubjectCommands.h"
+#include "window/WindowFeedback.h"
+#include "window/WindowParts.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -31,7 +34,6 @@ namespace window {
 
 namespace {
 
-constexpr int kStatusBarHeight = 26;
 constexpr int kTopBandHeight = 34;
 constexpr int kLeftMargin = 8;
 constexpr int kDefaultLeftWidth = 240;
@@ -48,7 +50,9 @@ MainWindow::MainWindow(app::AppContext& context, const app::LanguageFile& langua
       labels_(context.settings.main.language, dictionary_),
       parser_(dictionary_, context.settings, ratingMemory_, ratingLog_),
       runner_(context),
-      feedback_(std::make_unique<Feedback>(*this, progress)),
+      statusBar_(new StatusBar(context, language, this)),
+      feedback_(std::make_unique<WindowFeedback>(*this, context, progress, *statusBar_,
+                                                 [this] { focusFileList(); })),
       readCommands_(context, runner_, *feedback_),
       load_(context, runner_, readCommands_, parser_) {
     setObjectName(QStringLiteral("Tagwright"));
@@ -82,10 +86,11 @@ bool MainWindow::buildContents() {
     client_->setObjectName(QStringLiteral("client"));
     layout->addWidget(ribbon_);
     layout->addWidget(client_, 1);
-    createStatusBar();
+    statusBar_->setParent(client_);
     createHolders();
     loadColumns();
     createBrowser();
+    createCommands();
     connectBrowser();
     openStartFolder();
     createShortcuts();
@@ -120,24 +125,6 @@ bool MainWindow::createRibbon() {
     return true;
 }
 
-void MainWindow::createStatusBar() {
-    statusBar_ = new QWidget(client_);
-    statusBar_->setObjectName(QStringLiteral("statusBar"));
-    statusText_ = new QLabel(statusBar_);
-    statusText_->setObjectName(QStringLiteral("statusText"));
-    statusText_->setTextFormat(Qt::PlainText);
-    // A long text is cut at the edge and never widens the window.
-    statusText_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    selectionText_ = new QLabel(statusBar_);
-    selectionText_->setObjectName(QStringLiteral("selectionText"));
-    selectionText_->setTextFormat(Qt::PlainText);
-    auto* layout = new QHBoxLayout(statusBar_);
-    layout->setContentsMargins(12, 0, 12, 0);
-    layout->setSpacing(16);
-    layout->addWidget(statusText_, 1);
-    layout->addWidget(selectionText_);
-}
-
 void MainWindow::createHolders() {
     leftTitle_ = new QLabel(language_.text(app::text::kFoldersTitle), client_);
     leftTitle_->setObjectName(QStringLiteral("leftTitle"));
@@ -157,8 +144,6 @@ void MainWindow::createHolders() {
         new panel::MetadataPanel({context_, dictionary_, ratingMemory_, parser_, load_, *feedback_,
                                   [this](int number) { return language_.text(number); }, &labels_},
                                  client_);
-    connect(metadataPanel_, &panel::MetadataPanel::ValueChosen, this, &MainWindow::EditTagFromPanel);
-    connect(metadataPanel_, &panel::MetadataPanel::CommandChosen, this, &MainWindow::Dispatch);
     for (const char* name : {"GPS_HOLDER", "HEXADUMP_HOLDER", "HELP_HOLDER"}) {
         auto* holder = new QWidget(client_);
         holder->setObjectName(QLatin1String(name));
@@ -176,6 +161,32 @@ void MainWindow::createHolders() {
             [this] { setRightHolderWidth(kDefaultRightWidth); });
 }
 
+void MainWindow::createCommands() {
+    jobs::OperationParts operations{context_,   language_, dictionary_,   labels_,   ratingMemory_,
+                                    ratingLog_, runner_,   readCommands_, *feedback_};
+    values_ = std::make_unique<edit::ValueEditor>(operations);
+    operations.values = values_.get();
+    parts_ = std::make_unique<WindowParts>(WindowParts{*this, context_, language_, progress_, dictionary_,
+                                                       runner_, readCommands_, *feedback_, operations, *tabs_,
+                                                       *metadataPanel_, *statusBar_});
+    commands_ = std::make_unique<SubjectCommands>(*parts_, [this] { relayout(); });
+    connect(metadataPanel_, &panel::MetadataPanel::ValueChosen, this,
+            [this](int row, bool altHeld) { commands_->editing().EditTagFromPanel(row, altHeld); });
+    connect(metadataPanel_, &panel::MetadataPanel::CommandChosen, this, &MainWindow::Dispatch);
+}
+
+void MainWindow::Dispatch(app::CommandId id) {
+    const app::Command* entry = app::findCommand(id);
+    // A command that came while a tool is being waited for would start a second wait inside the first.
+    if (entry == nullptr || !entry->built || progress_.isWaiting()) return;
+    if (entry->needsSelection && parts_->selectedFile().empty()) {
+        dialogs::showMessage(this,
+                             {language_.text(app::text::kNoFileSelected), dialogs::MessageIcon::Information});
+        return;
+    }
+    if (commands_->map().run(id)) updateToggles();
+}
+
 void MainWindow::setRightHolderWidth(int pixels) {
     context_.settings.windowSizes.holderRightWidth = app::rightHolderWidth(pixels);
     relayout();
@@ -190,7 +201,7 @@ void MainWindow::relayout() {
     const app::Settings& settings = context_.settings;
     app::PaneLayoutInput input;
     input.client = client_->size();
-    input.statusBarHeight = settings.main.showStatusBar ? kStatusBarHeight : 0;
+    input.statusBarHeight = settings.main.showStatusBar ? StatusBar::kHeightPixels : 0;
     input.topBandHeight = kTopBandHeight;
     input.leftShown = settings.main.showFolders;
     input.rightShown = settings.lists.showMetadataWindow;
@@ -239,32 +250,20 @@ void MainWindow::Show() {
 }
 
 void MainWindow::showStatus(const QString& text) {
-    // A name may hold line feeds; the bar has one line.
-    QString line = text;
-    statusText_->setText(line.replace(u'\n', u' ').replace(u'\r', u' '));
-    // What follows may keep the event loop waiting.
-    if (statusText_->isVisible()) statusText_->repaint();
+    statusBar_->showStatus(text);
 }
 
 QString MainWindow::statusText() const {
-    return statusText_->text();
+    return statusBar_->statusText();
 }
 
 QString MainWindow::selectionText() const {
-    return selectionText_->text();
+    return statusBar_->selectionText();
 }
 
 void MainWindow::tellSettingsProblem(const QString& why) {
     dialogs::showMessage(
         this, {language_.formatted(app::text::kSettingsNotSaved, {why}), dialogs::MessageIcon::Exclamation});
-}
-
-void MainWindow::setRightPanel(bool app::Settings::Lists::*flag, bool shown) {
-    // The four right panels exclude each other.
-    context_.settings.lists = {};
-    context_.settings.lists.*flag = shown;
-    updateToggles();
-    relayout();
 }
 
 void MainWindow::updateToggles() {

@@ -19,11 +19,6 @@
 
 class QLabel;
 
-namespace batch {
-struct BatchOperation;
-struct BatchOptions;
-}  // namespace batch
-
 namespace browser {
 class AddressBar;
 class PlacesPanel;
@@ -41,24 +36,16 @@ namespace dialogs {
 class ProgressDialog;
 }
 
-namespace exiftool {
-struct TagWriteResult;
-struct ValuesExport;
-}  // namespace exiftool
-
-namespace jobs {
-class QuietSuccessNotice;
-}
-
 namespace panel {
 class MetadataPanel;
 }
 
-namespace taglists {
-struct FileRuns;
-}
-
 namespace window {
+
+class StatusBar;
+class SubjectCommands;
+class WindowFeedback;
+struct WindowParts;
 
 /// The one top-level window: ribbon, left holder, tabs with the file lists, one of four right holders, status
 /// bar. It owns what the window works with (dictionary, parser, ExifTool) and is the place where all commands
@@ -81,8 +68,6 @@ class MainWindow : public QWidget {
 
     /// Where every command ends: ribbon, menus, keys and scripts. An id that is not built does nothing.
     void Dispatch(app::CommandId id);
-    /// Whether Dispatch() has something to do for the number.
-    static bool handles(app::CommandId id);
 
     void setRightHolderWidth(int pixels);
     void setLeftHolderWidth(int pixels);
@@ -108,20 +93,11 @@ class MainWindow : public QWidget {
     void changeEvent(QEvent* event) override;
 
  private:
-    class Feedback;
-    using Handler = void (MainWindow::*)(app::CommandId);
-    struct HandledCommand {
-        app::CommandId first;
-        app::CommandId last;  ///< the same as first for most
-        Handler handler;
-    };
-    static const std::vector<HandledCommand>& handledCommands();
-
     bool createRibbon();
-    void createStatusBar();
     void startWarmStarter();
     void createHolders();
     void createBrowser();
+    void createCommands();
     void createShortcuts();
     void connectBrowser();
     void openStartFolder();
@@ -131,98 +107,7 @@ class MainWindow : public QWidget {
     void updateTitle();
     void tabSelected();
     void navigationCompleted();
-    void fileClicked(const std::filesystem::path& file);
-    void openPath(const std::filesystem::path& path);
     void focusFileList();
-    void setRightPanel(bool app::Settings::Lists::*flag, bool shown);
-    std::filesystem::path selectedFile();
-    /// The first file among what is selected; where there is none, a message says so.
-    std::filesystem::path selectedRegularFile();
-    bool clearTheWay(const std::filesystem::path& target);
-    /// Both give the reason for people when nothing has been written, else an empty text.
-    QString exportStraight(const std::filesystem::path& file, const std::filesystem::path& target,
-                           const exiftool::ValuesExport& format);
-    QString exportByWayOfTemp(const std::filesystem::path& file, const std::filesystem::path& target,
-                              const exiftool::ValuesExport& format);
-    jobs::OperationParts editParts();
-
-    // Operations over several files.
-    /// The files that a command over several files works on: those of the selection, or else of a folder that
-    /// the user is asked for. Ends the last operation's report. None when there is nothing to work on.
-    std::vector<std::filesystem::path> GatherSelection();
-    /// At the end of such a command: the report, or a quiet word when there is none.
-    void ShowBatchReport();
-    std::vector<std::filesystem::path> gatherFolder();
-    void runBatch(app::CommandId id);
-    /// The dialog of an operation that asks for something: 1 when it ran, 0 when it was cancelled.
-    int openBatchDialog(const batch::BatchOperation& operation, const batch::BatchOptions& options);
-    void exportPayloads(app::CommandId id);
-    void showReportBeginning();
-    /// The end of a dialog that wrote tags: what it changed is read again, and the report follows.
-    void tagsWereWritten(const taglists::FileRuns& runs);
-    /// After files were changed or renamed: the list and the panel are read again.
-    void showWhatChanged();
-    void selectAgain();
-
-    // Editing the shown file.
-    /// A click on a value of the panel, or Enter on its row: the dialog that fits the tag, and the write.
-    void EditTagFromPanel(int rowIndex, bool altHeld);
-    /// False, with the reason told, when the shown file is gone or no longer the one that was read.
-    bool isPanelUpToDate();
-    void viewRow(const tags::MetadataRow& row, int templateNumber);
-    void editRow(int rowIndex, const tags::MetadataRow& row, const tags::TagRecord& record);
-    bool mayWriteAfterAll(const std::filesystem::path& file);
-    void writeEdit(const std::filesystem::path& file, const app::CurrentEdit& edit);
-    /// Tells what became of a write. False when nothing was written.
-    bool tellWrite(const exiftool::TagWriteResult& result, const QString& done);
-    void readPanelAgainSoon();
-    void deleteTag(app::CommandId id);
-    void deleteGroup(app::CommandId id);
-    void readFileAgain(app::CommandId id);
-
-    // Removing and copying tags.
-    /// Shows what has changed, and the report.
-    void endRemoval(bool hasRun);
-    void deleteAll(app::CommandId id);
-    void removeTags(app::CommandId id);
-    void removeGroupTypes(app::CommandId id);
-    void removeFamily(app::CommandId id);
-    void copyTags(app::CommandId id);
-    /// Of the group of the panel's current row; without one, of all groups.
-    void removeTagsFromShownFile(app::CommandId id);
-
-    // Commands.
-    void toggleFolders(app::CommandId id);
-    void toggleStatusBar(app::CommandId id);
-    void setView(app::CommandId id);
-    void toggleMetadataPanel(app::CommandId id);
-    void openSelected(app::CommandId id);
-    void clearSelection(app::CommandId id);
-    void selectAll(app::CommandId id);
-    void invertSelection(app::CommandId id);
-    void focusList(app::CommandId id);
-    void refresh(app::CommandId id);
-    void goBack(app::CommandId id);
-    void goForward(app::CommandId id);
-    void goUp(app::CommandId id);
-    void toggleCheckBoxes(app::CommandId id);
-    void toggleHidden(app::CommandId id);
-    void sortBy(app::CommandId id);
-    void sortDirection(app::CommandId id);
-    void clearMetadata(app::CommandId id);
-    void readSelection(app::CommandId id);
-    void refreshPanel(app::CommandId id);
-    void dumpFile(app::CommandId id);
-    void showExportMenu(app::CommandId id);
-    void exportValues(app::CommandId id);
-    void openAddress(app::CommandId id);
-    void applyItemStates(app::CommandId id);
-    void modifyTags(app::CommandId id);
-    void addTags(app::CommandId id);
-    void addTagsToShownFile(app::CommandId id);
-    void showAbout(app::CommandId id);
-    void closeWindow(app::CommandId id);
-    void restart(app::CommandId id);
 
     // Stopping.
     void saveEverything();
@@ -240,7 +125,8 @@ class MainWindow : public QWidget {
     tags::OutputParser parser_;
     exiftool::WarmStarter warmStarter_;
     exiftool::ToolRunner runner_;
-    std::unique_ptr<Feedback> feedback_;
+    StatusBar* statusBar_;
+    std::unique_ptr<WindowFeedback> feedback_;
     std::unique_ptr<jobs::ValueEditing> values_;
     exiftool::ReadCommands readCommands_;
     exiftool::MetadataLoad load_;
@@ -248,8 +134,6 @@ class MainWindow : public QWidget {
 
     bool ready_ = false;
     bool hasPainted_ = false;
-    std::vector<std::filesystem::path> selectedAgain_;  ///< once the list has been read again
-    bool keepsStatus_ = false;  ///< the next reading of the list leaves the status as it is
     bool closed_ = false;
     controls::Ribbon* ribbon_ = nullptr;
     QWidget* client_ = nullptr;
@@ -263,10 +147,8 @@ class MainWindow : public QWidget {
     controls::PaneHandle* rightHandle_ = nullptr;
     panel::MetadataPanel* metadataPanel_ = nullptr;
     std::vector<QWidget*> emptyHolders_;
-    jobs::QuietSuccessNotice* successNotice_ = nullptr;
-    QWidget* statusBar_ = nullptr;
-    QLabel* statusText_ = nullptr;
-    QLabel* selectionText_ = nullptr;
+    std::unique_ptr<WindowParts> parts_;
+    std::unique_ptr<SubjectCommands> commands_;
     std::vector<boost::signals2::scoped_connection> connections_;
 };
 

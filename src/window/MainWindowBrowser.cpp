@@ -1,21 +1,17 @@
 #include "app/SettingsStore.h"
-#include "app/SizeText.h"
-#include "app/TextNumbers.h"
 #include "browser/AddressBar.h"
 #include "browser/PlacesPanel.h"
 #include "browser/ShellBrowser.h"
 #include "browser/TabContainer.h"
-#include "dialogs/ProgressDialog.h"
-#include "panel/MetadataPanel.h"
 #include "platform/Text.h"
 #include "window/MainWindow.h"
+#include "window/StatusBar.h"
+#include "window/SubjectCommands.h"
 
 #include <QDir>
-#include <QLabel>
 #include <QStackedWidget>
 #include <QStandardPaths>
 #include <QVBoxLayout>
-#include <utility>
 
 namespace window {
 
@@ -45,10 +41,11 @@ void MainWindow::connectBrowser() {
     }));
     keep(tabs_->TabListSelectionChanged.connect([this](const Tab&) { refreshStatusBar(); }));
     keep(tabs_->MetadataOutdated.connect([this](const Tab&) { Dispatch(app::command::kClearMetadata); }));
-    keep(tabs_->FileClicked.connect(
-        [this](const Tab&, const std::filesystem::path& file, std::int32_t) { fileClicked(file); }));
+    keep(tabs_->FileClicked.connect([this](const Tab&, const std::filesystem::path& file, std::int32_t) {
+        commands_->reading().fileClicked(file);
+    }));
     keep(tabs_->FileActivated.connect(
-        [this](const Tab&, const std::filesystem::path& file) { openPath(file); }));
+        [this](const Tab&, const std::filesystem::path& file) { commands_->browse().openPath(file); }));
     keep(addressBar_->StatusMessage.connect([this](const QString& text) { showStatus(text); }));
     keep(
         places_->PlaceActivated.connect([this](const std::filesystem::path& folder) { openFolder(folder); }));
@@ -74,16 +71,9 @@ browser::ShellBrowser& MainWindow::activeBrowser() {
     return tabs_->GetSelectedTab().shellBrowser();
 }
 
-bool MainWindow::openFolder(const std::filesystem::path& folder) {
-    const long result = activeBrowser().navigationController().BrowseFolder(folder);
-    if (result == browser::kNavigationOk) return true;
-    showStatus(browser::navigationFailureText(result, platform::display(folder)));
-    return false;
-}
-
 void MainWindow::tabSelected() {
     // The tags shown belong to a file of the tab that was left.
-    if (ready_) clearMetadata(app::command::kClearMetadata);
+    if (ready_) commands_->reading().clearMetadata(app::command::kClearMetadata);
     navigationCompleted();
     focusFileList();
 }
@@ -94,8 +84,7 @@ void MainWindow::navigationCompleted() {
     refreshStatusBar();
     if (!ready_) return;
     updateToggles();
-    selectAgain();
-    if (!std::exchange(keepsStatus_, false)) showStatus(QStringLiteral("Ready"));
+    if (!commands_->ending().listWasRead()) showStatus(QStringLiteral("Ready"));
 }
 
 void MainWindow::updateTitle() {
@@ -106,36 +95,16 @@ void MainWindow::updateTitle() {
     setWindowTitle(place.isEmpty() ? QStringLiteral("Tagwright") : place + QStringLiteral(" - Tagwright"));
 }
 
-void MainWindow::fileClicked(const std::filesystem::path& file) {
-    // A second click while the first file is still being read is dropped, not piled up.
-    if (!context_.settings.lists.showMetadataWindow || progress_.isWaiting()) return;
-    context_.currentFile = file;
-    metadataPanel_->newSelection(file);
-}
-
 void MainWindow::focusFileList() {
     if (tabs_ != nullptr && tabs_->hasTabs()) activeBrowser().view().setFocus();
 }
 
+bool MainWindow::openFolder(const std::filesystem::path& folder) {
+    return commands_->browse().openFolder(folder);
+}
+
 void MainWindow::refreshStatusBar() {
-    if (tabs_ == nullptr || !tabs_->hasTabs()) return;
-    const browser::ShellBrowser& active = activeBrowser();
-    const browser::ItemList::Totals& totals = active.totals();
-    QStringList parts;
-    const auto count = [&](std::uint32_t number, int one, int many) {
-        if (number > 0)
-            parts.append(app::formatText(
-                u"%s %s", {QLocale().toString(number), language_.text(number == 1 ? one : many)}));
-    };
-    count(totals.selectedFolders, app::text::kFolderSelected, app::text::kFoldersSelected);
-    count(totals.selectedFiles, app::text::kFileSelected, app::text::kFilesSelected);
-    const int forced = context_.settings.main.forceSize ? context_.settings.main.sizeDisplayFormat : 0;
-    if (totals.selectedFiles > 0) parts.append(app::sizeText(totals.selectedSize, forced));
-    const int items = active.model().rowCount();
-    parts.append(
-        app::formatText(u"Total %s %s (%s)", {QLocale().toString(items), language_.text(app::text::kItems),
-                                              app::sizeText(totals.folderSize, forced)}));
-    selectionText_->setText(parts.join(QStringLiteral("   ·   ")));
+    if (tabs_ != nullptr && tabs_->hasTabs()) statusBar_->showTotals(activeBrowser());
 }
 
 }  // namespace window

@@ -8,7 +8,7 @@
 #include "panel/MetadataPanel.h"
 #include "platform/Text.h"
 #include "window/MainWindow.h"
-#include "window/MainWindowFeedback.h"
+#include "window/WindowFeedback.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>

@@ -1,19 +1,31 @@
 #pragma once
 
+#include "app/AppContext.h"
 #include "exiftool/MetadataLoad.h"
 #include "exiftool/ReadCommands.h"
 #include "jobs/FileProgress.h"
-#include "window/MainWindow.h"
+
+#include <QWidget>
+#include <filesystem>
+#include <functional>
+
+namespace dialogs {
+class ProgressDialog;
+}
 
 namespace window {
 
+class StatusBar;
+
 /// What reads, loads and operations over several files say in the main window: wait cursor, status bar,
 /// progress dialog, messages.
-class MainWindow::Feedback : public exiftool::ReadFeedback,
-                             public exiftool::LoadFeedback,
-                             public jobs::FileProgress {
+class WindowFeedback : public exiftool::ReadFeedback,
+                       public exiftool::LoadFeedback,
+                       public jobs::FileProgress {
  public:
-    Feedback(MainWindow& window, dialogs::ProgressDialog& progress);
+    /// All outlive it. focusFileList is called when a load is over.
+    WindowFeedback(QWidget& window, const app::AppContext& context, dialogs::ProgressDialog& progress,
+                   StatusBar& statusBar, std::function<void()> focusFileList);
 
     void showStatus(const QString& text) override;
     void beginWait() override;
@@ -45,8 +57,11 @@ class MainWindow::Feedback : public exiftool::ReadFeedback,
     void tellFilesLeft();
     void closeWhenIdle();
 
-    MainWindow& window_;
+    QWidget& window_;
+    const app::AppContext& context_;
     dialogs::ProgressDialog& progress_;
+    StatusBar& statusBar_;
+    std::function<void()> focusFileList_;
     bool isLoading_ = false;
     bool isReadingShown_ = false;
     int depth_ = 0;  ///< of operations within one another

@@ -1,9 +1,10 @@
-#include "window/MainWindowFeedback.h"
+#include "window/WindowFeedback.h"
 
 #include "dialogs/Messages.h"
 #include "dialogs/ProgressDialog.h"
 #include "exiftool/ReportFile.h"
 #include "platform/Text.h"
+#include "window/StatusBar.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -16,53 +17,59 @@ constexpr std::chrono::milliseconds kUntilIdle{50};
 
 }  // namespace
 
-MainWindow::Feedback::Feedback(MainWindow& window, dialogs::ProgressDialog& progress)
-    : window_(window), progress_(progress) {
+WindowFeedback::WindowFeedback(QWidget& window, const app::AppContext& context,
+                               dialogs::ProgressDialog& progress, StatusBar& statusBar,
+                               std::function<void()> focusFileList)
+    : window_(window),
+      context_(context),
+      progress_(progress),
+      statusBar_(statusBar),
+      focusFileList_(std::move(focusFileList)) {
     progress_.setClosableWindow(&window);
 }
 
-void MainWindow::Feedback::showStatus(const QString& text) {
+void WindowFeedback::showStatus(const QString& text) {
     isReadingShown_ = text.startsWith(QLatin1StringView("Reading "));
-    window_.showStatus(text);
+    statusBar_.showStatus(text);
 }
 
-void MainWindow::Feedback::beginWait() {
+void WindowFeedback::beginWait() {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
 }
 
-void MainWindow::Feedback::endWait() {
+void WindowFeedback::endWait() {
     QGuiApplication::restoreOverrideCursor();
 }
 
-void MainWindow::Feedback::showReading(const std::filesystem::path& file) {
+void WindowFeedback::showReading(const std::filesystem::path& file) {
     isLoading_ = true;
     if (depth_ == 0) progress_.showReading(platform::display(file.filename()));
 }
 
-void MainWindow::Feedback::showSorting() {
+void WindowFeedback::showSorting() {
     if (depth_ == 0) progress_.handleCommand(static_cast<int>(app::ProgressStep::Sorting));
 }
 
-void MainWindow::Feedback::hideProgress() {
+void WindowFeedback::hideProgress() {
     isLoading_ = false;
     if (depth_ == 0) progress_.finish();
 }
 
-void MainWindow::Feedback::showError(const QString& text) {
+void WindowFeedback::showError(const QString& text) {
     dialogs::showMessage(&window_, {text, dialogs::MessageIcon::Stop});
 }
 
-void MainWindow::Feedback::focusFileList() {
-    window_.focusFileList();
+void WindowFeedback::focusFileList() {
+    focusFileList_();
 }
 
-void MainWindow::Feedback::runEnded() {
+void WindowFeedback::runEnded() {
     if (depth_ > 0 || isLoading_) return;
     progress_.finish();
     if (isReadingShown_) showStatus(QStringLiteral("Ready"));
 }
 
-void MainWindow::Feedback::begin(const QString& title, std::size_t count) {
+void WindowFeedback::begin(const QString& title, std::size_t count) {
     if (depth_++ > 0) return;
     count_ = count;
     begun_ = 0;
@@ -73,7 +80,7 @@ void MainWindow::Feedback::begin(const QString& title, std::size_t count) {
     progress_.beginFiles(title, count);
 }
 
-bool MainWindow::Feedback::showFile(const std::filesystem::path& file, std::size_t number) {
+bool WindowFeedback::showFile(const std::filesystem::path& file, std::size_t number) {
     if (depth_ == 1 && !isClosing_) {
         currentFile_ = file;
         progress_.showFile(platform::display(file.filename()), number);
@@ -83,7 +90,7 @@ bool MainWindow::Feedback::showFile(const std::filesystem::path& file, std::size
     return !isClosing_;
 }
 
-void MainWindow::Feedback::End() {
+void WindowFeedback::End() {
     if (--depth_ > 0) return;
     progress_.finish();
     endWait();
@@ -93,22 +100,22 @@ void MainWindow::Feedback::End() {
     closeWhenIdle();
 }
 
-bool MainWindow::Feedback::closeAfterThisFile() {
+bool WindowFeedback::closeAfterThisFile() {
     if (depth_ == 0) return false;
     isClosing_ = true;
     progress_.showClosing();
     return true;
 }
 
-void MainWindow::Feedback::tellFilesLeft() {
+void WindowFeedback::tellFilesLeft() {
     if (begun_ >= count_) return;
     const std::size_t left = count_ - begun_;
-    exiftool::appendToReport(window_.context_, "Warning: The window was closed - " + std::to_string(left) +
-                                                   (left == 1 ? " file was" : " files were") + " not begun");
+    exiftool::appendToReport(context_, "Warning: The window was closed - " + std::to_string(left) +
+                                           (left == 1 ? " file was" : " files were") + " not begun");
 }
 
 // What began the operation still has to end, and its report is read before the window goes.
-void MainWindow::Feedback::closeWhenIdle() {
+void WindowFeedback::closeWhenIdle() {
     QTimer::singleShot(kUntilIdle, &window_, [this] {
         if (QApplication::activeModalWidget() != nullptr || progress_.isWaiting())
             closeWhenIdle();
@@ -117,10 +124,10 @@ void MainWindow::Feedback::closeWhenIdle() {
     });
 }
 
-void MainWindow::Feedback::SafetyCopyFailed(const QString& message) {
+void WindowFeedback::SafetyCopyFailed(const QString& message) {
     if (depth_ > 0 && std::exchange(hasShownCopyFailure_, true)) {
         exiftool::appendToReport(
-            window_.context_, "Warning: " + message.toStdString() + " - " + platform::narrow(currentFile_));
+            context_, "Warning: " + message.toStdString() + " - " + platform::narrow(currentFile_));
         return;
     }
     dialogs::showMessage(&window_, {message, dialogs::MessageIcon::Stop, QStringLiteral("Error")});

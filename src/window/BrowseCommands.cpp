@@ -1,0 +1,140 @@
+#include "window/BrowseCommands.h"
+
+#include "app/TextNumbers.h"
+#include "browser/ShellBrowser.h"
+#include "browser/TabContainer.h"
+#include "dialogs/Messages.h"
+#include "platform/Text.h"
+
+#include <QDesktopServices>
+#include <QUrl>
+
+namespace window {
+
+std::span<const CommandRow<BrowseCommands>> BrowseCommands::rows() {
+    using namespace app::command;
+    static constexpr CommandRow<BrowseCommands> kRows[] = {
+        {kViewDetails, kViewDetails, &BrowseCommands::setView},
+        {kOpenSelectedFolder, kOpenSelectedFolder, &BrowseCommands::openSelected},
+        {kDeselectAll, kDeselectAll, &BrowseCommands::clearSelection},
+        {kFocusList, kFocusList, &BrowseCommands::focusList},
+        {kRefresh, kRefresh, &BrowseCommands::refresh},
+        {kBack, kBack, &BrowseCommands::goBack},
+        {kForward, kForward, &BrowseCommands::goForward},
+        {kUp, kUp, &BrowseCommands::goUp},
+        {kClearSelection, kClearSelection, &BrowseCommands::clearSelection},
+        {kCheckBoxes, kCheckBoxes, &BrowseCommands::toggleCheckBoxes},
+        {kInvertSelectionOfRibbon, kInvertSelectionOfRibbon, &BrowseCommands::invertSelection},
+        {kApplyItemStates, kApplyItemStates, &BrowseCommands::applyItemStates},
+        {kOpenFile, kOpenFile, &BrowseCommands::openSelected},
+        {kSelectAll, kSelectAll, &BrowseCommands::selectAll},
+        {kInvertSelection, kInvertSelection, &BrowseCommands::invertSelection},
+        {kSelectNone, kSelectNone, &BrowseCommands::clearSelection},
+        {kSortAscending, kSortDescending, &BrowseCommands::sortDirection},
+        {kShowHidden, kShowHidden, &BrowseCommands::toggleHidden},
+        {kRefreshOfMenu, kRefreshOfMenu, &BrowseCommands::refresh},
+        {kBackOfMenu, kBackOfMenu, &BrowseCommands::goBack},
+        {kForwardOfMenu, kForwardOfMenu, &BrowseCommands::goForward},
+        {kUpOfMenu, kUpOfMenu, &BrowseCommands::goUp},
+        {kSortBy + 1, kSortBy + 4, &BrowseCommands::sortBy},
+    };
+    return kRows;
+}
+
+void BrowseCommands::setView(app::CommandId id) {
+    const int mode = id - app::command::kViewDetails + 1;
+    parts_.context.settings.main.viewMode = mode;
+    parts_.activeBrowser().SetViewMode(app::viewModeFromIntegral(mode));
+}
+
+void BrowseCommands::openSelected(app::CommandId) {
+    openPath(parts_.selectedFile());
+}
+
+void BrowseCommands::openPath(const std::filesystem::path& path) {
+    if (path.empty()) return;
+    std::error_code error;
+    if (std::filesystem::is_directory(path, error)) {
+        openFolder(path);
+        return;
+    }
+    if (!std::filesystem::is_regular_file(path, error)) return;
+    // A name that is no UTF-8 goes through as percent bytes.
+    const QByteArray bytes = QByteArray::fromStdString(platform::narrow(path));
+    const QUrl address = QUrl::fromEncoded("file://" + bytes.toPercentEncoding("/"));
+    if (!QDesktopServices::openUrl(address))
+        dialogs::showMessage(&parts_.window, {parts_.language.formatted(app::text::kNoProgramOpens,
+                                                                        {platform::display(path.filename())}),
+                                              dialogs::MessageIcon::Exclamation});
+}
+
+bool BrowseCommands::openFolder(const std::filesystem::path& folder) {
+    const long result = parts_.activeBrowser().navigationController().BrowseFolder(folder);
+    if (result == browser::kNavigationOk) return true;
+    parts_.showStatus(browser::navigationFailureText(result, platform::display(folder)));
+    return false;
+}
+
+void BrowseCommands::clearSelection(app::CommandId) {
+    parts_.activeBrowser().view().clearSelection();
+    parts_.focusFileList();
+}
+
+void BrowseCommands::selectAll(app::CommandId) {
+    parts_.activeBrowser().view().selectAll();
+    parts_.focusFileList();
+}
+
+void BrowseCommands::invertSelection(app::CommandId) {
+    parts_.activeBrowser().view().invertSelection();
+    parts_.focusFileList();
+}
+
+void BrowseCommands::focusList(app::CommandId) {
+    parts_.focusFileList();
+}
+
+void BrowseCommands::refresh(app::CommandId) {
+    parts_.activeBrowser().navigationController().Refresh();
+}
+
+void BrowseCommands::goBack(app::CommandId) {
+    parts_.activeBrowser().navigationController().GoToOffset(-1);
+}
+
+void BrowseCommands::goForward(app::CommandId) {
+    parts_.activeBrowser().navigationController().GoToOffset(+1);
+}
+
+void BrowseCommands::goUp(app::CommandId) {
+    parts_.activeBrowser().GoUp();
+}
+
+void BrowseCommands::toggleCheckBoxes(app::CommandId) {
+    parts_.context.settings.listView.showCheckBox = !parts_.context.settings.listView.showCheckBox;
+    for (int at = 0; at < parts_.tabs.tabCount(); ++at)
+        parts_.tabs.GetTabByIndex(at).shellBrowser().applySettings();
+}
+
+void BrowseCommands::toggleHidden(app::CommandId) {
+    parts_.tabs.setShowHidden(!parts_.tabs.showHidden());
+}
+
+void BrowseCommands::sortBy(app::CommandId id) {
+    const int mode = id - app::command::kSortBy;
+    app::Settings::Main& settings = parts_.context.settings.main;
+    // Choosing the mode that the list has turns the order round.
+    if (settings.sortMode == mode) settings.sortAscending = !settings.sortAscending;
+    parts_.activeBrowser().SetSortMode(app::sortModeFromIntegral(mode));
+}
+
+void BrowseCommands::sortDirection(app::CommandId id) {
+    parts_.context.settings.main.sortAscending = id == app::command::kSortAscending;
+    parts_.activeBrowser().SetSortMode(app::sortModeFromIntegral(parts_.context.settings.main.sortMode));
+}
+
+void BrowseCommands::applyItemStates(app::CommandId) {
+    parts_.activeBrowser().applySettings();
+}
+
+}  // namespace window

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "window/CommandMap.h"
+#include "window/WindowParts.h"
+
+#include <filesystem>
+
+namespace exiftool {
+struct ValuesExport;
+}
+
+namespace window {
+
+class BrowseCommands;
+class OperationEnding;
+
+/// What is read out of the file shown, written to another one and opened or left there. GUI thread.
+class ExportCommands {
+ public:
+    ExportCommands(const WindowParts& parts, BrowseCommands& browse, OperationEnding& ending)
+        : parts_(parts), browse_(browse), ending_(ending) {}
+
+    static std::span<const CommandRow<ExportCommands>> rows();
+
+    void dumpFile(app::CommandId id);
+    void showExportMenu(app::CommandId id);
+    void exportValues(app::CommandId id);
+
+ private:
+    /// The first file among what is selected; where there is none, a message says so.
+    std::filesystem::path selectedRegularFile();
+    /// The designed form deletes what stands in the target's place; the corrected one asks, and replaces it
+    /// when the new content is there.
+    bool clearTheWay(const std::filesystem::path& target);
+    /// Both give the reason for people when nothing has been written, else an empty text.
+    QString exportStraight(const std::filesystem::path& file, const std::filesystem::path& target,
+                           const exiftool::ValuesExport& format);
+    QString exportByWayOfTemp(const std::filesystem::path& file, const std::filesystem::path& target,
+                              const exiftool::ValuesExport& format);
+
+    const WindowParts& parts_;
+    BrowseCommands& browse_;
+    OperationEnding& ending_;
+};
+
+}  // namespace window

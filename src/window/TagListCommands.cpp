@@ -1,0 +1,62 @@
+#include "window/TagListCommands.h"
+
+#include "dialogs/Messages.h"
+#include "exiftool/ReportFile.h"
+#include "panel/MetadataPanel.h"
+#include "taglists/DialogAddATag_ToOneFile.h"
+#include "taglists/DialogAddTagsMain.h"
+#include "taglists/DialogModifMain.h"
+#include "taglists/TagListTexts.h"
+#include "window/OperationEnding.h"
+#include "window/SelectionGathering.h"
+
+namespace window {
+
+std::span<const CommandRow<TagListCommands>> TagListCommands::rows() {
+    using namespace app::command;
+    static constexpr CommandRow<TagListCommands> kRows[] = {
+        {kModifyExif, kModifyExif, &TagListCommands::modifyTags},
+        {kModifyIptc, kModifyIptc, &TagListCommands::modifyTags},
+        {kModifyXmp, kModifyXmp, &TagListCommands::modifyTags},
+        {kFirstAddTags, kLastAddTags, &TagListCommands::addTags},
+        {kAddTagsToFile, kAddTagsToFile, &TagListCommands::addTagsToShownFile},
+    };
+    return kRows;
+}
+
+void TagListCommands::modifyTags(app::CommandId id) {
+    const std::vector<std::filesystem::path> files = gathering_.GatherSelection();
+    if (files.empty()) return;
+    taglists::DialogModifMain dialog(parts_.operations, id, files, &parts_.window);
+    if (dialog.run() != 0) tagsWereWritten(dialog.runs());
+}
+
+void TagListCommands::addTags(app::CommandId id) {
+    const std::vector<std::filesystem::path> files = gathering_.GatherSelection();
+    if (files.empty()) return;
+    taglists::DialogAddTagsMain dialog(parts_.operations, id, files, &parts_.window);
+    if (dialog.run() != 0) tagsWereWritten(dialog.runs());
+}
+
+void TagListCommands::addTagsToShownFile(app::CommandId) {
+    const QModelIndex row = parts_.panel.list().currentIndex();
+    if (parts_.panel.file().empty() || !row.isValid()) {
+        dialogs::showMessage(&parts_.window, {parts_.language.text(taglists::text::kNoGroupChosen),
+                                              dialogs::MessageIcon::Information});
+        return;
+    }
+    // The panel is read again while the dialog may still look at the row.
+    const QString group = parts_.panel.model().row(row.row()).group;
+    const std::filesystem::path file = parts_.panel.file();
+    static_cast<void>(exiftool::deleteReport(parts_.context));
+    taglists::DialogAddATag_ToOneFile dialog(parts_.operations, group, file, &parts_.window);
+    if (dialog.run() != 0) tagsWereWritten(dialog.runs());
+}
+
+void TagListCommands::tagsWereWritten(const taglists::FileRuns& runs) {
+    if (runs.begun == 0) return;
+    ending_.showWhatChanged();
+    ending_.ShowBatchReport();
+}
+
+}  // namespace window
