@@ -14,6 +14,8 @@ namespace browser {
 struct NameSettings {
     bool showExtensions = true;
     bool hideLinkExtension = false;
+
+    bool operator==(const NameSettings&) const = default;
 };
 
 NameSettings nameSettingsOf(const app::Settings& settings);

@@ -56,13 +56,13 @@ void FileListModel::lose(FolderState state) {
     take(std::move(nothing), true);
 }
 
-void FileListModel::setOrder(const std::vector<std::int32_t>& order) {
+void FileListModel::setOrder(std::vector<std::int32_t> order) {
     Q_EMIT layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
     const QModelIndexList before = persistentIndexList();
     std::vector<std::int32_t> ids;
     ids.reserve(static_cast<std::size_t>(before.size()));
     for (const QModelIndex& index : before) ids.push_back(list_.itemIdAt(index.row()));
-    list_.setOrder(order);
+    list_.setOrder(std::move(order));
     QModelIndexList after;
     after.reserve(before.size());
     for (qsizetype i = 0; i < before.size(); ++i)

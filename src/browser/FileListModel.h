@@ -39,7 +39,7 @@ class FileListModel : public QAbstractTableModel {
     void take(LoadedFolder loaded, bool hideSystemFiles);
     /// Marks the folder unreadable; without rows.
     void lose(FolderState state);
-    void setOrder(const std::vector<std::int32_t>& order);
+    void setOrder(std::vector<std::int32_t> order);
     /// Gives the new item's id, -1 when there is no such entry. It waits until InsertPendingItems().
     std::int32_t addItem(std::string_view name, std::uint32_t position);
     void InsertPendingItems(bool hideSystemFiles);

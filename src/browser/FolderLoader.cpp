@@ -8,23 +8,33 @@
 
 namespace browser {
 
+std::vector<std::int32_t> sortItems(const std::filesystem::path& folder, const ItemStore& items,
+                                    std::span<const std::int32_t> ids, SortSettings settings,
+                                    const std::atomic_bool* cancelled) {
+    struct statvfs volume;
+    if (settings.mode == app::SortMode::RealSize)
+        settings.clusterBytes = ::statvfs(folder.c_str(), &volume) == 0 ? volume.f_frsize : 0;
+    try {
+        return ItemOrder(std::move(settings)).sorted(items, ids, SortStop(cancelled));
+    } catch (const SortGivenUp&) {
+        return {};
+    }
+}
+
 LoadedFolder loadFolder(const FolderRequest& request, const std::atomic_bool* cancelled) {
     LoadedFolder loaded;
     loaded.listing = readFolder(request.folder, {request.showHidden, cancelled});
     if (loaded.listing.state != FolderState::Readable) return loaded;
     std::vector<std::int32_t> ids(static_cast<std::size_t>(loaded.listing.items.nextItemId()));
     std::iota(ids.begin(), ids.end(), 0);
-    SortSettings sort = request.sort;
-    if (sort.mode != app::SortMode::Name) {
-        SortSettings byName = sort;
+    if (request.sort.mode != app::SortMode::Name) {
+        SortSettings byName = request.sort;
         byName.mode = app::SortMode::Name;
         byName.ascending = true;
-        ids = ItemOrder(byName).sorted(loaded.listing.items, ids);
+        ids = sortItems(request.folder, loaded.listing.items, ids, byName, cancelled);
     }
-    struct statvfs volume;
-    if (sort.mode == app::SortMode::RealSize)
-        sort.clusterBytes = ::statvfs(request.folder.c_str(), &volume) == 0 ? volume.f_frsize : 0;
-    loaded.order = ItemOrder(sort).sorted(loaded.listing.items, ids);
+    loaded.order = sortItems(request.folder, loaded.listing.items, ids, request.sort, cancelled);
+    if (cancelled != nullptr && *cancelled) loaded.listing.state = FolderState::Cancelled;
     return loaded;
 }
 

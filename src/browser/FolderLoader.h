@@ -26,6 +26,12 @@ struct LoadedFolder {
     std::vector<std::int32_t> order;  ///< all item ids, sorted
 };
 
+/// The ids in the order of the settings, the volume's cluster size looked up where the order asks for it;
+/// those that compare equal keep their places. Empty once cancelled (may be null) is set. Any thread.
+std::vector<std::int32_t> sortItems(const std::filesystem::path& folder, const ItemStore& items,
+                                    std::span<const std::int32_t> ids, SortSettings settings,
+                                    const std::atomic_bool* cancelled = nullptr);
+
 /// Lists and sorts a folder on the calling thread. A set cancelled flag (may be null) gives the state
 /// Cancelled. In modes other than Name the items are put in the order of their names first, since folders
 /// give them in none.

@@ -34,6 +34,20 @@ void ItemList::numberRows(std::size_t from) {
         rows_[static_cast<std::size_t>(order_[row])] = static_cast<std::int32_t>(row);
 }
 
+std::vector<std::int32_t> ItemList::orderAfter(const std::vector<std::int32_t>& sorted) const {
+    std::vector<std::int32_t> order;
+    order.reserve(order_.size());
+    std::vector<bool> placed(rows_.size());
+    for (const std::int32_t id : sorted) {
+        if (rowOf(id) < 0) continue;
+        order.push_back(id);
+        placed[static_cast<std::size_t>(id)] = true;
+    }
+    for (const std::int32_t id : order_)
+        if (!placed[static_cast<std::size_t>(id)]) order.push_back(id);
+    return order;
+}
+
 void ItemList::setOrder(std::vector<std::int32_t> order) {
     order_ = std::move(order);
     numberRows(0);

@@ -35,6 +35,9 @@ class ItemList {
     std::int32_t findItem(std::string_view name) const;
     std::filesystem::path pathAt(int row) const { return items_.path(folder_, itemIdAt(row)); }
     const std::vector<std::int32_t>& order() const { return order_; }
+    /// The ids of the list in the order given: those that it does not name follow in their present order, and
+    /// those of it that have left the list are passed over.
+    std::vector<std::int32_t> orderAfter(const std::vector<std::int32_t>& sorted) const;
     /// The same ids in another order.
     void setOrder(std::vector<std::int32_t> order);
 

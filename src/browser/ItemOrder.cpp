@@ -121,13 +121,15 @@ ItemOrder::ItemOrder(SortSettings settings)
       nameOrder_(numbersOf(settings_.natural), settings_.locale),
       naturalOrder_(NameOrder::Numbers::ByValue, settings_.locale) {}
 
-ItemOrder::TextOfMode ItemOrder::textsOf(const ItemStore& items, std::span<const std::int32_t> ids) const {
+ItemOrder::TextOfMode ItemOrder::textsOf(const ItemStore& items, std::span<const std::int32_t> ids,
+                                         const SortStop& stop) const {
     TextOfMode result;
     result.texts.reserve(ids.size());
     OwnerNames owners;
     const bool made = settings_.mode != app::SortMode::Name && settings_.mode != app::SortMode::Extension;
     if (made) result.made.reserve(ids.size());
     for (const std::int32_t id : ids) {
+        stop.check();
         const ListItem& item = items.item(id);
         const std::string_view name = items.name(item);
         switch (settings_.mode) {
@@ -154,12 +156,12 @@ ItemOrder::TextOfMode ItemOrder::textsOf(const ItemStore& items, std::span<const
     return result;
 }
 
-std::vector<std::uint64_t> ItemOrder::keysOf(const ItemStore& items,
-                                             std::span<const std::int32_t> ids) const {
+std::vector<std::uint64_t> ItemOrder::keysOf(const ItemStore& items, std::span<const std::int32_t> ids,
+                                             const SortStop& stop) const {
     std::vector<std::uint64_t> keys(ids.size());
     if (comparesText(settings_.mode)) {
-        const TextOfMode texts = textsOf(items, ids);
-        for (const NameOrder::Ranked& ranked : textOrder().sorted(texts.texts))
+        const TextOfMode texts = textsOf(items, ids, stop);
+        for (const NameOrder::Ranked& ranked : textOrder().sorted(texts.texts, stop))
             keys[ranked.index] = ranked.rank;
         return keys;
     }
@@ -168,10 +170,10 @@ std::vector<std::uint64_t> ItemOrder::keysOf(const ItemStore& items,
 }
 
 /// The shortest way for the most usual order: natural names.
-std::vector<std::int32_t> ItemOrder::sortedByName(const ItemStore& items,
-                                                  std::span<const std::int32_t> ids) const {
-    const TextOfMode texts = textsOf(items, ids);
-    const std::vector<NameOrder::Ranked> ranked = nameOrder_.sorted(texts.texts);
+std::vector<std::int32_t> ItemOrder::sortedByName(const ItemStore& items, std::span<const std::int32_t> ids,
+                                                  const SortStop& stop) const {
+    const TextOfMode texts = textsOf(items, ids, stop);
+    const std::vector<NameOrder::Ranked> ranked = nameOrder_.sorted(texts.texts, stop);
     std::vector<std::int32_t> order;
     order.reserve(ids.size());
     for (const NameOrder::Ranked& each : ranked) order.push_back(ids[each.index]);
@@ -195,9 +197,10 @@ std::vector<std::int32_t> ItemOrder::sortedByName(const ItemStore& items,
     return order;
 }
 
-std::vector<std::int32_t> ItemOrder::sorted(const ItemStore& items, std::span<const std::int32_t> ids) const {
-    if (settings_.mode == app::SortMode::Name && settings_.natural) return sortedByName(items, ids);
-    const std::vector<std::uint64_t> keys = keysOf(items, ids);
+std::vector<std::int32_t> ItemOrder::sorted(const ItemStore& items, std::span<const std::int32_t> ids,
+                                            const SortStop& stop) const {
+    if (settings_.mode == app::SortMode::Name && settings_.natural) return sortedByName(items, ids, stop);
+    const std::vector<std::uint64_t> keys = keysOf(items, ids, stop);
     std::vector<Entry> entries(ids.size());
     for (std::uint32_t i = 0; i < ids.size(); ++i) {
         const bool file = !settings_.mixed && !items.item(ids[i]).isFolder();
@@ -207,11 +210,12 @@ std::vector<std::int32_t> ItemOrder::sorted(const ItemStore& items, std::span<co
         std::vector<std::string_view> names;
         names.reserve(ids.size());
         for (const std::int32_t id : ids) names.push_back(items.name(id));
-        for (const NameOrder::Ranked& ranked : nameOrder_.sorted(names))
+        for (const NameOrder::Ranked& ranked : nameOrder_.sorted(names, stop))
             entries[ranked.index].tie = ranked.rank;
     }
     const int direction = settings_.ascending ? 1 : -1;
-    std::ranges::sort(entries, [direction](const Entry& a, const Entry& b) {
+    std::ranges::sort(entries, [&](const Entry& a, const Entry& b) {
+        stop.check();
         const int order = a.compare(b) * direction;
         return order != 0 ? order < 0 : a.position < b.position;
     });

@@ -16,6 +16,8 @@ struct SortSettings {
     NameSettings names;
     std::uint64_t clusterBytes = 4096;  ///< what a file's size on disk is a multiple of
     QLocale locale;
+
+    bool operator==(const SortSettings&) const = default;
 };
 
 /// A SortMode that is no number of its table counts as Name.
@@ -30,8 +32,9 @@ class ItemOrder {
     /// Negative, 0 or positive, direction included.
     int CompareItems(const ItemStore& items, std::int32_t left, std::int32_t right) const;
 
-    /// The ids in order; those that compare equal keep their places.
-    std::vector<std::int32_t> sorted(const ItemStore& items, std::span<const std::int32_t> ids) const;
+    /// The ids in order; those that compare equal keep their places. Throws SortGivenUp when stop does.
+    std::vector<std::int32_t> sorted(const ItemStore& items, std::span<const std::int32_t> ids,
+                                     const SortStop& stop = SortStop()) const;
 
     const SortSettings& settings() const { return settings_; }
 
@@ -41,9 +44,12 @@ class ItemOrder {
         std::vector<std::string_view> texts;
     };
 
-    TextOfMode textsOf(const ItemStore& items, std::span<const std::int32_t> ids) const;
-    std::vector<std::uint64_t> keysOf(const ItemStore& items, std::span<const std::int32_t> ids) const;
-    std::vector<std::int32_t> sortedByName(const ItemStore& items, std::span<const std::int32_t> ids) const;
+    TextOfMode textsOf(const ItemStore& items, std::span<const std::int32_t> ids,
+                       const SortStop& stop = SortStop()) const;
+    std::vector<std::uint64_t> keysOf(const ItemStore& items, std::span<const std::int32_t> ids,
+                                      const SortStop& stop) const;
+    std::vector<std::int32_t> sortedByName(const ItemStore& items, std::span<const std::int32_t> ids,
+                                           const SortStop& stop) const;
     const NameOrder& textOrder() const {
         return settings_.mode == app::SortMode::Name ? nameOrder_ : naturalOrder_;
     }

@@ -125,16 +125,22 @@ int NameOrder::compare(std::string_view left, std::string_view right) const {
 }
 
 std::vector<NameOrder::Ranked> NameOrder::sortByCollator(std::span<const std::string_view> names,
-                                                         const std::vector<std::uint32_t>& indexes) const {
+                                                         const std::vector<std::uint32_t>& indexes,
+                                                         const SortStop& stop) const {
     struct Keyed {
         QCollatorSortKey key;
         std::uint32_t index;
     };
     std::vector<Keyed> keyed;
     keyed.reserve(indexes.size());
-    for (const std::uint32_t index : indexes)
+    for (const std::uint32_t index : indexes) {
+        stop.check();
         keyed.push_back({collator_.sortKey(platform::wide(names[index])), index});
-    std::ranges::stable_sort(keyed, [](const Keyed& a, const Keyed& b) { return a.key.compare(b.key) < 0; });
+    }
+    std::ranges::stable_sort(keyed, [&](const Keyed& a, const Keyed& b) {
+        stop.check();
+        return a.key.compare(b.key) < 0;
+    });
     std::vector<Ranked> ranked;
     ranked.reserve(keyed.size());
     std::uint32_t rank = 0;
@@ -147,7 +153,8 @@ std::vector<NameOrder::Ranked> NameOrder::sortByCollator(std::span<const std::st
 
 std::vector<NameOrder::Ranked> NameOrder::merge(std::span<const std::string_view> names,
                                                 const std::vector<Ranked>& left,
-                                                const std::vector<Ranked>& right) const {
+                                                const std::vector<Ranked>& right,
+                                                const SortStop& stop) const {
     std::vector<Ranked> merged;
     merged.reserve(left.size() + right.size());
     std::uint32_t rank = 0;
@@ -165,6 +172,7 @@ std::vector<NameOrder::Ranked> NameOrder::merge(std::span<const std::string_view
     };
     std::size_t i = 0;
     for (const Ranked& next : right) {
+        stop.check();
         // The left side is usually the long one: its place for the next of the other is found by halving.
         const auto place = std::upper_bound(left.begin() + static_cast<std::ptrdiff_t>(i), left.end(), next,
                                             [&](const Ranked& a, const Ranked& b) {
@@ -182,7 +190,8 @@ std::vector<NameOrder::Ranked> NameOrder::merge(std::span<const std::string_view
 /// Sorted keys of the names that have one; the indexes of all others go to others. The keys point into bytes.
 std::vector<NameOrder::ShortKey> NameOrder::sortShortKeys(std::span<const std::string_view> names,
                                                           std::vector<unsigned char>& bytes,
-                                                          std::vector<std::uint32_t>& others) const {
+                                                          std::vector<std::uint32_t>& others,
+                                                          const SortStop& stop) const {
     std::vector<ShortKey> keys;
     std::vector<std::size_t> ends;
     if (shortKeys_) {
@@ -191,6 +200,7 @@ std::vector<NameOrder::ShortKey> NameOrder::sortShortKeys(std::span<const std::s
         bytes.reserve(names.size() * kPrefixBytes * 2);
     }
     for (std::uint32_t i = 0; i < names.size(); ++i) {
+        stop.check();
         const std::size_t offset = bytes.size();
         if (shortKeys_ && appendShortKey(names[i], bytes)) {
             ends.push_back(bytes.size());
@@ -209,17 +219,19 @@ std::vector<NameOrder::ShortKey> NameOrder::sortShortKeys(std::span<const std::s
         keys[i].rest = bytes.data() + begin + inPrefix;
         keys[i].restLength = static_cast<std::uint32_t>(length - inPrefix);
     }
-    std::ranges::sort(keys, [](const ShortKey& a, const ShortKey& b) {
+    std::ranges::sort(keys, [&](const ShortKey& a, const ShortKey& b) {
+        stop.check();
         const int order = a.compare(b);
         return order != 0 ? order < 0 : a.index < b.index;
     });
     return keys;
 }
 
-std::vector<NameOrder::Ranked> NameOrder::sorted(std::span<const std::string_view> names) const {
+std::vector<NameOrder::Ranked> NameOrder::sorted(std::span<const std::string_view> names,
+                                                 const SortStop& stop) const {
     std::vector<unsigned char> bytes;
     std::vector<std::uint32_t> others;
-    const std::vector<ShortKey> keys = sortShortKeys(names, bytes, others);
+    const std::vector<ShortKey> keys = sortShortKeys(names, bytes, others, stop);
     std::vector<Ranked> ranked;
     ranked.reserve(names.size());
     std::uint32_t rank = 0;
@@ -228,8 +240,8 @@ std::vector<NameOrder::Ranked> NameOrder::sorted(std::span<const std::string_vie
         ranked.push_back({keys[i].index, rank});
     }
     if (others.empty()) return ranked;
-    const std::vector<Ranked> byCollator = sortByCollator(names, others);
-    return ranked.empty() ? byCollator : merge(names, ranked, byCollator);
+    const std::vector<Ranked> byCollator = sortByCollator(names, others, stop);
+    return ranked.empty() ? byCollator : merge(names, ranked, byCollator, stop);
 }
 
 }  // namespace browser

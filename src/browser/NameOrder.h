@@ -1,5 +1,7 @@
 #pragma once
 
+#include "browser/SortStop.h"
+
 #include <QCollator>
 #include <QString>
 #include <array>
@@ -31,8 +33,9 @@ class NameOrder {
         std::uint32_t rank;   ///< equal names share a rank; ranks rise with the order
     };
 
-    /// The names in order; equal names keep theirs.
-    std::vector<Ranked> sorted(std::span<const std::string_view> names) const;
+    /// The names in order; equal names keep theirs. Throws SortGivenUp when stop does.
+    std::vector<Ranked> sorted(std::span<const std::string_view> names,
+                               const SortStop& stop = SortStop()) const;
 
     bool usesShortKeys() const { return shortKeys_; }
 
@@ -43,12 +46,12 @@ class NameOrder {
     bool hasLetterPairs() const;
     bool appendShortKey(std::string_view name, std::vector<unsigned char>& bytes) const;
     std::vector<ShortKey> sortShortKeys(std::span<const std::string_view> names,
-                                        std::vector<unsigned char>& bytes,
-                                        std::vector<std::uint32_t>& others) const;
+                                        std::vector<unsigned char>& bytes, std::vector<std::uint32_t>& others,
+                                        const SortStop& stop) const;
     std::vector<Ranked> sortByCollator(std::span<const std::string_view> names,
-                                       const std::vector<std::uint32_t>& indexes) const;
+                                       const std::vector<std::uint32_t>& indexes, const SortStop& stop) const;
     std::vector<Ranked> merge(std::span<const std::string_view> names, const std::vector<Ranked>& left,
-                              const std::vector<Ranked>& right) const;
+                              const std::vector<Ranked>& right, const SortStop& stop) const;
 
     QCollator collator_;
     bool natural_;

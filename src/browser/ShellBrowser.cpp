@@ -24,7 +24,12 @@ ShellBrowser::ShellBrowser(BrowserParts& parts, QWidget* holder)
              [this](std::int32_t itemId, std::uint32_t columnType) { QueueColumnTask(itemId, columnType); }),
       view_(new FileListView(holder)),
       folderWatch_([this] { onFolderVanished(); }),
-      navigationController_(*this, iconFetcher_) {
+      navigationController_(*this, iconFetcher_),
+      sorter_([this] { return itemsToSort(); },
+              [this](const std::vector<std::int32_t>& order) {
+                  model_.setOrder(model_.list().orderAfter(order));
+              }),
+      columnLoader_([this](const ColumnCell& cell, const QString& text) { OnColumnResult(cell, text); }) {
     view_->setObjectName(QStringLiteral("FileList"));
     view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     view_->setModel(&model_);
@@ -37,6 +42,7 @@ ShellBrowser::ShellBrowser(BrowserParts& parts, QWidget* holder)
 ShellBrowser::~ShellBrowser() {
     // The list goes first, then what could still have a result for it.
     delete view_.data();
+    sorter_.cancel();
     dropTasks();
 }
 
@@ -76,7 +82,7 @@ void ShellBrowser::applySettings() {
     view_->setGridLines(settings.listView.showGridlines);
     view_->setFullRowSelection(settings.listView.fullRow);
     model_.setNameSettings(nameSettingsOf(settings));
-    if (folderLoaded_) sortNow();
+    if (folderLoaded_) sort();
     view_->viewport()->update();
 }
 
@@ -88,18 +94,11 @@ boost::signals2::connection ShellBrowser::addNavigationCompletedObserver(
 }
 
 void ShellBrowser::dropTasks() {
-    columnQueue_.clear();
-    columnTasks_.clear();
-    waitingCells_.clear();
+    columnLoader_.clear();
 }
 
 void ShellBrowser::dropTasksOutOfSight() {
-    for (const int taskId : columnQueue_.clear()) {
-        const auto task = columnTasks_.find(taskId);
-        if (task == columnTasks_.end()) continue;
-        waitingCells_.erase(cellKey(task->second.itemId, task->second.columnType));
-        columnTasks_.erase(task);
-    }
+    columnLoader_.dropWaiting();
     // Cells still in sight ask again when they are painted.
     view_->viewport()->update();
 }
@@ -120,6 +119,7 @@ long ShellBrowser::BrowseFolder(const std::filesystem::path& folder, bool addHis
     const FolderRequest request = requestFor(folder);
     if (folderLoaded_ && viewMode_ == app::ViewMode::Details) SaveColumnWidths();
     dropTasks();
+    sorter_.cancel();
     iconFetcher_.clearQueue();
     NavigationStarted(request.folder);
     view_->setUpdatesEnabled(false);
@@ -142,8 +142,7 @@ void ShellBrowser::finishNavigation(LoadedFolder loaded, const SortSettings& sor
     const std::filesystem::path folder = loaded.listing.folder;
     model_.take(std::move(loaded), parts_.context.settings.listView.hideSystemFiles);
     view_->setEmptyText(emptyListText(folderState()));
-    const SortSettings wanted = sortSettings();
-    if (wanted.mode != sorted.mode || wanted.ascending != sorted.ascending) sortNow();
+    if (sortSettings() != sorted) sort();
     showSortArrow();
     if (model_.rowCount() > 0)
         view_->selectionModel()->setCurrentIndex(model_.index(0, 0), QItemSelectionModel::NoUpdate);
@@ -170,6 +169,7 @@ void ShellBrowser::goToRoot() {
 
 void ShellBrowser::onFolderVanished() {
     dropTasks();
+    sorter_.cancel();
     loader_.cancel();
     model_.lose(FolderState::NotFound);
     view_->setEmptyText(emptyListText(FolderState::NotFound));
@@ -196,7 +196,7 @@ void ShellBrowser::AddItem(std::string_view name) {
     const std::int32_t itemId = model_.addItem(name, end);
     if (itemId < 0) return;
     model_.InsertPendingItems(parts_.context.settings.listView.hideSystemFiles);
-    if (parts_.context.settings.listView.insertSorted) sortNow();
+    if (parts_.context.settings.listView.insertSorted) sort();
 }
 
 void ShellBrowser::RemoveItem(std::int32_t itemId) {

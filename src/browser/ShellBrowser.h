@@ -2,15 +2,15 @@
 
 #include "app/AppContext.h"
 #include "app/ViewMode.h"
+#include "browser/CellLoader.h"
 #include "browser/FileListModel.h"
 #include "browser/FileListView.h"
 #include "browser/FolderWatch.h"
+#include "browser/ItemSorter.h"
 #include "browser/ShellNavigationController.h"
-#include "browser/TaskQueue.h"
 
 #include <QObject>
 #include <QPointer>
-#include <unordered_set>
 
 namespace browser {
 
@@ -74,8 +74,11 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     app::ViewMode viewMode() const { return viewMode_; }
     /// Details is what there is so far; the others change nothing.
     void SetViewMode(app::ViewMode mode);
-    /// Stores the mode, sorts, and moves the header's arrow.
+    /// Stores the mode and moves the header's arrow. The list keeps its old order until the new one has been
+    /// made in the background; the last call counts.
     void SetSortMode(app::SortMode mode);
+    /// Whether the order is still to come.
+    bool isSorting() const { return sorter_.isSorting(); }
     /// After the settings that decide names, order or look of the list have changed.
     void applySettings();
     void SaveColumnWidths();
@@ -84,7 +87,7 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     /// Queues the text of one cell; the name column does nothing.
     void QueueColumnTask(std::int32_t itemId, std::uint32_t columnType);
     /// Whether texts of cells are still to come.
-    bool hasWaitingCells() const { return !waitingCells_.empty(); }
+    bool hasWaitingCells() const { return columnLoader_.isLoading(); }
 
     // --- told upward
     boost::signals2::signal<void(const std::filesystem::path&)> NavigationStarted;
@@ -102,24 +105,12 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     boost::signals2::signal<void(const QPoint&)> HeaderMenuRequested;
 
  private:
-    struct ColumnTask {
+    struct ColumnCell {
         std::int32_t itemId = -1;
         std::uint32_t columnType = 0;
-    };
-    /// What a worker hands over; shared with the tasks, since they may end after the browser has dropped
-    /// them.
-    struct ColumnResult {
-        int taskId = -1;
-        QString text;
-    };
-    struct ResultBox {
-        std::mutex mutex;
-        std::vector<ColumnResult> results;
-    };
 
-    static std::uint64_t cellKey(std::int32_t itemId, std::uint32_t columnType) {
-        return (static_cast<std::uint64_t>(static_cast<std::uint32_t>(itemId)) << 32) | columnType;
-    }
+        auto operator<=>(const ColumnCell&) const = default;
+    };
 
     void connectView();
     void connectHeader();
@@ -130,10 +121,10 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     void showSortArrow();
     FolderRequest requestFor(const std::filesystem::path& folder);
     void finishNavigation(LoadedFolder loaded, const SortSettings& sorted, bool addHistoryEntry);
-    void sortNow();
+    void sort();
+    ItemSorter::Items itemsToSort() const;
     void selectAwaited();
-    void onColumnResults();
-    void OnColumnResult(const ColumnResult& result);
+    void OnColumnResult(const ColumnCell& cell, const QString& text);
     void onSelectionChanged(const QItemSelection& selected, const QItemSelection& deselected);
     bool noteSelection(const QItemSelection& selection, bool selected);
     void onCellClicked(const QModelIndex& index, Qt::MouseButton button);
@@ -151,15 +142,12 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     std::filesystem::path awaitedItem_;  // to be selected once its folder is there
     std::uint32_t sortedColumn_ = 0;
     bool hasSortedColumn_ = false;
-    int nextColumnTaskId_ = 0;
-    std::unordered_map<int, ColumnTask> columnTasks_;
-    std::unordered_set<std::uint64_t> waitingCells_;
-    std::shared_ptr<ResultBox> resultBox_ = std::make_shared<ResultBox>();
     FolderWatch folderWatch_;
     ThemeIconFetcher iconFetcher_;
     ShellNavigationController navigationController_;
     FolderLoader loader_;
-    TaskQueue columnQueue_;  // last: its thread ends first
+    ItemSorter sorter_;
+    CellLoader<ColumnCell, QString> columnLoader_;
 };
 
 }  // namespace browser

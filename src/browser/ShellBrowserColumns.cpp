@@ -57,13 +57,18 @@ void ShellBrowser::restoreSelection(int currentRow) {
 
 void ShellBrowser::SetSortMode(app::SortMode mode) {
     parts_.context.settings.main.sortMode = static_cast<int>(mode);
-    sortNow();
+    sort();
     showSortArrow();
 }
 
-void ShellBrowser::sortNow() {
-    const ItemOrder order(sortSettings());
-    model_.setOrder(order.sorted(model_.list().items(), model_.list().order()));
+void ShellBrowser::sort() {
+    // A folder that is still being read is sorted once it is there.
+    if (!isLoading()) sorter_.sort(sortSettings());
+}
+
+ItemSorter::Items ShellBrowser::itemsToSort() const {
+    const ItemList& list = model_.list();
+    return {list.folder(), list.items(), list.order()};
 }
 
 /// The first visible column that leads to the mode bears the arrow; without one there is none.
@@ -93,54 +98,28 @@ void ShellBrowser::onHeaderClicked(int section) {
 
 void ShellBrowser::QueueColumnTask(std::int32_t itemId, std::uint32_t columnType) {
     if (columnType == tags::PropertyCatalogue::kNameColumn) return;
-    const std::uint64_t key = cellKey(itemId, columnType);
-    if (waitingCells_.contains(key)) return;
-    const int taskId = nextColumnTaskId_++;
-    columnTasks_.emplace(taskId, ColumnTask{itemId, columnType});
-    waitingCells_.insert(key);
-    columnQueue_.push(taskId, [this, box = resultBox_, taskId, columnType,
-                               path = model_.list().items().path(currentFolder(), itemId)] {
-        QString text = GetColumnText(path, columnType);
-        const std::lock_guard lock(box->mutex);
-        box->results.push_back({taskId, std::move(text)});
-        // One event brings all that is there by the time it is handled.
-        if (box->results.size() == 1)
-            QMetaObject::invokeMethod(
-                this, [this] { onColumnResults(); }, Qt::QueuedConnection);
-    });
+    static_cast<void>(columnLoader_.request(
+        {itemId, columnType}, [path = model_.list().items().path(currentFolder(), itemId), columnType] {
+            return GetColumnText(path, columnType);
+        }));
 }
 
-void ShellBrowser::onColumnResults() {
-    std::vector<ColumnResult> results;
-    {
-        const std::lock_guard lock(resultBox_->mutex);
-        results.swap(resultBox_->results);
-    }
-    for (const ColumnResult& result : results) OnColumnResult(result);
-}
-
-void ShellBrowser::OnColumnResult(const ColumnResult& result) {
-    const auto found = columnTasks_.find(result.taskId);
-    // A task of the folder that was left: its id stands nowhere any more.
-    if (found == columnTasks_.end()) return;
-    const ColumnTask task = found->second;
-    columnTasks_.erase(found);
-    waitingCells_.erase(cellKey(task.itemId, task.columnType));
+void ShellBrowser::OnColumnResult(const ColumnCell& cell, const QString& text) {
     if (viewMode_ != app::ViewMode::Details) return;
-    const int row = model_.list().rowOf(task.itemId);
-    const int section = model_.sectionOf(task.columnType);
+    const int row = model_.list().rowOf(cell.itemId);
+    const int section = model_.sectionOf(cell.columnType);
     if (row < 0 || section < 0) return;
     ShellBrowser* active = parts_.active != nullptr ? parts_.active : this;
     if (active == this) {
-        model_.setCellText(task.itemId, task.columnType, result.text);
+        model_.setCellText(cell.itemId, cell.columnType, text);
         return;
     }
     // The text of a tab that was just left goes, by its place, to the list that is now on show. That list
     // asks for the cell's own text as soon as it paints it.
     FileListModel& other = active->model_;
     if (row >= other.rowCount() || section >= other.columnCount()) return;
-    other.setCellText(other.list().itemIdAt(row), other.columns()[static_cast<std::size_t>(section)],
-                      result.text, true);
+    other.setCellText(other.list().itemIdAt(row), other.columns()[static_cast<std::size_t>(section)], text,
+                      true);
 }
 
 }  // namespace browser

@@ -6,7 +6,7 @@ TaskQueue::~TaskQueue() {
     clear();
 }
 
-void TaskQueue::push(int taskId, std::function<void()> task) {
+void TaskQueue::push(TaskId taskId, std::function<void()> task) {
     {
         const std::lock_guard lock(mutex_);
         tasks_.push_back({taskId, std::move(task)});
@@ -15,9 +15,9 @@ void TaskQueue::push(int taskId, std::function<void()> task) {
     changed_.notify_one();
 }
 
-std::vector<int> TaskQueue::clear() {
+std::vector<TaskId> TaskQueue::clear() {
     const std::lock_guard lock(mutex_);
-    std::vector<int> dropped;
+    std::vector<TaskId> dropped;
     dropped.reserve(tasks_.size());
     for (const Task& task : tasks_) dropped.push_back(task.id);
     tasks_.clear();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <condition_variable>
+#include <cstdint>
 #include <deque>
 #include <functional>
 #include <mutex>
@@ -8,6 +9,9 @@
 #include <vector>
 
 namespace browser {
+
+/// Names a task for those who wait for it; wide enough never to come round.
+using TaskId = std::int64_t;
 
 /// One worker thread that runs tasks strictly in the order in which they were queued. Waiting tasks can be
 /// dropped; a running one cannot be stopped, its owner must ignore its result. The destructor drops what
@@ -19,16 +23,16 @@ class TaskQueue {
     TaskQueue(const TaskQueue&) = delete;
     TaskQueue& operator=(const TaskQueue&) = delete;
 
-    void push(int taskId, std::function<void()> task);
+    void push(TaskId taskId, std::function<void()> task);
 
     /// Drops all tasks that have not begun and gives their ids.
-    std::vector<int> clear();
+    std::vector<TaskId> clear();
 
     std::size_t waiting() const;
 
  private:
     struct Task {
-        int id;
+        TaskId id;
         std::function<void()> run;
     };
 

@@ -21,7 +21,7 @@ TEST(TaskQueue, RunsInOrderOnOneThreadAndDropsWhatWaits) {
     queue.push(2, [&] { ran.push_back(2); });
     queue.push(3, [&] { ran.push_back(3); });
     EXPECT_EQ(queue.waiting(), 2U);
-    EXPECT_EQ(queue.clear(), (std::vector<int>{2, 3}));
+    EXPECT_EQ(queue.clear(), (std::vector<browser::TaskId>{2, 3}));
     queue.push(4, [&] { ran.push_back(4); });
     queue.push(5, [&] {
         ran.push_back(5);

@@ -274,7 +274,12 @@ Answer WindowCommands::area(const QString& objectName) {
 }
 
 void WindowCommands::waitForFolder() {
-    waitUntil([&] { return !program_.window().activeBrowser().isLoading(); }, kLoadLimit);
+    waitUntil(
+        [&] {
+            const browser::ShellBrowser& browser = program_.window().activeBrowser();
+            return !browser.isLoading() && !browser.isSorting();
+        },
+        kLoadLimit);
 }
 
 Answer WindowCommands::status() {
