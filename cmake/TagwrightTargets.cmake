@@ -4,7 +4,8 @@
 add_library(tagwright_options INTERFACE)
 target_compile_options(tagwright_options INTERFACE -Wall -Wextra -Wconversion -Werror)
 target_compile_definitions(tagwright_options INTERFACE QT_NO_KEYWORDS QT_NO_FOREACH QT_NO_CAST_TO_ASCII)
-target_include_directories(tagwright_options INTERFACE "${CMAKE_SOURCE_DIR}/src")
+# What is made of the texts (babel/CMakeLists.txt) stands in folders of the same names.
+target_include_directories(tagwright_options INTERFACE "${CMAKE_SOURCE_DIR}/src" "${CMAKE_BINARY_DIR}/texts")
 # ccache can only serve precompiled headers that carry their macros.
 target_compile_options(tagwright_options INTERFACE -fpch-preprocess)
 if(TAGWRIGHT_SANITIZE)

@@ -1,11 +1,10 @@
 #include "app/LanguageFile.h"
 
 #include <QCryptographicHash>
-#include <QDir>
 #include <QFile>
 #include <QResource>
 #include <QXmlStreamReader>
-#include <algorithm>
+#include <QXmlStreamWriter>
 #include <atomic>
 #include <fstream>
 #include <iterator>
@@ -18,6 +17,7 @@ namespace {
 
 constexpr std::string_view kCheckSumMark = "\nsha256 ";
 constexpr std::size_t kHexDigits = 64;
+constexpr int kNoNumber = -1;
 constexpr std::uintmax_t kLargestFile = 64u << 20;
 
 // The collection without its check sum line; empty when the line is missing or says something else.
@@ -48,10 +48,30 @@ MenuEntry readEntry(QXmlStreamReader& xml, const QHash<int, QString>& texts) {
         return entry;
     }
     entry.commandId = xml.attributes().value(QLatin1StringView("command")).toInt();
-    entry.text = xml.attributes().value(QLatin1StringView("text")).toString();
-    if (entry.text.isEmpty()) entry.text = texts.value(entry.commandId);
+    const QStringView ownText = xml.attributes().value(QLatin1StringView("text"));
+    entry.text = texts.value(ownText.isEmpty() ? entry.commandId : ownText.toInt());
     while (xml.readNextStartElement()) entry.children.push_back(readEntry(xml, texts));
     return entry;
+}
+
+// The form with its strings in the language. What is not well-formed stays as it is, for the loader to tell.
+QByteArray translated(const QByteArray& form, const QHash<std::pair<QString, QString>, QString>& texts) {
+    QByteArray result;
+    QXmlStreamReader xml(form);
+    QXmlStreamWriter writer(&result);
+    QString context;
+    while (!xml.atEnd()) {
+        xml.readNext();
+        writer.writeCurrentToken(xml);
+        if (!xml.isStartElement()) continue;
+        const bool isClass = context.isEmpty() && xml.name() == u"class";
+        if (!isClass && xml.name() != u"string") continue;
+        const QString source = xml.readElementText();
+        if (isClass) context = source;
+        writer.writeCharacters(isClass ? source : texts.value({context, source}, source));
+        writer.writeEndElement();
+    }
+    return xml.hasError() ? form : result;
 }
 
 }  // namespace
@@ -79,10 +99,7 @@ bool LanguageFile::load(const fs::path& file) {
     if (!QResource::registerResource(reinterpret_cast<const uchar*>(collection_.constData()), root))
         return false;
     root_ = root;
-    const QStringList names =
-        QDir(QStringLiteral(":") + root_).entryList({QStringLiteral("*.ts")}, QDir::Files, QDir::Name);
-    const bool readAll = std::ranges::all_of(names, [this](const QString& name) { return readTexts(name); });
-    return readAll && !texts_.isEmpty() && readMenus();
+    return readTexts() && !texts_.isEmpty() && readMenus();
 }
 
 QByteArray LanguageFile::read(const QString& name) const {
@@ -91,22 +108,31 @@ QByteArray LanguageFile::read(const QString& name) const {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// A Linguist file whose message ids are the numbers: an untranslated message speaks its source text.
-bool LanguageFile::readTexts(const QString& name) {
-    QXmlStreamReader xml(read(name));
-    int number = -1;
+// A Linguist file. Messages with an id are the numbered texts, and an untranslated one speaks its source
+// text; those without an id are texts of the form whose class names the context.
+bool LanguageFile::readTexts() {
+    QXmlStreamReader xml(read(QStringLiteral("texts.ts")));
+    QString context;
+    int number = kNoNumber;
+    QString source;
     while (!xml.atEnd()) {
         xml.readNext();
         if (!xml.isStartElement()) continue;
-        if (xml.name() == u"message") {
-            bool isNumber = false;
-            number = xml.attributes().value(QLatin1StringView("id")).toInt(&isNumber);
-            if (!isNumber) number = -1;
-        } else if (number >= 0 && xml.name() == u"source") {
-            texts_.insert(number, xml.readElementText());
-        } else if (number >= 0 && xml.name() == u"translation") {
+        if (xml.name() == u"name") {
+            context = xml.readElementText();
+        } else if (xml.name() == u"message") {
+            const QStringView id = xml.attributes().value(QLatin1StringView("id"));
+            number = id.isEmpty() ? kNoNumber : id.toInt();
+        } else if (xml.name() == u"source") {
+            source = xml.readElementText();
+            if (number != kNoNumber) texts_.insert(number, source);
+        } else if (xml.name() == u"translation") {
             const QString translation = xml.readElementText();
-            if (!translation.isEmpty()) texts_.insert(number, translation);
+            if (translation.isEmpty()) continue;
+            if (number != kNoNumber)
+                texts_.insert(number, translation);
+            else
+                formTexts_.insert({context, source}, translation);
         }
     }
     return !xml.hasError();
@@ -127,7 +153,8 @@ bool LanguageFile::readMenus() {
 }
 
 QByteArray LanguageFile::form(int templateNumber) const {
-    return read(QStringLiteral("forms/%1.ui").arg(templateNumber));
+    const QByteArray form = read(QStringLiteral("forms/%1.ui").arg(templateNumber));
+    return formTexts_.isEmpty() ? form : translated(form, formTexts_);
 }
 
 QString LanguageFile::formatted(int number, std::initializer_list<QString> values) const {

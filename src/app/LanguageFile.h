@@ -20,10 +20,11 @@ struct MenuEntry {
 };
 
 /// A language file, babel/<four digits>.dlk: a binary resource collection with the texts by number
-/// (strings.ts), the dialog forms by template number (forms/<number>.ui), the menus (menus.xml) and the
-/// ribbon (ribbon.xml). Behind the collection stands a line with its check sum, so that a damaged file is
-/// told from a whole one before anything is read out of it. Everything is loaded at once; texts are looked up
-/// without touching the file. Any one thread at a time.
+/// and those of the forms (texts.ts), the dialog forms by template number (forms/<number>.ui), the menus
+/// (menus.xml) and the ribbon (ribbon.xml); of these only texts.ts differs between languages. Behind the
+/// collection stands a line with its check sum, so that a damaged file is told from a whole one before
+/// anything is read out of it. Everything is loaded at once; texts are looked up without touching the file.
+/// Any one thread at a time.
 class LanguageFile {
  public:
     LanguageFile() = default;
@@ -51,7 +52,7 @@ class LanguageFile {
     /// without a value becomes empty, and "%%" is a percent sign.
     QString formatted(int number, std::initializer_list<QString> values) const;
 
-    /// The Designer form of a template number; empty when there is none.
+    /// The Designer form of a template number, its texts in the language; empty when there is none.
     QByteArray form(int templateNumber) const;
 
     /// The entries of a menu; none when there is no such menu.
@@ -63,13 +64,14 @@ class LanguageFile {
  private:
     bool load(const std::filesystem::path& file);
     QByteArray read(const QString& name) const;
-    bool readTexts(const QString& name);
+    bool readTexts();
     bool readMenus();
 
     QByteArray collection_;  // what is registered points into it
     QString root_;
     bool valid_ = false;
     QHash<int, QString> texts_;
+    QHash<std::pair<QString, QString>, QString> formTexts_;  // by class of the form and English text
     QHash<int, std::vector<MenuEntry>> menus_;
 };
 

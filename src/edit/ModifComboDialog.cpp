@@ -1,5 +1,6 @@
 #include "edit/ModifComboDialog.h"
 
+#include "edit/EditControls.h"
 #include "edit/EditTexts.h"
 
 #include <QComboBox>

@@ -1,5 +1,6 @@
 #include "edit/ModifDateDialog.h"
 
+#include "edit/EditControls.h"
 #include "edit/EditTexts.h"
 
 #include <QDateEdit>

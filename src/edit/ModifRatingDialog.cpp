@@ -1,6 +1,7 @@
 #include "edit/ModifRatingDialog.h"
 
 #include "controls/Icons.h"
+#include "edit/EditControls.h"
 #include "edit/EditTexts.h"
 
 #include <QComboBox>

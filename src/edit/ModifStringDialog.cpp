@@ -1,5 +1,6 @@
 #include "edit/ModifStringDialog.h"
 
+#include "edit/EditControls.h"
 #include "edit/EditTexts.h"
 
 #include <QKeyEvent>

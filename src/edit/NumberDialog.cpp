@@ -1,5 +1,6 @@
 #include "edit/NumberDialog.h"
 
+#include "edit/EditControls.h"
 #include "edit/EditTexts.h"
 
 #include <QLineEdit>

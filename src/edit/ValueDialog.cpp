@@ -1,5 +1,6 @@
 #include "edit/ValueDialog.h"
 
+#include "edit/EditControls.h"
 #include "edit/EditTexts.h"
 
 #include <QLabel>

@@ -1,6 +1,7 @@
 #include "taglists/DialogDeleteATag.h"
 
 #include "platform/Text.h"
+#include "taglists/TagListControls.h"
 #include "taglists/TagListTexts.h"
 
 #include <QLabel>

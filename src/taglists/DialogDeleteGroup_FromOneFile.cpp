@@ -1,6 +1,7 @@
 #include "taglists/DialogDeleteGroup_FromOneFile.h"
 
 #include "platform/Text.h"
+#include "taglists/TagListControls.h"
 #include "taglists/TagListTexts.h"
 
 #include <QLabel>

@@ -4,7 +4,6 @@
 #include "support/TemporaryFolder.h"
 
 #include <QXmlStreamReader>
-#include <set>
 
 namespace {
 
@@ -86,23 +85,6 @@ TEST_F(LanguageFileTest, EveryTextThatTheRibbonNamesIsThere) {
     }
     EXPECT_FALSE(xml.hasError());
     EXPECT_GT(named, 50);
-}
-
-// Two files that give a number different texts would leave the order of their names to decide.
-TEST_F(LanguageFileTest, NoNumberStandsTwiceInTheSources) {
-    std::set<std::string> numbers;
-    const fs::path sources = fs::path(TAGWRIGHT_SOURCE_DIR) / "babel" / "0009";
-    for (const fs::directory_entry& entry : fs::directory_iterator(sources)) {
-        if (entry.path().extension() != ".ts") continue;
-        const std::string bytes = support::readBytes(entry.path());
-        constexpr std::string_view kMark = "<message id=\"";
-        for (std::size_t at = bytes.find(kMark); at != std::string::npos; at = bytes.find(kMark, at + 1)) {
-            const std::size_t begin = at + kMark.size();
-            EXPECT_TRUE(numbers.insert(bytes.substr(begin, bytes.find('"', begin) - begin)).second)
-                << entry.path() << ' ' << bytes.substr(begin, 8);
-        }
-    }
-    EXPECT_GT(numbers.size(), 100u);
 }
 
 TEST_F(LanguageFileTest, AMissingFileAnswersNothing) {

@@ -1,6 +1,7 @@
 #include "edit/ValueDialogs.h"
 
 #include "edit/DateValue.h"
+#include "edit/EditControls.h"
 #include "edit/EditTexts.h"
 #include "support/EditedFile.h"
 #include "taglists/DialogDeleteATag.h"
