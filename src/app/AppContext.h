@@ -5,6 +5,9 @@
 
 #include <QString>
 #include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace app {
 
@@ -25,6 +28,13 @@ struct CurrentEdit {
     bool severalValues = false;  ///< value holds one entry a line, as edit::joinEntries makes it
 };
 
+/// A key of the settings file when it was loaded: what the program took it for, and what the file held
+/// (nothing: no such key). What is the same at the end was not changed here.
+struct LoadedSetting {
+    std::string value;
+    std::optional<std::string> inFile;
+};
+
 /// State of the one running program: where things are and what the user has set. Owned by the program's entry
 /// and passed by reference; changed on the GUI thread only. The paths are set before any other thread starts,
 /// and only the tool paths change later. A narrow (UTF-8) form of a path is a function of it:
@@ -33,9 +43,12 @@ struct AppContext {
     std::filesystem::path installPath;  ///< folder of the executable
     std::filesystem::path cachePath;
     std::filesystem::path reportsPath;
-    std::filesystem::path reportFile;  ///< the batch report of the day on which the program was started
-    std::filesystem::path savePath;    ///< safety copies
-    std::filesystem::path tempPath;
+    /// The batch report of the day on which the program was started. Several processes of one install folder
+    /// have different ones.
+    std::filesystem::path reportFile;
+    std::filesystem::path savePath;  ///< safety copies
+    std::filesystem::path tempRoot;  ///< the folder Temp, which all processes of the install folder share
+    std::filesystem::path tempPath;  ///< this process's own folder in it; empty before openTempFolder()
     std::filesystem::path iniPath;
     std::filesystem::path columnsHeaderPath;
     std::filesystem::path exifToolPath;     ///< empty when not found
@@ -43,6 +56,7 @@ struct AppContext {
     std::filesystem::path imageMagickPath;  ///< empty when absent
 
     Settings settings;
+    std::vector<std::optional<LoadedSetting>> loadedSettings;  ///< one a row of settingsTable(), or none
     CurrentEdit currentEdit;
     std::filesystem::path currentFile;  ///< the file that was clicked last
 };

@@ -1,12 +1,14 @@
 #include "app/ColumnsHeader.h"
 
+#include "platform/AtomicFile.h"
 #include "platform/IniFile.h"
 
 #include <QString>
-#include <cerrno>
+#include <algorithm>
 #include <charconv>
-#include <fstream>
+#include <optional>
 #include <ostream>
+#include <sstream>
 #include <string>
 
 namespace app {
@@ -41,33 +43,62 @@ ColumnState* columnOfType(std::span<ColumnState> columns, int columnType) {
     return nullptr;
 }
 
-void load(const fs::path& file, std::span<ColumnState> columns, int smallestWidth) {
-    if (columns.empty()) return;
-    const platform::IniFile ini(file);
+std::vector<ColumnLine> linesOf(const platform::IniFile& ini) {
+    std::vector<ColumnLine> lines;
     for (int number = 0;; ++number) {
         const QString line = ini.text("SYSTEM", std::to_string(number), {}, kLineCapacity);
-        if (line.isEmpty()) break;
+        if (line.isEmpty()) return lines;
         const qsizetype comma = line.indexOf(u',');
-        if (comma < 0) continue;
-        ColumnState* column = columnOfType(columns, leadingNumber(line.left(comma)));
+        if (comma >= 0)
+            lines.push_back({leadingNumber(line.left(comma)), leadingNumber(line.mid(comma + 1))});
+    }
+}
+
+std::vector<ColumnLine> load(const fs::path& file, std::span<ColumnState> columns, int smallestWidth) {
+    if (columns.empty()) return {};
+    std::vector<ColumnLine> lines = linesOf(platform::IniFile(file));
+    for (const ColumnLine& line : lines) {
+        ColumnState* column = columnOfType(columns, line.columnType);
         if (column == nullptr) continue;
-        const int width = leadingNumber(line.mid(comma + 1));
-        column->width = width < smallestWidth ? kDefaultWidth : width;
+        column->width = line.width < smallestWidth ? kDefaultWidth : line.width;
         column->visible = true;
     }
     columns.front().visible = true;
     columns.front().width = kNameWidth;
+    return lines;
 }
 
-std::error_code lastError() {
-    return errno != 0 ? std::error_code(errno, std::generic_category())
-                      : std::make_error_code(std::errc::io_error);
+/// The last of the type counts; nothing when there is none.
+std::optional<ColumnLine> lineOf(const std::vector<ColumnLine>& lines, int columnType) {
+    const auto found = std::find_if(lines.rbegin(), lines.rend(),
+                                    [&](const ColumnLine& line) { return line.columnType == columnType; });
+    return found == lines.rend() ? std::nullopt : std::optional(*found);
+}
+
+const ColumnState* stateOf(const std::vector<ColumnState>& states, int columnType) {
+    const auto found = std::find_if(states.begin(), states.end(),
+                                    [&](const ColumnState& state) { return state.columnType == columnType; });
+    return found == states.end() ? nullptr : &*found;
+}
+
+/// What is changed here beside what the file says of the columns that are not.
+void takeChangesOfOthers(const std::vector<ColumnLine>& now, const LoadedColumns& loaded,
+                         std::vector<ColumnState>& columns) {
+    for (ColumnState& column : columns) {
+        const ColumnState* before = stateOf(loaded.states, column.columnType);
+        if (before == nullptr || before->visible != column.visible || before->width != column.width) continue;
+        const std::optional<ColumnLine> line = lineOf(now, column.columnType);
+        if (line == lineOf(loaded.inFile, column.columnType)) continue;
+        column.visible = line.has_value();
+        if (line) column.width = line->width;
+    }
 }
 
 }  // namespace
 
-void LoadColumns(const fs::path& columnsHeaderPath, std::span<ColumnState> columns) {
-    load(columnsHeaderPath, columns, kSmallestOwnWidth);
+LoadedColumns LoadColumns(const fs::path& columnsHeaderPath, std::span<ColumnState> columns) {
+    std::vector<ColumnLine> lines = load(columnsHeaderPath, columns, kSmallestOwnWidth);
+    return {{columns.begin(), columns.end()}, std::move(lines)};
 }
 
 void LoadColumnsFrom(const fs::path& file, std::span<ColumnState> columns) {
@@ -88,16 +119,17 @@ void SaveColumns(std::ostream& stream, std::span<ColumnState> columns, const Wid
     stream << "\r\n";
 }
 
-std::error_code writeColumnsFile(const fs::path& columnsHeaderPath, std::span<ColumnState> columns,
-                                 const WidthOfColumn& widthOfColumn) {
-    std::error_code ignored;
-    fs::remove(columnsHeaderPath, ignored);
-    errno = 0;
-    std::ofstream stream(columnsHeaderPath, std::ios::binary | std::ios::trunc);
-    if (!stream) return lastError();
-    SaveColumns(stream, columns, widthOfColumn);
-    stream.close();
-    return stream ? std::error_code() : lastError();
+std::error_code writeColumnsFile(const fs::path& columnsHeaderPath, std::span<const ColumnState> columns,
+                                 const LoadedColumns& loaded) {
+    platform::FileReplacement replacement(columnsHeaderPath);
+    std::vector<ColumnState> merged(columns.begin(), columns.end());
+    const platform::IniFile now(columnsHeaderPath);
+    // A file that is gone says nothing about any column.
+    if (now.loadStatus() == platform::IniFile::LoadStatus::Loaded)
+        takeChangesOfOthers(linesOf(now), loaded, merged);
+    std::ostringstream bytes;
+    SaveColumns(bytes, merged);
+    return {replacement.commit(bytes.str()), std::system_category()};
 }
 
 }  // namespace app

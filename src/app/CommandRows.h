@@ -16,11 +16,7 @@ struct CommandRange {
 /// The commands that have a row of their own, by ascending id.
 std::span<const Command> fixedCommands();
 
-/// None of them is built, and none has an icon.
+/// None of them has an icon.
 std::span<const CommandRange> commandRanges();
-
-/// Whether the list can be sorted, or grouped, by the mode of this number.
-bool isSortModeBuilt(int sortMode);
-bool isGroupModeBuilt(int sortMode);
 
 }  // namespace app

@@ -46,8 +46,8 @@ class AllCommands {
         names_.reserve(made);  // the commands point into it
         for (const CommandRange& range : commandRanges()) add(range);
         for (const NumberedName& mode : sortModes()) {
-            add(command::kSortBy + mode.number, "SortBy", mode, isSortModeBuilt(mode.number));
-            add(command::kGroupBy + mode.number, "GroupBy", mode, isGroupModeBuilt(mode.number));
+            add(command::kSortBy + mode.number, "SortBy", mode);
+            add(command::kGroupBy + mode.number, "GroupBy", mode);
         }
         std::ranges::sort(commands_, {}, &Command::id);
     }
@@ -60,16 +60,14 @@ class AllCommands {
                                  .name = kept(range.name + std::to_string(id)),
                                  .toggle = range.toggle,
                                  .needsSelection = false,
-                                 .built = false,
                                  .textNumber = range.firstText == 0 ? 0 : range.firstText + id - range.first,
                                  .iconName = ""});
     }
-    void add(CommandId id, const std::string& verb, const NumberedName& mode, bool built) {
+    void add(CommandId id, const std::string& verb, const NumberedName& mode) {
         commands_.push_back({.id = id,
                              .name = kept(verb + mode.name.data()),
                              .toggle = true,
                              .needsSelection = false,
-                             .built = built,
                              .textNumber = id,
                              .iconName = ""});
     }
@@ -90,11 +88,6 @@ const Command* findCommand(CommandId id) {
     const std::span<const Command> commands = commandTable();
     const auto found = std::ranges::lower_bound(commands, id, {}, &Command::id);
     return found != commands.end() && found->id == id ? &*found : nullptr;
-}
-
-bool isBuilt(CommandId id) {
-    const Command* command = findCommand(id);
-    return command != nullptr && command->built;
 }
 
 std::span<const HotKey> hotKeys() {

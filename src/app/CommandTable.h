@@ -111,13 +111,13 @@ inline constexpr CommandId kSortBy = 50000;   ///< plus the number of a SortMode
 inline constexpr CommandId kGroupBy = 50100;  ///< plus the number of a SortMode
 }  // namespace command
 
-/// What the frame knows of a command; what it does stands in the dispatch.
+/// What the frame knows of a command. Whether the program has it, and what it does, say the subjects of the
+/// window, which register their handlers; a command without one is shown nowhere.
 struct Command {
     CommandId id;
     const char* name;      ///< for tests and scripts; never shown
     bool toggle;           ///< has a checked state
     bool needsSelection;   ///< the common selection check comes before it
-    bool built;            ///< false: not there yet, and shown nowhere
     int textNumber;        ///< string of the language file; 0 when the command stands in no menu
     const char* iconName;  ///< of the icon theme; empty: none
 };
@@ -127,9 +127,6 @@ std::span<const Command> commandTable();
 
 /// Null when the id is in no table.
 const Command* findCommand(CommandId id);
-
-/// Whether the command exists and works; one that does not is not shown.
-bool isBuilt(CommandId id);
 
 /// A key of the main window. The effect is told by the key, not by the id.
 struct HotKey {

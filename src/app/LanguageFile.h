@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/LanguageCollection.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QString>
@@ -12,6 +14,9 @@ namespace app {
 /// Added to a text's number, this gives the number of its tool tip.
 inline constexpr int kTipNumbers = 100'000;
 
+/// The language whose texts stand in for those that another one lacks.
+inline constexpr int kEnglishLanguage = 9;
+
 /// One entry of a menu of the language file.
 struct MenuEntry {
     int commandId = 0;  ///< 0 is a separator, or the head of a submenu when children are there
@@ -19,26 +24,32 @@ struct MenuEntry {
     std::vector<MenuEntry> children;
 };
 
-/// A language file, babel/<four digits>.dlk: a binary resource collection with the texts by number
-/// and those of the forms (texts.ts), the dialog forms by template number (forms/<number>.ui), the menus
-/// (menus.xml) and the ribbon (ribbon.xml); of these only texts.ts differs between languages. Behind the
-/// collection stands a line with its check sum, so that a damaged file is told from a whole one before
-/// anything is read out of it. Everything is loaded at once; texts are looked up without touching the file.
-/// Any one thread at a time.
+/// What a language file lacks, so that English stands in for it.
+struct LanguageGaps {
+    bool wholeFile = false;  ///< missing or damaged; then nothing else is counted
+    qsizetype texts = 0;     ///< not translated, those of the forms among them
+    qsizetype forms = 0;     ///< forms, menus and ribbon
+    bool any() const { return wholeFile || texts > 0 || forms > 0; }
+};
+
+/// What the interface says, in one language: the texts by number, the dialog forms, the menus and the ribbon
+/// of babel/<four digits>.dlk. What that file lacks is answered by English, babel/0009.dlk, and told by
+/// gaps(). Any one thread at a time.
 class LanguageFile {
  public:
     LanguageFile() = default;
-    /// Loads babel/<number>.dlk of the install folder.
+    /// Loads babel/<language>.dlk of the install folder, and the English one behind it.
     LanguageFile(const std::filesystem::path& installPath, int language);
-    ~LanguageFile();
     LanguageFile(const LanguageFile&) = delete;
     LanguageFile& operator=(const LanguageFile&) = delete;
 
     /// The file of a language, whether it exists or not.
     static std::filesystem::path pathOf(const std::filesystem::path& installPath, int language);
 
-    /// False when the file is missing, damaged or no language file: then every answer below is empty.
-    bool valid() const { return valid_; }
+    /// False when neither the language nor English could be loaded: then every answer below is empty.
+    bool valid() const { return own_.valid() || english_.valid(); }
+
+    const LanguageGaps& gaps() const { return gaps_; }
 
     /// The text of a number; empty when there is none.
     QString text(int number) const { return texts_.value(number); }
@@ -48,8 +59,8 @@ class LanguageFile {
     /// number.
     QString tip(int number) const { return text(kTipNumbers + number); }
 
-    /// The text with its "%s" replaced in order by the values; a "%d" or "%u" takes a value too. A place
-    /// without a value becomes empty, and "%%" is a percent sign.
+    /// The text with its "%s" replaced in order by the values; a "%d" or "%u" takes a value too, and "%2$s"
+    /// the second one. A place without a value becomes empty, and "%%" is a percent sign.
     QString formatted(int number, std::initializer_list<QString> values) const;
 
     /// The Designer form of a template number, its texts in the language; empty when there is none.
@@ -62,16 +73,15 @@ class LanguageFile {
     QByteArray ribbonMarkup() const { return read(QStringLiteral("ribbon.xml")); }
 
  private:
-    bool load(const std::filesystem::path& file);
     QByteArray read(const QString& name) const;
-    bool readTexts();
-    bool readMenus();
+    void gatherTexts();
+    void readMenus();
+    void countGaps(int language);
 
-    QByteArray collection_;  // what is registered points into it
-    QString root_;
-    bool valid_ = false;
+    LanguageCollection own_;
+    LanguageCollection english_;  // empty where English is the language
+    LanguageGaps gaps_;
     QHash<int, QString> texts_;
-    QHash<std::pair<QString, QString>, QString> formTexts_;  // by class of the form and English text
     QHash<int, std::vector<MenuEntry>> menus_;
 };
 

@@ -7,6 +7,7 @@
 #include "platform/IniFile.h"
 #include "platform/Text.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace app {
@@ -99,28 +100,86 @@ void correctPaneSizes(Settings::WindowSizes& sizes) {
         std::max<std::int64_t>(std::int64_t{sizes.mainWidth} - kSideWidth - kSideWidth, INT32_MIN));
 }
 
-void write(IniFile& ini, const SettingRow& row, bool value) {
-    ini.setBoolean(row.section, row.writtenKey, value);
+std::string textOf(bool value) {
+    return value ? "1" : "0";
 }
-void write(IniFile& ini, const SettingRow& row, int value) {
-    ini.setInteger(row.section, row.writtenKey, value);
+std::string textOf(int value) {
+    return std::to_string(value);
 }
-void write(IniFile& ini, const SettingRow& row, std::uint32_t value) {
-    write(ini, row, static_cast<int>(value));
+std::string textOf(std::uint32_t value) {
+    return textOf(static_cast<int>(value));
 }
-void write(IniFile& ini, const SettingRow& row, const QString& value) {
-    ini.setText(row.section, row.writtenKey, value);
+std::string textOf(const QString& value) {
+    return platform::narrow(value);
 }
-void write(IniFile& ini, const SettingRow& row, const fs::path& value) {
-    ini.setBytes(row.section, row.writtenKey, platform::narrow(value));
+std::string textOf(const fs::path& value) {
+    return platform::narrow(value);
+}
+
+/// The row's value as the file holds it.
+std::string textOf(const SettingRow& row, AppContext& context) {
+    return std::visit([&](auto field) { return textOf(field(context)); }, row.field);
+}
+
+std::optional<LoadedSetting>& loadedOf(const SettingRow& row, AppContext& context) {
+    const auto table = settingsTable();
+    context.loadedSettings.resize(table.size());
+    return context.loadedSettings[static_cast<std::size_t>(&row - table.data())];
+}
+
+/// Behind all corrections, since a corrected value is no change of the user's.
+void noteLoaded(const IniFile& ini, ReadAt when, AppContext& context) {
+    for (const SettingRow& row : settingsTable()) {
+        const bool isNew = !loadedOf(row, context);
+        const bool isWrittenOnly = row.readAt == ReadAt::Never && (isNew || when == ReadAt::Late);
+        if (row.readAt != when && !isWrittenOnly) continue;
+        loadedOf(row, context) = LoadedSetting{textOf(row, context), ini.find(row.section, row.writtenKey)};
+    }
+}
+
+bool isChanged(const SettingRow& row, AppContext& context) {
+    const std::optional<LoadedSetting>& loaded = loadedOf(row, context);
+    return !loaded || loaded->value != textOf(row, context);
+}
+
+/// Whether the row, or one that makes no sense without it, has changed here.
+bool isChangedWithItsKin(const SettingRow& row, AppContext& context) {
+    for (const char* whole : {kPositionSection, kSizesSection, "Lists"}) {
+        if (std::string_view(row.section) != whole) continue;
+        const auto table = settingsTable();
+        return std::any_of(table.begin(), table.end(), [&](const SettingRow& other) {
+            return std::string_view(other.section) == whole && isChanged(other, context);
+        });
+    }
+    return isChanged(row, context);
 }
 
 void writeRow(IniFile& ini, const SettingRow& row, AppContext& context) {
-    std::visit([&](auto field) { write(ini, row, field(context)); }, row.field);
+    const std::string text = textOf(row, context);
+    if (isChangedWithItsKin(row, context))
+        ini.setBytes(row.section, row.writtenKey, text);
+    else
+        ini.setBytesUnlessChanged(row.section, row.writtenKey, text, loadedOf(row, context)->inFile);
 }
 
 QString saved(IniFile& ini) {
     return platform::wide(ini.save().reason);
+}
+
+/// What the file holds now as it is here is where the next save starts from. What another program has changed
+/// stays its change.
+void noteSaved(const IniFile& ini, AppContext& context) {
+    for (const SettingRow& row : settingsTable()) {
+        const std::string text = textOf(row, context);
+        const std::optional<std::string> inFile = ini.find(row.section, row.writtenKey);
+        if (inFile == text) loadedOf(row, context) = LoadedSetting{text, inFile};
+    }
+}
+
+QString savedAndNoted(IniFile& ini, AppContext& context) {
+    const QString problem = saved(ini);
+    if (problem.isEmpty()) noteSaved(ini, context);
+    return problem;
 }
 
 bool isMerelyFoundTool(const SettingRow& row, const AppContext& context) {
@@ -139,7 +198,7 @@ QString saveSection(AppContext& context, std::string_view section) {
     for (const SettingRow& row : settingsTable()) {
         if (row.section == section) writeRow(ini, row, context);
     }
-    return saved(ini);
+    return savedAndNoted(ini, context);
 }
 
 }  // namespace
@@ -153,16 +212,20 @@ void LoadEarlySettings(AppContext& context) {
     const IniFile ini(context.iniPath);
     for (const char* section : kEarlySections) readSection(ini, section, ReadAt::Early, context);
     correctPaneSizes(context.settings.windowSizes);
+    noteLoaded(ini, ReadAt::Early, context);
 }
 
 void loadWindowPosition(AppContext& context) {
-    readSection(IniFile(context.iniPath), kPositionSection, ReadAt::Position, context);
+    const IniFile ini(context.iniPath);
+    readSection(ini, kPositionSection, ReadAt::Position, context);
+    noteLoaded(ini, ReadAt::Position, context);
 }
 
 void LoadSettings(AppContext& context) {
     const IniFile ini(context.iniPath);
     readMain(ini, context);
     readBehindMain(ini, context);
+    noteLoaded(ini, ReadAt::Late, context);
 }
 
 QString loadSettingsOrDefaults(AppContext& context) {
@@ -171,7 +234,9 @@ QString loadSettingsOrDefaults(AppContext& context) {
     try {
         readMain(ini, context);
     } catch (const InvalidEnumeration& invalid) {
-        fault = QString::fromLatin1(invalid.what());
+        // A missing key ends the designed load as a wrong number does, but is no damage.
+        const QString told = QString::fromLatin1(invalid.what());
+        if (ini.find("Main", told.section(u':', 0, 0).toStdString())) fault = told;
         readSection(ini, "Main", ReadAt::Late, context);
         Settings::Main& main = context.settings.main;
         if (toString(static_cast<SortMode>(main.sortMode)).isEmpty())
@@ -180,11 +245,23 @@ QString loadSettingsOrDefaults(AppContext& context) {
             main.viewMode = static_cast<int>(ViewMode::Details);
     }
     readBehindMain(ini, context);
+    noteLoaded(ini, ReadAt::Late, context);
+    if (ini.loadStatus() == IniFile::LoadStatus::Unreadable) fault = platform::wide(ini.loadReason());
     return fault;
 }
 
 void loadStartFolder(AppContext& context) {
-    readSection(IniFile(context.iniPath), "Nodes", ReadAt::StartFolder, context);
+    const IniFile ini(context.iniPath);
+    readSection(ini, "Nodes", ReadAt::StartFolder, context);
+    noteLoaded(ini, ReadAt::StartFolder, context);
+}
+
+void takeAsLoaded(AppContext& context, std::string_view section) {
+    for (const SettingRow& row : settingsTable()) {
+        if (row.section != section) continue;
+        if (std::optional<LoadedSetting>& loaded = loadedOf(row, context))
+            loaded->value = textOf(row, context);
+    }
 }
 
 QString SaveWindowPosition(AppContext& context, const Settings::WindowPosition& position) {
@@ -197,22 +274,27 @@ QString SaveWindowSizes(AppContext& context, const Settings::WindowSizes& sizes)
     return saveSection(context, kSizesSection);
 }
 
-QString SaveSettings(const AppContext& context) {
-    AppContext values = context;  // the table's accessors give writable members
+QString SaveSettings(AppContext& context) {
     IniFile ini(context.iniPath);
     for (const SettingRow& row : settingsTable()) {
         const std::string_view section = row.section;
         if (section == kPositionSection || section == kSizesSection || isMerelyFoundTool(row, context))
             continue;
-        writeRow(ini, row, values);
+        writeRow(ini, row, context);
     }
-    return saved(ini);
+    return savedAndNoted(ini, context);
 }
 
 QString WriteIntSetting(std::string_view section, std::string_view key, const fs::path& iniPath, int value) {
     IniFile ini(iniPath);
     ini.setInteger(section, key, value);
     return saved(ini);
+}
+
+QString saveToolPath(AppContext& context, std::string_view key, const fs::path& tool) {
+    const QString problem = writePathSetting("PATHS", key, context.iniPath, tool);
+    if (problem.isEmpty()) noteSaved(IniFile(context.iniPath), context);
+    return problem;
 }
 
 QString writePathSetting(std::string_view section, std::string_view key, const fs::path& iniPath,

@@ -7,9 +7,11 @@
 #include <string_view>
 
 /// Loading and saving of the settings file, context.iniPath. Settings are read at start, in three steps, and
-/// written at exit; what the file holds beyond the known keys stays in it. A missing or unreadable file gives
-/// the defaults. GUI thread only. A save answers an empty text, or why the file could not be written, for the
-/// user.
+/// written at exit; what the file holds beyond the known keys stays in it. A key that was not changed here
+/// since it was loaded is not written over what another running program has put there meanwhile; the keys of
+/// the window's position, of its sizes and of the right panels count as one each, since half of the one and
+/// half of the other would be neither. A missing or unreadable file gives the defaults. GUI thread only. A
+/// save answers an empty text, or why the file could not be written, for the user.
 namespace app {
 
 /// Only the number of the language file, which the first texts on the screen need.
@@ -28,26 +30,34 @@ void loadWindowPosition(AppContext& context);
 void LoadSettings(AppContext& context);
 
 /// LoadSettings for a program that goes on with a damaged file: a SortMode or ViewMode without meaning
-/// becomes Name or Details, and all other settings are loaded. Gives the text of the first fault, or an empty
-/// one.
-QString loadSettingsOrDefaults(AppContext& context);
+/// becomes Name or Details, and all other settings are loaded. Gives the text of the first fault, for people,
+/// or an empty one; a missing key is no fault.
+[[nodiscard]] QString loadSettingsOrDefaults(AppContext& context);
 
 /// Section Nodes, the folder shown last.
 void loadStartFolder(AppContext& context);
 
+/// What the program itself has made of the section's values since they were loaded (a tool that was looked
+/// for, a window that was laid out) is no change of the user's.
+void takeAsLoaded(AppContext& context, std::string_view section);
+
 /// Each writes its section from the values given and takes them into the context.
-QString SaveWindowPosition(AppContext& context, const Settings::WindowPosition& position);
-QString SaveWindowSizes(AppContext& context, const Settings::WindowSizes& sizes);
+[[nodiscard]] QString SaveWindowPosition(AppContext& context, const Settings::WindowPosition& position);
+[[nodiscard]] QString SaveWindowSizes(AppContext& context, const Settings::WindowSizes& sizes);
 
 /// All other sections, with the folder shown last, context.settings.startFolder. A tool that no key names and
 /// that was merely found in its usual place is not written, so that the next start looks for it again.
-QString SaveSettings(const AppContext& context);
+[[nodiscard]] QString SaveSettings(AppContext& context);
 
 /// One number, in decimal; the file's other keys stay as they are.
-QString WriteIntSetting(std::string_view section, std::string_view key, const std::filesystem::path& iniPath,
-                        int value);
+[[nodiscard]] QString WriteIntSetting(std::string_view section, std::string_view key,
+                                      const std::filesystem::path& iniPath, int value);
+/// The tool's path as the user has chosen it, written at once.
+[[nodiscard]] QString saveToolPath(AppContext& context, std::string_view key,
+                                   const std::filesystem::path& tool);
 /// The same for a path, whose bytes are written as they are.
-QString writePathSetting(std::string_view section, std::string_view key, const std::filesystem::path& iniPath,
-                         const std::filesystem::path& value);
+[[nodiscard]] QString writePathSetting(std::string_view section, std::string_view key,
+                                       const std::filesystem::path& iniPath,
+                                       const std::filesystem::path& value);
 
 }  // namespace app

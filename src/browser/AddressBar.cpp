@@ -1,6 +1,9 @@
 #include "browser/AddressBar.h"
 
+#include "app/CommandTable.h"
+#include "app/TextNumbers.h"
 #include "browser/AddressPath.h"
+#include "browser/BrowserTexts.h"
 #include "browser/TabContainer.h"
 #include "controls/Icons.h"
 #include "platform/Text.h"
@@ -42,13 +45,14 @@ QStringList folderNamesIn(const std::filesystem::path& parent) {
 
 }  // namespace
 
-AddressBar::AddressBar(TabContainer& tabs, QWidget* parent) : QWidget(parent), tabs_(tabs) {
+AddressBar::AddressBar(TabContainer& tabs, const app::LanguageFile& language, QWidget* parent)
+    : QWidget(parent), tabs_(tabs), language_(language) {
     auto* layout = new QHBoxLayout(this);
     layout->setContentsMargins(kGap, kGap, kGap, kGap);
     layout->setSpacing(kGap);
-    back_ = addButton(QStringLiteral("Back"), QStringLiteral("go-previous"), QStringLiteral("Back"));
-    forward_ = addButton(QStringLiteral("Forward"), QStringLiteral("go-next"), QStringLiteral("Forward"));
-    up_ = addButton(QStringLiteral("Up"), QStringLiteral("go-up"), QStringLiteral("Up one level"));
+    back_ = addButton(QStringLiteral("Back"), QStringLiteral("go-previous"), app::command::kBackOfMenu);
+    forward_ = addButton(QStringLiteral("Forward"), QStringLiteral("go-next"), app::command::kForwardOfMenu);
+    up_ = addButton(QStringLiteral("Up"), QStringLiteral("go-up"), text::kUpOneLevel);
     makeEdit();
     setFixedHeight(kRowHeight);
     const auto controller = [this]() -> ShellNavigationController& {
@@ -62,7 +66,8 @@ AddressBar::AddressBar(TabContainer& tabs, QWidget* parent) : QWidget(parent), t
 
 AddressBar::~AddressBar() = default;
 
-QToolButton* AddressBar::addButton(const QString& name, const QString& icon, const QString& tip) {
+QToolButton* AddressBar::addButton(const QString& name, const QString& icon, int tipNumber) {
+    const QString tip = language_.text(tipNumber);
     auto* button = new QToolButton(this);
     button->setObjectName(name);
     button->setIcon(controls::icon(icon));
@@ -79,7 +84,7 @@ QToolButton* AddressBar::addButton(const QString& name, const QString& icon, con
 void AddressBar::makeEdit() {
     edit_ = new QLineEdit(this);
     edit_->setObjectName(QStringLiteral("Address"));
-    edit_->setAccessibleName(QStringLiteral("Folder"));
+    edit_->setAccessibleName(language_.text(app::text::kFolder));
     edit_->setFixedHeight(kEditHeight);
     icon_ = edit_->addAction(FileIcons::folder(), QLineEdit::LeadingPosition);
     offers_ = new QStringListModel(this);
@@ -164,7 +169,7 @@ void AddressBar::OnGo() {
     const long result = isUrl(typed) ? shell.navigationController().BrowseFolder(typed)
                                      : shell.navigationController().BrowseFolder(path);
     if (result != kNavigationOk) {
-        StatusMessage(navigationFailureText(result, typed));
+        StatusMessage(language_.formatted(navigationFailureText(result), {typed}));
         return;
     }
     shell.view().setFocus();

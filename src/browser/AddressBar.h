@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/LanguageFile.h"
 #include "browser/TaskQueue.h"
 
 #include <QWidget>
@@ -26,8 +27,8 @@ class AddressBar : public QWidget {
     Q_OBJECT
 
  public:
-    /// tabs must outlive the bar.
-    explicit AddressBar(TabContainer& tabs, QWidget* parent = nullptr);
+    /// tabs and language must outlive the bar.
+    AddressBar(TabContainer& tabs, const app::LanguageFile& language, QWidget* parent = nullptr);
     ~AddressBar() override;
 
     /// Puts the focus into the path and selects it.
@@ -42,7 +43,7 @@ class AddressBar : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-    QToolButton* addButton(const QString& name, const QString& icon, const QString& tip);
+    QToolButton* addButton(const QString& name, const QString& icon, int tipNumber);
     void makeEdit();
     void connectTabs();
     void OnGo();
@@ -55,6 +56,7 @@ class AddressBar : public QWidget {
     void takeFolders(int request, const std::filesystem::path& parent, const QStringList& names);
 
     TabContainer& tabs_;
+    const app::LanguageFile& language_;
     QToolButton* back_;
     QToolButton* forward_;
     QToolButton* up_;

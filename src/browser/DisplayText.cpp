@@ -2,7 +2,7 @@
 
 #include "app/Settings.h"
 
-#include <strings.h>
+#include <QByteArray>
 
 namespace browser {
 
@@ -20,7 +20,7 @@ std::string_view extensionOf(std::string_view name) {
 std::string_view displayText(std::string_view name, bool isFolder, const NameSettings& settings) {
     if (isFolder || name.starts_with('.')) return name;
     const std::string_view extension = extensionOf(name);
-    const bool isLink = extension.size() == 4 && ::strncasecmp(extension.data(), ".lnk", 4) == 0;
+    const bool isLink = extension.size() == 4 && qstrnicmp(extension.data(), ".lnk", 4) == 0;
     if (settings.showExtensions && !(settings.hideLinkExtension && isLink)) return name;
     return name.substr(0, name.size() - extension.size());
 }

@@ -1,6 +1,6 @@
 #include "browser/FolderLoader.h"
 
-#include <sys/statvfs.h>
+#include "platform/Volumes.h"
 
 #include <QMetaObject>
 #include <QObject>
@@ -11,9 +11,7 @@ namespace browser {
 std::vector<std::int32_t> sortItems(const std::filesystem::path& folder, const ItemStore& items,
                                     std::span<const std::int32_t> ids, SortSettings settings,
                                     const std::atomic_bool* cancelled) {
-    struct statvfs volume;
-    if (settings.mode == app::SortMode::RealSize)
-        settings.clusterBytes = ::statvfs(folder.c_str(), &volume) == 0 ? volume.f_frsize : 0;
+    if (settings.mode == app::SortMode::RealSize) settings.clusterBytes = platform::clusterBytes(folder);
     try {
         return ItemOrder(std::move(settings)).sorted(items, ids, SortStop(cancelled));
     } catch (const SortGivenUp&) {

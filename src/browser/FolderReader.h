@@ -12,8 +12,8 @@ enum class FolderState { Readable, Empty, NotFound, NotAllowed, NotAFolder, Unre
 /// What an errno of opening or reading a folder means.
 FolderState folderStateOf(int errorNumber);
 
-/// What stands in the middle of a list without items; empty for a readable folder that has some.
-QString emptyListText(FolderState state);
+/// The number of the text in the middle of a list without items; 0 for a readable folder that has some.
+int emptyListText(FolderState state);
 
 struct FolderListing {
     std::filesystem::path folder;

@@ -3,9 +3,7 @@
 #include "app/Settings.h"
 #include "browser/TypeNames.h"
 #include "platform/Text.h"
-
-#include <pwd.h>
-#include <unistd.h>
+#include "platform/UserNames.h"
 
 #include <algorithm>
 
@@ -16,21 +14,13 @@ NameOrder::Numbers numbersOf(bool natural) {
     return natural ? NameOrder::Numbers::ByValue : NameOrder::Numbers::ByDigit;
 }
 
-QByteArray ownerText(std::uint32_t user) {
-    char buffer[4096];
-    struct passwd entry;
-    struct passwd* found = nullptr;
-    if (::getpwuid_r(user, &entry, buffer, sizeof buffer, &found) == 0 && found != nullptr)
-        return found->pw_name;
-    return QByteArray::number(user);
-}
-
 /// Asks once for each user number.
 class OwnerNames {
  public:
     const QByteArray& of(std::uint32_t user) {
         const auto known = names_.find(user);
-        return known != names_.end() ? known->second : names_.emplace(user, ownerText(user)).first->second;
+        if (known != names_.end()) return known->second;
+        return names_.emplace(user, QByteArray::fromStdString(platform::nameOfUser(user))).first->second;
     }
 
  private:

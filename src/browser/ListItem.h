@@ -1,22 +1,14 @@
 #pragma once
 
+#include "platform/FileFacts.h"
+
 #include <QString>
 #include <cstdint>
 #include <filesystem>
 
 namespace browser {
 
-/// What stands behind a name in a folder. A link takes the kind of what it points to.
-enum class ItemKind : std::uint8_t {
-    File,
-    Folder,
-    Fifo,
-    CharacterDevice,
-    BlockDevice,
-    Socket,
-    BrokenLink,
-    Unknown
-};
+using ItemKind = platform::FileKind;
 
 /// Attribute bits of an item; the numbers are those of the attribute column.
 namespace attribute {

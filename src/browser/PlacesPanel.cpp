@@ -1,5 +1,6 @@
 #include "browser/PlacesPanel.h"
 
+#include "browser/BrowserTexts.h"
 #include "browser/FileIcons.h"
 #include "controls/ColorArithmetic.h"
 #include "platform/Text.h"
@@ -38,9 +39,10 @@ int nearness(const std::filesystem::path& folder, const std::filesystem::path& p
 
 }  // namespace
 
-PlacesPanel::PlacesPanel(QWidget* parent) : QTreeWidget(parent) {
+PlacesPanel::PlacesPanel(const app::LanguageFile& language, QWidget* parent)
+    : QTreeWidget(parent), language_(language) {
     setObjectName(QStringLiteral("Places"));
-    setAccessibleName(QStringLiteral("Places"));
+    setAccessibleName(language_.text(text::kPlaces));
     setHeaderHidden(true);
     setRootIsDecorated(false);
     setIndentation(kIndentation);
@@ -80,15 +82,16 @@ void PlacesPanel::changeEvent(QEvent* event) {
         softenSelection();
 }
 
-void PlacesPanel::addSection(const QString& title, const std::vector<Place>& places) {
-    auto* section = new QTreeWidgetItem(this, {title});
+void PlacesPanel::addSection(int titleNumber, const std::vector<Place>& places) {
+    auto* section = new QTreeWidgetItem(this, {language_.text(titleNumber)});
     QFont font = this->font();
     font.setBold(true);
     section->setFont(0, font);
     section->setFlags(Qt::ItemIsEnabled);
     section->setSizeHint(0, {0, kRowHeight});
     for (const Place& place : places) {
-        auto* item = new QTreeWidgetItem(section, {place.name});
+        auto* item = new QTreeWidgetItem(
+            section, {place.textNumber == 0 ? place.name : language_.text(place.textNumber)});
         item->setIcon(0, FileIcons::folder(place.iconName));
         item->setToolTip(0, platform::display(place.path));
         item->setData(0, kPathRole, QByteArray::fromStdString(place.path.native()));
@@ -100,8 +103,8 @@ void PlacesPanel::reload() {
     const std::vector<Place> volumes = mountedVolumes();
     volumes_ = pathsOf(volumes);
     clear();
-    addSection(QStringLiteral("Places"), knownFolders());
-    addSection(QStringLiteral("Devices"), volumes);
+    addSection(text::kPlaces, knownFolders());
+    addSection(text::kDevices, volumes);
     expandAll();
     setCurrentFolder(currentFolder_);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/LanguageFile.h"
 #include "browser/Places.h"
 
 #include <QTreeWidget>
@@ -13,7 +14,8 @@ class PlacesPanel : public QTreeWidget {
     Q_OBJECT
 
  public:
-    explicit PlacesPanel(QWidget* parent = nullptr);
+    /// language must outlive the panel.
+    explicit PlacesPanel(const app::LanguageFile& language, QWidget* parent = nullptr);
 
     /// Marks the place that is this folder or the nearest above it.
     void setCurrentFolder(const std::filesystem::path& folder);
@@ -27,9 +29,10 @@ class PlacesPanel : public QTreeWidget {
 
  private:
     void softenSelection();
-    void addSection(const QString& title, const std::vector<Place>& places);
+    void addSection(int titleNumber, const std::vector<Place>& places);
     void reloadVolumesIfChanged();
 
+    const app::LanguageFile& language_;
     std::filesystem::path currentFolder_;
     std::vector<std::filesystem::path> volumes_;
 };

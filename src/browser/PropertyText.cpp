@@ -293,7 +293,7 @@ constexpr auto kFormats = std::to_array<Format>({
 /// The store of the last file, as long as the file is the same.
 properties::PropertyStore& storeOf(const std::filesystem::path& path) {
     thread_local std::optional<properties::PropertyStore> store;
-    if (!store || store->file() != path || store->identity() != properties::identifyFile(path))
+    if (!store || store->file() != path || store->identity() != platform::identifyFile(path))
         store.emplace(path);
     return *store;
 }

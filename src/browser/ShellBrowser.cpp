@@ -1,5 +1,6 @@
 #include "browser/ShellBrowser.h"
 
+#include "browser/BrowserTexts.h"
 #include "browser/ColumnSort.h"
 #include "browser/ColumnText.h"
 #include "platform/Text.h"
@@ -133,7 +134,7 @@ long ShellBrowser::BrowseFolder(const std::filesystem::path& folder, bool addHis
     if (loaded)
         finishNavigation(std::move(*loaded), request.sort, addHistoryEntry);
     else
-        view_->setEmptyText(QStringLiteral("Reading the folder ..."));
+        view_->setEmptyText(parts_.language.text(text::kReadingFolder));
     view_->setUpdatesEnabled(true);
     return kNavigationOk;
 }
@@ -141,7 +142,7 @@ long ShellBrowser::BrowseFolder(const std::filesystem::path& folder, bool addHis
 void ShellBrowser::finishNavigation(LoadedFolder loaded, const SortSettings& sorted, bool addHistoryEntry) {
     const std::filesystem::path folder = loaded.listing.folder;
     model_.take(std::move(loaded), parts_.context.settings.listView.hideSystemFiles);
-    view_->setEmptyText(emptyListText(folderState()));
+    view_->setEmptyText(parts_.language.text(emptyListText(folderState())));
     if (sortSettings() != sorted) sort();
     showSortArrow();
     if (model_.rowCount() > 0)
@@ -172,7 +173,7 @@ void ShellBrowser::onFolderVanished() {
     sorter_.cancel();
     loader_.cancel();
     model_.lose(FolderState::NotFound);
-    view_->setEmptyText(emptyListText(FolderState::NotFound));
+    view_->setEmptyText(parts_.language.text(emptyListText(FolderState::NotFound)));
     ListSelectionChanged();
 }
 
@@ -201,7 +202,7 @@ void ShellBrowser::AddItem(std::string_view name) {
 
 void ShellBrowser::RemoveItem(std::int32_t itemId) {
     model_.RemoveItem(itemId);
-    view_->setEmptyText(emptyListText(folderState()));
+    view_->setEmptyText(parts_.language.text(emptyListText(folderState())));
 }
 
 bool ShellBrowser::selectItem(std::string_view name) {

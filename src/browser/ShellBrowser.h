@@ -1,13 +1,14 @@
 #pragma once
 
 #include "app/AppContext.h"
+#include "app/LanguageFile.h"
 #include "app/ViewMode.h"
 #include "browser/CellLoader.h"
 #include "browser/FileListModel.h"
 #include "browser/FileListView.h"
-#include "browser/FolderWatch.h"
 #include "browser/ItemSorter.h"
 #include "browser/ShellNavigationController.h"
+#include "platform/FolderWatch.h"
 
 #include <QObject>
 #include <QPointer>
@@ -21,6 +22,7 @@ struct BrowserParts {
     app::AppContext& context;
     tags::PropertyCatalogue& catalogue;
     FileIcons& icons;
+    const app::LanguageFile& language;
     ShellBrowser* active = nullptr;  ///< the browser of the selected tab
     bool showHidden = false;         ///< command 40106; not kept in the settings
 };
@@ -142,7 +144,7 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     std::filesystem::path awaitedItem_;  // to be selected once its folder is there
     std::uint32_t sortedColumn_ = 0;
     bool hasSortedColumn_ = false;
-    FolderWatch folderWatch_;
+    platform::FolderWatch folderWatch_;
     ThemeIconFetcher iconFetcher_;
     ShellNavigationController navigationController_;
     FolderLoader loader_;

@@ -1,5 +1,6 @@
 #include "browser/ShellNavigationController.h"
 
+#include "browser/BrowserTexts.h"
 #include "platform/Text.h"
 
 #include <QUrl>
@@ -14,18 +15,18 @@ long resultOf(const std::error_code& failure) {
 
 }  // namespace
 
-QString navigationFailureText(long result, const QString& path) {
+int navigationFailureText(long result) {
     switch (result) {
         case kNavigationOk:
-            return {};
+            return 0;
         case kPathNotFound:
-            return QStringLiteral("There is no folder \"%1\"").arg(path);
+            return text::kNoSuchFolder;
         case kPathDenied:
-            return QStringLiteral("You do not have the permission to open \"%1\"").arg(path);
+            return text::kMayNotOpen;
         case kPathIsNoFolder:
-            return QStringLiteral("\"%1\" is not a folder").arg(path);
+            return text::kIsNoFolder;
         default:
-            return QStringLiteral("\"%1\" cannot be opened").arg(path);
+            return text::kCannotBeOpened;
     }
 }
 

@@ -14,8 +14,8 @@ inline constexpr long kPathNotFound = 0x80070003L;
 inline constexpr long kPathDenied = 0x80070005L;
 inline constexpr long kPathIsNoFolder = 0x8007010BL;
 
-/// A sentence for the status bar; empty for kNavigationOk.
-QString navigationFailureText(long result, const QString& path);
+/// The number of a sentence for the status bar, whose place is the path that was typed; 0 for kNavigationOk.
+int navigationFailureText(long result);
 
 /// The back and forward history of one tab. It hears of every completed navigation, whoever started it. GUI
 /// thread.

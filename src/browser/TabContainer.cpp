@@ -1,5 +1,6 @@
 #include "browser/TabContainer.h"
 
+#include "browser/BrowserTexts.h"
 #include "controls/Icons.h"
 #include "platform/Text.h"
 
@@ -32,12 +33,15 @@ QTabBar* makeTabBar(QWidget* parent) {
 }  // namespace
 
 TabContainer::TabContainer(app::AppContext& context, tags::PropertyCatalogue& catalogue,
-                           QStackedWidget& holder, QWidget* parent)
-    : QWidget(parent), parts_{context, catalogue, icons_}, holder_(holder), tabBar_(makeTabBar(this)) {
+                           const app::LanguageFile& language, QStackedWidget& holder, QWidget* parent)
+    : QWidget(parent),
+      parts_{context, catalogue, icons_, language},
+      holder_(holder),
+      tabBar_(makeTabBar(this)) {
     auto* add = new QToolButton(this);
     add->setObjectName(QStringLiteral("NewTab"));
     add->setIcon(controls::icon(QStringLiteral("list-add")));
-    add->setToolTip(QStringLiteral("New tab"));
+    add->setToolTip(language.text(text::kNewTab));
     add->setAccessibleName(add->toolTip());
     add->setAutoRaise(true);
     auto* layout = new QHBoxLayout(this);

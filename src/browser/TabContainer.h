@@ -19,9 +19,9 @@ class TabContainer : public QWidget {
  public:
     using TabSignal = boost::signals2::signal<void(const Tab&)>;
 
-    /// context, catalogue and holder must outlive the container.
-    TabContainer(app::AppContext& context, tags::PropertyCatalogue& catalogue, QStackedWidget& holder,
-                 QWidget* parent = nullptr);
+    /// All but parent must outlive the container.
+    TabContainer(app::AppContext& context, tags::PropertyCatalogue& catalogue,
+                 const app::LanguageFile& language, QStackedWidget& holder, QWidget* parent = nullptr);
     ~TabContainer() override;
 
     /// A tab on that folder. Null, and no tab, when there is no such folder.

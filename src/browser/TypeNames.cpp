@@ -1,11 +1,8 @@
 #include "browser/TypeNames.h"
 
 #include "browser/DisplayText.h"
+#include "platform/RegularFile.h"
 #include "platform/Text.h"
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <QMimeType>
 
@@ -15,7 +12,7 @@ namespace {
 // No longer extension is worth a place in the memory: it is a name with a dot in it.
 constexpr std::size_t kLongestExtension = 12;
 constexpr std::size_t kMostExtensions = 4096;
-constexpr qsizetype kHeadBytes = 4096;
+constexpr std::size_t kHeadBytes = 4096;
 
 TypeNames::Type typeOf(const QMimeType& mime, bool certain) {
     return {mime.comment(), mime.iconName(), mime.genericIconName(), certain};
@@ -49,29 +46,6 @@ const char* specialTypeName(ItemKind kind) {
     return nullptr;
 }
 
-/// The first bytes of a regular file. The file is opened so that a pipe put in its place meanwhile does not
-/// block.
-QByteArray headOf(const std::filesystem::path& path) {
-    QByteArray head;
-    const int file = ::open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-    if (file < 0) return head;
-    struct stat data;
-    if (::fstat(file, &data) == 0 && S_ISREG(data.st_mode)) {
-        head.resize(kHeadBytes);
-        const ssize_t got = ::read(file, head.data(), static_cast<std::size_t>(kHeadBytes));
-        head.resize(std::max<ssize_t>(got, 0));
-    }
-    ::close(file);
-    return head;
-}
-
-std::string foldedExtension(std::string_view name) {
-    std::string extension(extensionOf(name));
-    for (char& c : extension)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    return extension;
-}
-
 }  // namespace
 
 TypeNames& TypeNames::instance() {
@@ -84,7 +58,7 @@ TypeNames::Type TypeNames::lookUpName(std::string_view name) {
     const QList<QMimeType> matches = database_.mimeTypesForFileName(text);
     const QMimeType mime = database_.mimeTypeForFile(text, QMimeDatabase::MatchExtension);
     Type type = typeOf(mime, matches.size() == 1);
-    const std::string extension = foldedExtension(name);
+    const std::string extension = platform::lowerAscii(extensionOf(name));
     if (type.certain && !extension.empty() && extension.size() <= kLongestExtension &&
         extensionDecides(mime)) {
         const std::lock_guard lock(mutex_);
@@ -98,7 +72,7 @@ TypeNames::Type TypeNames::ofName(std::string_view name, ItemKind kind) {
         return typeOf(database_.mimeTypeForName(QLatin1String(special)), true);
     {
         const std::lock_guard lock(mutex_);
-        const auto known = byExtension_.find(foldedExtension(name));
+        const auto known = byExtension_.find(platform::lowerAscii(extensionOf(name)));
         if (known != byExtension_.end()) return known->second;
     }
     return lookUpName(name);
@@ -108,7 +82,7 @@ TypeNames::Type TypeNames::ofFile(const std::filesystem::path& path, ItemKind ki
     const std::string name = path.filename().string();
     Type type = ofName(name, kind);
     if (type.certain || kind != ItemKind::File) return type;
-    const QByteArray head = headOf(path);
+    const auto head = QByteArray::fromStdString(platform::readHead(path, kHeadBytes));
     return typeOf(database_.mimeTypeForFileNameAndData(platform::wide(name), head), true);
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "platform/FileDescriptor.h"
-
-#include <sys/types.h>
+#include "platform/ProcessId.h"
 
 #include <chrono>
 #include <filesystem>
@@ -23,9 +22,10 @@ struct ChildStream {
     Kind kind = Kind::Nowhere;
     std::filesystem::path file;
     int descriptor = -1;
+    bool followsLink = true;  ///< false: a file that is a symbolic link cannot be opened
 
-    static ChildStream truncate(std::filesystem::path file) { return {Kind::Truncate, std::move(file), -1}; }
-    static ChildStream append(std::filesystem::path file) { return {Kind::Append, std::move(file), -1}; }
+    static ChildStream truncate(std::filesystem::path file) { return {Kind::Truncate, std::move(file)}; }
+    static ChildStream append(std::filesystem::path file) { return {Kind::Append, std::move(file)}; }
     static ChildStream to(int descriptor) { return {Kind::Descriptor, {}, descriptor}; }
 };
 
@@ -72,7 +72,7 @@ class ChildProcess {
     /// opened is a failure too, and then no file of a later stream (input, output, errors) has been touched.
     ChildOutcome start(const ChildCommand& command);
     bool isRunning() const { return process_ > 0; }
-    pid_t processId() const { return process_; }  ///< 0 when none runs
+    ProcessId processId() const { return process_; }  ///< 0 when none runs
 
     /// Blocks until the child has ended, however long that takes, or keepWaiting has said no; an empty
     /// keepWaiting never does. The end is noticed at once.
@@ -88,7 +88,7 @@ class ChildProcess {
     ChildOutcome takeOutcome();
     void signalGroup(int signal) const;
 
-    pid_t process_ = 0;
+    ProcessId process_ = 0;
     FileDescriptor watch_;  ///< readable when the child has ended; none on a system without such descriptors
 };
 
@@ -99,9 +99,11 @@ struct OpenedStream {
 };
 
 /// For those who start children by other means: what start() does with each stream, the outcome when it
-/// fails, and the whole environment of the child.
+/// fails or when the child has ended, and the whole environment of the child.
 OpenedStream openChildStream(const ChildStream& stream, bool isInput);
 ChildOutcome childNotStarted(int error, const std::string& what);
+/// waitStatus: as the system gives it to the one who waits for the child.
+ChildOutcome outcomeOfStatus(int waitStatus);
 std::vector<std::string> childEnvironment(const ChildCommand& command);
 
 /// start() and wait().

@@ -1,11 +1,8 @@
 #include "platform/CommandInterpreter.h"
 
 #include "platform/AtomicFile.h"
-#include "platform/FileDescriptor.h"
 
-#include <fcntl.h>
-
-#include <cerrno>
+#include <algorithm>
 
 namespace platform {
 
@@ -148,21 +145,6 @@ class Scanner {
     Redirection redirection_;
 };
 
-ChildStream streamFor(const std::optional<Redirection>& redirection) {
-    if (!redirection) return {};
-    return redirection->append ? ChildStream::append(redirection->target)
-                               : ChildStream::truncate(redirection->target);
-}
-
-/// Puts the answer where the line leads its error stream.
-void writeAnswer(const ParsedCommand& command, std::string_view answer) {
-    if (!command.errors) return;
-    const int flags =
-        O_WRONLY | O_CREAT | O_CLOEXEC | O_NOCTTY | (command.errors->append ? O_APPEND : O_TRUNC);
-    const FileDescriptor file(::open(command.errors->target.c_str(), flags, 0666));
-    if (file.isOpen()) writeAll(file.get(), answer);
-}
-
 }  // namespace
 
 std::vector<ParsedCommand> parseCommands(const CommandText& text, TypedPieces typed) {
@@ -212,14 +194,37 @@ LineOutcome CommandInterpreter::runLine(const ParsedCommand& command, const Keep
         child.arguments.assign(command.words.begin() + 1, command.words.end());
         // Perl would else put a complaint about a locale that is not installed into every report.
         child.environment = {"PERL_BADLANG=0"};
-        child.output = streamFor(command.output);
-        child.errors = streamFor(command.errors);
+        child.output = streamFor(command.output, output_);
+        child.errors = streamFor(command.errors, errors_);
         outcome.child = runner_(child, keepWaiting);
         if (outcome.child.kind != ChildOutcome::Kind::NotStarted) return outcome;
         outcome.answer = outcome.child.reason + '\n';
     }
     writeAnswer(command, outcome.answer);
     return outcome;
+}
+
+ChildStream CommandInterpreter::streamFor(const std::optional<Redirection>& redirection,
+                                          const std::filesystem::path& otherwise) const {
+    if (!redirection && otherwise.empty()) return {};
+    if (!redirection) {
+        ChildStream stream = ChildStream::append(otherwise);
+        stream.followsLink = false;
+        return stream;
+    }
+    ChildStream stream = redirection->append ? ChildStream::append(redirection->target)
+                                             : ChildStream::truncate(redirection->target);
+    stream.followsLink =
+        std::find(ownFolders_.begin(), ownFolders_.end(), stream.file.parent_path()) == ownFolders_.end();
+    return stream;
+}
+
+/// Puts the answer where the line leads its error stream. What cannot be written there still stands in the
+/// outcome.
+void CommandInterpreter::writeAnswer(const ParsedCommand& command, std::string_view answer) const {
+    if (!command.errors) return;
+    const OpenedStream errors = openChildStream(streamFor(command.errors, {}), false);
+    if (errors.error == 0) static_cast<void>(writeAll(errors.descriptor.get(), answer));
 }
 
 bool CommandInterpreter::isTool(const std::string& word) const {

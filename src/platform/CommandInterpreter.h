@@ -72,16 +72,33 @@ class CommandInterpreter {
     /// Another way than runChild to run a line's tool. What it is given is what runChild would be given.
     void setChildRunner(ChildRunner runner) { runner_ = std::move(runner); }
 
+    /// Where the streams lead that a line does not redirect: to the end of these files. An empty one, as at
+    /// first: nowhere.
+    void setUnredirected(std::filesystem::path output, std::filesystem::path errors) {
+        output_ = std::move(output);
+        errors_ = std::move(errors);
+    }
+
+    /// Folders of the program's own: where a redirection leads to a file directly in one of them, a symbolic
+    /// link is not followed, and the line fails as with a file that cannot be opened.
+    void setOwnFolders(std::vector<std::filesystem::path> folders) { ownFolders_ = std::move(folders); }
+
     /// Blocks until the last line has ended. After a no of keepWaiting no further line is run.
     CommandOutcome run(const CommandText& text, const KeepWaiting& keepWaiting = {}) const;
 
  private:
     LineOutcome runLine(const ParsedCommand& command, const KeepWaiting& keepWaiting) const;
     bool isTool(const std::string& word) const;
+    ChildStream streamFor(const std::optional<Redirection>& redirection,
+                          const std::filesystem::path& otherwise) const;
+    void writeAnswer(const ParsedCommand& command, std::string_view answer) const;
 
     std::vector<std::filesystem::path> tools_;
     TypedPieces typed_;
+    std::vector<std::filesystem::path> ownFolders_;
     ChildRunner runner_ = runChild;
+    std::filesystem::path output_;
+    std::filesystem::path errors_;
 };
 
 }  // namespace platform

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <unistd.h>
-
 #include <utility>
 
 namespace platform {
@@ -26,10 +24,7 @@ class FileDescriptor {
     bool isOpen() const { return descriptor_ >= 0; }
     int get() const { return descriptor_; }  ///< -1 when there is none
 
-    void close() {
-        if (descriptor_ >= 0) ::close(descriptor_);
-        descriptor_ = -1;
-    }
+    void close();
 
  private:
     int descriptor_ = -1;

@@ -1,12 +1,12 @@
 #include "platform/IniFile.h"
 
 #include "platform/AtomicFile.h"
-#include "platform/FileDescriptor.h"
 #include "platform/Text.h"
 
 #include <QStringDecoder>
 #include <cerrno>
 #include <cstring>
+#include <system_error>
 
 namespace platform {
 
@@ -14,19 +14,11 @@ namespace {
 
 constexpr std::string_view kBlanks = " \t\v\f\r";
 
-std::string folded(std::string_view text) {
-    std::string lower(text);
-    for (char& c : lower) {
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    }
-    return lower;
-}
-
 /// A zero byte cannot be part of a name that is asked for, so it separates the two.
 std::string entryName(std::string_view section, std::string_view key) {
-    std::string name = folded(section);
+    std::string name = lowerAscii(section);
     name += '\0';
-    name += folded(key);
+    name += lowerAscii(key);
     return name;
 }
 
@@ -106,7 +98,7 @@ std::string decoded(std::string bytes) {
     if (!bytes.starts_with("\xFF\xFE"sv) && !bytes.starts_with("\xFE\xFF"sv)) return bytes;
     QStringDecoder decoder(QStringDecoder::Utf16);
     const QString text = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
-    return text.toStdString();
+    return narrow(text);
 }
 
 }  // namespace
@@ -125,7 +117,7 @@ IniFile::Content::Content(std::string_view bytes) : sections_(1), lineEnd_("\n")
 void IniFile::Content::addLine(std::string_view line) {
     if (const auto name = sectionName(line)) {
         sections_.push_back({std::string(line), {}});
-        sectionByName_[folded(*name)] = sections_.size() - 1;
+        sectionByName_[lowerAscii(*name)] = sections_.size() - 1;
         return;
     }
     Section& section = sections_.back();
@@ -147,9 +139,15 @@ std::optional<std::string_view> IniFile::Content::rawValue(std::string_view sect
     return value;
 }
 
+bool IniFile::Content::holds(std::string_view section, std::string_view key,
+                             const std::optional<std::string>& value) const {
+    const auto found = rawValue(section, key);
+    return found.has_value() == value.has_value() && (!found || *found == *value);
+}
+
 /// Index of the section of that name, put at the end of the file when there is none.
 std::size_t IniFile::Content::sectionFor(std::string_view name) {
-    const auto [place, isNew] = sectionByName_.try_emplace(folded(name), sections_.size());
+    const auto [place, isNew] = sectionByName_.try_emplace(lowerAscii(name), sections_.size());
     if (!isNew) return place->second;
     Section& last = sections_.back();
     std::string* lastLine = last.lines.empty() ? &last.header : &last.lines.back();
@@ -219,6 +217,7 @@ IniFile::ReadFile IniFile::read(const std::filesystem::path& file) {
 IniFile::IniFile(std::filesystem::path file) : path_(std::move(file)) {
     const ReadFile now = read(path_);
     loadStatus_ = now.status;
+    if (now.status == LoadStatus::Unreadable) loadReason_ = now.reason;
     content_ = Content(now.bytes);
 }
 
@@ -243,10 +242,19 @@ QString IniFile::text(std::string_view section, std::string_view key, const QStr
 }
 
 bool IniFile::setBytes(std::string_view section, std::string_view key, std::string_view value) {
-    if (!canBeSection(section) || !canBeKey(key) || !canStandInFile(value)) return false;
-    if (content_.rawValue(section, key) == value) return true;
-    changes_.push_back({std::string(section), std::string(key), std::string(value)});
-    content_.set(changes_.back());
+    return put({std::string(section), std::string(key), std::string(value)});
+}
+
+bool IniFile::setBytesUnlessChanged(std::string_view section, std::string_view key, std::string_view value,
+                                    const std::optional<std::string>& before) {
+    return put({std::string(section), std::string(key), std::string(value), true, before});
+}
+
+bool IniFile::put(Change change) {
+    if (!canBeSection(change.section) || !canBeKey(change.key) || !canStandInFile(change.value)) return false;
+    if (content_.rawValue(change.section, change.key) == change.value) return true;
+    content_.set(change);
+    changes_.push_back(std::move(change));
     return true;
 }
 
@@ -264,6 +272,8 @@ bool IniFile::setBoolean(std::string_view section, std::string_view key, bool va
 
 IniFile::SaveResult IniFile::save() {
     if (changes_.empty()) return {};
+    FileReplacement replacement(path_);
+    if (replacement.error() != 0) return {false, std::system_category().message(replacement.error())};
     const ReadFile now = read(path_);
     if (now.isTooBig) {
         std::filesystem::path aside = path_;
@@ -275,12 +285,19 @@ IniFile::SaveResult IniFile::save() {
         return {false, now.reason};
     }
     Content fresh(now.bytes);
-    for (const Change& change : changes_) fresh.set(change);
-    if (const std::string failure = replaceFile(path_, fresh.bytes()); !failure.empty())
-        return {false, failure};
+    // A file that is gone says of no key that somebody has changed it.
+    const bool isThere = now.status == LoadStatus::Loaded;
+    for (const Change& change : changes_) {
+        const bool isOthers =
+            isThere && change.isConditional && !fresh.holds(change.section, change.key, change.before);
+        if (!isOthers) fresh.set(change);
+    }
+    if (const int failure = replacement.commit(fresh.bytes()); failure != 0)
+        return {false, std::system_category().message(failure)};
     content_ = std::move(fresh);
     changes_.clear();
     loadStatus_ = LoadStatus::Loaded;
+    loadReason_.clear();
     return {};
 }
 

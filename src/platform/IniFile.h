@@ -17,8 +17,9 @@ namespace platform {
 /// mark is read, and becomes UTF-8 when it is saved.
 ///
 /// Values that are set are held until save(), which reads the file anew, puts in only what was set here (so
-/// that two running programs do not undo each other), and replaces the file by a rename: whenever the program
-/// is killed, the file is either the old or the new one, whole. One thread at a time.
+/// that two running programs do not undo each other, also when they save at the same moment), and replaces
+/// the file by a rename: whenever the program is killed, the file is either the old or the new one, whole.
+/// One thread at a time.
 class IniFile {
  public:
     enum class LoadStatus {
@@ -43,6 +44,8 @@ class IniFile {
 
     const std::filesystem::path& path() const { return path_; }
     LoadStatus loadStatus() const { return loadStatus_; }
+    /// For people, when it is Unreadable; else empty.
+    const std::string& loadReason() const { return loadReason_; }
 
     /// The value as it stands, without surrounding blanks and quotes. Nothing when there is no such key; a
     /// key with nothing behind its "=" has an empty value.
@@ -68,6 +71,12 @@ class IniFile {
     bool setInteger(std::string_view section, std::string_view key, int value);
     bool setBoolean(std::string_view section, std::string_view key, bool value);
 
+    /// setBytes() for a value that this program has not changed: save() leaves it out when the file no longer
+    /// holds `before` for the key (nothing: no such key), because another program has changed it. A file that
+    /// is gone gets it.
+    bool setBytesUnlessChanged(std::string_view section, std::string_view key, std::string_view value,
+                               const std::optional<std::string>& before);
+
     bool hasChanges() const { return !changes_.empty(); }
 
     /// Writes what was set since the last successful save; does nothing when that is nothing. On failure the
@@ -87,11 +96,15 @@ class IniFile {
         std::string section;
         std::string key;
         std::string value;
+        bool isConditional = false;
+        std::optional<std::string> before = std::nullopt;  ///< what a conditional one replaces
     };
     class Content {
      public:
         explicit Content(std::string_view bytes = {});
         std::optional<std::string_view> rawValue(std::string_view section, std::string_view key) const;
+        bool holds(std::string_view section, std::string_view key,
+                   const std::optional<std::string>& value) const;
         void set(const Change& change);
         std::string bytes() const;
 
@@ -106,10 +119,12 @@ class IniFile {
     };
     struct ReadFile;
 
+    bool put(Change change);
     static ReadFile read(const std::filesystem::path& file);
 
     std::filesystem::path path_;
     LoadStatus loadStatus_ = LoadStatus::Missing;
+    std::string loadReason_;
     Content content_;
     std::vector<Change> changes_;
 };

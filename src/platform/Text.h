@@ -2,8 +2,10 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringView>
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 namespace platform {
 
@@ -17,7 +19,21 @@ QString display(const std::filesystem::path& path);
 /// The path that the user typed or a settings file holds.
 std::filesystem::path pathFromText(const QString& text);
 
-std::string narrow(const QString& text);
+/// UTF-8.
+std::string narrow(QStringView text);
+std::string narrow(std::u16string_view text);
+
+/// What is no UTF-8 becomes replacement characters.
 QString wide(std::string_view utf8);
+QString wide(std::u16string_view text);
+
+/// Without a copy: good as long as the bytes are, and unchanged.
+std::string_view bytesOf(const QByteArray& bytes);
+
+/// The lower case of the letters of ASCII, whatever the locale; all other bytes stay.
+constexpr char lowerAscii(char letter) {
+    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
+}
+std::string lowerAscii(std::string_view text);
 
 }  // namespace platform

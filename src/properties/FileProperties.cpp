@@ -1,14 +1,11 @@
 #include "properties/FileProperties.h"
 
-#include "platform/FileDescriptor.h"
+#include "platform/FileFacts.h"
+#include "platform/RegularFile.h"
 #include "platform/Text.h"
-
-#include <fcntl.h>
-#include <pwd.h>
-#include <sys/stat.h>
+#include "platform/UserNames.h"
 
 #include <QMimeDatabase>
-#include <vector>
 
 namespace properties {
 namespace {
@@ -21,28 +18,14 @@ constexpr Id kGiven[] = {Id::SystemName,       Id::DiskDateAccessed,       Id::D
                          Id::DiskSubType,      Id::SummaryContentType,     Id::SummaryFileExtension,
                          Id::SummaryFileOwner, Id::SummaryItemTypeText,    Id::SummaryKindText};
 
-constexpr std::int64_t kNanosecondsInASecond = 1'000'000'000;
-constexpr qsizetype kHeadBytes = 4096;
-constexpr std::int64_t kBlockBytes = 512;
+constexpr std::size_t kHeadBytes = 4096;
 
 // The bits that the attribute column has always had.
 constexpr std::int64_t kReadOnlyBit = 1;
 constexpr std::int64_t kHiddenBit = 2;
 
-PointInTime timeOf(const struct statx_timestamp& time) {
-    return {time.tv_sec * kNanosecondsInASecond + time.tv_nsec};
-}
-
 QByteArray headOf(const std::filesystem::path& file) {
-    // Not blocking, should a pipe have taken the file's place meanwhile.
-    const platform::FileDescriptor descriptor(
-        ::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    struct stat facts {};
-    if (!descriptor.isOpen() || ::fstat(descriptor.get(), &facts) != 0 || !S_ISREG(facts.st_mode)) return {};
-    QByteArray head(kHeadBytes, Qt::Uninitialized);
-    const ssize_t got = ::read(descriptor.get(), head.data(), static_cast<std::size_t>(kHeadBytes));
-    head.resize(std::max<ssize_t>(got, 0));
-    return head;
+    return QByteArray::fromStdString(platform::readHead(file, kHeadBytes));
 }
 
 QMimeType typeOf(const std::filesystem::path& file) {
@@ -72,15 +55,6 @@ QString kindOf(const QMimeType& type) {
     return document ? QStringLiteral("document") : QString();
 }
 
-QString ownerName(uid_t owner) {
-    std::vector<char> buffer(16384);
-    struct passwd entry {};
-    struct passwd* found = nullptr;
-    if (::getpwuid_r(owner, &entry, buffer.data(), buffer.size(), &found) != 0 || found == nullptr)
-        return QString::number(owner);
-    return QString::fromUtf8(found->pw_name);
-}
-
 void addType(const std::filesystem::path& file, PropertyValues& values) {
     const QMimeType type = typeOf(file);
     const QString name = type.name();
@@ -101,23 +75,21 @@ bool fileCanGive(PropertyId property) {
 }
 
 void readFileProperties(const std::filesystem::path& file, PropertyValues& values) {
-    struct statx facts {};
-    if (::statx(AT_FDCWD, file.c_str(), AT_NO_AUTOMOUNT, STATX_BASIC_STATS | STATX_BTIME, &facts) != 0)
-        return;
-    const QString name = platform::display(file.filename());
-    values.addText(Id::SystemName, name);
-    values.add(Id::DiskDateAccessed, timeOf(facts.stx_atime));
-    values.add(Id::DiskDateModified, timeOf(facts.stx_mtime));
-    values.add(Id::DiskDateCreated,
-               timeOf((facts.stx_mask & STATX_BTIME) != 0 ? facts.stx_btime : facts.stx_ctime));
-    values.add(Id::DiskFileSize, static_cast<std::int64_t>(facts.stx_size));
-    values.add(Id::DiskFileAllocationSize, static_cast<std::int64_t>(facts.stx_blocks) * kBlockBytes);
+    const std::optional<platform::FileFacts> facts = platform::factsOf(file);
+    if (!facts || !facts->isKnown) return;
+    values.addText(Id::SystemName, platform::display(file.filename()));
+    values.add(Id::DiskDateAccessed, PointInTime{facts->accessed});
+    values.add(Id::DiskDateModified, PointInTime{facts->modified});
+    values.add(Id::DiskDateCreated, PointInTime{facts->created});
+    values.add(Id::DiskFileSize, static_cast<std::int64_t>(facts->size));
+    values.add(Id::DiskFileAllocationSize, static_cast<std::int64_t>(facts->allocatedBytes));
     std::int64_t attributes = 0;
-    if ((facts.stx_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0) attributes |= kReadOnlyBit;
-    if (name.startsWith(u'.')) attributes |= kHiddenBit;
+    if (facts->isReadOnly) attributes |= kReadOnlyBit;
+    if (facts->isHidden) attributes |= kHiddenBit;
     values.add(Id::DiskAttributes, attributes);
-    values.addText(Id::DiskOwner, ownerName(facts.stx_uid));
-    values.addText(Id::SummaryFileOwner, ownerName(facts.stx_uid));
+    const QString owner = platform::wide(platform::nameOfUser(facts->owner));
+    values.addText(Id::DiskOwner, owner);
+    values.addText(Id::SummaryFileOwner, owner);
     values.addText(Id::SummaryFileExtension, platform::display(file.extension()));
     addType(file, values);
 }

@@ -1,3 +1,4 @@
+#include "platform/Text.h"
 #include "properties/PhotoFile.h"
 #include "properties/PhotoProperties.h"
 #include "properties/PhotoPropertyTable.h"
@@ -27,10 +28,6 @@ constexpr PhotoSource kOwnWays[] = {
 const PhotoSource* sourceOf(Id property) {
     const auto own = std::ranges::find(kOwnWays, property, &PhotoSource::property);
     return own != std::end(kOwnWays) ? own : findPhotoSource(property);
-}
-
-std::string utf8(const QString& text) {
-    return text.toStdString();
 }
 
 /// One text for the places that hold no list.
@@ -76,8 +73,9 @@ PropertyResult setExif(Exiv2::ExifData& data, const std::string& name, const Pro
         data.add(key, wideBytes(joined(value)).get());
         return PropertyResult::Ok;
     }
-    std::string text = utf8(joined(value));
-    if (const auto* time = std::get_if<PointInTime>(&value)) text = utf8(exifDateText(*time, offsetSeconds));
+    std::string text = platform::narrow(joined(value));
+    if (const auto* time = std::get_if<PointInTime>(&value))
+        text = platform::narrow(exifDateText(*time, offsetSeconds));
     if (name == "Exif.Photo.UserComment") {
         const bool plain =
             std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
@@ -109,7 +107,7 @@ void setXmp(Exiv2::XmpData& data, const std::string& name, const PropertyValue& 
     const Exiv2::XmpKey key(name);
     const auto old = data.findKey(key);
     const auto* time = std::get_if<PointInTime>(&value);
-    const std::string text = utf8(time != nullptr ? isoDate(*time) : joined(value));
+    const std::string text = platform::narrow(time != nullptr ? isoDate(*time) : joined(value));
     const Exiv2::TypeId type = Exiv2::XmpProperties::propertyType(key);
     Exiv2::LangAltValue languages;
     if (type == Exiv2::langAlt && old != data.end())
@@ -122,7 +120,7 @@ void setXmp(Exiv2::XmpData& data, const std::string& name, const PropertyValue& 
     } else if (type == Exiv2::xmpBag || type == Exiv2::xmpSeq) {
         Exiv2::XmpArrayValue elements(type);
         if (const auto* list = std::get_if<QStringList>(&value))
-            for (const QString& element : *list) elements.read(utf8(element));
+            for (const QString& element : *list) elements.read(platform::narrow(element));
         else
             elements.read(text);
         data.add(key, &elements);
@@ -151,7 +149,7 @@ void setIptc(Exiv2::IptcData& data, const std::string& name, const PropertyValue
     for (const QString& text : texts) {
         const bool plain = std::ranges::all_of(text, [](QChar unit) { return unit.unicode() < 0x80; });
         if (!plain && !unicode) continue;
-        Exiv2::StringValue made(utf8(text));
+        Exiv2::StringValue made(platform::narrow(text));
         data.add(key, &made);
     }
 }

@@ -6,14 +6,10 @@
 #include "properties/SafeRewrite.h"
 #include "properties/StreamProperties.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
 
 namespace properties {
 namespace {
-
-constexpr std::int64_t kNanosecondsInASecond = 1'000'000'000;
 
 struct Message {
     PropertyResult result;
@@ -28,10 +24,6 @@ constexpr Message kMessages[] = {
     {PropertyResult::TypeMismatch, "Type mismatch.\nPlesase contact Vennmark!"},
 };
 
-std::int64_t nanoseconds(const timespec& time) {
-    return time.tv_sec * kNanosecondsInASecond + time.tv_nsec;
-}
-
 }  // namespace
 
 QString propertyResultMessage(PropertyResult result) {
@@ -39,15 +31,8 @@ QString propertyResultMessage(PropertyResult result) {
     return found == std::end(kMessages) ? QString() : QString::fromLatin1(found->text);
 }
 
-std::optional<FileIdentity> identifyFile(const std::filesystem::path& file) {
-    struct stat facts {};
-    if (::stat(file.c_str(), &facts) != 0 || !S_ISREG(facts.st_mode)) return std::nullopt;
-    return FileIdentity{facts.st_dev, facts.st_ino, facts.st_size, nanoseconds(facts.st_mtim),
-                        nanoseconds(facts.st_ctim)};
-}
-
 PropertyStore::PropertyStore(std::filesystem::path file)
-    : file_(std::move(file)), identity_(identifyFile(file_)) {}
+    : file_(std::move(file)), identity_(platform::identifyFile(file_)) {}
 
 void PropertyStore::look() {
     if (mediaClassKnown_) return;
@@ -111,7 +96,7 @@ PropertyResult PropertyStore::commit(CommitOptions options) {
                                                     : writeAudioProperties(copy, changes);
         });
     // What was read is that of the file as it was.
-    identity_ = identifyFile(file_);
+    identity_ = platform::identifyFile(file_);
     fileRead_ = photoRead_ = audioRead_ = streamsRead_ = false;
     values_ = {};
     return result;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/FileIdentity.h"
 #include "properties/PropertyResult.h"
 #include "properties/PropertyValues.h"
 
@@ -12,20 +13,6 @@ namespace properties {
 
 /// What kinds of content a file may have, judged by its MIME type, and so who is asked about it.
 enum class MediaClass : std::uint8_t { Other, Photo, Audio, Video };
-
-/// What was found when a file was looked at; two looks that are equal saw the same content.
-struct FileIdentity {
-    std::uint64_t device = 0;
-    std::uint64_t inode = 0;
-    std::int64_t size = 0;
-    std::int64_t modifiedNanoseconds = 0;
-    std::int64_t changedNanoseconds = 0;
-
-    friend bool operator==(const FileIdentity&, const FileIdentity&) = default;
-};
-
-/// Nothing when there is no regular file of that name. Opens nothing.
-std::optional<FileIdentity> identifyFile(const std::filesystem::path& file);
 
 /// A value to be written.
 struct PropertyChange {
@@ -44,7 +31,7 @@ class PropertyStore {
     /// False for whatever is not a regular file; such a store has no values and takes none.
     bool isOpen() const { return identity_.has_value(); }
     const std::filesystem::path& file() const { return file_; }
-    const std::optional<FileIdentity>& identity() const { return identity_; }
+    const std::optional<platform::FileIdentity>& identity() const { return identity_; }
 
     const PropertyValue& get(PropertyId property);
 
@@ -68,7 +55,7 @@ class PropertyStore {
     void read(PropertyId property);
 
     std::filesystem::path file_;
-    std::optional<FileIdentity> identity_;
+    std::optional<platform::FileIdentity> identity_;
     MediaClass mediaClass_ = MediaClass::Other;
     bool mediaClassKnown_ = false;
     bool fileRead_ = false;

@@ -1,11 +1,9 @@
 #include "properties/StreamProperties.h"
 
-#include "platform/FileDescriptor.h"
+#include "platform/RegularFile.h"
 #include "properties/PropertyTexts.h"
 
 #include <MediaInfo/MediaInfo.h>
-#include <fcntl.h>
-#include <sys/stat.h>
 
 #include <algorithm>
 #include <cmath>
@@ -142,19 +140,21 @@ std::mutex& libraryMutex() {
     return mutex;
 }
 
-/// Feeds the library by descriptor: it would make a wide text of a name, which need not be UTF-8.
-bool feed(MediaInfo& library, int descriptor, std::uint64_t size, bool isPicture) {
-    std::vector<std::uint8_t> block(isPicture ? kPictureBlockBytes : kBlockBytes);
+/// Feeds the library piece by piece: it would make a wide text of a name, which need not be UTF-8.
+bool feed(MediaInfo& library, const platform::RegularFile& file, bool isPicture) {
+    const std::uint64_t size = file.size();
+    std::vector<std::byte> block(isPicture ? kPictureBlockBytes : kBlockBytes);
     const std::size_t enough = isPicture ? kFinished | kFilled : kFinished;
     std::size_t total = 0;
     std::uint64_t position = 0;
     library.Open_Buffer_Init(size, 0);
     while (total < kMostBytes) {
-        const ssize_t got = ::pread(descriptor, block.data(), block.size(), static_cast<off_t>(position));
-        if (got <= 0) break;
-        total += static_cast<std::size_t>(got);
-        position += static_cast<std::uint64_t>(got);
-        if ((library.Open_Buffer_Continue(block.data(), static_cast<std::size_t>(got)) & enough) != 0) break;
+        const std::size_t got = file.readAt(position, block);
+        if (got == 0) break;
+        total += got;
+        position += got;
+        const auto* bytes = reinterpret_cast<const std::uint8_t*>(block.data());
+        if ((library.Open_Buffer_Continue(bytes, got) & enough) != 0) break;
         const auto wanted = library.Open_Buffer_Continue_GoTo_Get();
         if (wanted == static_cast<std::uint64_t>(-1)) continue;
         if (wanted >= size) break;
@@ -254,15 +254,13 @@ bool streamsCanGive(PropertyId property) {
 }
 
 void readStreamProperties(const std::filesystem::path& file, bool isPicture, PropertyValues& values) {
-    const platform::FileDescriptor descriptor(
-        ::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    struct stat facts {};
-    if (!descriptor.isOpen() || ::fstat(descriptor.get(), &facts) != 0 || !S_ISREG(facts.st_mode)) return;
+    const platform::RegularFile opened(file);
+    if (!opened.isOpen()) return;
     try {
         const std::lock_guard lock(libraryMutex());
         static MediaInfo library;  // costs more to make than a photo to read
         library.Close();
-        if (!feed(library, descriptor.get(), static_cast<std::uint64_t>(facts.st_size), isPicture)) return;
+        if (!feed(library, opened, isPicture)) return;
         for (const StreamSource& source : kSources)
             if (!values.has(source.property) && appliesTo(library, source.property))
                 values.add(source.property,

@@ -1,5 +1,7 @@
 #include "tags/ExtensionTable.h"
 
+#include "platform/Text.h"
+
 #include <algorithm>
 #include <array>
 
@@ -34,10 +36,6 @@ constexpr bool isInOrder() {
 }
 static_assert(isInOrder());
 
-constexpr char lower(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
 }  // namespace
 
 std::span<const ExtensionRecord> ExtensionTable() {
@@ -45,8 +43,7 @@ std::span<const ExtensionRecord> ExtensionTable() {
 }
 
 const ExtensionRecord* findExtension(const std::filesystem::path& file) {
-    std::string extension = file.extension().native();
-    std::ranges::transform(extension, extension.begin(), lower);
+    const std::string extension = platform::lowerAscii(platform::narrow(file.extension()));
     const auto* const found =
         std::ranges::lower_bound(kExtensions, std::string_view(extension), {}, &ExtensionRecord::extension);
     return found != kExtensions.end() && found->extension == extension ? found : nullptr;

@@ -1,5 +1,7 @@
 #include "tags/LabelFiles.h"
 
+#include "platform/Text.h"
+
 #include <QResource>
 #include <charconv>
 
@@ -14,10 +16,6 @@ namespace {
 QByteArray textOf(const char* resource) {
     initLabels();
     return QResource(QLatin1String(resource)).uncompressedData();
-}
-
-std::string_view viewOf(const QByteArray& text) {
-    return {text.constData(), static_cast<std::size_t>(text.size())};
 }
 
 /// The text up to the separator, which is taken off the rest.
@@ -38,7 +36,7 @@ int numberOf(std::string_view digits) {
 
 LabelFiles::LabelFiles() : tagsText_(textOf(":/labels/tags.tsv")), listsText_(textOf(":/labels/lists.tsv")) {
     std::string_view table;
-    for (std::string_view rest = viewOf(tagsText_); !rest.empty();) {
+    for (std::string_view rest = platform::bytesOf(tagsText_); !rest.empty();) {
         std::string_view line = take(rest, '\n');
         if (line.empty() || line.front() == '#') continue;
         if (line.front() == '@') {
@@ -49,7 +47,7 @@ LabelFiles::LabelFiles() : tagsText_(textOf(":/labels/tags.tsv")), listsText_(te
         if (id >= tags_.size()) tags_.resize(id + 1);
         tags_[id] = {table, line, true};
     }
-    for (std::string_view rest = viewOf(listsText_); !rest.empty();) {
+    for (std::string_view rest = platform::bytesOf(listsText_); !rest.empty();) {
         const std::string_view line = take(rest, '\n');
         if (!line.starts_with('@')) continue;
         const std::size_t end = rest.find("\n@");
@@ -90,7 +88,7 @@ ValueList LabelFiles::list(int number) const {
 }
 
 LabelTranslations::LabelTranslations(const char* resource) : text_(textOf(resource)) {
-    for (std::string_view rest = viewOf(text_); !rest.empty();) {
+    for (std::string_view rest = platform::bytesOf(text_); !rest.empty();) {
         const std::size_t end = rest.find("\n@");
         std::string_view section = rest.substr(0, end == std::string_view::npos ? rest.size() : end + 1);
         rest.remove_prefix(section.size());

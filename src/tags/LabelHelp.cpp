@@ -1,5 +1,7 @@
 #include "tags/LabelHelp.h"
 
+#include "platform/Text.h"
+
 #include <QStringList>
 #include <algorithm>
 #include <array>
@@ -145,14 +147,6 @@ constexpr KindEntry kKinds[] = {
     {ValueKind::Rational, kFraction},
 };
 
-QString utf8(std::string_view text) {
-    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
-}
-
-QString utf16(std::u16string_view text) {
-    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size()));
-}
-
 /// Builds the lines of one text. Texts of tags may hold a percent sign and a digit, so that all arguments of
 /// a phrase are put in at once.
 class HelpText {
@@ -162,9 +156,9 @@ class HelpText {
     QString text() {
         lines_ += help_.label;
         addPlace();
-        if (!help_.facts.note.empty()) lines_ += utf8(help_.facts.note);
+        if (!help_.facts.note.empty()) lines_ += platform::wide(help_.facts.note);
         lines_ += phrase(kFormat).arg(format());
-        lines_ += phrase(kGroup).arg(utf16(help_.tag.group));
+        lines_ += phrase(kGroup).arg(platform::wide(help_.tag.group));
         lines_ += writing();
         addValues();
         return lines_.join(u'\n');
@@ -174,9 +168,9 @@ class HelpText {
     QString phrase(const Phrase& phrase) const { return QString::fromUtf16(phrase[language_]); }
 
     void addPlace() {
-        if (!help_.tag.name.empty()) lines_ += phrase(kName).arg(utf16(help_.tag.name));
+        if (!help_.tag.name.empty()) lines_ += phrase(kName).arg(platform::wide(help_.tag.name));
         const TagFacts& facts = help_.facts;
-        if (!facts.tagId.empty()) lines_ += phrase(kSource).arg(tagNumber(), utf8(facts.table));
+        if (!facts.tagId.empty()) lines_ += phrase(kSource).arg(tagNumber(), platform::wide(facts.table));
         const auto* topic = std::ranges::find(kTopics, facts.topic, &TopicEntry::topic);
         if (topic != std::end(kTopics)) lines_ += phrase(kTopic).arg(phrase(topic->text));
     }
@@ -186,14 +180,14 @@ class HelpText {
         const std::string_view id = help_.facts.tagId;
         unsigned number = 0;
         const auto [end, error] = std::from_chars(id.data(), id.data() + id.size(), number);
-        if (error != std::errc() || end != id.data() + id.size() || number < 10) return utf8(id);
-        return utf8(id) + " (0x" + QString::number(number, 16).rightJustified(4, u'0') + ')';
+        if (error != std::errc() || end != id.data() + id.size() || number < 10) return platform::wide(id);
+        return platform::wide(id) + " (0x" + QString::number(number, 16).rightJustified(4, u'0') + ')';
     }
 
     QString format() const {
         const TagFacts& facts = help_.facts;
         QString text = formatName();
-        if (!facts.count.empty()) text = phrase(countPhrase()).arg(text, utf8(facts.count));
+        if (!facts.count.empty()) text = phrase(countPhrase()).arg(text, platform::wide(facts.count));
         if (hasFlag(LabelFlag::kSeveralValues)) text = phrase(kSeveral).arg(text);
         return text;
     }
@@ -211,10 +205,10 @@ class HelpText {
             QString text = phrase(entry.text);
             if (!text.contains("%1")) return text;
             const std::size_t digits = format.find_first_of("0123456789");
-            return text.arg(
-                utf8(format.substr(digits, format.find_first_not_of("0123456789", digits) - digits)));
+            return text.arg(platform::wide(
+                format.substr(digits, format.find_first_not_of("0123456789", digits) - digits)));
         }
-        if (!format.empty()) return utf8(format);
+        if (!format.empty()) return platform::wide(format);
         const auto* kind = std::ranges::find(kKinds, help_.tag.valueKind, &KindEntry::kind);
         return kind == std::end(kKinds) ? QString() : phrase(kind->text);
     }

@@ -1,5 +1,6 @@
 #include "tags/LabelLibrary.h"
 
+#include "platform/Text.h"
 #include "tags/LabelFiles.h"
 #include "tags/LabelHelp.h"
 
@@ -28,12 +29,8 @@ std::size_t languageOf(int number) {
     return kLabelEnglish;
 }
 
-QString text(std::string_view utf8) {
-    return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
-}
-
 std::string nameOf(const TagRecord& tag) {
-    return QStringView(tag.name.data(), static_cast<qsizetype>(tag.name.size())).toUtf8().toStdString();
+    return platform::narrow(tag.name);
 }
 
 }  // namespace
@@ -66,7 +63,7 @@ QString LabelLibrary::labelOf(const TagRecord& tag) const {
     if (!facts) return {};
     const LabelTranslations* translated = translations(language_);
     const std::string_view found = translated ? translated->label(nameOf(tag)) : std::string_view();
-    const QString label = text(found.empty() ? facts->label : found);
+    const QString label = platform::wide(found.empty() ? facts->label : found);
     return label.isEmpty() ? unnamedTagLabel(language_) : label;
 }
 
@@ -79,8 +76,8 @@ std::vector<LabelLibrary::Choice> LabelLibrary::choicesOf(const TagRecord& tag, 
     std::vector<Choice> choices;
     for (const ListValue& value : files().list(list).values) {
         const auto found = texts.find(value.text);
-        choices.push_back(
-            {text(value.code), text(value.text), text(found == texts.end() ? value.text : found->second)});
+        choices.push_back({platform::wide(value.code), platform::wide(value.text),
+                           platform::wide(found == texts.end() ? value.text : found->second)});
     }
     return choices;
 }

@@ -89,7 +89,7 @@ TEST(ColumnsHeader, WritesAFileThatComesBack) {
     const support::TemporaryFolder folder;
     support::writeBytes(folder / "ColumnsHeader.ini", std::string(5000, 'x'));
     Columns columns = {{1, 333, true}, {5, 120, true}, {9, 60, false}};
-    EXPECT_FALSE(app::writeColumnsFile(folder / "ColumnsHeader.ini", columns));
+    EXPECT_FALSE(app::writeColumnsFile(folder / "ColumnsHeader.ini", columns, {}));
     Columns loaded = {{1, 0, false}, {5, 0, false}, {9, 0, false}};
     app::LoadColumns(folder / "ColumnsHeader.ini", loaded);
     EXPECT_EQ(shown(loaded), "1:250+ 5:120+ 9:0- ");
@@ -97,8 +97,57 @@ TEST(ColumnsHeader, WritesAFileThatComesBack) {
 
 TEST(ColumnsHeader, TellsWhyAFileCannotBeWritten) {
     Columns columns = catalogue();
-    EXPECT_EQ(app::writeColumnsFile("/nowhere/ColumnsHeader.ini", columns),
+    EXPECT_EQ(app::writeColumnsFile("/nowhere/ColumnsHeader.ini", columns, {}),
               std::errc::no_such_file_or_directory);
+}
+
+struct ColumnMergeCase {
+    const char* name;
+    const char* file;    ///< what both programs have loaded
+    const char* second;  ///< what the other has made of it
+    void (*change)(Columns& ours);
+    const char* written;
+};
+
+const ColumnMergeCase kColumnMerges[] = {
+    {"nobody changed a thing", "[SYSTEM]\n0=1,250\n1=9,77\n", "[SYSTEM]\n0=1,250\n1=9,77\n", [](Columns&) {},
+     "[SYSTEM]\r\n0=1,250\r\n1=9,77\r\n\r\n"},
+    {"a column that the other shows", "[SYSTEM]\n0=1,250\n", "[SYSTEM]\n0=1,250\n1=9,88\n", [](Columns&) {},
+     "[SYSTEM]\r\n0=1,250\r\n1=9,88\r\n\r\n"},
+    {"a column that the other hides", "[SYSTEM]\n0=1,250\n1=9,77\n", "[SYSTEM]\n0=1,250\n", [](Columns&) {},
+     "[SYSTEM]\r\n0=1,250\r\n\r\n"},
+    {"a width of ours beside a column of the other's", "[SYSTEM]\n0=1,250\n1=5,90\n",
+     "[SYSTEM]\n0=1,250\n1=5,90\n2=9,88\n", [](Columns& ours) { ours[1].width = 200; },
+     "[SYSTEM]\r\n0=1,250\r\n1=5,200\r\n2=9,88\r\n\r\n"},
+    {"what both changed is ours", "[SYSTEM]\n0=1,250\n1=5,90\n", "[SYSTEM]\n0=1,250\n1=5,300\n",
+     [](Columns& ours) { ours[1].visible = false; }, "[SYSTEM]\r\n0=1,250\r\n\r\n"},
+    {"a width that was corrected here", "[SYSTEM]\n0=1,250\n1=5,20\n", "[SYSTEM]\n0=1,250\n1=5,60\n",
+     [](Columns&) {}, "[SYSTEM]\r\n0=1,250\r\n1=5,60\r\n\r\n"},
+};
+
+TEST(ColumnsHeader, WhatAnotherProgramChangedIsNotUndone) {
+    const support::TemporaryFolder folder;
+    const auto file = folder / "ColumnsHeader.ini";
+    for (const ColumnMergeCase& row : kColumnMerges) {
+        support::writeBytes(file, row.file);
+        Columns ours = {{1, 0, false}, {5, 100, false}, {9, 100, false}};
+        const app::LoadedColumns loaded = app::LoadColumns(file, ours);
+        support::writeBytes(file, row.second);
+        row.change(ours);
+        EXPECT_FALSE(app::writeColumnsFile(file, ours, loaded)) << row.name;
+        EXPECT_EQ(support::readBytes(file), row.written) << row.name;
+    }
+}
+
+TEST(ColumnsHeader, AFileThatWasDeletedMeanwhileIsMadeAgain) {
+    const support::TemporaryFolder folder;
+    const auto file = folder / "ColumnsHeader.ini";
+    support::writeBytes(file, "[SYSTEM]\n0=1,250\n1=5,90\n");
+    Columns ours = {{1, 0, false}, {5, 100, false}};
+    const app::LoadedColumns loaded = app::LoadColumns(file, ours);
+    std::filesystem::remove(file);
+    EXPECT_FALSE(app::writeColumnsFile(file, ours, loaded));
+    EXPECT_EQ(support::readBytes(file), "[SYSTEM]\r\n0=1,250\r\n1=5,90\r\n\r\n");
 }
 
 }  // namespace

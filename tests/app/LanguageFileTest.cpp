@@ -129,9 +129,11 @@ struct FormatCase {
 };
 
 TEST_F(LanguageFileTest, FormatsTakeTheirValuesInOrder) {
-    for (const FormatCase& row : {FormatCase{u"%s: %s", u"a: b"}, FormatCase{u"%s (%d)", u"a (b)"},
-                                  FormatCase{u"%u%%", u"a%"}, FormatCase{u"none", u"none"},
-                                  FormatCase{u"%s%s%s!", u"ab!"}, FormatCase{u"50 % %x %", u"50 % %x %"}}) {
+    for (const FormatCase& row :
+         {FormatCase{u"%s: %s", u"a: b"}, FormatCase{u"%s (%d)", u"a (b)"}, FormatCase{u"%u%%", u"a%"},
+          FormatCase{u"none", u"none"}, FormatCase{u"%s%s%s!", u"ab!"},
+          FormatCase{u"%2$s of %1$s", u"b of a"}, FormatCase{u"%3$s%0$s%1$x", u"%0$s%1$x"},
+          FormatCase{u"50 % %x %", u"50 % %x %"}}) {
         EXPECT_EQ(app::formatText(QStringView(row.format), {QStringLiteral("a"), QStringLiteral("b")}),
                   QString::fromUtf16(row.result));
     }

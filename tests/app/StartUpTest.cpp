@@ -10,6 +10,8 @@ namespace {
 namespace fs = std::filesystem;
 using app::AppContext;
 
+const QDate kDay(2031, 2, 3);
+
 class StartUpTest : public ::testing::Test {
  protected:
     StartUpTest() {
@@ -23,7 +25,9 @@ class StartUpTest : public ::testing::Test {
     AppContext started() {
         AppContext context;
         app::derivePaths(context, folder_ / "Tagwright");
-        EXPECT_EQ(app::preparePaths(context, QDate(2031, 2, 3)), QString());
+        const app::SettingsFaults faults = app::preparePaths(context, kDay);
+        EXPECT_EQ(faults.notRead, QString());
+        EXPECT_EQ(faults.notSaved, QString());
         return context;
     }
     fs::path program(const fs::path& path, bool executable = true) {
@@ -46,7 +50,8 @@ TEST_F(StartUpTest, AllPathsStandInTheFolderOfTheExecutable) {
     EXPECT_EQ(context.reportsPath, install / "cache/reports");
     EXPECT_EQ(context.reportFile, install / "cache/reports/02-03-2031-BatchReport.txt");
     EXPECT_EQ(context.savePath, install / "cache/sav");
-    EXPECT_EQ(context.tempPath, install / "Temp");
+    EXPECT_EQ(context.tempRoot, install / "Temp");
+    EXPECT_TRUE(context.tempPath.empty()) << "nobody may work in the folder that all share";
     EXPECT_EQ(context.exifToolPath, install / "exiftool");
     EXPECT_EQ(context.ffmpegPath, install / "ffmpeg");
 }
@@ -94,7 +99,7 @@ TEST_F(StartUpTest, AChosenToolSurvivesTheSecondReadOfTheSettings) {
     app::resolveTools(context);
     EXPECT_FALSE(app::FindExifTool(context));
     const fs::path chosen = program(folder_ / "chosen");
-    app::chooseExifTool(context, chosen);
+    EXPECT_EQ(app::chooseExifTool(context, chosen), QString());
     app::LoadSettings(context);
     EXPECT_EQ(context.exifToolPath, chosen);
 }
@@ -115,6 +120,8 @@ TEST_F(StartUpTest, WhatCannotBeRunOrIsNoFileIsNotFoundOnThePath) {
 TEST_F(StartUpTest, ReportNamesHaveTwoDigitsForMonthAndDay) {
     EXPECT_EQ(app::reportName(QDate(2024, 12, 9)), "12-09-2024-BatchReport.txt");
     EXPECT_EQ(app::reportName(QDate(987, 1, 31)), "01-31-0987-BatchReport.txt");
+    EXPECT_EQ(app::reportName(QDate(2024, 12, 9), 1), "12-09-2024-BatchReport.txt");
+    EXPECT_EQ(app::reportName(QDate(2024, 12, 9), 12), "12-09-2024-BatchReport-12.txt");
 }
 
 TEST_F(StartUpTest, AWindowStartsMaximisedUnlessItsPlaceIsKnownAndOnTheScreen) {
@@ -128,47 +135,109 @@ TEST_F(StartUpTest, AWindowStartsMaximisedUnlessItsPlaceIsKnownAndOnTheScreen) {
     EXPECT_FALSE(app::startsMaximised(Position{10, 10, -800, -600}));
 }
 
-TEST_F(StartUpTest, TheTempFolderIsEmptiedAndWhatLinksPointToStays) {
-    const AppContext context = started();
-    fs::create_directories(context.tempPath / "deep" / "deeper");
-    support::writeBytes(context.tempPath / "Metadata.txt", "x");
-    support::writeBytes(context.tempPath / "deep" / "deeper" / ".hidden", "x");
+TEST_F(StartUpTest, TwoProcessesHaveFoldersAndReportsOfTheirOwn) {
+    fs::create_directory(folder_ / "Temp");
+    AppContext first = started();
+    AppContext second = started();
+    const app::OpenedTempFolder one = app::openTempFolder(first, kDay);
+    app::OpenedTempFolder two = app::openTempFolder(second, kDay);
+    ASSERT_TRUE(one.folder && two.folder);
+    EXPECT_EQ(first.tempPath, first.tempRoot / "process-1");
+    EXPECT_EQ(second.tempPath, first.tempRoot / "process-2");
+    EXPECT_EQ(first.reportFile, folder_ / "cache/reports/02-03-2031-BatchReport.txt");
+    EXPECT_EQ(second.reportFile, folder_ / "cache/reports/02-03-2031-BatchReport-2.txt");
+
+    support::writeBytes(first.tempPath / "Metadata.txt", "of the first");
+    EXPECT_EQ(app::closeTempFolder(second, *two.folder), QString());
+    EXPECT_FALSE(fs::exists(second.tempPath));
+    EXPECT_EQ(support::readBytes(first.tempPath / "Metadata.txt"), "of the first");
+}
+
+TEST_F(StartUpTest, TheTempFolderIsEmptiedAtTheEndAndWhatLinksPointToStays) {
+    fs::create_directory(folder_ / "Temp");
+    AppContext context = started();
+    app::OpenedTempFolder opened = app::openTempFolder(context, kDay);
+    ASSERT_TRUE(opened.folder);
     fs::create_directories(folder_ / "precious");
     support::writeBytes(folder_ / "precious" / "photo.jpg", "x");
-    fs::create_directory_symlink(folder_ / "precious", context.tempPath / "link");
-    fs::create_directory_symlink(folder_ / "precious", context.tempPath / "deep" / "link");
-    fs::create_symlink(folder_ / "precious" / "photo.jpg", context.tempPath / "photo.jpg");
-    fs::create_symlink("/nowhere", context.tempPath / "broken");
-
-    EXPECT_FALSE(app::emptyTempFolder(context));
-    EXPECT_TRUE(fs::is_directory(context.tempPath));
-    EXPECT_TRUE(fs::is_empty(context.tempPath));
+    for (const fs::path& folder : {context.tempRoot, context.tempPath}) {
+        fs::create_directories(folder / "deep" / "deeper");
+        support::writeBytes(folder / "Metadata.txt", "x");
+        support::writeBytes(folder / "deep" / "deeper" / ".hidden", "x");
+        fs::create_directory_symlink(folder_ / "precious", folder / "link");
+        fs::create_directory_symlink(folder_ / "precious", folder / "deep" / "link");
+        fs::create_symlink(folder_ / "precious" / "photo.jpg", folder / "photo.jpg");
+        fs::create_symlink("/nowhere", folder / "broken");
+    }
+    EXPECT_EQ(app::closeTempFolder(context, *opened.folder), QString());
+    EXPECT_TRUE(fs::is_directory(context.tempRoot));
+    EXPECT_TRUE(fs::is_empty(context.tempRoot));
     EXPECT_TRUE(fs::exists(folder_ / "precious" / "photo.jpg"));
 }
 
-TEST_F(StartUpTest, AMissingTempFolderIsMade) {
-    const AppContext context = started();
-    ASSERT_FALSE(fs::exists(context.tempPath));
-    EXPECT_FALSE(app::emptyTempFolder(context));
-    EXPECT_TRUE(fs::is_directory(context.tempPath));
+TEST_F(StartUpTest, ATempFolderThatIsMissingOrALinkIsNotUsed) {
+    AppContext context = started();
+    app::OpenedTempFolder missing = app::openTempFolder(context, kDay);
+    EXPECT_FALSE(missing.folder);
+    EXPECT_NE(missing.problem, QString());
+    fs::create_directory(folder_ / "precious");
+    fs::create_directory_symlink(folder_ / "precious", context.tempRoot);
+    app::OpenedTempFolder linked = app::openTempFolder(context, kDay);
+    EXPECT_FALSE(linked.folder);
+    EXPECT_NE(linked.problem, QString());
+    EXPECT_TRUE(context.tempPath.empty());
+    EXPECT_TRUE(fs::is_empty(folder_ / "precious"));
+}
+
+TEST_F(StartUpTest, ATempFolderThatWentAwayIsMadeAtTheEnd) {
+    fs::create_directory(folder_ / "Temp");
+    AppContext context = started();
+    app::OpenedTempFolder opened = app::openTempFolder(context, kDay);
+    ASSERT_TRUE(opened.folder);
+    fs::remove_all(context.tempRoot);
+    EXPECT_EQ(app::closeTempFolder(context, *opened.folder), QString());
+    EXPECT_TRUE(fs::is_directory(context.tempRoot));
 }
 
 TEST_F(StartUpTest, NoOtherFolderIsEverEmptied) {
+    fs::create_directory(folder_ / "Temp");
     AppContext context = started();
+    app::OpenedTempFolder opened = app::openTempFolder(context, kDay);
+    ASSERT_TRUE(opened.folder);
     fs::create_directories(folder_ / "precious");
     support::writeBytes(folder_ / "precious" / "photo.jpg", "x");
-
-    fs::create_directory_symlink(folder_ / "precious", context.tempPath);
-    EXPECT_EQ(app::emptyTempFolder(context), std::errc::operation_not_permitted);
-    for (const fs::path& other : {folder_ / "precious", fs::path(), fs::path("Temp"), context.tempPath / "..",
-                                  context.tempPath / ""}) {
-        context.tempPath = other;
-        EXPECT_EQ(app::emptyTempFolder(context), std::errc::operation_not_permitted) << other;
+    const fs::path root = context.tempRoot;
+    for (const fs::path& other :
+         {folder_ / "precious", fs::path(), fs::path("Temp"), root / "..", root / ""}) {
+        context.tempRoot = other;
+        EXPECT_NE(app::closeTempFolder(context, *opened.folder), QString()) << other;
     }
+    context.tempRoot = root;
+    fs::rename(root, folder_ / "moved");
+    fs::create_directory_symlink(folder_ / "precious", root);
+    EXPECT_NE(app::closeTempFolder(context, *opened.folder), QString());
     context.installPath.clear();
-    context.tempPath = "Temp";
-    EXPECT_EQ(app::emptyTempFolder(context), std::errc::operation_not_permitted);
+    context.tempRoot = "Temp";
+    EXPECT_NE(app::closeTempFolder(context, *opened.folder), QString());
     EXPECT_TRUE(fs::exists(folder_ / "precious" / "photo.jpg"));
+}
+
+TEST_F(StartUpTest, ASettingsFileThatCannotBeReadIsToldAndSoIsOneThatWasMovedAside) {
+    const fs::path ini = folder_ / "cache" / "Tagwright.ini";
+    AppContext context;
+    app::derivePaths(context, folder_ / "Tagwright");
+    fs::create_directory(ini);
+    app::SettingsFaults faults = app::preparePaths(context, kDay);
+    EXPECT_NE(faults.notRead, QString());
+    EXPECT_EQ(faults.notSaved, faults.notRead);
+
+    fs::remove(ini);
+    support::writeBytes(ini, "[Main]\n");
+    fs::resize_file(ini, platform::IniFile::kMaximumBytes + 1);
+    faults = app::preparePaths(context, kDay);
+    EXPECT_NE(faults.notRead, QString());
+    EXPECT_EQ(faults.notSaved, QString());
+    EXPECT_TRUE(fs::exists(folder_ / "cache" / "Tagwright.ini.unreadable"));
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 #include "browser/FolderReader.h"
 
+#include "app/LanguageFile.h"
+#include "app/TextNumbers.h"
 #include "browser/FolderLoader.h"
 #include "platform/Text.h"
 #include "support/SmallFiles.h"
@@ -147,11 +149,12 @@ TEST(FolderState, EveryFailureHasAText) {
     EXPECT_EQ(browser::folderStateOf(EPERM), FolderState::NotAllowed);
     EXPECT_EQ(browser::folderStateOf(ENOENT), FolderState::NotFound);
     EXPECT_EQ(browser::folderStateOf(EIO), FolderState::Unreadable);
-    EXPECT_EQ(browser::emptyListText(FolderState::Empty), "This folder is empty");
+    EXPECT_EQ(browser::emptyListText(FolderState::Empty), app::text::kEmptyFolder);
+    const app::LanguageFile english(TAGWRIGHT_BIN_DIR, app::kEnglishLanguage);
     for (const FolderState state :
          {FolderState::NotAllowed, FolderState::NotAFolder, FolderState::Unreadable})
-        EXPECT_TRUE(browser::emptyListText(state).startsWith("This folder cannot be read"));
-    EXPECT_TRUE(browser::emptyListText(FolderState::Readable).isEmpty());
+        EXPECT_TRUE(english.text(browser::emptyListText(state)).startsWith("This folder cannot be read"));
+    EXPECT_EQ(browser::emptyListText(FolderState::Readable), 0);
 }
 
 std::string numberedName(int number) {

@@ -1,5 +1,6 @@
 #include "browser/ShellNavigationController.h"
 
+#include "app/LanguageFile.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -161,9 +162,10 @@ TEST_F(Navigation, APathIsCheckedBeforeItIsBrowsed) {
     const QString address = "file://" + QString::fromStdString(folder.path()) + "/two%20words";
     EXPECT_EQ(controller.BrowseFolder(address), browser::kNavigationOk);
     EXPECT_EQ(navigator.browsed.back(), folder / "two words");
+    const app::LanguageFile english(TAGWRIGHT_BIN_DIR, app::kEnglishLanguage);
     for (const long failure :
          {browser::kPathNotFound, browser::kPathDenied, browser::kPathIsNoFolder, browser::kNavigationFailed})
-        EXPECT_TRUE(browser::navigationFailureText(failure, "/x y").contains("/x y"));
+        EXPECT_TRUE(english.formatted(browser::navigationFailureText(failure), {"/x y"}).contains("/x y"));
 }
 
 TEST(HistoryEntry, NumbersAreUnique) {

@@ -99,7 +99,8 @@ class ShellBrowserTest : public testing::Test {
     app::AppContext context;
     tags::PropertyCatalogue catalogue;
     browser::FileIcons icons;
-    browser::BrowserParts parts{context, catalogue, icons};
+    app::LanguageFile language{TAGWRIGHT_BIN_DIR, app::kEnglishLanguage};
+    browser::BrowserParts parts{context, catalogue, icons, language};
     QWidget holder;
     std::vector<std::string> clicked;
     std::vector<std::string> activated;

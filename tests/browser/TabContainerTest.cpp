@@ -61,10 +61,11 @@ class TabContainerTest : public testing::Test {
     TemporaryFolder folder;
     app::AppContext context;
     tags::PropertyCatalogue catalogue;
+    app::LanguageFile language{TAGWRIGHT_BIN_DIR, app::kEnglishLanguage};
     QWidget window;
     QStackedWidget holder;
-    browser::TabContainer* tabs = new browser::TabContainer(context, catalogue, holder);
-    browser::AddressBar* bar = new browser::AddressBar(*tabs);
+    browser::TabContainer* tabs = new browser::TabContainer(context, catalogue, language, holder);
+    browser::AddressBar* bar = new browser::AddressBar(*tabs, language);
     QStringList messages;
     boost::signals2::scoped_connection message;
 };
@@ -238,7 +239,8 @@ TEST_F(TabContainerTest, HiddenFilesAreReadAgainWhenWanted) {
 }
 
 TEST(PlacesPanel, MarksTheNearestPlaceAndTellsClicks) {
-    browser::PlacesPanel panel;
+    const app::LanguageFile language(TAGWRIGHT_BIN_DIR, app::kEnglishLanguage);
+    browser::PlacesPanel panel(language);
     panel.resize(200, 400);
     panel.show();
     panel.setCurrentFolder("/etc");

@@ -158,15 +158,15 @@ TEST_P(ChildProcessRoads, StreamsMayBeDescriptorsEvenWithOurStandardOnesClosed) 
 }
 
 TEST(ChildProcess, NoticesTheEndAtOnce) {
-    std::vector<Clock::duration> rounds;
+    int unasked = 0;
     for (int i = 0; i < 15; ++i) {
-        const auto begin = Clock::now();
         ChildCommand command;
         command.program = "/bin/true";
-        runChild(command, [](auto) { return true; });
-        rounds.push_back(Clock::now() - begin);
+        bool asked = false;
+        runChild(command, [&](auto) { return asked = true; });
+        if (!asked) ++unasked;
     }
-    EXPECT_LT(*std::min_element(rounds.begin(), rounds.end()), 15ms) << "less than one question's interval";
+    EXPECT_GT(unasked, 0) << "an end is noticed before it is time for a question";
 }
 
 TEST(ChildProcess, AsksWhileItWaitsAndEndsTheChildOnNo) {
@@ -205,7 +205,7 @@ TEST(ChildProcess, TheOwnerTakesTheChildWithIt) {
     {
         ChildProcess child;
         child.start(shell("exec sleep 100"));
-        process = child.processId();
+        process = static_cast<pid_t>(child.processId());
         ASSERT_GT(process, 0);
         EXPECT_FALSE(child.hasEndedWithin(0ms));
     }
@@ -221,7 +221,7 @@ TEST(ChildProcess, ATiedChildEndsWhenItsStarterIsKilled) {
         ChildCommand command = shell("exec sleep 100");
         command.endsWithStartingThread = true;
         child.start(command);
-        const pid_t process = child.processId();
+        const auto process = static_cast<pid_t>(child.processId());
         if (::write(ends[1], &process, sizeof process) != sizeof process) ::_exit(1);
         ::pause();
     }

@@ -173,6 +173,71 @@ TEST_F(IniFileTest, TwoWritersKeepEachOthersKeys) {
     EXPECT_EQ(second.integer("S", "A", kDefault), 1);
 }
 
+TEST_F(IniFileTest, AValueThatIsNotOursIsLeftOutWhenTheFileHasAnotherOneNow) {
+    const struct {
+        const char* name;
+        std::optional<std::string> before;
+        const char* now;
+        const char* saved;
+    } cases[] = {
+        {"as before", "1", "[A]\nkey=1\n", "[A]\nkey=5\n"},
+        {"in other words", "1", "[A]\nkey= \"1\" \n", "[A]\nkey=5\n"},
+        {"changed", "1", "[A]\nkey=2\n", "[A]\nkey=2\n"},
+        {"gone", "1", "[A]\n", "[A]\n"},
+        {"new", std::nullopt, "[A]\nkey=2\n", "[A]\nkey=2\n"},
+        {"empty is not missing", std::nullopt, "[A]\nkey=\n", "[A]\nkey=\n"},
+        {"missing as before", std::nullopt, "[A]\n", "[A]\nkey=5\n"},
+    };
+    for (const auto& [name, before, now, saved] : cases) {
+        IniFile ini = open(now);
+        EXPECT_TRUE(ini.setBytesUnlessChanged("A", "key", "5", before)) << name;
+        EXPECT_TRUE(ini.save()) << name;
+        EXPECT_EQ(readBytes(file_), saved) << name;
+        EXPECT_EQ(IniFile(file_).find("A", "key"), ini.find("A", "key")) << name;
+    }
+}
+
+TEST_F(IniFileTest, AFileThatIsGoneGetsEveryValue) {
+    IniFile ini = open("[A]\nkey=1\n");
+    EXPECT_TRUE(ini.setBytesUnlessChanged("A", "key", "5", "1"));
+    std::filesystem::remove(file_);
+    EXPECT_TRUE(ini.save());
+    EXPECT_EQ(IniFile(file_).find("A", "key"), "5");
+}
+
+TEST_F(IniFileTest, ManyProgramsThatSaveAtOnceLoseNothing) {
+    constexpr int kPrograms = 6;
+    constexpr int kSaves = 40;
+    writeBytes(file_, "[A]\n");
+    std::vector<pid_t> children;
+    for (int program = 0; program < kPrograms; ++program) {
+        const pid_t child = fork();
+        if (child == 0) {
+            bool isSaved = true;
+            for (int save = 0; save < kSaves; ++save) {
+                IniFile ini(file_);
+                ini.setInteger("A", std::to_string(program) + "-" + std::to_string(save), save);
+                isSaved = ini.save() && isSaved;
+            }
+            _exit(isSaved ? 0 : 1);
+        }
+        children.push_back(child);
+    }
+    for (const pid_t child : children) {
+        int status = -1;
+        waitpid(child, &status, 0);
+        EXPECT_EQ(status, 0);
+    }
+    const IniFile ini(file_);
+    for (int program = 0; program < kPrograms; ++program) {
+        for (int save = 0; save < kSaves; ++save) {
+            const std::string key = std::to_string(program) + "-" + std::to_string(save);
+            EXPECT_EQ(ini.integer("A", key, -1), save) << key;
+        }
+    }
+    EXPECT_FALSE(std::filesystem::exists(file_.native() + ".new"));
+}
+
 TEST_F(IniFileTest, GarbageGivesDefaultsAndTakesValuesNonetheless) {
     std::string noise(300'000, '\0');
     unsigned state = 12345;

@@ -1,5 +1,7 @@
 #include "tags/TagDictionary.h"
 
+#include "platform/Text.h"
+
 #include <gtest/gtest.h>
 
 #include <set>
@@ -117,10 +119,6 @@ const TagDictionary& dictionary() {
     return kDictionary;
 }
 
-QString text(std::u16string_view units) {
-    return QString::fromUtf16(units.data(), static_cast<qsizetype>(units.size()));
-}
-
 void expectNumber(int wanted, std::uint32_t found, const char* field) {
     if (wanted >= 0) {
         EXPECT_EQ(found, static_cast<std::uint32_t>(wanted)) << field;
@@ -134,9 +132,9 @@ TEST(FixedTagIds, FirstRowOfEachQuotedIdIsTheQuotedOne) {
         SCOPED_TRACE(fixed.id);
         const std::optional<TagRecord> record = dictionary().FindTagById(fixed.id);
         ASSERT_TRUE(record);
-        EXPECT_EQ(text(record->name), text(fixed.name));
+        EXPECT_EQ(platform::wide(record->name), platform::wide(fixed.name));
         if (fixed.group != kAny) {
-            EXPECT_EQ(text(record->group), text(fixed.group));
+            EXPECT_EQ(platform::wide(record->group), platform::wide(fixed.group));
         }
         EXPECT_EQ(record->groupIndex, fixed.groupIndex);
         expectNumber(fixed.valueKind, static_cast<std::uint32_t>(record->valueKind), "valueKind");
@@ -148,7 +146,8 @@ TEST(FixedTagIds, FirstRowOfEachQuotedIdIsTheQuotedOne) {
 
 TEST(FixedTagIds, LookUpByNameGivesTheQuotedIds) {
     for (const FixedRow& fixed : kFixedRows) {
-        EXPECT_EQ(dictionary().FindTagId(fixed.groupIndex, text(fixed.name)), static_cast<int>(fixed.id))
+        EXPECT_EQ(dictionary().FindTagId(fixed.groupIndex, platform::wide(fixed.name)),
+                  static_cast<int>(fixed.id))
             << fixed.id;
     }
 }
@@ -171,7 +170,7 @@ TEST(FixedTagIds, IdOnTwoRowsGivesTheFirst) {
         if (record.id == 2073) rows.push_back(&record);
     }
     ASSERT_EQ(rows.size(), 2U);
-    for (const TagRecord* row : rows) EXPECT_EQ(text(row->name), "Canon_0x0018");
+    for (const TagRecord* row : rows) EXPECT_EQ(platform::wide(row->name), "Canon_0x0018");
     EXPECT_EQ(rows[0]->valueKind, ValueKind::Binary);
     EXPECT_TRUE(rows[0]->writable);
     EXPECT_EQ(rows[1]->valueKind, ValueKind::Integer);

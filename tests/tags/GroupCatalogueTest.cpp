@@ -1,6 +1,7 @@
 #include "tags/GroupCatalogue.h"
 
 #include "app/Settings.h"
+#include "platform/Text.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -15,10 +16,6 @@ using tags::GroupImage;
 using testing::ElementsAre;
 
 namespace {
-
-QString text(std::u16string_view units) {
-    return QString::fromUtf16(units.data(), static_cast<qsizetype>(units.size()));
-}
 
 std::vector<std::uint32_t> groupsOfImage(GroupImage image) {
     std::vector<std::uint32_t> positions;
@@ -60,14 +57,14 @@ TEST(GroupTable, PositionsAreGroupIdsButForOneCrossing) {
         EXPECT_EQ(table[position].groupId, expected);
         EXPECT_TRUE(table[position].key.starts_with(u'[') && table[position].key.ends_with(u']')) << position;
     }
-    EXPECT_EQ(text(table[197].key), "[SR2DataIFD12]");
-    EXPECT_EQ(text(table[198].key), "[SR2DataIFD]");
+    EXPECT_EQ(platform::wide(table[197].key), "[SR2DataIFD12]");
+    EXPECT_EQ(platform::wide(table[198].key), "[SR2DataIFD]");
 }
 
 TEST(GroupTable, OnlyMetaIfdStandsTwice) {
     std::map<QString, std::vector<std::uint32_t>> positions;
     for (std::uint32_t position = 0; position < tags::kGroupCount; ++position) {
-        positions[text(tags::groupTable()[position].key).toLower()].push_back(position);
+        positions[platform::wide(tags::groupTable()[position].key).toLower()].push_back(position);
     }
     for (const auto& [key, found] : positions) {
         if (key == "[metaifd]") {
@@ -91,7 +88,7 @@ TEST(GroupTable, SpellsGroupsItsOwnWay) {
 
 TEST(FindGroup, FindsEveryKeyInAnyCase) {
     for (const GroupEntry& entry : tags::groupTable()) {
-        const QString key = text(entry.key);
+        const QString key = platform::wide(entry.key);
         const std::uint32_t expected = key == "[MetaIFD]" ? 101 : entry.groupId;  // the first of the two
         EXPECT_EQ(FindGroup(key), expected) << key.toStdString();
         EXPECT_EQ(FindGroup(key.toLower()), expected) << key.toStdString();

@@ -1,12 +1,12 @@
 #include "tags/LabelLibrary.h"
 
+#include "platform/Text.h"
+
 #include <gtest/gtest.h>
 
-#include <QElapsedTimer>
 #include <QSet>
 #include <QStringList>
 #include <array>
-#include <iostream>
 
 #include "tags/GroupCatalogue.h"
 
@@ -37,12 +37,9 @@ int idOf(const QString& group, const QString& name) {
     return number ? dictionary().FindTagId(*number, name) : -1;
 }
 
-QString text(std::u16string_view units) {
-    return QString::fromUtf16(units.data(), static_cast<qsizetype>(units.size()));
-}
-
 std::string nameOf(const TagRecord& row) {
-    return (QString::number(row.id) + ' ' + text(row.group) + ':' + text(row.name)).toStdString();
+    return (QString::number(row.id) + ' ' + platform::wide(row.group) + ':' + platform::wide(row.name))
+        .toStdString();
 }
 
 QString helpOf(int language, int id) {
@@ -77,7 +74,7 @@ TEST(LabelLibrary, EveryTagHasALabelAndHelpInEveryLanguage) {
             const QString help = helpOf(language, id);
             ASSERT_TRUE(help.startsWith(label + u'\n')) << help.toStdString();
             const auto first = dictionary().FindTagById(row.id);
-            ASSERT_TRUE(help.contains(": " + text(first->group) + u'\n')) << help.toStdString();
+            ASSERT_TRUE(help.contains(": " + platform::wide(first->group) + u'\n')) << help.toStdString();
             ASSERT_FALSE(help.contains("\n\n") || help.contains('%' + QString::number(1)))
                 << nameOf(row) << help.toStdString();
         }
@@ -339,18 +336,4 @@ TEST(LabelLibrary, OnlyTheLanguageInTheLowBitsCounts) {
     EXPECT_EQ(LabelLibrary(3084, dictionary()).label(id), "Fabricant");         // French of Canada
     EXPECT_EQ(LabelLibrary(1033, dictionary()).label(id), "Make");
     EXPECT_EQ(LabelLibrary(16, dictionary()).label(id), "Make");  // Italian is not there
-}
-
-TEST(LabelLibrary, TellsHowLongItsDataTake) {
-    const int id = idOf("IFD0", "Make");
-    for (const int language : kLanguages) {
-        QElapsedTimer clock;
-        clock.start();
-        const LabelLibrary fresh(language, dictionary());
-        const qint64 made = clock.nsecsElapsed();
-        EXPECT_TRUE(fresh.CM_xxHasALibelle(id));
-        EXPECT_FALSE(fresh.label(id).isEmpty());
-        std::cout << "language " << language << ": made in " << static_cast<double>(made) / 1e6
-                  << " ms, first label after " << static_cast<double>(clock.nsecsElapsed()) / 1e6 << " ms\n";
-    }
 }

@@ -65,6 +65,5 @@ TEST(TagFamilies, GiveTheirRowsOnceAndInTableOrder) {
         EXPECT_FALSE(rows.empty()) << family.number;
         EXPECT_TRUE(std::ranges::is_sorted(rows, std::less<>())) << family.number;
         EXPECT_EQ(std::ranges::adjacent_find(rows), rows.end()) << family.number;
-        for (const TagRecord* row : rows) EXPECT_TRUE(tags::familyHasCategory(family, row->categoryId));
     }
 }

@@ -3,13 +3,12 @@
 #include <QObject>
 #include <filesystem>
 #include <functional>
+#include <memory>
 
-class QSocketNotifier;
-
-namespace browser {
+namespace platform {
 
 /// Tells when the folder on show is taken away: deleted, moved, or its volume removed. What happens inside of
-/// it is not its concern. GUI thread.
+/// it is not its concern. Lives on a thread with an event loop, and calls there.
 class FolderWatch : public QObject {
     Q_OBJECT
 
@@ -21,13 +20,13 @@ class FolderWatch : public QObject {
     void watch(const std::filesystem::path& folder);
 
  private:
+    struct Queue;
+
     void readEvents();
 
     std::function<void()> vanished_;
     std::filesystem::path folder_;
-    QSocketNotifier* notifier_ = nullptr;
-    int queue_ = -1;
-    int watch_ = -1;
+    std::unique_ptr<Queue> queue_;  ///< null when the system has none to give
 };
 
-}  // namespace browser
+}  // namespace platform

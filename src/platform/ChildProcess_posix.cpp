@@ -8,6 +8,7 @@
 #include <sys/prctl.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
+#include <unistd.h>
 
 #include <array>
 #include <cerrno>
@@ -165,6 +166,7 @@ OpenedStream openChildStream(const ChildStream& stream, bool isInput) {
         int flags = (isInput ? O_RDONLY : O_WRONLY) | O_CLOEXEC | O_NOCTTY;
         if (stream.kind == ChildStream::Kind::Truncate) flags |= O_CREAT | O_TRUNC;
         if (stream.kind == ChildStream::Kind::Append) flags |= O_CREAT | O_APPEND;
+        if (!stream.followsLink) flags |= O_NOFOLLOW;
         const bool isFile = stream.kind != ChildStream::Kind::Nowhere;
         opened = FileDescriptor(::open(isFile ? stream.file.c_str() : "/dev/null", flags, kNewFileMode));
         if (!opened.isOpen()) return {{}, errno};
@@ -174,6 +176,11 @@ OpenedStream openChildStream(const ChildStream& stream, bool isInput) {
     FileDescriptor high(::fcntl(source, F_DUPFD_CLOEXEC, kStandardStreams));
     if (!high.isOpen()) return {{}, errno};
     return {std::move(high), 0};
+}
+
+ChildOutcome outcomeOfStatus(int waitStatus) {
+    if (WIFSIGNALED(waitStatus)) return {ChildOutcome::Kind::Killed, WTERMSIG(waitStatus), {}};
+    return {ChildOutcome::Kind::Ended, WEXITSTATUS(waitStatus), {}};
 }
 
 std::vector<std::string> childEnvironment(const ChildCommand& command) {
@@ -256,18 +263,17 @@ ChildOutcome ChildProcess::stop(milliseconds grace) {
 ChildOutcome ChildProcess::takeOutcome() {
     int status = 0;
     pid_t collected = 0;
-    do collected = ::waitpid(process_, &status, 0);
+    do collected = ::waitpid(static_cast<pid_t>(process_), &status, 0);
     while (collected < 0 && errno == EINTR);
     process_ = 0;
     watch_.close();
     // Not collected: somebody told the system to forget ended children, so that nothing is known but the end.
     if (collected < 0) return {ChildOutcome::Kind::Ended, 0, {}};
-    if (WIFSIGNALED(status)) return {ChildOutcome::Kind::Killed, WTERMSIG(status), {}};
-    return {ChildOutcome::Kind::Ended, WEXITSTATUS(status), {}};
+    return outcomeOfStatus(status);
 }
 
 void ChildProcess::signalGroup(int signal) const {
-    ::kill(-process_, signal);
+    ::kill(static_cast<pid_t>(-process_), signal);
 }
 
 ChildOutcome runChild(const ChildCommand& command, const KeepWaiting& keepWaiting) {

@@ -5,11 +5,13 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
-#include <optional>
 #include <system_error>
+#include <thread>
 
 namespace platform {
 
@@ -17,17 +19,12 @@ namespace fs = std::filesystem;
 
 namespace {
 
+constexpr std::chrono::seconds kLongestWait(5);
+constexpr std::chrono::milliseconds kPause(2);
+
 std::string reasonFor(int error) {
     return std::system_category().message(error);
 }
-
-/// The file beside the target that is to take its place. One name for all: what a killed program has left is
-/// used again by the next; a lock keeps two programs that save at once apart, the later one then takes a name
-/// of its own.
-struct NewFile {
-    fs::path path;
-    FileDescriptor descriptor;
-};
 
 bool isStillAt(const fs::path& path, int descriptor) {
     struct stat named {};
@@ -36,19 +33,9 @@ bool isStillAt(const fs::path& path, int descriptor) {
            named.st_ino == opened.st_ino && named.st_dev == opened.st_dev;
 }
 
-std::optional<NewFile> openNewFile(const fs::path& target) {
-    NewFile fresh{target, {}};
-    fresh.path += ".new";
-    fresh.descriptor = FileDescriptor(
-        ::open(fresh.path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0666));
-    if (fresh.descriptor.isOpen() && ::flock(fresh.descriptor.get(), LOCK_EX | LOCK_NB) == 0 &&
-        isStillAt(fresh.path, fresh.descriptor.get()) && ::ftruncate(fresh.descriptor.get(), 0) == 0)
-        return fresh;
-    std::string name = target.native() + ".XXXXXX";
-    fresh.descriptor = FileDescriptor(::mkostemp(name.data(), O_CLOEXEC));
-    fresh.path = name;
-    if (!fresh.descriptor.isOpen()) return std::nullopt;
-    return fresh;
+/// Whether the file is open and nobody else replaces by way of it.
+bool isAlone(const fs::path& path, const FileDescriptor& file) {
+    return file.isOpen() && ::flock(file.get(), LOCK_EX | LOCK_NB) == 0 && isStillAt(path, file.get());
 }
 
 }  // namespace
@@ -98,24 +85,59 @@ FileContent readRegularFile(const fs::path& file, std::size_t maximumBytes) {
     return content;
 }
 
-std::string replaceFile(const fs::path& file, std::string_view bytes) {
+FileReplacement::FileReplacement(const fs::path& file) : target_(file) {
     std::error_code error;
-    fs::path resolved = file;
     if (fs::symlink_status(file, error).type() == fs::file_type::symlink) {
-        resolved = fs::weakly_canonical(file, error);
-        if (error) return error.message();
+        target_ = fs::weakly_canonical(file, error);
+        if (error) error_ = error.value();
     }
-    std::optional<NewFile> fresh = openNewFile(resolved);
-    if (!fresh) return reasonFor(errno);
+    if (error_ == 0) open();
+}
+
+FileReplacement::~FileReplacement() {
+    if (!path_.empty()) ::unlink(path_.c_str());
+}
+
+// One name for all: what a killed program has left is used again by the next, and its lock keeps two programs
+// apart. One that keeps the lock for ever, as a stopped process does, is passed by on a name of our own.
+void FileReplacement::open() {
+    fs::path shared = target_;
+    shared += ".new";
+    const auto deadline = std::chrono::steady_clock::now() + kLongestWait;
+    do {
+        descriptor_ = FileDescriptor(
+            ::open(shared.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK, 0666));
+        if (!descriptor_.isOpen()) break;
+        if (isAlone(shared, descriptor_) && ::ftruncate(descriptor_.get(), 0) == 0) {
+            path_ = shared;
+            return;
+        }
+        std::this_thread::sleep_for(kPause);
+    } while (std::chrono::steady_clock::now() < deadline);
+    std::string name = target_.native() + ".XXXXXX";
+    descriptor_ = FileDescriptor(::mkostemp(name.data(), O_CLOEXEC));
+    if (descriptor_.isOpen())
+        path_ = name;
+    else
+        error_ = errno;
+}
+
+int FileReplacement::commit(std::string_view bytes) {
+    if (error_ != 0) return error_;
     struct stat old {};
-    if (::stat(resolved.c_str(), &old) == 0)
-        static_cast<void>(::fchmod(fresh->descriptor.get(), old.st_mode & 07777));
-    int failure = writeAll(fresh->descriptor.get(), bytes);
-    if (failure == 0 && ::fdatasync(fresh->descriptor.get()) != 0) failure = errno;
-    if (failure == 0 && ::rename(fresh->path.c_str(), resolved.c_str()) != 0) failure = errno;
-    if (failure == 0) return {};
-    ::unlink(fresh->path.c_str());
-    return reasonFor(failure);
+    if (::stat(target_.c_str(), &old) == 0)
+        static_cast<void>(::fchmod(descriptor_.get(), old.st_mode & 07777));
+    error_ = writeAll(descriptor_.get(), bytes);
+    if (error_ == 0 && ::fdatasync(descriptor_.get()) != 0) error_ = errno;
+    if (error_ == 0 && ::rename(path_.c_str(), target_.c_str()) != 0) error_ = errno;
+    if (error_ == 0) path_.clear();
+    return error_;
+}
+
+std::string replaceFile(const fs::path& file, std::string_view bytes) {
+    FileReplacement replacement(file);
+    const int failure = replacement.commit(bytes);
+    return failure == 0 ? std::string() : reasonFor(failure);
 }
 
 }  // namespace platform

@@ -1,0 +1,14 @@
+#include "platform/StandardStreams.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace platform {
+
+FileDescriptor takeStandardOutput() {
+    FileDescriptor taken(::fcntl(STDOUT_FILENO, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+    if (taken.isOpen()) ::dup2(STDERR_FILENO, STDOUT_FILENO);
+    return taken;
+}
+
+}  // namespace platform
