@@ -1,47 +1,23 @@
 #include "exiftool/ExifToolSession.h"
 
+#include "exiftool/LineParts.h"
 #include "platform/AtomicFile.h"
+#include "platform/Pipe.h"
 #include "platform/Text.h"
+#include "platform/UniqueFile.h"
 
-#include <fcntl.h>
-#include <sys/ioctl.h>
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstdlib>
 #include <thread>
 
 namespace exiftool {
 
 namespace fs = std::filesystem;
 using platform::ChildStream;
-using platform::FileDescriptor;
 
 namespace {
 
-constexpr const char* kArgumentFilePattern = "EXMXXXXXX.tmp";
-constexpr int kPatternTail = 4;
 /// The child has had one delay already when it is asked to end by a signal.
 constexpr std::chrono::milliseconds kEndLimit{300};
 constexpr std::chrono::milliseconds kKillLimit{300};
-
-struct Pipe {
-    FileDescriptor readEnd;
-    FileDescriptor writeEnd;
-    bool isOpen() const { return readEnd.isOpen(); }
-};
-
-Pipe openPipe() {
-    int ends[2];
-    if (::pipe2(ends, O_CLOEXEC) != 0) return {};
-    return {FileDescriptor(ends[0]), FileDescriptor(ends[1])};
-}
-
-/// ExifTool takes one argument a line and drops returns before the line's end.
-bool canStandOnLine(std::string_view text) {
-    return !text.empty() && text.find_first_of(std::string_view("\n\0", 2)) == std::string_view::npos &&
-           !text.ends_with('\r');
-}
 
 /// A relative name could begin with a hyphen and be taken for an option.
 std::string fileLine(const fs::path& file) {
@@ -63,24 +39,24 @@ ExifToolSession::~ExifToolSession() {
 int ExifToolSession::StartExifToolSession(const fs::path& tempPath, const fs::path& exifToolPath) {
     CloseExifToolSession();
     exifToolPath_ = exifToolPath;
-    std::string name = (tempPath / kArgumentFilePattern).string();
-    FileDescriptor arguments(::mkostemps(name.data(), kPatternTail, O_APPEND | O_CLOEXEC));
+    platform::UniqueFile arguments =
+        platform::makeUniqueFile(tempPath / "EXM", ".tmp", platform::UniqueFileWrites::AtEnd);
     if (!arguments.isOpen()) return kNoArgumentFile;
-    Pipe output = openPipe();
+    platform::Pipe output = platform::openPipe();
     if (!output.isOpen()) return kNoOutputPipe;
-    Pipe input = openPipe();
+    platform::Pipe input = platform::openPipe();
     if (!input.isOpen()) return kNoInputPipe;
 
     platform::ChildCommand command;
     command.program = exifToolPath;
-    command.arguments = {"-stay_open", "true", "-@", name};
+    command.arguments = {"-stay_open", "true", "-@", platform::narrow(arguments.path)};
     command.environment = {"PERL_BADLANG=0"};
     command.input = ChildStream::to(input.readEnd.get());
     command.output = ChildStream::to(output.writeEnd.get());
     command.errors = command.output;
     command.endsWithStartingThread = true;
     if (child_.start(command).kind == platform::ChildOutcome::Kind::NotStarted) return kNoChild;
-    argumentFile_ = std::move(arguments);
+    argumentFile_ = std::move(arguments.descriptor);
     outputRead_ = std::move(output.readEnd);
     inputWrite_ = std::move(input.writeEnd);
     return kStarted;
@@ -94,14 +70,10 @@ bool ExifToolSession::append(std::string_view request) {
 ExifToolSession::SendResult ExifToolSession::readWhatHasCome() {
     SendResult result;
     result.wasSent = true;
-    int available = 0;
-    if (::ioctl(outputRead_.get(), FIONREAD, &available) != 0 || available <= 0) return result;
-    std::string bytes(static_cast<std::size_t>(available), '\0');
-    ssize_t got = 0;
-    do got = ::read(outputRead_.get(), bytes.data(), bytes.size());
-    while (got < 0 && errno == EINTR);
-    result.wasAnswered = got > 0;
-    bytes.resize(static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+    std::string bytes(platform::availableBytes(outputRead_.get()), '\0');
+    if (bytes.empty()) return result;
+    bytes.resize(platform::readSome(outputRead_.get(), bytes).size);
+    result.wasAnswered = !bytes.empty();
     result.answer = bytes.substr(0, bytes.find('\0'));
     return result;
 }

@@ -70,7 +70,7 @@ class ExifToolSession {
     void CloseExifToolSession();
 
     bool isOpen() const { return argumentFile_.isOpen(); }
-    pid_t childProcessId() const { return child_.processId(); }  ///< 0 when closed
+    platform::ProcessId childProcessId() const { return child_.processId(); }  ///< 0 when closed
 
  private:
     bool append(std::string_view request);

@@ -22,6 +22,11 @@ std::string_view languageCode(int dataLanguage) {
     return kLanguageCodes[index < kLanguageCodes.size() ? index : kEnglish];
 }
 
+bool canStandOnLine(std::string_view text) {
+    return !text.empty() && text.find_first_of(std::string_view("\n\0", 2)) == std::string_view::npos &&
+           !text.ends_with('\r');
+}
+
 CommandText toolStart(const app::AppContext& context) {
     CommandText command;
     return command.literal("\"").outside(platform::narrow(context.exifToolPath)).literal("\" ");
@@ -48,6 +53,13 @@ CommandText quotedValue(const app::AppContext& context, QStringView value) {
     else
         word.typed(bytes);
     return word.literal("\"");
+}
+
+CommandText lineOnFile(const app::AppContext& context, const CommandText& arguments,
+                       const std::filesystem::path& file) {
+    CommandText line = toolStartWithLanguage(context).literal(" ").append(arguments).literal(" \"");
+    line.outside(fileWord(file)).literal("\" 2>>\"").outside(platform::narrow(context.reportFile));
+    return line.literal("\"");
 }
 
 CommandText reportBehind(const app::AppContext& context) {

@@ -27,10 +27,18 @@ platform::CommandText toolStartWithLanguage(const app::AppContext& context);
 /// taken for an option.
 std::string fileWord(const std::filesystem::path& file);
 
+/// Whether the text can be one line of an argument file or of a list of files: ExifTool takes one argument a
+/// line and drops returns before the line's end.
+bool canStandOnLine(std::string_view text);
+
 /// A value of the user's in quotes, in UTF-8. The designed form takes it as it stands, a quote in it
 /// included; in the corrected form any text, line feeds and quotes too, stays inside the argument that it
 /// stands in.
 platform::CommandText quotedValue(const app::AppContext& context, QStringView value);
+
+/// What ToolRunner::RunOnFile runs: `"<tool>" -lang <lang> <arguments> "<file>" 2>>"<report>"`.
+platform::CommandText lineOnFile(const app::AppContext& context, const platform::CommandText& arguments,
+                                 const std::filesystem::path& file);
 
 /// ` 2>>"<report>"`, behind lines whose complaints the batch report collects.
 platform::CommandText reportBehind(const app::AppContext& context);

@@ -11,7 +11,6 @@ MetadataLoad::MetadataLoad(const app::AppContext& context, ToolRunner& runner, R
     : context_(context), runner_(runner), commands_(commands), parser_(parser) {}
 
 int MetadataLoad::LoadMetadata(const fs::path& file, LoadTarget& target, LoadFeedback& feedback) {
-    parser_.begin();
     if (file.empty()) return 0;
     std::error_code error;
     const fs::file_status status = fs::status(file, error);
@@ -25,15 +24,21 @@ int MetadataLoad::LoadMetadata(const fs::path& file, LoadTarget& target, LoadFee
     fs::remove(output, error);
 
     feedback.showReading(file);
-    const bool wasRun = commands_.ReadForPanel(file, output, true) != 0;
-    if (!wasRun || runner_.wasStopped()) {
+    MetadataRead read{
+        file, output, commands_.ReadForPanel(file, output, true) != 0, runner_.wasStopped(), {}};
+    return showRead(read, target, feedback);
+}
+
+int MetadataLoad::showRead(const MetadataRead& read, LoadTarget& target, LoadFeedback& feedback) {
+    parser_.begin();
+    if (!read.wasRun || read.wasStopped) {
         feedback.hideProgress();
-        if (runner_.wasStopped()) feedback.showStatus(QStringLiteral("Ready"));
+        feedback.showStatus(QStringLiteral("Ready"));
         return 0;
     }
     feedback.showSorting();
     const bool parsed = parser_.ParseExifToolOutput(
-        output, [&](tags::MetadataRow&& row) { target.InsertMetadataRow(std::move(row)); });
+        read.output, [&](tags::MetadataRow&& row) { target.InsertMetadataRow(std::move(row)); });
     if (!parsed) {
         feedback.hideProgress();
         feedback.showError(QStringLiteral("An error occured!"));
@@ -44,7 +49,6 @@ int MetadataLoad::LoadMetadata(const fs::path& file, LoadTarget& target, LoadFee
     parser_.forEachShownCount(
         [&](std::uint32_t groupId, int count) { target.SetGroupCount(groupId, count); });
     feedback.hideProgress();
-    feedback.focusFileList();
     return 1;
 }
 

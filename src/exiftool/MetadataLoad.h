@@ -1,5 +1,6 @@
 #pragma once
 
+#include "exiftool/MetadataReader.h"
 #include "exiftool/ReadCommands.h"
 #include "tags/OutputParser.h"
 
@@ -17,7 +18,6 @@ class LoadFeedback {
     virtual void hideProgress() {}
     virtual void showStatus(const QString& text) { static_cast<void>(text); }
     virtual void showError(const QString& text) { static_cast<void>(text); }
-    virtual void focusFileList() {}
 };
 
 /// Where the rows of a load go: the panel's list, or the output of a program.
@@ -37,7 +37,12 @@ class MetadataLoad {
                  tags::OutputParser& parser);
 
     /// 1, or 0 when the path is empty, the read could not be run or its output not be opened.
-    int LoadMetadata(const std::filesystem::path& file, LoadTarget& target, LoadFeedback& feedback);
+    [[nodiscard]] int LoadMetadata(const std::filesystem::path& file, LoadTarget& target,
+                                   LoadFeedback& feedback);
+
+    /// The second half, for a read that was made elsewhere: parse, insert, count. The same answer; rows of a
+    /// read with a fault are inserted as far as they came.
+    [[nodiscard]] int showRead(const MetadataRead& read, LoadTarget& target, LoadFeedback& feedback);
 
  private:
     const app::AppContext& context_;

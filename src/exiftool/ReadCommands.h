@@ -52,17 +52,20 @@ class ReadCommands {
     ReadCommands(const app::AppContext& context, ToolRunner& runner, ReadFeedback& feedback);
 
     /// 1 when the batch file was written and run, else 0. An empty path gives 0 and no batch file.
-    int ReadForPanel(const std::filesystem::path& file, const std::filesystem::path& output, bool showStatus);
-    int ReadGroupAll(const std::filesystem::path& file, const std::filesystem::path& output,
-                     std::string_view groupName);
-    int ReadCategory(const std::filesystem::path& file, const std::filesystem::path& output, int categoryId);
+    [[nodiscard]] int ReadForPanel(const std::filesystem::path& file, const std::filesystem::path& output,
+                                   bool showStatus);
+    [[nodiscard]] int ReadGroupAll(const std::filesystem::path& file, const std::filesystem::path& output,
+                                   std::string_view groupName);
+    [[nodiscard]] int ReadCategory(const std::filesystem::path& file, const std::filesystem::path& output,
+                                   int categoryId);
     /// The value as text, or empty.
     QString ReadOneValue(const std::filesystem::path& file, std::string_view tagName, bool numeric);
-    int ReadGpsPosition(const std::filesystem::path& file, const std::filesystem::path& output);
-    int DumpHtml(const std::filesystem::path& file, const std::filesystem::path& output);
-    int DumpVerbose(const std::filesystem::path& file, const std::filesystem::path& output);
-    int ExportValues(const platform::CommandText& fileArgument, const platform::CommandText& output,
-                     const platform::CommandText& extraArguments);
+    [[nodiscard]] int ReadGpsPosition(const std::filesystem::path& file, const std::filesystem::path& output);
+    [[nodiscard]] int DumpHtml(const std::filesystem::path& file, const std::filesystem::path& output);
+    [[nodiscard]] int DumpVerbose(const std::filesystem::path& file, const std::filesystem::path& output);
+    [[nodiscard]] int ExportValues(const platform::CommandText& fileArgument,
+                                   const platform::CommandText& output,
+                                   const platform::CommandText& extraArguments);
 
  private:
     int runNamedAfter(const std::filesystem::path& file, const platform::CommandText& command);

@@ -1,6 +1,7 @@
 #include "exiftool/SafetyCopy.h"
 
 #include "platform/FileCopy.h"
+#include "platform/PrivateFolders.h"
 #include "platform/Text.h"
 
 #include <QLocale>
@@ -38,6 +39,28 @@ std::string targetFolder(const SplitPath& parts, const fs::path& cachePath, cons
     }
 }
 
+/// Makes the folder of the copy. What permissions the copy may have there.
+fs::perms makeTargetFolder(const fs::path& file, const fs::path& cachePath, const SafetyCopies& settings) {
+    using platform::Privacy;
+    const SplitPath parts = split(file);
+    const fs::path target = targetFolder(parts, cachePath, settings);
+    Privacy privacy = Privacy::Kept;
+    std::error_code error;
+    switch (settings.SafetyCopyFolderMode) {
+        case 0:
+            privacy = platform::makeFolderLike(target, parts.folder);
+            break;
+        case 1:
+            privacy = platform::repeatFolders(cachePath / "sav", parts.folder);
+            break;
+        default:
+            // Files of many folders come together in one.
+            fs::create_directories(target, error);
+            return platform::permissionsInReach(file);
+    }
+    return privacy == Privacy::Kept ? fs::perms::mask : fs::perms::owner_all;
+}
+
 std::string dateText(const QDateTime& now) {
     QString date = QLocale().toString(now.date(), QLocale::ShortFormat);
     date.replace(u'/', u'-').replace(u':', u'-');
@@ -56,10 +79,10 @@ fs::path safetyCopyPath(const fs::path& file, const fs::path& cachePath, const S
 QString MakeSafetyCopy(const fs::path& file, const fs::path& cachePath, const SafetyCopies& settings) {
     std::error_code error;
     const fs::path whole = file.is_absolute() ? file : fs::absolute(file, error);
-    // Its result does not matter: without the folder the copy fails and says why.
-    fs::create_directories(targetFolder(split(whole), cachePath, settings), error);
-    const int failure =
-        platform::copyFile(whole, safetyCopyPath(whole, cachePath, settings, QDateTime::currentDateTime()));
+    // Without the folder the copy fails and says why.
+    const fs::perms atMost = makeTargetFolder(whole, cachePath, settings);
+    const int failure = platform::copyFile(
+        whole, safetyCopyPath(whole, cachePath, settings, QDateTime::currentDateTime()), atMost);
     if (failure == 0) return {};
     return QStringLiteral("CopyFile failed with error %1: %2")
         .arg(QString::number(failure), platform::wide(std::system_category().message(failure)));

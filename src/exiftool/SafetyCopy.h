@@ -26,7 +26,9 @@ std::filesystem::path safetyCopyPath(const std::filesystem::path& file,
                                      const QDateTime& now);
 
 /// Copies the file, in the place of an earlier copy of the same name; an earlier one stays whole when the new
-/// one fails. Makes the missing folders. Does not look at SafetyCopyEnabled. Empty on success, else the
+/// one fails. Makes the missing folders. Nobody sees the copy who could not see the file: the folders under
+/// the cache folder have the permissions of those they repeat, and where folders say nothing the copy's own
+/// are narrowed. Does not look at SafetyCopyEnabled. Empty on success, else the
 /// message for the user, for a box titled "Error".
 QString MakeSafetyCopy(const std::filesystem::path& file, const std::filesystem::path& cachePath,
                        const SafetyCopies& settings);

@@ -1,40 +1,33 @@
 #include "exiftool/ToolRunner.h"
 
 #include "exiftool/LineParts.h"
+#include "exiftool/OutcomeJudge.h"
 #include "exiftool/ReportFile.h"
 #include "exiftool/WarmStarter.h"
-#include "platform/AtomicFile.h"
-#include "platform/FileDescriptor.h"
+#include "platform/FileAccess.h"
+#include "platform/FileIdentity.h"
+#include "platform/FileStamp.h"
 #include "platform/Text.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-
 #include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <utility>
 
 namespace exiftool {
 
 namespace fs = std::filesystem;
 using platform::CommandText;
+using platform::WriteMode;
 
 namespace {
 
 constexpr const char* kCommonBatchFile = "Metadata.bat";
 constexpr const char* kWriteBatchFile = "MetaData.bat";
 constexpr const char* kFileList = "files.tmp";
-constexpr mode_t kNewFileMode = 0666;
-constexpr int kToolFailed = 1;
-
-bool writeFile(const fs::path& file, int mode, std::string_view bytes) {
-    const platform::FileDescriptor descriptor(
-        ::open(file.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC | mode, kNewFileMode));
-    return descriptor.isOpen() && platform::writeAll(descriptor.get(), bytes) == 0;
-}
-
-bool canStandOnLine(std::string_view name) {
-    return !name.empty() && name.find_first_of(std::string_view("\n\0", 2)) == std::string_view::npos &&
-           !name.ends_with('\r');
-}
+/// What a line of a write says where it leads its streams nowhere.
+constexpr const char* kOutput = "Output.txt";
+constexpr const char* kErrors = "Errors.txt";
 
 std::string refusalLine(std::string name) {
     std::replace_if(
@@ -42,22 +35,77 @@ std::string refusalLine(std::string name) {
     return "Error: A line end in a file name cannot stand in a list of files - " + name + '\n';
 }
 
-/// What a report does not say by itself, since it was not the tool's to say; empty when all is well.
-std::string problemOf(const platform::LineOutcome& line, bool hasReportGrown) {
+std::string contentsOf(const fs::path& file, std::uintmax_t from = 0) {
+    std::ifstream stream(file, std::ios::binary);
+    stream.seekg(static_cast<std::streamoff>(from));
+    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+}
+
+/// What is to be said of a tool that could not say it itself; empty when it ended by itself.
+std::string faultOf(const platform::ChildOutcome& child) {
     using Kind = platform::ChildOutcome::Kind;
-    switch (line.child.kind) {
+    switch (child.kind) {
         case Kind::Killed:
-            return "ExifTool was ended by signal " + std::to_string(line.child.number);
+            return "ExifTool was ended by signal " + std::to_string(child.number);
         case Kind::Stopped:
             return "ExifTool was not waited for any longer and ended";
         case Kind::NotStarted:
-            return hasReportGrown ? std::string() : "ExifTool was not started: " + line.child.reason;
+            return "ExifTool was not started: " + child.reason;
         case Kind::Ended:
             break;
     }
-    // Its complaints got lost, as on a full disk.
-    const bool isSilent = line.child.number == kToolFailed && !hasReportGrown;
-    return isSilent ? "ExifTool failed" : std::string();
+    return {};
+}
+
+/// The line that tells most of how a command ended: the first that did not end by itself, else the last.
+platform::ChildOutcome endOf(const platform::CommandOutcome& outcome) {
+    platform::ChildOutcome end;
+    end.reason = "the command could not be written";
+    for (const platform::LineOutcome& line : outcome.lines) {
+        end = line.child;
+        if (end.reason.empty()) end.reason = line.answer;
+        if (end.kind != platform::ChildOutcome::Kind::Ended) break;
+    }
+    while (end.reason.ends_with('\n')) end.reason.pop_back();
+    return end;
+}
+
+std::vector<platform::FileStamp> stampsOf(const std::vector<fs::path>& files) {
+    std::vector<platform::FileStamp> stamps;
+    for (const fs::path& file : files) stamps.push_back(platform::stampOf(file));
+    return stamps;
+}
+
+platform::TypedPieces typedPieces(const app::AppContext& context) {
+    return context.settings.exifTool.correctedCommands ? platform::TypedPieces::StayInside
+                                                       : platform::TypedPieces::AsTheyStand;
+}
+
+bool isQuietCommand(const app::AppContext& context, const CommandText& command) {
+    return std::ranges::any_of(platform::parseCommands(command, typedPieces(context)),
+                               [](const platform::ParsedCommand& line) { return isQuiet(line.words); });
+}
+
+/// One file's part of the account of a process that was given several: the tool counts them together, so that
+/// the file itself has to say whether it is one of those that were written.
+ToolAccount shareOf(const ToolAccount& whole, std::span<const fs::path> files, std::size_t at,
+                    const WriteFacts& facts) {
+    std::vector<fs::path> names;
+    for (const fs::path& file : files) names.emplace_back(fileWord(file));
+    ToolAccount share;
+    share.words = wordsOfFile(whole.words, names[at], names);
+    if (!whole.counts) return share;
+    ToolCounts counts;
+    if (!(facts.before == facts.after))
+        counts.updated = 1;
+    else if (share.words.find("Error") != std::string::npos)
+        counts.failed = 1;
+    else if (whole.counts->unchanged > 0)
+        counts.unchanged = 1;
+    else
+        counts.failed = 1;
+    share.counts = counts;
+    return share;
 }
 
 /// ExifTool writes a new file beside the old one, and refuses to when one is there already. A run that was
@@ -67,24 +115,20 @@ class LeftoverRemover {
  public:
     explicit LeftoverRemover(const fs::path& file) : file_(file), leftover_(file) {
         leftover_ += "_exiftool_tmp";
-        struct stat ignored {};
-        isOurs_ = ::stat(file_.c_str(), &before_) == 0 && ::lstat(leftover_.c_str(), &ignored) != 0;
+        if (!platform::isNameTaken(leftover_)) before_ = platform::identifyFile(file_);
     }
 
     void removeLeftover() const {
-        struct stat now {};
-        if (!isOurs_ || ::stat(file_.c_str(), &now) != 0) return;
-        const bool isUntouched =
-            now.st_ino == before_.st_ino && now.st_dev == before_.st_dev && now.st_size == before_.st_size &&
-            now.st_mtim.tv_sec == before_.st_mtim.tv_sec && now.st_mtim.tv_nsec == before_.st_mtim.tv_nsec;
-        if (isUntouched) ::unlink(leftover_.c_str());
+        const std::optional<platform::FileIdentity> now = platform::identifyFile(file_);
+        const bool isUntouched = before_ && now && *before_ == *now;
+        std::error_code ignored;
+        if (isUntouched) fs::remove(leftover_, ignored);
     }
 
  private:
     fs::path file_;
     fs::path leftover_;
-    struct stat before_ {};
-    bool isOurs_ = false;
+    std::optional<platform::FileIdentity> before_;  ///< nothing when a leftover would not be ours
 };
 
 }  // namespace
@@ -110,46 +154,114 @@ int ToolRunner::runBatchFile(const fs::path& batchFile, const CommandText& comma
     return result;
 }
 
-int ToolRunner::RunOnFile(const fs::path& file, const CommandText& arguments) {
+Outcome ToolRunner::RunOnFile(const fs::path& file, const CommandText& arguments) {
     outcome_ = {};
-    if (file.empty()) return 0;
+    if (file.empty()) return {file, OutcomeKind::NotStarted, "No file"};
     copyForSafety(file);
-    CommandText command = toolStartWithLanguage(context_).literal(" ").append(arguments).literal(" \"");
-    command.outside(fileWord(file)).literal("\" 2>>\"").outside(platform::narrow(context_.reportFile));
-    command.literal("\"");
-    const LeftoverRemover remover(file);
-    const std::uintmax_t sizeBefore = reportSize(context_);
-    const int result = runBatchFile(context_.tempPath / kWriteBatchFile, command);
-    tellReport(file, sizeBefore);
-    if (wasCut()) remover.removeLeftover();
-    return result;
+    const CommandText command = lineOnFile(context_, arguments, file);
+    return judged({file}, command, [&] { return runBatchFile(context_.tempPath / kWriteBatchFile, command); })
+        .front();
 }
 
-int ToolRunner::runWriteLine(const std::vector<fs::path>& files, const CommandText& command) {
+Outcome ToolRunner::runWriteLine(const fs::path& file, const CommandText& command) {
+    return runWriteLine(std::vector<fs::path>{file}, command).front();
+}
+
+Outcomes ToolRunner::runWriteLine(const std::vector<fs::path>& files, const CommandText& command) {
+    return judged(files, command, [&] { return RunToolLine(command); });
+}
+
+Outcome ToolRunner::runHiddenOnFile(const fs::path& file, const CommandText& command) {
+    return judged({file}, command, [&] { return RunHidden(command); }).front();
+}
+
+Outcomes ToolRunner::judged(const std::vector<fs::path>& files, const CommandText& command, const Run& run) {
+    const fs::path output = context_.tempPath / kOutput;
+    const fs::path errors = context_.tempPath / kErrors;
+    std::error_code ignored;
+    fs::remove(output, ignored);
+    fs::remove(errors, ignored);
+    const std::uintmax_t reported = reportSize(context_);
     const std::vector<LeftoverRemover> removers(files.begin(), files.end());
-    const int result = RunToolLine(command);
-    if (wasCut()) {
+    const std::vector<platform::FileStamp> before = stampsOf(files);
+    isCapturing_ = true;
+    static_cast<void>(run());
+    isCapturing_ = false;
+    WriteFacts facts;
+    facts.child = endOf(outcome_);
+    facts.wasQuiet = isQuietCommand(context_, command);
+    const bool isCut = facts.child.kind == platform::ChildOutcome::Kind::Stopped ||
+                       facts.child.kind == platform::ChildOutcome::Kind::Killed;
+    if (isCut) {
         for (const LeftoverRemover& remover : removers) remover.removeLeftover();
     }
-    return result;
+    const std::string said = contentsOf(context_.reportFile, reported) + contentsOf(errors);
+    const ToolAccount account = accountOf(contentsOf(output), said);
+    Outcomes outcomes;
+    for (std::size_t at = 0; at < files.size(); ++at) {
+        facts.before = before[at];
+        facts.after = platform::stampOf(files[at]);
+        facts.account = files.size() == 1 ? account : shareOf(account, files, at, facts);
+        WriteFacts own = facts;
+        // The status of a process that was given several files tells of one that could not be written.
+        const bool isOthers = files.size() > 1 && own.account.counts && own.account.counts->failed == 0;
+        if (isOthers && own.child.kind == platform::ChildOutcome::Kind::Ended) own.child.number = 0;
+        outcomes.push_back(judgeWrite(files[at], own));
+        if (said.empty()) tellReport(outcomes.back());
+        addCopyFailure(outcomes.back());
+    }
+    return outcomes;
 }
 
-bool ToolRunner::wasCut() const {
-    return std::any_of(outcome_.lines.begin(), outcome_.lines.end(), [](const platform::LineOutcome& line) {
-        return line.child.kind == platform::ChildOutcome::Kind::Stopped ||
-               line.child.kind == platform::ChildOutcome::Kind::Killed;
-    });
+void ToolRunner::tellReport(const Outcome& outcome) const {
+    if (isWritten(outcome.kind) || outcome.kind == OutcomeKind::Unchanged || outcome.words.empty()) return;
+    // Where the report cannot be written the outcome still tells it.
+    static_cast<void>(appendToReport(context_, outcome.words));
+}
+
+void ToolRunner::addCopyFailure(Outcome& outcome) {
+    for (const auto& [file, words] : std::exchange(copyFailures_, {})) {
+        if (file != outcome.file) {
+            copyFailures_.emplace_back(file, words);
+            continue;
+        }
+        if (outcome.kind == OutcomeKind::Done || outcome.kind == OutcomeKind::Unchanged)
+            outcome.kind = OutcomeKind::Warned;
+        outcome.words = words + '\n' + outcome.words;
+    }
+}
+
+std::string ToolRunner::lastFaultOfRead(const fs::path& output) const {
+    std::error_code error;
+    const std::uintmax_t size = fs::file_size(output, error);
+    const bool hasEnded = endOf(outcome_).kind == platform::ChildOutcome::Kind::Ended;
+    return hasEnded && !error && size > 0 ? std::string() : lastFault();
+}
+
+OutcomeKind ToolRunner::lastEnd() const {
+    const platform::ChildOutcome end = endOf(outcome_);
+    switch (end.kind) {
+        case platform::ChildOutcome::Kind::Killed:
+            return OutcomeKind::Killed;
+        case platform::ChildOutcome::Kind::Stopped:
+            return OutcomeKind::Stopped;
+        case platform::ChildOutcome::Kind::NotStarted:
+            return OutcomeKind::NotStarted;
+        case platform::ChildOutcome::Kind::Ended:
+            break;
+    }
+    return end.number == 0 ? OutcomeKind::Done : OutcomeKind::Failed;
+}
+
+std::string ToolRunner::lastFault() const {
+    const platform::ChildOutcome end = endOf(outcome_);
+    const std::string fault = faultOf(end);
+    if (!fault.empty() || end.number == 0) return fault;
+    return "ExifTool ended with status " + std::to_string(end.number);
 }
 
 int ToolRunner::RunHidden(const CommandText& command) {
     return run(command, {context_.exifToolPath, context_.ffmpegPath, context_.imageMagickPath});
-}
-
-int ToolRunner::runHiddenOnFile(const fs::path& file, const CommandText& command) {
-    const std::uintmax_t sizeBefore = reportSize(context_);
-    const int result = RunHidden(command);
-    tellReport(file, sizeBefore);
-    return result;
 }
 
 int ToolRunner::RunProgram(const CommandText& command) {
@@ -164,45 +276,38 @@ FileList ToolRunner::WriteFileList(const std::vector<fs::path>& files) {
     for (const fs::path& file : files) {
         const std::string word = file.empty() ? std::string() : fileWord(file);
         if (!canStandOnLine(word)) {
-            list.refused.push_back(file);
             refusals += refusalLine(word);
+            list.refused.push_back({file, OutcomeKind::Failed, refusalLine(word)});
             continue;
         }
         copyForSafety(file);
         lines.append(word).append("\r\n");
-        ++list.listed;
+        list.listed.push_back(file);
     }
-    if (!refusals.empty() && !writeFile(context_.reportFile, O_APPEND, refusals)) untold_ += refusals;
+    if (!refusals.empty())
+        static_cast<void>(platform::writeFile(context_.reportFile, WriteMode::Append, refusals));
     const fs::path path = context_.tempPath / kFileList;
-    if (writeFile(path, O_TRUNC, lines)) list.path = path;
+    if (platform::writeFile(path, WriteMode::Replace, lines) == 0) list.path = path;
     return list;
 }
 
-void ToolRunner::copyForSafety(const fs::path& file) const {
+void ToolRunner::copyForSafety(const fs::path& file) {
     if (safetyCopies_.SafetyCopyEnabled == 0) return;
     const QString failure = MakeSafetyCopy(file, context_.cachePath, safetyCopies_);
-    if (!failure.isEmpty() && safetyCopyFailed_) safetyCopyFailed_(failure);
-}
-
-void ToolRunner::tellReport(const fs::path& file, std::uintmax_t sizeBefore) {
-    const bool hasGrown = reportSize(context_) > sizeBefore;
-    std::string problem = outcome_.lines.empty() ? "The command could not be written" : std::string();
-    for (const platform::LineOutcome& line : outcome_.lines) problem += problemOf(line, hasGrown);
-    if (problem.empty()) return;
-    const std::string told = "Error: " + problem + " - " + platform::narrow(file);
-    if (!appendToReport(context_, told)) untold_ += told + '\n';
+    if (failure.isEmpty()) return;
+    copyFailures_.emplace_back(file, "Warning: " + failure.toStdString() + " - " + platform::narrow(file));
+    if (safetyCopyFailed_) safetyCopyFailed_(failure);
 }
 
 int ToolRunner::runWritten(const fs::path& batchFile, const CommandText& command) {
     outcome_ = {};
-    if (!writeFile(batchFile, O_TRUNC, command.text())) return 0;
+    if (platform::writeFile(batchFile, WriteMode::Replace, command.text()) != 0) return 0;
     return RunHidden(command);
 }
 
 int ToolRunner::run(const CommandText& command, std::vector<fs::path> tools) {
-    const auto typed = context_.settings.exifTool.correctedCommands ? platform::TypedPieces::StayInside
-                                                                    : platform::TypedPieces::AsTheyStand;
-    platform::CommandInterpreter interpreter(std::move(tools), typed);
+    platform::CommandInterpreter interpreter(std::move(tools), typedPieces(context_));
+    interpreter.setOwnFolders({context_.tempPath, context_.reportFile.parent_path()});
     if (warmStarter_ != nullptr) {
         interpreter.setChildRunner(
             [this](const platform::ChildCommand& child, const KeepWaiting& keepWaiting) {
@@ -210,8 +315,11 @@ int ToolRunner::run(const CommandText& command, std::vector<fs::path> tools) {
                 return outcome ? *outcome : platform::runChild(child, keepWaiting);
             });
     }
-    outcome_ = interpreter.run(command, keepWaiting_);
-    if (runEnded_) runEnded_();
+    if (isCapturing_) interpreter.setUnredirected(context_.tempPath / kOutput, context_.tempPath / kErrors);
+    if (elsewhere_)
+        elsewhere_([&] { outcome_ = interpreter.run(command, keepWaiting_); });
+    else
+        outcome_ = interpreter.run(command, keepWaiting_);
     return outcome_.everyToolStarted() && !outcome_.wasStopped() ? 1 : 0;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppContext.h"
+#include "exiftool/Outcome.h"
 #include "exiftool/SafetyCopy.h"
 #include "platform/CommandInterpreter.h"
 #include "platform/CommandText.h"
@@ -14,12 +15,15 @@
 
 namespace exiftool {
 
-/// Asked about every 20 ms on the calling thread while a tool runs; may repaint. False ends the child.
+/// Asked about every 20 ms on the thread that runs the tool. False ends the child.
 using KeepWaiting = platform::KeepWaiting;
 
 /// Gets the message of a safety copy that failed, for a box titled "Error"; the write goes on when it
 /// returns.
 using SafetyCopyFailed = std::function<void(const QString& message)>;
+
+/// Has the work done on another thread and returns when it is over; how the caller waits is its own matter.
+using Elsewhere = std::function<void(const std::function<void()>& work)>;
 
 class WarmStarter;
 
@@ -27,13 +31,14 @@ class WarmStarter;
 struct FileList {
     std::filesystem::path
         path;  ///< <temp>/files.tmp; empty when there was nothing to list or it cannot be written
-    std::size_t listed = 0;
-    std::vector<std::filesystem::path> refused;  ///< cannot stand on a line; the report names them
+    std::vector<std::filesystem::path> listed;
+    Outcomes refused;  ///< cannot stand on a line; the report names them too
 };
 
 /// The one way to run a tool: write the line into a batch file of the temp folder, run it, wait for its end.
-/// What comes back stands in the files that the line's redirections name; no exit code is looked at. Blocks
-/// the calling thread; one run at a time.
+/// What a read brings stands in the files that the line's redirections name; what became of a write is judged
+/// by the tool's own account and by the file. Blocks the calling thread; one run at a time, and one runner a
+/// thread.
 class ToolRunner {
  public:
     explicit ToolRunner(const app::AppContext& context);
@@ -41,8 +46,8 @@ class ToolRunner {
     /// What to ask while a tool runs; empty: wait without limit.
     void setKeepWaiting(KeepWaiting keepWaiting);
 
-    /// What to call when a run has ended, whichever way; empty: nothing.
-    void setRunEnded(std::function<void()> runEnded) { runEnded_ = std::move(runEnded); }
+    /// Who does the waiting; empty: the calling thread itself.
+    void setElsewhere(Elsewhere elsewhere) { elsewhere_ = std::move(elsewhere); }
 
     /// Where ExifTool's lines go first; it starts them or leaves them. Not owned; null for none.
     void setWarmStarter(WarmStarter* starter) { warmStarter_ = starter; }
@@ -54,36 +59,46 @@ class ToolRunner {
     /// file could not be written.
     const platform::CommandOutcome& lastOutcome() const { return outcome_; }
 
+    /// Why the last run has not brought what it was to bring: stopped, killed, not started, or an exit status
+    /// that tells of failure; empty when there is nothing of the kind. For people, in English.
+    std::string lastFault() const;
+
+    /// How the last run ended: Stopped, Killed or NotStarted, Failed by its exit status, else Done. What it
+    /// has done says nobody here.
+    OutcomeKind lastEnd() const;
+
+    /// The same as lastFault for a run that was to write its answer to the file: a status of failure counts
+    /// only where nothing has come, since ExifTool also tells by it of one tag or file among many.
+    std::string lastFaultOfRead(const std::filesystem::path& output) const;
+
     /// Writes <temp>/Metadata.bat, runs it and leaves it there. 1 when the run happened, else 0: when the
     /// batch file cannot be written, a redirection's file cannot be opened, the tool is missing or no
-    /// program, or the wait was stopped. How the tool ended does not matter.
-    int RunToolLine(const platform::CommandText& command);
+    /// program, or the wait was stopped. How the tool ended tells lastFault().
+    [[nodiscard]] int RunToolLine(const platform::CommandText& command);
 
     /// Writes the batch file, runs it and deletes it in either case. The same answer.
-    int runBatchFile(const std::filesystem::path& batchFile, const platform::CommandText& command);
+    [[nodiscard]] int runBatchFile(const std::filesystem::path& batchFile,
+                                   const platform::CommandText& command);
+
+    /// Runs a line without a batch file; the same answer.
+    [[nodiscard]] int RunHidden(const platform::CommandText& command);
+
+    /// The same for FFmpeg and Convert, and for no other program.
+    [[nodiscard]] int RunProgram(const platform::CommandText& command);
 
     /// The road of all writes of one file: a safety copy first when they are on, then by way of
     /// <temp>/MetaData.bat the line `"<tool>" -lang <lang> <arguments> "<file>" 2>>"<report>"`. What ExifTool
     /// complains of stands in the report, and so does what became of a tool that could not, because it was
-    /// killed, stopped, or not started. An empty path runs nothing and gives 0; else the same answer.
-    int RunOnFile(const std::filesystem::path& file, const platform::CommandText& arguments);
+    /// killed, stopped, or not started. A half-written file of a run that was cut is removed.
+    Outcome RunOnFile(const std::filesystem::path& file, const platform::CommandText& arguments);
 
-    /// RunToolLine for a line that writes these files: a half-written one of a run that was cut is removed,
-    /// as RunOnFile does. Makes no safety copies.
-    int runWriteLine(const std::vector<std::filesystem::path>& files, const platform::CommandText& command);
-
-    /// Runs a line without a batch file; the same answer.
-    int RunHidden(const platform::CommandText& command);
-
-    /// RunHidden for a line that works on this file and leads its error stream to the report.
-    int runHiddenOnFile(const std::filesystem::path& file, const platform::CommandText& command);
-
-    /// What the report should say of the runs on files since the last call but could not, because it cannot
-    /// be written; one line a run. An operation that leaves neither report nor this went well.
-    std::string takeUntold() { return std::exchange(untold_, {}); }
-
-    /// The same for FFmpeg and Convert, and for no other program.
-    int RunProgram(const platform::CommandText& command);
+    /// The same for a whole line by way of <temp>/Metadata.bat, without a safety copy.
+    Outcome runWriteLine(const std::filesystem::path& file, const platform::CommandText& command);
+    /// One line that writes all these files.
+    Outcomes runWriteLine(const std::vector<std::filesystem::path>& files,
+                          const platform::CommandText& command);
+    /// Without a batch file.
+    Outcome runHiddenOnFile(const std::filesystem::path& file, const platform::CommandText& command);
 
     /// Writes <temp>/files.tmp, one file a line, for commands that work on many files at once; takes the
     /// safety copies of all of them ahead of the run. An empty list writes nothing. A name that cannot stand
@@ -96,20 +111,25 @@ class ToolRunner {
     void setSafetyCopyFailed(SafetyCopyFailed failed);
 
     /// A copy of the file under the settings, if they are on, for the roads that do not pass through
-    /// RunOnFile.
-    void copyForSafety(const std::filesystem::path& file) const;
+    /// RunOnFile. One that failed is told in the outcome of the file's next run.
+    void copyForSafety(const std::filesystem::path& file);
 
  private:
-    bool wasCut() const;
+    using Run = std::function<int()>;
+
     int runWritten(const std::filesystem::path& batchFile, const platform::CommandText& command);
     int run(const platform::CommandText& command, std::vector<std::filesystem::path> tools);
-    void tellReport(const std::filesystem::path& file, std::uintmax_t sizeBefore);
+    Outcomes judged(const std::vector<std::filesystem::path>& files, const platform::CommandText& command,
+                    const Run& run);
+    void tellReport(const Outcome& outcome) const;
+    void addCopyFailure(Outcome& outcome);
 
     const app::AppContext& context_;
     KeepWaiting keepWaiting_;
-    std::function<void()> runEnded_;
+    Elsewhere elsewhere_;
     platform::CommandOutcome outcome_;
-    std::string untold_;
+    bool isCapturing_ = false;
+    std::vector<std::pair<std::filesystem::path, std::string>> copyFailures_;
     WarmStarter* warmStarter_ = nullptr;
     SafetyCopies safetyCopies_;
     SafetyCopyFailed safetyCopyFailed_;

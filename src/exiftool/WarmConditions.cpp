@@ -1,11 +1,8 @@
 #include "exiftool/WarmConditions.h"
 
-#include "platform/FileDescriptor.h"
+#include "platform/RegularFile.h"
 
-#include <fcntl.h>
-#include <strings.h>
-#include <sys/stat.h>
-
+#include <QByteArray>
 #include <algorithm>
 #include <array>
 #include <string_view>
@@ -37,11 +34,7 @@ std::string_view homeIn(const std::vector<std::string>& environment) {
 }
 
 std::string firstLine(const fs::path& file) {
-    const platform::FileDescriptor descriptor(
-        ::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
-    std::string line(kLongestFirstLine, '\0');
-    const ssize_t got = descriptor.isOpen() ? ::read(descriptor.get(), line.data(), line.size()) : 0;
-    line.resize(static_cast<std::size_t>(std::max<ssize_t>(got, 0)));
+    const std::string line = platform::readHead(file, kLongestFirstLine);
     const std::size_t end = line.find('\n');
     return end == std::string::npos ? std::string() : line.substr(0, end);
 }
@@ -70,7 +63,7 @@ std::optional<PerlStart> perlStartOf(const fs::path& script) {
 bool canRunWarm(const std::vector<std::string>& arguments) {
     return std::none_of(arguments.begin(), arguments.end(), [](const std::string& argument) {
         return std::any_of(kArgumentsOfFreshRuns.begin(), kArgumentsOfFreshRuns.end(),
-                           [&](const char* fresh) { return ::strcasecmp(fresh, argument.c_str()) == 0; });
+                           [&](const char* fresh) { return qstricmp(fresh, argument.c_str()) == 0; });
     });
 }
 
@@ -95,23 +88,11 @@ std::vector<fs::path> configurationFiles(const fs::path& script,
     return files;
 }
 
-std::string stampOf(const std::vector<fs::path>& files) {
-    std::string stamp;
-    for (const fs::path& file : files) {
-        struct stat facts {};
-        if (::stat(file.c_str(), &facts) == 0) {
-            for (const auto number :
-                 {static_cast<std::int64_t>(facts.st_dev), static_cast<std::int64_t>(facts.st_ino),
-                  static_cast<std::int64_t>(facts.st_mode), static_cast<std::int64_t>(facts.st_size),
-                  static_cast<std::int64_t>(facts.st_mtim.tv_sec),
-                  static_cast<std::int64_t>(facts.st_mtim.tv_nsec),
-                  static_cast<std::int64_t>(facts.st_ctim.tv_sec),
-                  static_cast<std::int64_t>(facts.st_ctim.tv_nsec)})
-                stamp.append(std::to_string(number)).append(" ");
-        }
-        stamp += '\n';
-    }
-    return stamp;
+Identities identitiesOf(const std::vector<fs::path>& files) {
+    Identities identities;
+    identities.reserve(files.size());
+    for (const fs::path& file : files) identities.push_back(platform::identifyFile(file));
+    return identities;
 }
 
 }  // namespace exiftool

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FileIdentity.h"
+
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -27,8 +29,8 @@ bool canRunWarmIn(const std::vector<std::string>& environment);
 std::vector<std::filesystem::path> configurationFiles(const std::filesystem::path& script,
                                                       const std::vector<std::string>& environment);
 
-/// What files were like at one moment: there or not, which, how long, changed when. Two stamps of the same
-/// files are equal when none has changed between.
-std::string stampOf(const std::vector<std::filesystem::path>& files);
+/// What files were at one moment; nothing for one that is not there or no regular file.
+using Identities = std::vector<std::optional<platform::FileIdentity>>;
+Identities identitiesOf(const std::vector<std::filesystem::path>& files);
 
 }  // namespace exiftool

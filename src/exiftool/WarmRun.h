@@ -1,7 +1,8 @@
 #pragma once
 
 #include "platform/ChildProcess.h"
-#include "platform/FileDescriptor.h"
+#include "platform/Pipe.h"
+#include "platform/WatchedProcess.h"
 
 #include <chrono>
 #include <optional>
@@ -28,24 +29,16 @@ class WarmRun {
     platform::ChildOutcome run(const platform::KeepWaiting& keepWaiting);
 
  private:
-    struct Pipe {
-        platform::FileDescriptor readEnd;
-        platform::FileDescriptor writeEnd;
-        bool open();
-    };
-
     void composeRequest(const platform::ChildCommand& command, int output, int errors);
-    bool hasEndedWithin(std::chrono::milliseconds limit) const;
     platform::ChildOutcome takeOutcome();
     platform::ChildOutcome stop();
 
     platform::OpenedStream output_;
     platform::OpenedStream errors_;
-    Pipe status_;
-    Pipe go_;
+    platform::Pipe status_;
+    platform::Pipe go_;
     std::string request_;
-    pid_t process_ = 0;
-    platform::FileDescriptor watch_;
+    platform::WatchedProcess process_;
 };
 
 }  // namespace exiftool

@@ -1,16 +1,10 @@
 #include "exiftool/WarmStarter.h"
 
-#include "exiftool/WarmConditions.h"
 #include "exiftool/WarmRun.h"
-
-#include <fcntl.h>
-#include <poll.h>
-#include <sys/socket.h>
-#include <unistd.h>
+#include "platform/Pipe.h"
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstring>
 
 namespace exiftool {
@@ -19,7 +13,6 @@ namespace fs = std::filesystem;
 using platform::ChildCommand;
 using platform::ChildOutcome;
 using platform::ChildStream;
-using platform::FileDescriptor;
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
@@ -31,16 +24,8 @@ constexpr std::size_t kLongestHello = 1 << 20;
 constexpr int kStarts = 4;
 /// Many times what a busy machine needs for a fork.
 constexpr milliseconds kAnswerLimit{1500};
-constexpr milliseconds kSendLimit{500};
+constexpr milliseconds kSendPatience{500};
 constexpr milliseconds kStopGrace{200};
-
-bool isReadyFor(int descriptor, short event, milliseconds limit) {
-    pollfd watched{descriptor, event, 0};
-    int ready = 0;
-    do ready = ::poll(&watched, 1, static_cast<int>(limit.count()));
-    while (ready < 0 && errno == EINTR);
-    return ready > 0;
-}
 
 /// The fields of a message; nothing when it is not whole.
 std::optional<std::vector<std::string>> fieldsOf(std::string_view bytes) {
@@ -105,17 +90,14 @@ void WarmStarter::start() {
     command.environment = {"PERL_BADLANG=0"};
     environment_ = platform::childEnvironment(command);
     if (!canRunWarmIn(environment_)) return;
-    configurationStamp_ = stampOf(configurationFiles(exifTool_, environment_));
-    std::array<int, 2> ends{};
-    if (::socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0) return;
-    requests_ = FileDescriptor(ends[0]);
-    const FileDescriptor input(ends[1]);
-    if (::pipe2(ends.data(), O_CLOEXEC) != 0) return;
-    hello_ = FileDescriptor(ends[0]);
-    const FileDescriptor output(ends[1]);
-    ::fcntl(hello_.get(), F_SETFL, O_NONBLOCK);
-    command.input = ChildStream::to(input.get());
-    command.output = ChildStream::to(output.get());
+    configurationBefore_ = identitiesOf(configurationFiles(exifTool_, environment_));
+    platform::SocketPair requests = platform::openSocketPair();
+    platform::Pipe hello = platform::openPipe();
+    if (!requests.isOpen() || !hello.isOpen()) return;
+    requests_ = std::move(requests.own);
+    hello_ = std::move(hello.readEnd);
+    command.input = ChildStream::to(requests.other.get());
+    command.output = ChildStream::to(hello.writeEnd.get());
     command.errors = command.output;
     if (helper_.start(command).kind != ChildOutcome::Kind::NotStarted) state_ = State::Loading;
 }
@@ -125,12 +107,11 @@ bool WarmStarter::takeHello(milliseconds limit) {
     while (state_ == State::Loading) {
         const auto left =
             std::max(milliseconds(0), std::chrono::ceil<milliseconds>(deadline - steady_clock::now()));
-        if (!isReadyFor(hello_.get(), POLLIN, left)) return false;
+        if (!platform::isAnyReadableWithin({hello_.get()}, left)) return false;
         std::array<char, 4096> buffer{};
-        const ssize_t got = ::read(hello_.get(), buffer.data(), buffer.size());
-        if (got < 0 && (errno == EAGAIN || errno == EINTR)) continue;
-        if (got > 0) helloBytes_.append(buffer.data(), static_cast<std::size_t>(got));
-        const bool isWhole = got == 0;
+        const platform::ReadResult got = platform::readSome(hello_.get(), buffer);
+        helloBytes_.append(buffer.data(), got.size);
+        const bool isWhole = got.isAtEnd();
         if (!isWhole && helloBytes_.size() <= kLongestHello) continue;
         if (isWhole && readHello(helloBytes_)) {
             state_ = State::Ready;
@@ -150,14 +131,14 @@ bool WarmStarter::readHello(std::string_view hello) {
     if (!loaded) return false;
     files_ = configurationFiles(exifTool_, environment_);
     // A configuration that was changed during the loading may be the one or the other.
-    if (stampOf(files_) != configurationStamp_) return false;
+    if (identitiesOf(files_) != configurationBefore_) return false;
     files_.push_back(exifTool_);
     for (const std::string& file : *loaded) {
         // Named after the working folder of one moment.
         if (!file.starts_with('/')) return false;
         files_.emplace_back(file);
     }
-    stamp_ = stampOf(files_);
+    loaded_ = identitiesOf(files_);
     return true;
 }
 
@@ -166,7 +147,7 @@ bool WarmStarter::isReadyWithin(milliseconds limit) {
     return takeHello(limit) || state_ == State::Ready;
 }
 
-pid_t WarmStarter::processId() const {
+platform::ProcessId WarmStarter::processId() const {
     const std::lock_guard lock(guard_);
     return helper_.processId();
 }
@@ -179,17 +160,6 @@ bool WarmStarter::fits(const ChildCommand& command) {
            canRunWarm(command.arguments) && platform::childEnvironment(command) == environment_;
 }
 
-bool WarmStarter::send(const std::string& request) {
-    std::string_view left = request;
-    while (!left.empty()) {
-        const ssize_t sent = ::send(requests_.get(), left.data(), left.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
-        if (sent > 0) left.remove_prefix(static_cast<std::size_t>(sent));
-        if (sent >= 0 || errno == EINTR) continue;
-        if (errno != EAGAIN || !isReadyFor(requests_.get(), POLLOUT, kSendLimit)) return false;
-    }
-    return true;
-}
-
 std::optional<ChildOutcome> WarmStarter::run(const ChildCommand& command,
                                              const platform::KeepWaiting& keepWaiting) {
     WarmRun run;
@@ -197,15 +167,16 @@ std::optional<ChildOutcome> WarmStarter::run(const ChildCommand& command,
         const std::lock_guard lock(guard_);
         if (state_ == State::Loading) takeHello(milliseconds(0));
         if (state_ != State::Ready || !fits(command)) return std::nullopt;
-        if (stampOf(files_) != stamp_) {
+        if (identitiesOf(files_) != loaded_) {
             startAnew();
             return std::nullopt;
         }
         std::optional<ChildOutcome> failure = run.prepare(command);
         if (failure) return failure;
         if (run.request().empty()) return std::nullopt;
-        const WarmRun::Answer answer =
-            send(run.request()) ? run.awaitAnswer(kAnswerLimit) : WarmRun::Answer::Silent;
+        const WarmRun::Answer answer = platform::sendAll(requests_.get(), run.request(), kSendPatience)
+                                           ? run.awaitAnswer(kAnswerLimit)
+                                           : WarmRun::Answer::Silent;
         if (answer == WarmRun::Answer::Silent) startAnew();
         if (answer != WarmRun::Answer::Accepted) return std::nullopt;
     }

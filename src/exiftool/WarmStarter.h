@@ -1,5 +1,6 @@
 #pragma once
 
+#include "exiftool/WarmConditions.h"
 #include "platform/ChildProcess.h"
 #include "platform/FileDescriptor.h"
 
@@ -45,7 +46,7 @@ class WarmStarter {
     /// True when commands are taken, after at most that time.
     bool isReadyWithin(std::chrono::milliseconds limit);
 
-    pid_t processId() const;  ///< of the helper; 0 when there is none
+    platform::ProcessId processId() const;  ///< of the helper; 0 when there is none
 
  private:
     enum class State { Off, Loading, Ready };
@@ -56,7 +57,6 @@ class WarmStarter {
     bool takeHello(std::chrono::milliseconds limit);
     bool readHello(std::string_view hello);
     bool fits(const platform::ChildCommand& command);
-    bool send(const std::string& request);
 
     mutable std::mutex guard_;
     State state_ = State::Off;
@@ -69,10 +69,10 @@ class WarmStarter {
     platform::FileDescriptor hello_;
     std::string helloBytes_;
     std::vector<std::string> environment_;  ///< that the helper was started with
-    std::vector<std::filesystem::path>
-        files_;                       ///< what it has loaded, and the configuration that it might have
-    std::string configurationStamp_;  ///< from before its start
-    std::string stamp_;
+    /// What it has loaded, and the configuration that it might have.
+    std::vector<std::filesystem::path> files_;
+    Identities configurationBefore_;  ///< from before its start
+    Identities loaded_;               ///< of files_
 };
 
 }  // namespace exiftool

@@ -48,23 +48,22 @@ platform::CommandText singleValueCommand(const app::AppContext& context, const s
                                          int tagId, std::string_view tagName,
                                          const platform::CommandText& value);
 
-/// Writes that more than one place of the program asks for. GUI thread; each call blocks, file after file,
-/// until the tool has ended or the runner's wait was stopped, which ends the remaining files too.
+/// Writes that more than one place of the program asks for. Each call blocks, file after file, until the tool
+/// has ended or the runner's wait was stopped, after which no further file is begun.
 class WriteCommands {
  public:
     WriteCommands(const app::AppContext& context, ToolRunner& runner);
 
-    /// True when every file was run; what became of it stands in the report.
-    bool RemoveFamilyFromSelection(int commandId, const std::vector<std::filesystem::path>& files);
+    Outcomes RemoveFamilyFromSelection(int commandId, const std::vector<std::filesystem::path>& files);
 
-    /// No safety copies; ExifTool leaves its own "_original" beside the file. False when nothing was chosen
-    /// or selected, or a file was not run.
-    bool CopyTagsFromFile(CopiedFamilies families, const std::filesystem::path& source,
-                          const std::vector<std::filesystem::path>& files);
+    /// No safety copies; ExifTool leaves its own "_original" beside the file. No outcomes when nothing was
+    /// chosen or selected.
+    Outcomes CopyTagsFromFile(CopiedFamilies families, const std::filesystem::path& source,
+                              const std::vector<std::filesystem::path>& files);
 
-    /// Neither safety copy nor report. 1 when the run happened, else 0.
-    int WriteSingleValue(const std::filesystem::path& file, int tagId, std::string_view tagName,
-                         const platform::CommandText& value);
+    /// Neither safety copy nor report.
+    Outcome WriteSingleValue(const std::filesystem::path& file, int tagId, std::string_view tagName,
+                             const platform::CommandText& value);
 
  private:
     const app::AppContext& context_;

@@ -1,17 +1,14 @@
 #include "exiftool/WriteTag.h"
 
 #include "exiftool/LineParts.h"
-#include "exiftool/ReportFile.h"
 #include "exiftool/WriteCommands.h"
+#include "platform/FileAccess.h"
 #include "platform/Text.h"
 #include "tags/Entries.h"
 #include "tags/PropertyWrite.h"
 #include "tags/TagDictionary.h"
 
-#include <unistd.h>
-
 #include <algorithm>
-#include <fstream>
 
 namespace exiftool {
 
@@ -26,10 +23,6 @@ constexpr char16_t kLastLatin = 0xFF;
 
 bool isCorrected(const app::AppContext& context) {
     return context.settings.exifTool.correctedCommands;
-}
-
-std::string utf8(QStringView text) {
-    return text.toUtf8().toStdString();
 }
 
 bool couldLeaveItsArgument(QStringView text) {
@@ -53,8 +46,8 @@ bool goesToThePropertyStore(const app::AppContext& context, const app::CurrentEd
 CommandText tagWord(const app::AppContext& context, const app::CurrentEdit& edit) {
     CommandText word("-");
     if (isCorrected(context) && !edit.group.isEmpty() && !isPropertyGroupOfTheList(edit))
-        word.outside(utf8(edit.group)).literal(":");
-    return word.outside(utf8(edit.name));
+        word.outside(platform::narrow(edit.group)).literal(":");
+    return word.outside(platform::narrow(edit.name));
 }
 
 bool opensWithEscape(const app::AppContext& context, const app::CurrentEdit& edit) {
@@ -77,22 +70,20 @@ CommandText encodingTerms(const app::AppContext& context, std::span<const app::C
     if (!isCorrected(context) || std::ranges::none_of(edits, isIptcBeyondLatin)) return {};
     CommandText terms("-tagsfromfile @ -IPTC:All ");
     for (const app::CurrentEdit& edit : edits)
-        if (edit.group == u"IPTC") terms.literal("--IPTC:").outside(utf8(edit.name)).literal(" ");
+        if (edit.group == u"IPTC") terms.literal("--IPTC:").outside(platform::narrow(edit.name)).literal(" ");
     return terms.literal("-IPTC:CodedCharacterSet=UTF8 ");
 }
 
-QString reportBehind(const app::AppContext& context, std::uintmax_t begin) {
-    std::ifstream report(context.reportFile, std::ios::binary);
-    report.seekg(static_cast<std::streamoff>(begin));
-    const std::string added((std::istreambuf_iterator<char>(report)), std::istreambuf_iterator<char>());
-    return platform::wide(added).trimmed();
+bool isWriteProtected(const fs::path& file) {
+    std::error_code error;
+    return fs::exists(file, error) && platform::checkAccess(file, platform::AccessRight::Write);
 }
 
 }  // namespace
 
 CommandText editedValue(const app::AppContext& context, QStringView value, QStringView valueBefore) {
     if (!couldLeaveItsArgument(valueBefore)) return exiftool::quotedValue(context, value);
-    return CommandText("\"").outside(utf8(value)).literal("\"");
+    return CommandText("\"").outside(platform::narrow(value)).literal("\"");
 }
 
 namespace {
@@ -103,7 +94,8 @@ CommandText termsOfOneTag(const app::AppContext& context, const app::CurrentEdit
     CommandText terms;
     const bool byCode = isCorrected(context) && !edit.comboCode.isEmpty() &&
                         edit.valueKind == static_cast<int>(tags::ValueKind::List);
-    if (byCode) return terms.append(word).literal("#=\"").outside(utf8(edit.comboCode)).literal("\" ");
+    if (byCode)
+        return terms.append(word).literal("#=\"").outside(platform::narrow(edit.comboCode)).literal("\" ");
     if (edit.value.isEmpty()) return terms.append(word).literal("= ");
     if (isCorrected(context) && edit.severalValues) {
         const QStringList entries = tags::splitEntries(edit.value);
@@ -139,31 +131,37 @@ CommandText writeTagCommand(const app::AppContext& context, const fs::path& file
     return command;
 }
 
-TagWriteResult WriteOneTag(const app::AppContext& context, exiftool::ToolRunner& runner, const fs::path& file,
-                           const app::CurrentEdit& edit) {
+Outcome outcomeOfProperty(const fs::path& file, properties::PropertyResult result) {
+    if (result == properties::PropertyResult::Ok) return {file, OutcomeKind::Done, {}};
+    std::string words = properties::propertyResultMessage(result).toStdString();
+    // Some codes have no message of their own; none of them may pass for a success.
+    if (words.empty()) {
+        constexpr int kHexadecimal = 16;
+        const auto code = static_cast<std::uint32_t>(result);
+        words = "The property was not written (0x" + QString::number(code, kHexadecimal).toStdString() + ")";
+    }
+    return {file, OutcomeKind::Failed, words};
+}
+
+Outcome WriteOneTag(const app::AppContext& context, ToolRunner& runner, const fs::path& file,
+                    const app::CurrentEdit& edit) {
     if (goesToThePropertyStore(context, edit)) {
         const auto result =
             tags::WriteProperty(file, {static_cast<std::uint32_t>(edit.id), edit.value, edit.fileTime});
-        if (result) return {static_cast<int>(*result), properties::propertyResultMessage(*result), {}};
+        if (result) return outcomeOfProperty(file, *result);
     }
     return WriteOneTagWithExifTool(context, runner, file, edit);
 }
 
-TagWriteResult runTagWrite(const app::AppContext& context, exiftool::ToolRunner& runner, const fs::path& file,
-                           const CommandText& command) {
-    if (isCorrected(context) && ::access(file.c_str(), F_OK) == 0 && ::access(file.c_str(), W_OK) != 0) {
-        constexpr auto kDenied = properties::PropertyResult::AccessDenied;
-        return {static_cast<int>(kDenied), properties::propertyResultMessage(kDenied), {}};
-    }
-    TagWriteResult result;
-    const std::uintmax_t begin = exiftool::reportSize(context);
-    result.code = runner.runWriteLine({file}, command) == 0 ? 1 : 0;
-    if (isCorrected(context)) result.complaint = reportBehind(context, begin);
-    return result;
+Outcome runTagWrite(const app::AppContext& context, ToolRunner& runner, const fs::path& file,
+                    const CommandText& command) {
+    if (isCorrected(context) && isWriteProtected(file))
+        return outcomeOfProperty(file, properties::PropertyResult::AccessDenied);
+    return runner.runWriteLine(file, command);
 }
 
-TagWriteResult WriteOneTagWithExifTool(const app::AppContext& context, exiftool::ToolRunner& runner,
-                                       const fs::path& file, const app::CurrentEdit& edit) {
+Outcome WriteOneTagWithExifTool(const app::AppContext& context, ToolRunner& runner, const fs::path& file,
+                                const app::CurrentEdit& edit) {
     return runTagWrite(context, runner, file, writeTagCommand(context, file, edit));
 }
 

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "app/AppContext.h"
+#include "exiftool/Outcome.h"
 #include "exiftool/ToolRunner.h"
 #include "platform/CommandText.h"
+#include "properties/PropertyResult.h"
 
 #include <QString>
 #include <QStringView>
@@ -28,25 +30,21 @@ platform::CommandText termsOfTags(const app::AppContext& context, std::span<cons
 platform::CommandText writeTagCommand(const app::AppContext& context, const std::filesystem::path& file,
                                       const app::CurrentEdit& edit);
 
-/// How a write went.
-struct TagWriteResult {
-    int code = 0;       ///< 0: done. 1: ExifTool could not be run. Else a platform::PropertyResult
-    QString message;    ///< to be shown in a box with an error icon; mostly empty
-    QString complaint;  ///< what ExifTool added to the report (corrected form)
-};
-
 /// Writes one tag by the road that fits its group: as a property of the file, or by ExifTool. No safety copy.
-/// Blocks until the tool has ended. GUI thread.
-TagWriteResult WriteOneTag(const app::AppContext& context, exiftool::ToolRunner& runner,
-                           const std::filesystem::path& file, const app::CurrentEdit& edit);
+/// Blocks until the tool has ended.
+Outcome WriteOneTag(const app::AppContext& context, ToolRunner& runner, const std::filesystem::path& file,
+                    const app::CurrentEdit& edit);
 
-/// Runs a line that writes the file, and gathers how it went. In the corrected form a file that is marked
-/// read-only is left alone; ExifTool would put a new one in its place.
-TagWriteResult runTagWrite(const app::AppContext& context, exiftool::ToolRunner& runner,
-                           const std::filesystem::path& file, const platform::CommandText& command);
+/// Runs a line that writes the file. In the corrected form a file that is marked read-only is left alone;
+/// ExifTool would put a new one in its place.
+Outcome runTagWrite(const app::AppContext& context, ToolRunner& runner, const std::filesystem::path& file,
+                    const platform::CommandText& command);
 
-/// The road by ExifTool: code 0 when the run happened, else 1.
-TagWriteResult WriteOneTagWithExifTool(const app::AppContext& context, exiftool::ToolRunner& runner,
-                                       const std::filesystem::path& file, const app::CurrentEdit& edit);
+/// The road by ExifTool.
+Outcome WriteOneTagWithExifTool(const app::AppContext& context, ToolRunner& runner,
+                                const std::filesystem::path& file, const app::CurrentEdit& edit);
+
+/// What became of a write of a property, as an outcome of the file.
+Outcome outcomeOfProperty(const std::filesystem::path& file, properties::PropertyResult result);
 
 }  // namespace exiftool

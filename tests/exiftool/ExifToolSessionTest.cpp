@@ -142,7 +142,7 @@ TEST_F(ExifToolSessionTest, ClosingEndsTheChildAndASecondTimeDoesNothing) {
     for (const char* script : {"", "exec sleep 100", "trap '' TERM HUP PIPE; while :; do sleep 100; done"}) {
         const auto tool = *script == 0 ? std::filesystem::path("/usr/bin/exiftool") : writeTool(script);
         ASSERT_EQ(session_.StartExifToolSession(folder_.path(), tool), 1);
-        const pid_t child = session_.childProcessId();
+        const auto child = static_cast<pid_t>(session_.childProcessId());
         ASSERT_GT(child, 0);
         const auto begin = Clock::now();
         session_.CloseExifToolSession();

@@ -1,5 +1,6 @@
 #include "exiftool/OutcomeJudge.h"
 
+#include "exiftool/OutcomePrinting.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 
@@ -21,16 +22,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 
 namespace fs = std::filesystem;
-
-namespace exiftool {
-
-void PrintTo(OutcomeKind kind, std::ostream* stream) {
-    constexpr const char* kNames[] = {"Done",   "Unchanged", "Warned",     "Failed",
-                                      "Killed", "Stopped",   "NotStarted", "NotBegun"};
-    *stream << kNames[static_cast<int>(kind)];
-}
-
-}  // namespace exiftool
 
 namespace {
 

@@ -102,13 +102,13 @@ TEST_F(ReadCommandsTest, AnEmptyPathRunsNothing) {
 TEST_F(ReadCommandsTest, TellsWhatItReads) {
     const auto file = makePhoto("a.jpg");
     const std::string reading = "Reading " + file.string();
-    commands_.ReadForPanel(file, output_, true);
+    static_cast<void>(commands_.ReadForPanel(file, output_, true));
     EXPECT_THAT(std::exchange(feedback_.events, {}), ElementsAre("<wait>", reading, "</wait>"));
-    commands_.ReadForPanel(file, output_, false);
+    static_cast<void>(commands_.ReadForPanel(file, output_, false));
     EXPECT_THAT(std::exchange(feedback_.events, {}), ElementsAre("<wait>", "</wait>"));
-    commands_.ReadGroupAll(file, output_, "GPS");
+    static_cast<void>(commands_.ReadGroupAll(file, output_, "GPS"));
     EXPECT_THAT(std::exchange(feedback_.events, {}), IsEmpty());
-    commands_.ReadCategory(file, output_, 1076);
+    static_cast<void>(commands_.ReadCategory(file, output_, 1076));
     EXPECT_THAT(std::exchange(feedback_.events, {}), ElementsAre("<wait>", reading, "</wait>"));
 }
 
@@ -192,26 +192,9 @@ TEST_F(ReadCommandsTest, ExportedValuesLeaveTheFileGroupOutWhenTheyShould) {
 TEST_F(ReadCommandsTest, CzechWorksInTheCorrectedForm) {
     context_.settings.exifTool.dataLanguage = 0;
     const auto file = makePhoto("a.jpg");
-    commands_.ReadForPanel(file, output_, false);
+    static_cast<void>(commands_.ReadForPanel(file, output_, false));
     EXPECT_THAT(readBytes(output_), HasSubstr("Artist: Somebody"));
     context_.settings.exifTool.correctedCommands = false;
-    commands_.ReadForPanel(file, output_, false);
+    static_cast<void>(commands_.ReadForPanel(file, output_, false));
     EXPECT_EQ(readBytes(output_), "") << "ExifTool knows no language \"ce\"";
-}
-
-/// What a read costs above ExifTool itself. The limit is generous; the figure is told.
-TEST_F(ReadCommandsTest, APanelReadAddsLittleToTheProcess) {
-    using Clock = std::chrono::steady_clock;
-    const auto tool = folder_ / "nothing";
-    std::filesystem::create_symlink("/bin/true", tool);
-    context_.exifToolPath = tool;
-    std::vector<double> rounds;
-    for (int i = 0; i < 50; ++i) {
-        const auto begin = Clock::now();
-        ASSERT_EQ(commands_.ReadForPanel(master_, output_, false), 1);
-        rounds.push_back(std::chrono::duration<double, std::milli>(Clock::now() - begin).count());
-    }
-    std::sort(rounds.begin(), rounds.end());
-    RecordProperty("milliseconds", std::to_string(rounds[25]));
-    EXPECT_LT(rounds[25], 15.0);
 }

@@ -2,6 +2,7 @@
 
 #include "exiftool/StarterUnderTest.h"
 #include "support/TemporaryFolder.h"
+#include "support/ToolStandIns.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -69,6 +70,46 @@ TEST_F(ToolRunnerTest, ABatchFileThatCannotBeWrittenIsNoRun) {
     EXPECT_FALSE(std::filesystem::exists(folder_ / "out"));
 }
 
+TEST_F(ToolRunnerTest, NothingOfItsOwnIsOpenedThroughALink) {
+    namespace fs = std::filesystem;
+    const auto precious = folder_ / "precious.jpg";
+    fs::create_directory(folder_ / "Temp");
+    fs::create_directory(folder_ / "reports");
+    context_.tempPath = folder_ / "Temp";
+    context_.reportFile = folder_ / "reports/day.txt";
+    runner_.safetyCopies().SafetyCopyEnabled = 0;
+    writeTool("echo output; echo errors >&2");
+    writeBytes(precious, "never written");
+    const fs::path places[] = {context_.tempPath / "out",          context_.tempPath / "errors",
+                               context_.tempPath / "Metadata.bat", context_.tempPath / "MetaData.bat",
+                               context_.tempPath / "files.tmp",    context_.reportFile};
+    for (const fs::path& place : places) fs::create_symlink(precious, place);
+
+    CommandText toOutput("\"");
+    toOutput.outside(context_.exifToolPath.string()).literal("\" >\"");
+    toOutput.outside(places[0].string()).literal("\"");
+    for (const fs::path& errors : {places[1], context_.reportFile}) {
+        CommandText toErrors("\"");
+        toErrors.outside(context_.exifToolPath.string()).literal("\" 2>>\"");
+        toErrors.outside(errors.string()).literal("\"");
+        EXPECT_EQ(runner_.RunHidden(toErrors), 0);
+    }
+    EXPECT_EQ(runner_.RunHidden(toOutput), 0);
+    EXPECT_EQ(runner_.RunToolLine(toOutput), 0);
+    EXPECT_EQ(runner_.RunOnFile(folder_ / "a.jpg", CommandText("-x")).kind,
+              exiftool::OutcomeKind::NotStarted);
+    EXPECT_TRUE(runner_.WriteFileList({folder_ / "a.jpg"}).path.empty());
+    EXPECT_TRUE(runner_.WriteFileList({folder_ / "a\nb.jpg"}).path.empty());
+    EXPECT_EQ(readBytes(precious), "never written");
+
+    CommandText elsewhere("\"");
+    elsewhere.outside(context_.exifToolPath.string()).literal("\" >\"");
+    fs::create_symlink(folder_ / "export.txt", folder_ / "chosen.txt");
+    elsewhere.outside((folder_ / "chosen.txt").string()).literal("\"");
+    EXPECT_EQ(runner_.RunHidden(elsewhere), 1) << "what the user chooses may be a link";
+    EXPECT_EQ(readBytes(folder_ / "export.txt"), "output\n");
+}
+
 TEST_F(ToolRunnerTest, AMissingToolOrOutputIsNoRun) {
     writeBytes(folder_ / "out", "of an earlier run");
     EXPECT_EQ(runner_.RunToolLine(line()), 0);
@@ -113,4 +154,38 @@ TEST_F(ToolRunnerTest, CorrectedCommandsKeepTypedTextInItsArgument) {
     EXPECT_EQ(runner_.RunToolLine(command), 1);
     EXPECT_EQ(readBytes(folder_ / "out"), "[-c=a\" b]");
     EXPECT_EQ(readBytes(folder_ / "Metadata.bat"), command.text());
+}
+
+TEST_F(ToolRunnerTest, HowARunEndedIsTold) {
+    const struct {
+        const char* script;
+        exiftool::OutcomeKind end;
+        const char* fault;        ///< of any run
+        const char* faultOfRead;  ///< of one that was to write to the file
+    } cases[] = {
+        {"echo answer", exiftool::OutcomeKind::Done, "", ""},
+        {"exit 0", exiftool::OutcomeKind::Done, "", ""},
+        {"exit 1", exiftool::OutcomeKind::Failed, "status 1", "status 1"},
+        {"echo answer; exit 1", exiftool::OutcomeKind::Failed, "status 1", ""},
+        {"echo half; kill -KILL $$", exiftool::OutcomeKind::Killed, "signal 9", "signal 9"},
+    };
+    for (const auto& row : cases) {
+        writeTool(row.script);
+        EXPECT_EQ(runner_.RunToolLine(line()), 1);
+        EXPECT_EQ(runner_.lastEnd(), row.end) << row.script;
+        const auto holds = [](const std::string& told, const std::string& expected) {
+            return expected.empty() ? told.empty() : told.find(expected) != std::string::npos;
+        };
+        EXPECT_TRUE(holds(runner_.lastFault(), row.fault)) << row.script << runner_.lastFault();
+        EXPECT_TRUE(holds(runner_.lastFaultOfRead(folder_ / "out"), row.faultOfRead)) << row.script;
+    }
+    std::filesystem::remove(context_.exifToolPath);
+    EXPECT_EQ(runner_.RunToolLine(line()), 0);
+    EXPECT_EQ(runner_.lastEnd(), exiftool::OutcomeKind::NotStarted);
+    EXPECT_NE(runner_.lastFaultOfRead(folder_ / "out"), "");
+    writeTool("echo half; exec sleep 100");
+    runner_.setKeepWaiting([](std::chrono::milliseconds) { return false; });
+    EXPECT_EQ(runner_.RunToolLine(line()), 0);
+    EXPECT_EQ(runner_.lastEnd(), exiftool::OutcomeKind::Stopped);
+    EXPECT_NE(runner_.lastFaultOfRead(folder_ / "out"), "");
 }

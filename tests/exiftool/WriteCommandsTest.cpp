@@ -3,6 +3,7 @@
 #include "exiftool/StarterUnderTest.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
+#include "support/ToolStandIns.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,10 +11,13 @@
 
 using namespace exiftool;
 using platform::CommandText;
+using enum exiftool::OutcomeKind;
 using support::ExifTool;
+using support::kindsOf;
 using support::readBytes;
 using support::TemporaryFolder;
 using support::writeBytes;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
@@ -93,29 +97,29 @@ const std::string kHostileValues[] = {
 
 TEST_F(WriteCommandsTest, TheLineOfARunOnAFileStandsInItsBatchFileAndIsGoneAfterwards) {
     const fs::path script = folder_ / "tool";
-    writeBytes(script, "#!/bin/sh\ncat \"$4\" >\"$3\"; echo complaint >&2\n");
-    fs::permissions(script, fs::perms::owner_all);
-    context_.exifToolPath = script;
+    support::useTool(context_, script, "cat \"$4\" >\"$3\"; echo complaint >&2\n");
     const fs::path file = makePhoto("a.jpg");
     const fs::path seen = folder_ / "seen";
     CommandText arguments;
     arguments.outside(seen.string()).literal(" ").outside((context_.tempPath / "MetaData.bat").string());
-    EXPECT_EQ(runner_.RunOnFile(file, arguments), 1);
+    const Outcome outcome = runner_.RunOnFile(file, arguments);
+    EXPECT_EQ(outcome, (Outcome{file, Failed, "complaint"})) << "it has not said that it wrote anything";
     CommandText expected("\"");
     expected.literal(script.native()).literal("\" -lang en ").append(arguments).literal(" \"");
     expected.literal(file.native()).literal("\" 2>>\"").literal(context_.reportFile.native()).literal("\"");
     EXPECT_EQ(readBytes(seen), expected.text());
-    EXPECT_TRUE(fs::is_empty(context_.tempPath));
-    EXPECT_EQ(runner_.RunOnFile(file, arguments), 1);
+    EXPECT_FALSE(fs::exists(context_.tempPath / "MetaData.bat"));
+    EXPECT_EQ(runner_.RunOnFile(file, arguments), outcome) << "what was said before is not said again";
     EXPECT_EQ(report(), "complaint\ncomplaint\n") << "a report grows";
 }
 
 TEST_F(WriteCommandsTest, HostileValuesReachTheFileAsTheyAreAndNothingElse) {
     const fs::path file = makePhoto("a.jpg");
     for (const std::string& value : kHostileValues) {
-        EXPECT_EQ(runner_.RunOnFile(file, title(value)), 1);
+        EXPECT_EQ(runner_.RunOnFile(file, title(value)), (Outcome{file, Done, {}}));
         EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), value);
-        EXPECT_EQ(writes_.WriteSingleValue(file, 1, "XMP-dc:Description", CommandText().typed(value)), 1);
+        EXPECT_EQ(writes_.WriteSingleValue(file, 1, "XMP-dc:Description", CommandText().typed(value)),
+                  (Outcome{file, Done, {}}));
         EXPECT_EQ(valueOf(file, "-XMP-dc:Description"), value);
     }
     EXPECT_EQ(valueOf(file, "-XMP-dc:Creator"), "");
@@ -127,7 +131,7 @@ TEST_F(WriteCommandsTest, ValuesFromOutsideAreAsSafeInTheDesignedForms) {
     context_.settings.exifTool.correctedCommands = false;
     const fs::path file = makePhoto("a.jpg");
     for (const std::string& value : kHostileValues) {
-        EXPECT_EQ(writes_.WriteSingleValue(file, 1, "XMP-dc:Title", CommandText().outside(value)), 1);
+        EXPECT_EQ(writes_.WriteSingleValue(file, 1, "XMP-dc:Title", CommandText().outside(value)).kind, Done);
         EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), value);
     }
     EXPECT_FALSE(fs::exists(folder_ / "photos/owned"));
@@ -137,7 +141,7 @@ TEST_F(WriteCommandsTest, HostileNamesAreWrittenAndCopied) {
     for (const std::string& name : support::hostileNames()) {
         const fs::path file = makePhoto(name);
         const std::string before = readBytes(file);
-        EXPECT_EQ(runner_.RunOnFile(file, title("new")), 1) << name;
+        EXPECT_EQ(runner_.RunOnFile(file, title("new")), (Outcome{file, Done, {}})) << name;
         EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), "new") << name;
         EXPECT_EQ(readBytes(copyOf(file)), before) << name;
     }
@@ -149,12 +153,12 @@ TEST_F(WriteCommandsTest, HostileNamesAreWrittenAndCopied) {
 TEST_F(WriteCommandsTest, TheSafetyCopyHoldsTheStateBeforeTheLastChange) {
     const fs::path file = makePhoto("a.jpg");
     fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);
-    runner_.RunOnFile(file, title("first"));
+    EXPECT_EQ(runner_.RunOnFile(file, title("first")).kind, Done);
     const std::string afterFirst = readBytes(file);
-    runner_.RunOnFile(file, title("second"));
+    EXPECT_EQ(runner_.RunOnFile(file, title("second")).kind, Done);
     EXPECT_EQ(readBytes(copyOf(file)), afterFirst);
     EXPECT_EQ(fs::status(copyOf(file)).permissions(), fs::status(file).permissions());
-    runner_.RunOnFile(file, CommandText("-XMP-dc:Title"));
+    EXPECT_FALSE(isWritten(runner_.RunOnFile(file, CommandText("-XMP-dc:Title")).kind)) << "that is a read";
     EXPECT_EQ(valueOf(copyOf(file), "-XMP-dc:Title"), "second") << "also for a run that changes nothing";
     EXPECT_EQ(std::distance(fs::directory_iterator(copyOf(file).parent_path()), {}), 1);
 }
@@ -162,16 +166,46 @@ TEST_F(WriteCommandsTest, TheSafetyCopyHoldsTheStateBeforeTheLastChange) {
 TEST_F(WriteCommandsTest, SwitchedOffThereIsNoSafetyCopy) {
     const fs::path file = makePhoto("a.jpg");
     runner_.safetyCopies().SafetyCopyEnabled = 0;
-    runner_.RunOnFile(file, title("new"));
-    runner_.WriteFileList({file});
+    EXPECT_EQ(runner_.RunOnFile(file, title("new")).kind, Done);
+    EXPECT_THAT(runner_.WriteFileList({file}).listed, ElementsAre(file));
     EXPECT_FALSE(fs::exists(context_.cachePath / "sav"));
+}
+
+TEST_F(WriteCommandsTest, SafetyCopiesOfAPrivateFolderAreAsPrivateAsIt) {
+    const auto modeOf = [](const fs::path& path) {
+        return static_cast<unsigned>(fs::status(path).permissions() & fs::perms::mask);
+    };
+    const fs::path photos = folder_ / "photos";
+    const fs::path file = makePhoto("a.jpg");
+    const fs::path together = folder_ / "together";
+    fs::permissions(file, static_cast<fs::perms>(0644));
+    fs::permissions(photos, fs::perms::owner_all);
+    exiftool::SafetyCopies flat;
+    flat.SafetyCopyFolderMode = 2;
+    flat.SafetyCopyFolder = together;
+
+    ASSERT_EQ(MakeSafetyCopy(file, context_.cachePath, {}), QString());
+    EXPECT_EQ(modeOf(copyOf(file).parent_path()), 0700u);
+    EXPECT_EQ(modeOf(copyOf(file)), 0644u);
+    ASSERT_EQ(MakeSafetyCopy(file, context_.cachePath, flat), QString());
+    EXPECT_EQ(modeOf(folder_ / "togethera-sav.jpg"), 0600u) << "no folder keeps others out there";
+
+    fs::permissions(photos, static_cast<fs::perms>(0755));
+    fs::permissions(folder_.path(), static_cast<fs::perms>(0755));
+    fs::permissions(file, fs::perms::owner_read | fs::perms::owner_write);
+    ASSERT_EQ(MakeSafetyCopy(file, context_.cachePath, flat), QString());
+    EXPECT_EQ(modeOf(folder_ / "togethera-sav.jpg"), 0600u);
+    EXPECT_EQ(modeOf(copyOf(file).parent_path()), 0700u) << "was made private and stays so";
 }
 
 TEST_F(WriteCommandsTest, AFailedSafetyCopyIsToldAndTheWriteGoesOn) {
     const fs::path file = makePhoto("a.jpg");
     writeBytes(context_.cachePath / "sav", "a file in the folder's place");
-    EXPECT_EQ(runner_.RunOnFile(file, title("new")), 1);
-    EXPECT_THAT(failures_, testing::ElementsAre("CopyFile failed with error 20: Not a directory"));
+    const Outcome outcome = runner_.RunOnFile(file, title("new"));
+    EXPECT_EQ(outcome.kind, Warned);
+    EXPECT_THAT(outcome.words,
+                HasSubstr("CopyFile failed with error 20: Not a directory - " + file.string()));
+    EXPECT_THAT(failures_, ElementsAre("CopyFile failed with error 20: Not a directory"));
     EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), "new");
 }
 
@@ -208,7 +242,9 @@ TEST_F(WriteCommandsTest, FamiliesAreRemovedAndAFileThatCannotBeWrittenIsInTheRe
     // Bars writes also for those whom permissions do not.
     fs::create_directory(folder_ / "photos/locked.jpg_exiftool_tmp");
     const fs::path last = makePhoto("last.jpg");
-    EXPECT_TRUE(writes_.RemoveFamilyFromSelection(10067, {good, locked, last}));
+    const Outcomes outcomes = writes_.RemoveFamilyFromSelection(10067, {good, locked, last});
+    EXPECT_THAT(kindsOf(outcomes), ElementsAre(Done, Failed, Done));
+    EXPECT_THAT(outcomes[1].words, HasSubstr("locked.jpg"));
     EXPECT_THAT(report(), HasSubstr("locked.jpg"));
     EXPECT_EQ(readBytes(locked), before);
     for (const fs::path& file : {good, last}) {
@@ -232,7 +268,8 @@ TEST_F(WriteCommandsTest, EachRemovalTakesItsOwnFamily) {
     };
     for (const auto& row : cases) {
         const fs::path file = makePhoto("family" + std::to_string(row.commandId) + ".jpg");
-        writes_.RemoveFamilyFromSelection(row.commandId, {file});
+        const Outcomes outcomes = writes_.RemoveFamilyFromSelection(row.commandId, {file});
+        EXPECT_EQ(isEveryFileDone(outcomes), row.commandId != 1) << row.commandId;
         for (std::size_t i = 0; i < row.left.size(); ++i)
             EXPECT_EQ(!valueOf(file, tags[i]).empty(), row.left[i]) << row.commandId << tags[i];
     }
@@ -243,27 +280,31 @@ TEST_F(WriteCommandsTest, OnlyTheChosenFamiliesAreCopied) {
     const fs::path target = folder_ / "photos/target.jpg";
     support::writeJpeg(target);
     ExifTool({"-q", "-overwrite_original", "-XMP-dc:Creator=kept", "-IPTC:City=kept", target.string()});
-    EXPECT_TRUE(writes_.CopyTagsFromFile({true, false, true}, source, {target}));
+    EXPECT_THAT(writes_.CopyTagsFromFile({true, false, true}, source, {target}),
+                ElementsAre(Outcome{target, Done, {}}));
     EXPECT_EQ(valueOf(target, "-EXIF:Artist"), "Somebody");
     EXPECT_EQ(valueOf(target, "-XMP-dc:Title"), "A title");
     EXPECT_EQ(valueOf(target, "-XMP-dc:Creator"), "kept");
     EXPECT_EQ(valueOf(target, "-IPTC:City"), "kept");
     EXPECT_EQ(valueOf(target, "-IPTC:Keywords"), "") << "was not chosen";
     EXPECT_FALSE(fs::exists(context_.cachePath / "sav"));
-    EXPECT_FALSE(writes_.CopyTagsFromFile({}, source, {target}));
-    EXPECT_FALSE(writes_.CopyTagsFromFile({true, true, true}, source, {}));
-    EXPECT_TRUE(writes_.CopyTagsFromFile({true, true, true}, source, {folder_ / "photos/gone.jpg"}));
+    EXPECT_THAT(writes_.CopyTagsFromFile({}, source, {target}), IsEmpty());
+    EXPECT_THAT(writes_.CopyTagsFromFile({true, true, true}, source, {}), IsEmpty());
+    EXPECT_THAT(kindsOf(writes_.CopyTagsFromFile({true, true, true}, source, {folder_ / "photos/gone.jpg"})),
+                ElementsAre(Failed));
     EXPECT_THAT(report(), HasSubstr("gone.jpg"));
 }
 
 TEST_F(WriteCommandsTest, SingleValuesAreWrittenEmptiedAndEscaped) {
     const fs::path file = makePhoto("a.jpg");
-    EXPECT_EQ(writes_.WriteSingleValue(file, 853, "IPTC:CodedCharacterSet", CommandText().typed("% G")), 1);
+    EXPECT_EQ(writes_.WriteSingleValue(file, 853, "IPTC:CodedCharacterSet", CommandText().typed("% G")).kind,
+              Done);
     EXPECT_EQ(valueOf(file, "-IPTC:CodedCharacterSet"), "\x1B%G");
-    EXPECT_EQ(writes_.WriteSingleValue(file, 1, "XMP-dc:Title", {}), 1);
+    EXPECT_EQ(writes_.WriteSingleValue(file, 1, "XMP-dc:Title", {}).kind, Done);
     EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), "");
-    EXPECT_EQ(writes_.WriteSingleValue({}, 1, "XMP-dc:Title", {}), 0);
-    EXPECT_EQ(runner_.RunOnFile({}, title("x")), 0);
+    EXPECT_EQ(writes_.WriteSingleValue(file, 1, "XMP-dc:Title", {}).kind, Unchanged) << "it is gone already";
+    EXPECT_EQ(writes_.WriteSingleValue({}, 1, "XMP-dc:Title", {}).kind, NotStarted);
+    EXPECT_EQ(runner_.RunOnFile({}, title("x")).kind, NotStarted);
 }
 
 TEST_F(WriteCommandsTest, AListOfFilesRefusesNamesThatCannotStandInIt) {
@@ -274,9 +315,10 @@ TEST_F(WriteCommandsTest, AListOfFilesRefusesNamesThatCannotStandInIt) {
     makePhoto("relative.jpg");
     const FileList list = runner_.WriteFileList(files);
     EXPECT_EQ(list.path, context_.tempPath / "files.tmp");
-    EXPECT_EQ(list.listed, files.size() - 2);
-    EXPECT_THAT(list.refused,
-                testing::ElementsAre(folder_ / "photos/line\nfeed.jpg", folder_ / "photos/return.jpg\r"));
+    EXPECT_EQ(list.listed.size(), files.size() - 2);
+    EXPECT_THAT(kindsOf(list.refused), ElementsAre(Failed, Failed));
+    EXPECT_EQ(list.refused[0].file, folder_ / "photos/line\nfeed.jpg");
+    EXPECT_EQ(list.refused[1].file, folder_ / "photos/return.jpg\r");
     EXPECT_THAT(report(), HasSubstr("photos/line?feed.jpg\n"));
     EXPECT_THAT(report(), HasSubstr("photos/return.jpg?\n"));
     EXPECT_TRUE(fs::exists(copyOf(folder_ / "photos/relative.jpg")));
@@ -297,23 +339,78 @@ TEST_F(WriteCommandsTest, AnEmptyListWritesNothing) {
 }
 
 TEST_F(WriteCommandsTest, AStoppedWriteLeavesTheFileWholeAndTheNextOneWorks) {
-    const fs::path script = folder_ / "tool";
     const fs::path file = makePhoto("a.jpg");
     const std::string before = readBytes(file);
-    writeBytes(script,
-               "#!/bin/sh\nfor last; do :; done\necho half >\"${last}_exiftool_tmp\"\nexec sleep 100\n");
-    fs::permissions(script, fs::perms::owner_all);
-    context_.exifToolPath = script;
+    support::useTool(context_, folder_ / "tool",
+                     "for last; do :; done\necho half >\"${last}_exiftool_tmp\"\nexec sleep 100\n");
     const fs::path leftover = folder_ / "photos/a.jpg_exiftool_tmp";
     runner_.setKeepWaiting([&](std::chrono::milliseconds) { return !fs::exists(leftover); });
-    EXPECT_EQ(runner_.RunOnFile(file, {}), 0);
+    EXPECT_EQ(runner_.RunOnFile(file, {}).kind, Stopped);
     EXPECT_TRUE(runner_.wasStopped());
     EXPECT_FALSE(fs::exists(leftover));
     EXPECT_EQ(readBytes(file), before);
     runner_.setKeepWaiting({});
     context_.exifToolPath = "/usr/bin/exiftool";
-    EXPECT_EQ(runner_.RunOnFile(file, title("new")), 1);
+    EXPECT_EQ(runner_.RunOnFile(file, title("new")).kind, Done);
     EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), "new");
+}
+
+TEST_F(WriteCommandsTest, NoWriteTellsASuccessThatIsNone) {
+    const std::vector<fs::path> files = {makePhoto("a.jpg"), makePhoto("b.jpg")};
+    const fs::path source = folder_ / "source.jpg";
+    fs::copy_file(files[0], source);
+    const auto lineFor = [this](std::string_view options) {
+        CommandText line = toolStart(context_).literal(options).literal("-XMP-dc:Title=x");
+        for (const char* name : {"a.jpg", "b.jpg"})
+            line.literal(" \"").outside((folder_ / "photos" / name).string()).literal("\"");
+        return line;
+    };
+    const std::vector<support::NamedWork> works = {
+        {"on a file", [&] { return Outcomes{runner_.RunOnFile(files[0], title("new"))}; }},
+        {"a line over several", [&] { return runner_.runWriteLine(files, lineFor("")); }},
+        {"a quiet line over several", [&] { return runner_.runWriteLine(files, lineFor("-q ")); }, Unchanged},
+        {"a single value",
+         [&] { return Outcomes{writes_.WriteSingleValue(files[0], 1, "XMP-dc:Title", CommandText("x"))}; }},
+    };
+    support::expectTruthOfStandIns(context_, runner_, folder_.path(), folder_ / "photos", works);
+}
+
+TEST_F(WriteCommandsTest, AfterAStopNoFurtherFileIsBegun) {
+    const std::vector<fs::path> files = {makePhoto("a.jpg"), makePhoto("b.jpg"), makePhoto("c.jpg")};
+    const std::string before = readBytes(files[0]);
+    support::useTool(context_, folder_ / "tool", "exec sleep 100\n");
+    runner_.setKeepWaiting([](std::chrono::milliseconds) { return false; });
+    const Outcomes outcomes = writes_.RemoveFamilyFromSelection(10067, files);
+    EXPECT_THAT(kindsOf(outcomes), ElementsAre(Stopped, NotBegun, NotBegun));
+    for (const fs::path& file : files) EXPECT_EQ(readBytes(file), before);
+}
+
+TEST_F(WriteCommandsTest, AComplaintBesideAWriteIsAWarningAndNothingToDoIsUnchanged) {
+    const fs::path file = makePhoto("a.jpg");
+    const Outcome partly =
+        runner_.RunOnFile(file, title("new").append(CommandText(" -ExifIFD:ExposureTime=abc")));
+    EXPECT_EQ(partly.kind, Warned);
+    EXPECT_THAT(partly.words, HasSubstr("ExposureTime"));
+    EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), "new");
+    const std::string written = readBytes(file);
+    const Outcome none = runner_.RunOnFile(file, CommandText("-overwrite_original -XMP-dc:Source="));
+    EXPECT_EQ(none.kind, Unchanged);
+    EXPECT_EQ(readBytes(file), written);
+}
+
+TEST_F(WriteCommandsTest, OfALineOverSeveralFilesEachHasItsOwnOutcome) {
+    const fs::path good = makePhoto("good.jpg");
+    const fs::path broken = folder_ / "photos/broken.jpg";
+    writeBytes(broken, "no picture");
+    const fs::path last = makePhoto("last.jpg");
+    CommandText line = toolStart(context_).literal("-overwrite_original -XMP-dc:Title=x");
+    for (const fs::path& file : {good, broken, last})
+        line.literal(" \"").outside(file.string()).literal("\"");
+    const Outcomes outcomes = runner_.runWriteLine({good, broken, last}, line);
+    EXPECT_THAT(kindsOf(outcomes), ElementsAre(Done, Failed, Done)) << outcomes[0].words;
+    EXPECT_THAT(outcomes[1].words, HasSubstr("broken.jpg"));
+    EXPECT_EQ(valueOf(good, "-XMP-dc:Title"), "x");
+    EXPECT_EQ(valueOf(last, "-XMP-dc:Title"), "x");
 }
 
 TEST_F(WriteCommandsTest, OtherProgramsRunWithoutABatchFile) {

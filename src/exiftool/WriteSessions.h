@@ -1,0 +1,53 @@
+#pragma once
+
+#include "exiftool/Outcome.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <functional>
+#include <stop_token>
+#include <string>
+#include <vector>
+
+/// Writing the same to many files, with ExifTool's start paid once a processor instead of once a file.
+namespace exiftool {
+
+/// For one operation.
+struct WriteRequest {
+    std::filesystem::path exifTool;
+    /// Bytes, one argument each, as on a command line without the program and the file. Complete: the last is
+    /// no option that would take the file for its value.
+    std::vector<std::string> arguments;
+    std::vector<std::filesystem::path> files;
+    /// Called once for each file before ExifTool gets it, such as for its safety copy; gives back what has to
+    /// be said when that failed, which makes the outcome at best Warned, else nothing. On a worker thread,
+    /// for different files side by side. Empty for none.
+    std::function<std::string(const std::filesystem::path&)> beforeFile;
+    /// At most so many sessions; 0: one for each processor.
+    std::size_t sessionLimit = 0;
+};
+
+/// Both are called on worker threads, one call at a time, until writeFiles returns, at most once for a file.
+/// fileBegun: a session was handed the file, perhaps behind some others. fileEnded: all but those that stay
+/// NotBegun. May be empty.
+struct WriteEvents {
+    std::function<void(const std::filesystem::path&)> fileBegun;
+    std::function<void(const Outcome&)> fileEnded;
+};
+
+/// Writes all files and blocks until that is done. The outcomes are in the order of the files.
+///
+/// Sessions take some small files at a time, and a large one alone. What a session's lines cannot carry
+/// without bending it, and an operation whose options mean something else in a process that has other files
+/// too, is left to runs of their own, one file a process. An operation that gives files their names is
+/// carried out file after file. A file that is listed twice, by another name too, is written twice, one after
+/// the other.
+///
+/// When a session dies, the file that it had in work is told as Killed, or Failed when it ended by itself,
+/// and a new session takes the others; when one after the other dies without having done any file, the rest
+/// stays NotBegun. A stop lets each session finish the files that it has in hand, for a bounded time, and
+/// then ends it: its file is Stopped, those that it has not come to are NotBegun. ExifTool's half-written
+/// file of one that was cut is removed, when the file itself is untouched.
+Outcomes writeFiles(const WriteRequest& request, const std::stop_token& stop, const WriteEvents& events);
+
+}  // namespace exiftool

@@ -1,0 +1,76 @@
+#include "exiftool/ToolRunner.h"
+
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+// ExifTool writes a new file beside the old one. What it leaves there when it is killed bars later writes,
+// but may be the only whole copy.
+
+namespace fs = std::filesystem;
+using support::readBytes;
+using support::writeBytes;
+
+namespace {
+
+class LeftoverTest : public testing::Test {
+ protected:
+    void SetUp() override {
+        context_.tempPath = folder_.path();
+        context_.reportFile = folder_ / "report.txt";
+        context_.exifToolPath = folder_ / "tool";
+        writeBytes(file_, "the whole photo");
+        fs::last_write_time(file_, fs::file_time_type::clock::now() - std::chrono::hours(1));
+    }
+
+    /// A tool that has half written the new file, then does this to the old one, and is killed.
+    void runAndKill(const std::string& doing) {
+        writeBytes(context_.exifToolPath,
+                   "#!/bin/sh\nfor file; do :; done\nprintf half >\"${file}_exiftool_tmp\"\n" + doing +
+                       "\nkill -KILL $$\n");
+        fs::permissions(context_.exifToolPath, fs::perms::owner_all);
+        exiftool::ToolRunner runner(context_);
+        static_cast<void>(runner.RunOnFile(file_, platform::CommandText("-Title=x")));
+    }
+
+    support::TemporaryFolder folder_;
+    app::AppContext context_;
+    fs::path file_ = folder_ / "photo.jpg";
+    fs::path leftover_ = folder_ / "photo.jpg_exiftool_tmp";
+};
+
+}  // namespace
+
+TEST_F(LeftoverTest, GoesWhenTheFileIsAsItWas) {
+    runAndKill(":");
+    EXPECT_FALSE(fs::exists(leftover_));
+    EXPECT_EQ(readBytes(file_), "the whole photo");
+}
+
+TEST_F(LeftoverTest, StaysWhenTheFileHasBeenTouchedInAnyWay) {
+    const struct {
+        const char* what;
+        const char* doing;
+    } cases[] = {
+        {"other bytes", "printf 'as many letters' >\"$file\""},
+        {"cut, with its time",
+         "cp -p \"$file\" \"$file.old\"; printf cut >\"$file\"; touch -r \"$file.old\" \"$file\""},
+        {"another file of the same size and time",
+         "cp -p \"$file\" \"$file.old\"; rm \"$file\"; cp -p \"$file.old\" \"$file.new\"; mv \"$file.new\" "
+         "\"$file\""},
+        {"gone", "rm \"$file\""},
+    };
+    for (const auto& [what, doing] : cases) {
+        fs::remove(leftover_);
+        SetUp();
+        runAndKill(doing);
+        ASSERT_TRUE(fs::exists(leftover_)) << what;
+        EXPECT_EQ(readBytes(leftover_), "half") << what;
+    }
+}
+
+TEST_F(LeftoverTest, StaysWhenItWasThereBeforeTheRun) {
+    writeBytes(leftover_, "of somebody else");
+    runAndKill(":");
+    EXPECT_TRUE(fs::exists(leftover_));
+}
