@@ -1,98 +1,109 @@
 #include "batch/BatchDispatch.h"
 
 #include "batch/BatchLines.h"
-#include "exiftool/ReportFile.h"
+#include "exiftool/LineParts.h"
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 
 namespace batch {
 
 namespace fs = std::filesystem;
+using exiftool::Outcome;
+using platform::CommandText;
 
 namespace {
 
-/// One file of an operation; the files up to it belong to the designed form of the thumbnails.
+/// One file of an operation, and all of them.
 struct FileInTurn {
-    const BatchParts& parts;
+    jobs::JobWork& work;
     const fs::path& file;
-    const std::vector<fs::path>& filesSoFar;
+    const std::vector<fs::path>& files;
 };
 
-void setFileDate(const FileInTurn& turn) {
-    turn.parts.runner.copyForSafety(turn.file);
-    turn.parts.runner.runHiddenOnFile(turn.file, fileDateLine(turn.parts.context, turn.file));
+Outcome setFileDate(const FileInTurn& turn) {
+    turn.work.runner.copyForSafety(turn.file);
+    return turn.work.runner.runHiddenOnFile(turn.file, fileDateLine(turn.work.context, turn.file));
 }
 
-void renameByShutterCount(const FileInTurn& turn) {
-    turn.parts.runner.runHiddenOnFile(turn.file, shutterCountLine(turn.parts.context, turn.file));
+Outcome renameByShutterCount(const FileInTurn& turn) {
+    return turn.work.runner.runHiddenOnFile(turn.file, shutterCountLine(turn.work.context, turn.file));
 }
 
-void renameByMaker(const FileInTurn& turn) {
-    turn.parts.runner.RunOnFile(turn.file, dateAndCameraArguments(turn.parts.context, CameraPart::Make));
+Outcome renameByMaker(const FileInTurn& turn) {
+    return turn.work.runner.RunOnFile(turn.file, dateAndCameraArguments(turn.work.context, CameraPart::Make));
 }
 
-void renameByModel(const FileInTurn& turn) {
-    turn.parts.runner.RunOnFile(turn.file, dateAndCameraArguments(turn.parts.context, CameraPart::Model));
+Outcome renameByModel(const FileInTurn& turn) {
+    return turn.work.runner.RunOnFile(turn.file,
+                                      dateAndCameraArguments(turn.work.context, CameraPart::Model));
 }
 
-void removeThumbnail(const FileInTurn& turn) {
-    turn.parts.runner.RunOnFile(turn.file, thumbnailArguments(turn.parts.context, turn.filesSoFar));
+Outcome removeThumbnail(const FileInTurn& turn) {
+    const auto found = std::ranges::find(turn.files, turn.file);
+    const auto end = found == turn.files.end() ? found : std::next(found);
+    return turn.work.runner.RunOnFile(
+        turn.file, thumbnailArguments(turn.work.context, std::vector<fs::path>(turn.files.begin(), end)));
+}
+
+CommandText makerLine(const app::AppContext& context, const fs::path& file) {
+    return exiftool::lineOnFile(context, dateAndCameraArguments(context, CameraPart::Make), file);
+}
+
+CommandText modelLine(const app::AppContext& context, const fs::path& file) {
+    return exiftool::lineOnFile(context, dateAndCameraArguments(context, CameraPart::Model), file);
+}
+
+CommandText thumbnailLine(const app::AppContext& context, const fs::path& file) {
+    return exiftool::lineOnFile(context, thumbnailArguments(context, {file}), file);
 }
 
 struct FileOperation {
     app::CommandId id;
-    void (*run)(const FileInTurn& turn);
+    Outcome (*run)(const FileInTurn& turn);
+    /// What run hands to the tool, in the corrected form.
+    CommandText (*line)(const app::AppContext& context, const fs::path& file);
+    bool makesSafetyCopies = true;
 };
 
 constexpr auto kFileOperations = std::to_array<FileOperation>({
-    {157, setFileDate},
-    {172, renameByShutterCount},
-    {173, renameByMaker},
-    {174, renameByModel},
-    {185, removeThumbnail},
+    {157, setFileDate, fileDateLine},
+    {172, renameByShutterCount, shutterCountLine, false},
+    {173, renameByMaker, makerLine},
+    {174, renameByModel, modelLine},
+    {185, removeThumbnail, thumbnailLine},
 });
-
-void tellFilesLeft(const app::AppContext& context, std::size_t left) {
-    if (left == 0) return;
-    exiftool::appendToReport(context, "Warning: Stopped - " + std::to_string(left) +
-                                          (left == 1 ? " file was" : " files were") + " not begun");
-}
 
 }  // namespace
 
 BatchDispatcher::BatchDispatcher(const BatchParts& parts, OpenBatchDialog openDialog)
     : parts_(parts), openDialog_(std::move(openDialog)) {}
 
-bool BatchDispatcher::BatchDispatch(app::CommandId id, const std::vector<fs::path>& files) {
+std::optional<jobs::Job> BatchDispatcher::BatchDispatch(app::CommandId id,
+                                                        const std::vector<fs::path>& files) {
     options_ = {};
     const BatchOperation* const operation = findBatchOperation(id);
-    if (operation == nullptr || operation->isOfWindow || !app::isBuilt(id) || files.empty()) return false;
+    if (operation == nullptr || operation->isOfWindow || files.empty()) return {};
     options_.command = id;
     options_.files = files;
-    if (*operation->dialog == '\0') return runWithoutDialog(*operation);
+    if (*operation->dialog == '\0') return jobWithoutDialog(*operation);
     if (operation->listsFiles) options_.fileList = parts_.runner.WriteFileList(files);
-    return openDialog_ && openDialog_(*operation, options_) != 0;
+    if (!openDialog_) return {};
+    return openDialog_(*operation, options_);
 }
 
-bool BatchDispatcher::runWithoutDialog(const BatchOperation& operation) {
+std::optional<jobs::Job> BatchDispatcher::jobWithoutDialog(const BatchOperation& operation) const {
     const auto* const found = std::ranges::find(kFileOperations, operation.id, &FileOperation::id);
-    if (found == kFileOperations.end()) return false;
-    const std::vector<fs::path>& files = options_.files;
-    const jobs::FileProgressScope scope(parts_.progress, parts_.language.text(operation.titleNumber),
-                                        files.size());
-    std::vector<fs::path> filesSoFar;
-    for (const fs::path& file : files) {
-        // The window tells itself how many are left when it closes.
-        if (!parts_.progress.showFile(file, filesSoFar.size() + 1)) return true;
-        filesSoFar.push_back(file);
-        found->run({parts_, file, filesSoFar});
-        // Who does not want to wait for one file has had enough of all.
-        if (!parts_.runner.wasStopped()) continue;
-        tellFilesLeft(parts_.context, files.size() - filesSoFar.size());
-        break;
-    }
-    return true;
+    if (found == kFileOperations.end()) return {};
+    jobs::Job job{.title = parts_.language.text(operation.titleNumber), .files = options_.files};
+    // All files, since the designed form of one line names those before its own as well.
+    job.workOnFile = [run = found->run, files = options_.files](jobs::JobWork& work, const fs::path& file) {
+        return run({work, file, files});
+    };
+    job.sameForAll = found->line;
+    job.makesSafetyCopies = found->makesSafetyCopies;
+    return job;
 }
 
 }  // namespace batch

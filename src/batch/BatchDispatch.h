@@ -4,20 +4,19 @@
 #include "app/LanguageFile.h"
 #include "batch/BatchTable.h"
 #include "exiftool/ToolRunner.h"
-#include "jobs/FileProgress.h"
+#include "jobs/Job.h"
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <vector>
 
 namespace batch {
 
-/// What the operations work with. Owned by the main window; all of it outlives them. GUI thread.
+/// What the operations are put together with. Owned by the main window; all of it outlives them. GUI thread.
 struct BatchParts {
-    app::AppContext& context;
     const app::LanguageFile& language;
     exiftool::ToolRunner& runner;
-    jobs::FileProgress& progress;
 };
 
 /// What the dialog of one operation is told and may note. Cleared before every operation, so that nothing of
@@ -28,23 +27,25 @@ struct BatchOptions {
     exiftool::FileList fileList;  ///< <temp>/files.tmp, for the operations that work on the whole list
 };
 
-/// Opens the dialog of an operation and does its work: 1 when it ran, 0 when it was cancelled. Stands in the
-/// ui, which alone knows the dialogs.
-using OpenBatchDialog = std::function<int(const BatchOperation& operation, BatchOptions& options)>;
+/// Opens the dialog of an operation: what it leaves to be done, or nothing when it was cancelled. Stands in
+/// the ui, which alone knows the dialogs.
+using OpenBatchDialog =
+    std::function<std::optional<jobs::Job>(const BatchOperation& operation, BatchOptions& options)>;
 
-/// Runs the operation of a command over the gathered files. True when it went through to its end: the dialog
-/// ran, or no file is left over. False also for a number that is no batch command, for an operation that is
-/// not built or of the window, and without files.
+/// Puts the operation of a command over the gathered files together; carrying it out is the caller's.
 class BatchDispatcher {
  public:
     BatchDispatcher(const BatchParts& parts, OpenBatchDialog openDialog);
 
-    bool BatchDispatch(app::CommandId id, const std::vector<std::filesystem::path>& files);
+    /// Nothing when the dialog was cancelled; also for a number that is no batch command, for an operation
+    /// that is not built or of the window, and without files.
+    std::optional<jobs::Job> BatchDispatch(app::CommandId id,
+                                           const std::vector<std::filesystem::path>& files);
 
     const BatchOptions& options() const { return options_; }
 
  private:
-    bool runWithoutDialog(const BatchOperation& operation);
+    std::optional<jobs::Job> jobWithoutDialog(const BatchOperation& operation) const;
 
     BatchParts parts_;
     OpenBatchDialog openDialog_;

@@ -9,8 +9,8 @@ namespace batch {
 inline constexpr app::CommandId kFirstBatchCommand = 146;
 inline constexpr app::CommandId kLastBatchCommand = 228;
 
-/// An operation over the gathered files. Whether it is built tells app::isBuilt; one that is not is shown
-/// nowhere and never dispatched.
+/// An operation over the gathered files. One whose command the window does not handle yet is shown nowhere
+/// and never dispatched.
 struct BatchOperation {
     app::CommandId id;
     const char* dialog;         ///< the class that asks for the parameters; empty: nothing is asked

@@ -7,7 +7,6 @@
 #include <QLabel>
 #include <QProgressBar>
 #include <QPushButton>
-#include <QWindow>
 #include <utility>
 
 // A library's resources are only there once it has asked for them, and the asking must stand outside any
@@ -28,36 +27,14 @@ QByteArray ownForm() {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-bool isUserInput(QEvent::Type type) {
-    switch (type) {
-        case QEvent::MouseButtonPress:
-        case QEvent::MouseButtonRelease:
-        case QEvent::MouseButtonDblClick:
-        case QEvent::NonClientAreaMouseButtonPress:
-        case QEvent::Wheel:
-        case QEvent::KeyPress:
-        case QEvent::KeyRelease:
-        case QEvent::ShortcutOverride:
-        case QEvent::Shortcut:
-        case QEvent::ContextMenu:
-        case QEvent::TouchBegin:
-        case QEvent::TouchUpdate:
-        case QEvent::TouchEnd:
-        case QEvent::TabletPress:
-        case QEvent::TabletRelease:
-        case QEvent::DragEnter:
-        case QEvent::Drop:
-        case QEvent::Close:
-            return true;
-        default:
-            return false;
-    }
-}
-
 }  // namespace
 
-ProgressDialog::ProgressDialog(int language)
-    : QDialog(nullptr, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint), language_(language) {
+ProgressDialog::ProgressDialog(int language) : ProgressDialog(language, Delays()) {}
+
+ProgressDialog::ProgressDialog(int language, const Delays& delays)
+    : QDialog(nullptr, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+      language_(language),
+      delays_(delays) {
     loadForm(*this, ownForm());
     setProperty(kTemplateNumberProperty, kTemplate);
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -67,6 +44,13 @@ ProgressDialog::ProgressDialog(int language)
     Q_ASSERT(text_ != nullptr && bar_ != nullptr && stop_ != nullptr);
     stop_->hide();
     connect(stop_, &QPushButton::clicked, this, &ProgressDialog::stopWaiting);
+    show_.setSingleShot(true);
+    connect(&show_, &QTimer::timeout, this, &ProgressDialog::showNow);
+    offerStop_.setSingleShot(true);
+    connect(&offerStop_, &QTimer::timeout, this, [this] {
+        stop_->show();
+        showNow();
+    });
     setLanguage(language);
 }
 
@@ -78,13 +62,23 @@ void ProgressDialog::setLanguage(int language) {
 void ProgressDialog::handleCommand(int number, const QString& fileName) {
     const std::optional<app::ProgressStep> step = app::progressStepOf(number);
     if (!step) return;
-    if (!waiting_) {
-        waiting_ = true;
-        sinceFirstStep_.start();
-    }
-    stopped_ = false;
+    if (!waiting_) begin(*step == app::ProgressStep::Reading ? delays_.showReading : delays_.show);
     say(app::progressText(language_, *step, fileName));
-    pulse();
+}
+
+void ProgressDialog::begin(std::chrono::milliseconds showAfter) {
+    waiting_ = true;
+    sinceFirstStep_.start();
+    show_.start(showAfter);
+    offerStop_.start(delays_.offerStop);
+}
+
+void ProgressDialog::beginWait() {
+    if (!waiting_) {
+        say(QStringLiteral("ExifTool ..."));
+        begin(std::chrono::milliseconds(0));
+    }
+    isModalWait_ = true;
 }
 
 void ProgressDialog::say(const QString& text) {
@@ -94,16 +88,16 @@ void ProgressDialog::say(const QString& text) {
     text_->setText(fontMetrics().elidedText(line, Qt::ElideMiddle, kTextWidth));
 }
 
-void ProgressDialog::beginFiles(const QString& title, std::size_t count) {
-    waiting_ = true;
+void ProgressDialog::beginFiles(const QString& title, std::size_t count, bool countsFiles) {
+    finish();
     isShowingFiles_ = true;
-    stopped_ = false;
-    sinceFirstStep_.start();
     setWindowTitle(title);
     count_ = count;
-    bar_->setRange(0, static_cast<int>(count));
+    bar_->setRange(0, countsFiles ? static_cast<int>(count) : 0);
     bar_->setValue(0);
     text_->clear();
+    stop_->show();
+    begin(delays_.show);
 }
 
 void ProgressDialog::showFile(const QString& fileName, std::size_t number) {
@@ -114,9 +108,7 @@ void ProgressDialog::showFile(const QString& fileName, std::size_t number) {
     QString name = fileName;
     name.replace(u'\n', u' ').replace(u'\r', u' ');
     say(app::fileCountText(fontMetrics().elidedText(name, Qt::ElideMiddle, room), number, count_));
-    bar_->setValue(static_cast<int>(number) - 1);
-    stop_->hide();
-    pulse();
+    if (bar_->maximum() > 0) bar_->setValue(static_cast<int>(number) - 1);
 }
 
 void ProgressDialog::showClosing() {
@@ -124,29 +116,18 @@ void ProgressDialog::showClosing() {
 }
 
 void ProgressDialog::pulse() {
-    if (!waiting_ || sinceFirstStep_.elapsed() < kShowAfter.count()) return;
+    if (!waiting_ || sinceFirstStep_.elapsed() < delays_.show.count()) return;
     showNow();
-    paintWaitingWindows(isShowingFiles_);
-}
-
-bool ProgressDialog::keepWaiting(std::chrono::milliseconds sinceStart) {
-    // Many short runs make a long wait.
-    const std::chrono::milliseconds waited(isShowingFiles_ ? sinceFirstStep_.elapsed() : sinceStart.count());
-    if (waited < kShowAfter) return true;
-    if (!std::exchange(waiting_, true)) say(QStringLiteral("ExifTool ..."));
-    showNow();
-    const bool canStop = sinceStart >= kStopAfter;
-    if (stop_->isHidden() == canStop) stop_->setVisible(canStop);
-    paintWaitingWindows(canStop || isShowingFiles_);
-    const bool stopped = stopped_;
-    stopped_ = false;
-    return !stopped;
+    repaint();
 }
 
 void ProgressDialog::finish() {
     waiting_ = false;
-    stopped_ = false;
+    isModalWait_ = false;
+    show_.stop();
+    offerStop_.stop();
     stop_->hide();
+    stop_->setEnabled(true);
     hide();
     if (!std::exchange(isShowingFiles_, false)) return;
     bar_->setRange(0, 0);
@@ -158,7 +139,7 @@ QString ProgressDialog::text() const {
 }
 
 bool ProgressDialog::canStop() const {
-    return waiting_ && !stop_->isHidden();
+    return waiting_ && !stop_->isHidden() && stop_->isEnabled();
 }
 
 void ProgressDialog::reject() {
@@ -166,54 +147,20 @@ void ProgressDialog::reject() {
 }
 
 void ProgressDialog::stopWaiting() {
-    stopped_ = true;
+    // Once is enough; what was asked for takes its time.
+    stop_->setEnabled(false);
     Q_EMIT StopWaitingChosen();
 }
 
 void ProgressDialog::showNow() {
-    if (isVisible()) return;
-    // A dialog that is open shuts out every other window's input, and the button must be reached.
-    const bool isOverDialog = QApplication::activeModalWidget() != nullptr;
-    setWindowModality(isOverDialog ? Qt::ApplicationModal : Qt::NonModal);
+    if (isVisible() || !waiting_) return;
+    setWindowModality(isModalWait_ ? Qt::ApplicationModal : Qt::NonModal);
     adjustSize();
     if (const QWidget* active = QApplication::activeWindow()) {
         const QPoint middle = active->frameGeometry().center();
         move(middle - rect().center());
     }
     show();
-}
-
-// A window can only be painted when its events come through, since the screen tells by an event when it may
-// be. Input is kept out of it: left in the queue, or, once the dialog takes input, dropped for everyone else.
-void ProgressDialog::paintWaitingWindows(bool ownInput) {
-    if (painting_) return;
-    painting_ = true;
-    if (ownInput) {
-        qApp->installEventFilter(this);
-        QCoreApplication::processEvents(QEventLoop::AllEvents);
-        qApp->removeEventFilter(this);
-    } else {
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    }
-    painting_ = false;
-}
-
-bool ProgressDialog::isOwn(QObject* receiver) const {
-    if (receiver == this || receiver == windowHandle()) return true;
-    const auto* widget = qobject_cast<QWidget*>(receiver);
-    return widget != nullptr && isAncestorOf(widget);
-}
-
-bool ProgressDialog::isClosing(QObject* receiver, QEvent::Type type) const {
-    if (type != QEvent::Close || !isShowingFiles_ || closableWindow_ == nullptr) return false;
-    return receiver == closableWindow_ || receiver == closableWindow_->windowHandle();
-}
-
-bool ProgressDialog::eventFilter(QObject* receiver, QEvent* event) {
-    if (!painting_ || !isUserInput(event->type()) || isOwn(receiver) || isClosing(receiver, event->type()))
-        return false;
-    event->ignore();
-    return true;
 }
 
 }  // namespace dialogs

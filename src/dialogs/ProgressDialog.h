@@ -4,7 +4,7 @@
 
 #include <QDialog>
 #include <QElapsedTimer>
-#include <QPointer>
+#include <QTimer>
 #include <chrono>
 
 class QLabel;
@@ -13,13 +13,10 @@ class QPushButton;
 
 namespace dialogs {
 
-/// Tells what the program is busy with. Made once at start, modeless and without a parent, from a form of the
-/// executable's own; shown when a wait has lasted 200 ms and hidden at its end. While the GUI thread waits
-/// for a tool it is the dialog that keeps the screen painted: user input stays queued, and from the tenth
-/// second on only the dialog gets any, with a button that ends the wait. Posted events and timers are
-/// delivered meanwhile, so that whatever they call must not start another wait: isWaiting() tells. While an
-/// operation over several files runs, it is one wait for all of them: input for the other windows is dropped,
-/// since it was meant for what stood there before, but for the closing of the main window. GUI thread only.
+/// Tells what the program is busy with. Made once at start, from a form of the executable's own; shown when a
+/// wait has lasted a while and hidden at its end. It does no waiting itself: the work is on another thread,
+/// and the event loop goes on. It takes no input away from the other windows, but for a wait in front of a
+/// dialog (beginWait), over which it stands modally. GUI thread only.
 class ProgressDialog : public QDialog {
     Q_OBJECT
 
@@ -29,16 +26,25 @@ class ProgressDialog : public QDialog {
     static constexpr int kBarControl = 17102;
     static constexpr int kStopControl = 17103;
     static constexpr std::chrono::milliseconds kShowAfter{200};
-    static constexpr std::chrono::milliseconds kStopAfter{10'000};
+
+    /// From the beginning of a wait.
+    struct Delays {
+        std::chrono::milliseconds show = kShowAfter;
+        /// A read beside which everything else goes on is worth a window only when it takes long.
+        std::chrono::milliseconds showReading{1000};
+        /// Until the button that ends the wait comes; for an operation over files it is there at once.
+        std::chrono::milliseconds offerStop{10'000};
+    };
 
     /// Speaks the language of a language file's number.
     explicit ProgressDialog(int language);
+    ProgressDialog(int language, const Delays& delays);
 
     /// The language when the settings have been read anew.
     void setLanguage(int language);
 
     /// Takes a step by its number (1154 Initializing, 1155 Reading, 1153 thumbnail, 1152 sorting); other
-    /// numbers do nothing. Nothing is shown by this alone.
+    /// numbers do nothing. The first step begins a wait.
     void handleCommand(int number, const QString& fileName = {});
 
     /// Step 1155 with the file's name and extension.
@@ -46,23 +52,22 @@ class ProgressDialog : public QDialog {
         handleCommand(static_cast<int>(app::ProgressStep::Reading), fileName);
     }
 
-    /// Begins an operation over so many files, which becomes the dialog's title; finish() ends it.
-    void beginFiles(const QString& title, std::size_t count);
-    /// The file that is worked on, its number counted from 1; the bar moves, and the windows are repainted.
+    /// Begins a wait that nothing but this dialog may interrupt, and shows it; finish() ends it.
+    void beginWait();
+
+    /// Begins an operation over so many files, which becomes the dialog's title; finish() ends it. Without
+    /// counting, the bar only moves.
+    void beginFiles(const QString& title, std::size_t count, bool countsFiles = true);
+    /// The file that is worked on, its number counted from 1; the bar moves.
     void showFile(const QString& fileName, std::size_t number);
     /// True from beginFiles() to finish().
     bool isShowingFiles() const { return isShowingFiles_; }
     /// Says that the window closes once the running file is done.
     void showClosing();
-    /// The window whose closing gets through while files are worked on; null for none.
-    void setClosableWindow(QWidget* window) { closableWindow_ = window; }
 
-    /// To be called now and then in work that takes long without a tool: shows the dialog when 200 ms have
-    /// passed since the first step, and repaints.
+    /// For work at the start, before there is an event loop: shows the dialog when 200 ms have passed since
+    /// the first step, and paints it.
     void pulse();
-
-    /// Fits exiftool::KeepWaiting: repaints, and is false once the user has pressed the button.
-    bool keepWaiting(std::chrono::milliseconds sinceStart);
 
     /// Ends the wait: the dialog is hidden, the next step begins a new one.
     void finish();
@@ -74,7 +79,6 @@ class ProgressDialog : public QDialog {
     bool isWaiting() const { return waiting_; }
 
     QString text() const;
-    bool eventFilter(QObject* receiver, QEvent* event) override;
 
  public Q_SLOTS:
     void reject() override;
@@ -84,22 +88,21 @@ class ProgressDialog : public QDialog {
     void StopWaitingChosen();
 
  private:
+    void begin(std::chrono::milliseconds showAfter);
     void stopWaiting();
     void showNow();
-    void paintWaitingWindows(bool ownInput);
     void say(const QString& text);
-    bool isOwn(QObject* receiver) const;
-    bool isClosing(QObject* receiver, QEvent::Type type) const;
 
     int language_;
+    Delays delays_;
     QLabel* text_ = nullptr;
     QProgressBar* bar_ = nullptr;
     QPushButton* stop_ = nullptr;
-    QPointer<QWidget> closableWindow_;
+    QTimer show_;
+    QTimer offerStop_;
     QElapsedTimer sinceFirstStep_;
     bool waiting_ = false;
-    bool stopped_ = false;
-    bool painting_ = false;
+    bool isModalWait_ = false;
     bool isShowingFiles_ = false;
     std::size_t count_ = 0;
 };

@@ -1,15 +1,12 @@
 #include "edit/PanelEdit.h"
 
 #include "edit/WholeValue.h"
+#include "platform/Text.h"
 #include "tags/ImageTags.h"
 
 namespace edit {
 
 namespace {
-
-QString textOf(std::u16string_view units) {
-    return QString::fromUtf16(units.data(), static_cast<qsizetype>(units.size()));
-}
 
 bool isCorrected(const jobs::OperationParts& parts) {
     return parts.context.settings.exifTool.correctedCommands;
@@ -53,8 +50,8 @@ tags::TagEditContext contextOfRow(const jobs::OperationParts& parts, const std::
                                   const tags::MetadataRow& row, const tags::TagRecord& record) {
     tags::TagEditContext edit;
     edit.filePath = file;
-    edit.title = textOf(record.name);
-    edit.group = textOf(record.group);
+    edit.title = platform::wide(record.name);
+    edit.group = platform::wide(record.group);
     edit.tagId = static_cast<int>(record.id);
     edit.value = editableValue(parts, file, record, valueOf(row));
     if (record.valueKind == tags::ValueKind::Rating && !isCorrected(parts))

@@ -1,10 +1,11 @@
 #include "edit/WholeValue.h"
 
 #include "exiftool/LineParts.h"
+#include "platform/AtomicFile.h"
 #include "platform/Text.h"
 #include "tags/Entries.h"
 
-#include <fstream>
+#include <limits>
 
 namespace edit {
 
@@ -16,14 +17,9 @@ namespace {
 /// A character that no text has.
 constexpr char kSeparator = '\x1E';
 
-QString textOf(std::u16string_view units) {
-    return QString::fromUtf16(units.data(), static_cast<qsizetype>(units.size()));
-}
-
 QByteArray bytesOf(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    const std::string bytes((std::istreambuf_iterator<char>(stream)), std::istreambuf_iterator<char>());
-    return QByteArray::fromStdString(bytes);
+    return QByteArray::fromStdString(
+        platform::readRegularFile(file, std::numeric_limits<std::size_t>::max()).bytes);
 }
 
 }  // namespace
@@ -36,8 +32,8 @@ CommandText wholeValueCommand(const app::AppContext& context, const fs::path& fi
                               QStringView group, QStringView name) {
     CommandText command = exiftool::toolStartWithLanguage(context);
     command.literal(" -b -sep \"").literal(std::string_view(&kSeparator, 1)).literal("\" ");
-    command.literal(exiftool::kFileNameCharset).literal("-").outside(group.toUtf8().toStdString());
-    command.literal(":").outside(name.toUtf8().toStdString()).literal(" \"");
+    command.literal(exiftool::kFileNameCharset).literal("-").outside(platform::narrow(group));
+    command.literal(":").outside(platform::narrow(name)).literal(" \"");
     command.outside(exiftool::fileWord(file)).literal("\" >\"").outside(platform::narrow(output));
     return command.literal("\"");
 }
@@ -59,7 +55,7 @@ QString editableValue(const jobs::OperationParts& parts, const fs::path& file, c
     std::error_code ignored;
     fs::remove(output, ignored);
     const CommandText command =
-        wholeValueCommand(parts.context, file, output, textOf(tag.group), textOf(tag.name));
+        wholeValueCommand(parts.context, file, output, platform::wide(tag.group), platform::wide(tag.name));
     const bool wasRun = parts.runner.RunToolLine(command) != 0;
     const QStringList entries = wasRun ? entriesOfOutput(bytesOf(output)) : QStringList();
     fs::remove(output, ignored);

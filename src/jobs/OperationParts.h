@@ -4,7 +4,6 @@
 #include "app/LanguageFile.h"
 #include "exiftool/ReadCommands.h"
 #include "exiftool/ToolRunner.h"
-#include "jobs/FileProgress.h"
 #include "jobs/ValueEditing.h"
 #include "tags/LabelLibrary.h"
 #include "tags/RatingMemory.h"
@@ -23,7 +22,6 @@ struct OperationParts {
     tags::RatingLog& ratingLog;
     exiftool::ToolRunner& runner;
     exiftool::ReadCommands& reads;
-    FileProgress& progress;
     ValueEditing* values = nullptr;  ///< for the dialogs that edit lists of values
 };
 

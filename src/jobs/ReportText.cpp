@@ -1,5 +1,7 @@
 #include "jobs/ReportText.h"
 
+#include "platform/Text.h"
+
 #include <QStringView>
 #include <algorithm>
 #include <fstream>
@@ -11,16 +13,13 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr std::string_view kToolHead = "---- ExifTool";
+/// In lower case.
+constexpr std::string_view kToolHead = "---- exiftool";
 constexpr std::size_t kBeginning = 256;
 constexpr qsizetype kLongestLine = 4000;
 
-char lower(char letter) {
-    return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
-
 bool isToolHead(std::string_view line) {
-    return std::ranges::equal(line.substr(0, kToolHead.size()), kToolHead, {}, lower, lower);
+    return platform::lowerAscii(line.substr(0, kToolHead.size())) == kToolHead;
 }
 
 /// Keeps the end of what is added.
@@ -38,6 +37,8 @@ std::optional<ReportText> filterReport(const app::AppContext& context) {
     const std::uintmax_t size = fs::file_size(context.reportFile, error);
     if (error || size == 0) return std::nullopt;
     std::ifstream report(context.reportFile, std::ios::binary);
+    // What stands under that name may be a link; a new file is none.
+    fs::remove(context.tempPath / "Metadata.txt", error);
     std::ofstream copy(context.tempPath / "Metadata.txt", std::ios::binary | std::ios::trunc);
     ReportText shown;
     for (std::string line; std::getline(report, line);) {
@@ -64,7 +65,7 @@ std::string reportBeginning(const app::AppContext& context) {
 }
 
 QString reportForDisplay(const std::string& bytes, const QString& lineEnd) {
-    QString text = QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
+    QString text = platform::wide(bytes);
     for (QChar& unit : text) {
         const bool isControl = unit < u' ' || unit == QChar(0x7F) || unit == QChar::ParagraphSeparator ||
                                unit == QChar::LineSeparator;

@@ -5,12 +5,14 @@
 #include "app/TextNumbers.h"
 #include "controls/Icons.h"
 #include "panel/MetadataDelegate.h"
+#include "panel/PanelTexts.h"
 #include "platform/Text.h"
 
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
@@ -72,16 +74,8 @@ controls::GroupedListView::Group panelGroup(int id, const QString& name, tags::G
             true};
 }
 
-QAction* addEntry(QMenu& menu, int id, const QString& text, const QString& iconName = {}) {
-    QAction* entry = menu.addAction(iconName.isEmpty() ? QIcon() : controls::icon(iconName), text);
-    entry->setData(id);
-    return entry;
-}
-
-/// A command of the main window, with its icon; null when it is not built yet, and not shown.
-QAction* addCommand(QMenu& menu, int id, const QString& text) {
-    if (!app::isBuilt(id)) return nullptr;
-    return addEntry(menu, id, text, QLatin1String(app::findCommand(id)->iconName));
+void addEntry(QMenu& menu, int id, const QString& text, const QString& iconName) {
+    menu.addAction(controls::icon(iconName), text)->setData(id);
 }
 
 /// Names come out of files; an ampersand would become a key of the menu.
@@ -183,6 +177,8 @@ void MetadataPanel::connectList() {
             [this](const QModelIndex& index) { Q_EMIT ValueChosen(index.row(), false); });
     connect(list_, &GroupedListView::CellMenuRequested, this, &MetadataPanel::showRowMenu);
     connect(list_, &GroupedListView::GroupHeaderMenuRequested, this, &MetadataPanel::showGroupMenu);
+    connect(list_->selectionModel(), &QItemSelectionModel::currentChanged, this,
+            &MetadataPanel::CurrentRowChanged);
     list_->installEventFilter(this);
     auto* copy = new QShortcut(QKeySequence::Copy, list_);
     copy->setContext(Qt::WidgetWithChildrenShortcut);
@@ -234,57 +230,110 @@ void MetadataPanel::CreatePanelGroups() {
 }
 
 void MetadataPanel::clear() {
+    parts_.reader.cancel();
+    parts_.feedback.hideProgress();
+    fault_.clear();
     file_.clear();
     model_->clear();
     title_->setText(parts_.text(app::text::kMetadataTitle));
     title_->setToolTip({});
     list_->setEmptyText(parts_.text(app::text::kClickAFile));
+    Q_EMIT CurrentRowChanged();
 }
 
 void MetadataPanel::newSelection(const std::filesystem::path& file) {
     clear();
-    if (!file.empty()) load(file);
+    if (!file.empty()) beginReading(file, std::nullopt, false);
 }
 
-void MetadataPanel::load(const std::filesystem::path& file) {
+void MetadataPanel::Refresh() {
+    if (!file_.empty()) beginReading(std::filesystem::path(file_), place(), false);
+}
+
+void MetadataPanel::readAgainQuietly() {
+    if (!file_.empty()) beginReading(std::filesystem::path(file_), place(), true);
+}
+
+void MetadataPanel::beginReading(const std::filesystem::path& file, const std::optional<Place>& place,
+                                 bool isQuiet) {
     file_ = file;
     stamp_ = platform::stampOf(file);
-    title_->setText(platform::display(file.filename()));
-    title_->setToolTip(platform::display(file));
+    fault_.clear();
+    showTitle();
+    std::error_code error;
+    const auto status = std::filesystem::status(file, error);
+    if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
+        // A pipe or a device could keep whoever opens it waiting for ever.
+        showRead({file, {}, false, false, parts_.text(app::text::kNoRegularFile)}, place, isQuiet);
+        return;
+    }
+    if (!place) list_->setEmptyText(QStringLiteral("Reading ..."));
+    if (!isQuiet) parts_.feedback.showReading(file);
+    parts_.reader.request(
+        file, [this, place, isQuiet](const exiftool::MetadataRead& read) { showRead(read, place, isQuiet); });
+}
+
+void MetadataPanel::showRead(const exiftool::MetadataRead& read, const std::optional<Place>& place,
+                             bool isQuiet) {
     counts_.clear();
     rowsOfFile_ = 0;
-    const bool loaded = parts_.load.LoadMetadata(file, *this, parts_.feedback) != 0;
+    model_->clear();
+    fault_ = read.wasStopped ? parts_.text(app::text::kReadingStopped) : read.fault;
+    exiftool::LoadFeedback silent;
+    const bool loaded = parts_.load.showRead(read, *this, isQuiet ? silent : parts_.feedback) != 0;
     CreatePanelGroups();
     model_->Commit();
-    if (rowsOfFile_ > kMostRows)
-        title_->setText(QStringLiteral("%1 (the first %2 of %3 rows)")
-                            .arg(title_->text(), QLocale().toString(qulonglong{kMostRows}),
-                                 QLocale().toString(qulonglong{rowsOfFile_})));
+    showTitle();
     for (const auto& [groupId, count] : counts_) {
         const int id = static_cast<int>(groupId);
         list_->setGroupTitle(id, tags::groupTitleWithCount(list_->groupTitle(id), count));
     }
-    list_->setEmptyText(loaded ? parts_.text(app::text::kNoTags)
-                               : QStringLiteral("The tags of this file could not be read"));
+    QString empty = parts_.text(app::text::kNoTags);
+    if (!loaded || !fault_.isEmpty()) empty = parts_.text(text::kFileNotRead);
+    if (!fault_.isEmpty()) empty += QStringLiteral("\n") + fault_;
+    list_->setEmptyText(empty);
+    if (place) goTo(*place);
+    Q_EMIT CurrentRowChanged();
+    Q_EMIT ReadingEnded();
 }
 
-void MetadataPanel::Refresh() {
-    if (file_.empty()) return;
+void MetadataPanel::showTitle() {
+    QString title = platform::display(file_.filename());
+    QString tip = platform::display(file_);
+    if (rowsOfFile_ > kMostRows)
+        title = app::formatText(
+            parts_.text(text::kRowsShown),
+            {title, QLocale().toString(qulonglong{kMostRows}), QLocale().toString(qulonglong{rowsOfFile_})});
+    if (!fault_.isEmpty() && model_->rowCount() > 0) {
+        title += QStringLiteral(" - ") + parts_.text(app::text::kNotAllRead);
+        tip += u'\n' + fault_;
+    }
+    title_->setText(title);
+    title_->setToolTip(tip);
+}
+
+MetadataPanel::Place MetadataPanel::place() const {
+    Place place;
     const QModelIndex current = list_->currentIndex();
-    const tags::MetadataRow before = current.isValid() ? model_->row(current.row()) : tags::MetadataRow();
-    const int scrolled = list_->verticalScrollBar()->value();
-    const bool hadFocus = list_->hasFocus();
-    model_->clear();
-    load(std::filesystem::path(file_));
-    if (hadFocus) list_->setFocus();
-    for (int position = 0; current.isValid() && position < model_->rowCount(); ++position) {
+    place.hasRow = current.isValid();
+    if (place.hasRow) {
+        place.row = model_->row(current.row());
+        place.column = current.column();
+    }
+    place.scrolled = list_->verticalScrollBar()->value();
+    return place;
+}
+
+void MetadataPanel::goTo(const Place& place) {
+    for (int position = 0; place.hasRow && position < model_->rowCount(); ++position) {
         const tags::MetadataRow& row = model_->row(position);
-        if (row.groupId != before.groupId || row.tag != before.tag || row.itemIndex != before.itemIndex)
+        if (row.groupId != place.row.groupId || row.tag != place.row.tag ||
+            row.itemIndex != place.row.itemIndex)
             continue;
-        list_->setCurrentIndex(model_->index(position, current.column()));
+        list_->setCurrentIndex(model_->index(position, place.column));
         break;
     }
-    list_->verticalScrollBar()->setValue(scrolled);
+    list_->verticalScrollBar()->setValue(place.scrolled);
 }
 
 void MetadataPanel::InsertMetadataRow(tags::MetadataRow&& row) {
@@ -312,29 +361,22 @@ void MetadataPanel::Copy() const {
     QGuiApplication::clipboard()->setText(text);
 }
 
-bool MetadataPanel::canDelete(const tags::MetadataRow& row) const {
-    if (row.tagId < 0) return false;
-    const std::optional<tags::TagRecord> record =
-        parts_.dictionary.FindTagById(static_cast<std::uint32_t>(row.tagId));
-    return record && record->writable;
+void MetadataPanel::addCommand(QMenu& menu, int id, const QString& text) const {
+    controls::CommandAction* command = commands_ != nullptr ? commands_->action(id) : nullptr;
+    if (command != nullptr) menu.addAction(command->makeEntry(text, &menu));
 }
 
 void MetadataPanel::addRemovalEntries(QMenu& menu, const tags::MetadataRow& row) const {
-    const std::vector<tags::MetadataRow> group = rowsOfCurrentGroup();
-    const bool anyOfGroup =
-        std::ranges::any_of(group, [this](const tags::MetadataRow& r) { return canDelete(r); });
-    if (QAction* entry =
-            addCommand(menu, app::command::kDeleteGroup,
-                       app::formatText(parts_.text(app::text::kGroupDelete), {menuText(row.group)})))
-        entry->setEnabled(anyOfGroup);
+    addCommand(menu, app::command::kDeleteGroup,
+               app::formatText(parts_.text(app::text::kGroupDelete), {menuText(row.group)}));
     menu.addSeparator();
-    if (QAction* entry = addCommand(menu, app::command::kDeleteTag, parts_.text(app::text::kTagDelete)))
-        entry->setEnabled(canDelete(row));
+    addCommand(menu, app::command::kDeleteTag, parts_.text(app::text::kTagDelete));
 }
 
 void MetadataPanel::showRowMenu(const QModelIndex& index, const QPoint& position) {
     if (!index.isValid()) return;
     list_->setCurrentIndex(index);
+    if (commands_ != nullptr) commands_->refresh();
     const tags::MetadataRow row = model_->row(index.row());
     QMenu menu(this);
     addEntry(menu, kCopy, parts_.text(app::text::kCopyCell), QStringLiteral("edit-copy"));
@@ -352,11 +394,11 @@ void MetadataPanel::showRowMenu(const QModelIndex& index, const QPoint& position
         Copy();
     else if (chosen == kOpenAddress)
         openAddress(row.value);
-    else if (chosen != 0)
-        Q_EMIT CommandChosen(chosen);
 }
 
 void MetadataPanel::showGroupMenu(int groupId, const QPoint& position) {
+    makeCurrent(groupId);
+    if (commands_ != nullptr) commands_->refresh();
     QMenu menu(this);
     for (const GroupMenuEntry& entry : kGroupMenu)
         addCommand(menu, entry.command, parts_.text(entry.textNumber));
@@ -372,12 +414,7 @@ void MetadataPanel::showGroupMenu(int groupId, const QPoint& position) {
     addEntry(menu, kCollapseAll, parts_.text(app::text::kCollapseAll), QStringLiteral("view-list-tree"));
     addEntry(menu, kExpandAll, parts_.text(app::text::kExpandAll), QStringLiteral("view-list-details"));
     const int chosen = chosenIn(menu, position);
-    if (chosen == kCollapseAll || chosen == kExpandAll) {
-        collapseAll(chosen == kCollapseAll);
-    } else if (chosen != 0) {
-        makeCurrent(groupId);
-        Q_EMIT CommandChosen(chosen);
-    }
+    if (chosen == kCollapseAll || chosen == kExpandAll) collapseAll(chosen == kCollapseAll);
 }
 
 /// The commands about a group take it from the current row.

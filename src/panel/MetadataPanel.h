@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppContext.h"
+#include "controls/CommandAction.h"
 #include "exiftool/MetadataLoad.h"
 #include "panel/MetadataListModel.h"
 #include "panel/MetadataListView.h"
@@ -10,6 +11,7 @@
 #include <QWidget>
 #include <filesystem>
 #include <functional>
+#include <optional>
 
 class QKeyEvent;
 class QLabel;
@@ -18,7 +20,7 @@ class QMenu;
 namespace panel {
 
 /// The right-hand pane that shows the tags of the current file, in the groups of the catalogue. It owns the
-/// list, its painting and its menus; the reading is MetadataLoad's. GUI thread.
+/// list, its painting and its menus; the reading is MetadataReader's, on a thread of its own. GUI thread.
 class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     Q_OBJECT
 
@@ -29,6 +31,7 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
         const tags::TagDictionary& dictionary;
         const tags::RatingMemory& memory;
         tags::OutputParser& parser;
+        exiftool::MetadataReader& reader;
         exiftool::MetadataLoad& load;
         exiftool::LoadFeedback& feedback;
         std::function<QString(int)> text;            ///< string by number of the language file
@@ -37,10 +40,18 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
 
     explicit MetadataPanel(const Parts& parts, QWidget* parent = nullptr);
 
-    /// Command 40108: clears the list and reads the file; an empty path only clears it.
+    /// Where the entries of the menus come from; outlives the panel's use. Without them the menus hold only
+    /// what the panel does itself.
+    void setCommands(controls::CommandActions& commands) { commands_ = &commands; }
+
+    /// Command 40108: clears the list and has the file read; an empty path only clears it. The rows come when
+    /// ReadingEnded is told; a file that is chosen before then takes the place of this one.
     void newSelection(const std::filesystem::path& file);
-    /// Command 8056: reads the shown file again; row and scroll position stay.
+    /// Command 8056: has the shown file read again; the rows stay until the new ones are there, row and
+    /// scroll position remain.
     void Refresh();
+    /// The same without a word in the status bar, where something stands that is to be read.
+    void readAgainQuietly();
     /// Command 8003.
     void clear();
 
@@ -50,6 +61,10 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     void openAddress() const;
 
     const std::filesystem::path& file() const { return file_; }
+    /// From a request to its ReadingEnded.
+    bool isReading() const { return parts_.reader.isReading(); }
+    /// Why the shown rows are not all, for people; empty when they are.
+    const QString& fault() const { return fault_; }
     /// Whether the file is still the one whose tags are shown, and nobody has written it since.
     bool isFileUnchanged() const;
     /// The value that was written is shown in its row, and the file counts as unchanged again.
@@ -69,8 +84,12 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
  Q_SIGNALS:
     /// A click on a value or on the icon of its kind, or Enter on a row.
     void ValueChosen(int row, bool altHeld);
-    /// A command was chosen in a menu or by a key; it is about the current row.
+    /// A command was chosen by a key; it is about the current row.
     void CommandChosen(int commandId);
+    /// The rows of the file that was asked for last stand in the list, or the reason why they do not.
+    void ReadingEnded();
+    /// Another row is the current one, or other tags are shown.
+    void CurrentRowChanged();
 
  protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -80,8 +99,9 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     void connectList();
     /// The command of a key that the panel takes; 0 for none.
     static int commandOfKey(const QKeyEvent& key);
+    /// A command of the window, if it has it.
+    void addCommand(QMenu& menu, int id, const QString& text) const;
     void addRemovalEntries(QMenu& menu, const tags::MetadataRow& row) const;
-    bool canDelete(const tags::MetadataRow& row) const;
     void makeCurrent(int groupId);
     void CreatePanelGroups();
     void showRowMenu(const QModelIndex& index, const QPoint& position);
@@ -90,11 +110,24 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     static void openAddress(const QString& value);
     /// The help of a tag whose name was clicked, in a pop-up beside it.
     void showHelp(const QModelIndex& index);
-    void load(const std::filesystem::path& file);
+    /// Where the user is in the list, told by what stands there.
+    struct Place {
+        bool hasRow = false;
+        tags::MetadataRow row;
+        int column = 0;
+        int scrolled = 0;
+    };
+    Place place() const;
+    void goTo(const Place& place);
+    void beginReading(const std::filesystem::path& file, const std::optional<Place>& place, bool isQuiet);
+    void showRead(const exiftool::MetadataRead& read, const std::optional<Place>& place, bool isQuiet);
+    void showTitle();
 
     Parts parts_;
+    controls::CommandActions* commands_ = nullptr;
     std::filesystem::path file_;
     platform::FileStamp stamp_;
+    QString fault_;
     QLabel* title_;
     MetadataListModel* model_;
     MetadataListView* list_;

@@ -4,7 +4,6 @@
 #include "controls/PictureView.h"
 #include "dialogs/FileChooser.h"
 #include "dialogs/Messages.h"
-#include "payload/PayloadCommandText.h"
 #include "payload/PayloadFetch.h"
 #include "payload/PayloadTexts.h"
 #include "payload/ThumbnailWrite.h"
@@ -55,17 +54,25 @@ DisplayHexaDialog::DisplayHexaDialog(const jobs::OperationParts& parts, const ta
     setWindowTitle(edit_.title);
     makeViews();
     connectControls();
+    fetch();
+    readPicture();
+}
+
+void DisplayHexaDialog::fetch() {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    const bool isWhole = fetchPayload(parts_.context, parts_.runner, edit_, places_);
+    const std::string fault = fetchPayload(parts_.context, parts_.runner, edit_, places_);
     QGuiApplication::restoreOverrideCursor();
     data_ = platform::MappedFile::Open(places_.fetched);
-    if (data_ != nullptr) {
-        kind_ = kindOfPayload(data_->bytes());
-        hexView_->setBytes(data_->bytes(), data_);
-    }
-    if (!isWhole && parts_.runner.wasStopped()) say(parts_.language.text(text::kReadingStopped));
-    if (auto* button = control<QPushButton>(kSaveAs)) button->setEnabled(data_ != nullptr);
-    readPicture();
+    // A value that was not read is not an empty one.
+    if (!fault.empty() && data_ != nullptr && data_->bytes().empty()) data_.reset();
+    if (data_ != nullptr) hexView_->setBytes(data_->bytes(), data_);
+    if (data_ != nullptr && fault.empty()) kind_ = kindOfPayload(data_->bytes());
+    if (auto* button = control<QPushButton>(kSaveAs)) button->setEnabled(data_ != nullptr && fault.empty());
+    if (fault.empty()) return;
+    const bool isInPart = data_ != nullptr;
+    if (isInPart && parts_.runner.wasStopped()) return say(parts_.language.text(text::kReadingStopped));
+    say(parts_.language.formatted(isInPart ? text::kValueReadInPart : text::kValueNotRead,
+                                  {platform::wide(fault)}));
 }
 
 DisplayHexaDialog::~DisplayHexaDialog() {
@@ -77,7 +84,7 @@ DisplayHexaDialog::~DisplayHexaDialog() {
 }
 
 void DisplayHexaDialog::makeViews() {
-    QWidget* holder = dialogs::findControl(*this, kHolder);
+    QWidget* holder = control<QWidget>(kHolder);
     auto* layout = new QVBoxLayout(holder);
     layout->setContentsMargins(0, 0, 0, 0);
     stack_ = new QStackedWidget(holder);
@@ -105,12 +112,14 @@ void DisplayHexaDialog::connectControls() {
     onClick(dialogs::kOkControl, &DisplayHexaDialog::reject);
     onClick(kSaveAs, &DisplayHexaDialog::save);
     onClick(kAsDump, &DisplayHexaDialog::chooseView);
-    onClick(kAsPicture, &DisplayHexaDialog::chooseView);
-    onClick(kReplace, &DisplayHexaDialog::replaceThumbnail);
-    onClick(kDelete, &DisplayHexaDialog::deleteThumbnail);
-    for (const int id : {kReplace, kDelete})
-        if (QWidget* button = dialogs::findControl(*this, id)) button->setVisible(canWriteThumbnail());
-    if (QWidget* box = dialogs::findControl(*this, kAsPicture)) box->hide();
+    if (templateNumber() == kImageTemplate) {
+        onClick(kAsPicture, &DisplayHexaDialog::chooseView);
+        onClick(kReplace, &DisplayHexaDialog::replaceThumbnail);
+        onClick(kDelete, &DisplayHexaDialog::deleteThumbnail);
+        for (const int id : {kReplace, kDelete})
+            if (auto* button = control<QWidget>(id)) button->setVisible(canWriteThumbnail());
+        if (auto* box = control<QWidget>(kAsPicture)) box->hide();
+    }
 
     auto* copy = new QAction(parts_.language.text(text::kCopyRows), this);
     connect(copy, &QAction::triggered, hexView_, &controls::HexView::copySelection);
@@ -161,7 +170,7 @@ void DisplayHexaDialog::showPicture(const PictureRead& picture) {
 }
 
 void DisplayHexaDialog::chooseView() {
-    const auto* asPicture = control<QCheckBox>(kAsPicture);
+    const auto* asPicture = pictureView_ == nullptr ? nullptr : control<QCheckBox>(kAsPicture);
     auto* asDump = control<QCheckBox>(kAsDump);
     const bool showsPicture = !picture_.empty() && asPicture != nullptr && asPicture->isChecked();
     stack_->setCurrentIndex(showsPicture ? 1 : 0);
@@ -210,37 +219,24 @@ void DisplayHexaDialog::replaceThumbnail() {
                                          edit_.filePath.parent_path()};
     const fs::path chosen = dialogs::chooseFileToOpen(this, question);
     if (chosen.empty()) return;
-    const fs::path usable = isJpegFile(chosen) ? usablePicture(parts_.context, chosen) : fs::path();
-    if (usable.empty()) {
+    if (!isJpegFile(chosen)) {
         const QString message = parts_.language.formatted(text::kNoJpeg, {platform::display(chosen)});
         dialogs::showMessage(this, {message, dialogs::MessageIcon::Exclamation});
         return;
     }
-    writeThumbnail(replaceThumbnailCommand(parts_.context, usable, edit_.filePath));
+    setJob(replaceThumbnailJob(parts_.language.text(text::kReplacingThumbnail), chosen, edit_.filePath));
+    accept();
 }
 
 void DisplayHexaDialog::deleteThumbnail() {
     const QString question =
         parts_.language.formatted(text::kDeleteThumbnail, {platform::display(edit_.filePath.filename())});
-    if (dialogs::showMessage(this, {.text = question,
-                                    .icon = dialogs::MessageIcon::Question,
-                                    .buttons = QMessageBox::Yes | QMessageBox::No}) == QMessageBox::Yes)
-        writeThumbnail(deleteThumbnailCommand(parts_.context, edit_.filePath));
-}
-
-void DisplayHexaDialog::writeThumbnail(const platform::CommandText& command) {
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    const ThumbnailWritten written =
-        payload::writeThumbnail(parts_.context, parts_.runner, edit_.filePath, command);
-    QGuiApplication::restoreOverrideCursor();
-    // The designed form looks at the run alone.
-    const bool isDone =
-        parts_.context.settings.exifTool.correctedCommands ? written.hasChanged : written.wasRun;
-    const QString why = isDone ? written.complaints
-                               : parts_.language.text(text::kThumbnailUnchanged) + u'\n' + written.complaints;
-    if (!why.trimmed().isEmpty())
-        dialogs::showMessage(this, {why.trimmed(), dialogs::MessageIcon::Exclamation});
-    if (isDone) accept();
+    const auto answer = dialogs::showMessage(this, {.text = question,
+                                                    .icon = dialogs::MessageIcon::Question,
+                                                    .buttons = QMessageBox::Yes | QMessageBox::No});
+    if (answer != QMessageBox::Yes) return;
+    setJob(deleteThumbnailJob(parts_.language.text(text::kDeletingThumbnail), edit_.filePath));
+    accept();
 }
 
 void DisplayHexaDialog::tellTooMuchToCopy() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialogs/DarkModeDialogBase.h"
+#include "jobs/JobSource.h"
 #include "jobs/OperationParts.h"
 #include "payload/Payload.h"
 #include "payload/PictureRead.h"
@@ -22,9 +23,10 @@ namespace payload {
 
 /// Shows the bytes of a tag's value as a dump or as text, in the image view as a picture when they are one,
 /// and saves them. In the image view the thumbnail of a JPEG can be replaced or deleted; run() answers 1 only
-/// then, so that the file is read again. The value is fetched when the dialog is made. GUI thread; a picture
-/// is decoded on a thread of the dialog's own.
-class DisplayHexaDialog : public dialogs::DarkModeDialogBase {
+/// then, with that as its job. The value is fetched when the dialog is made; one that could not be read, or
+/// not wholly, is told as such and neither shown as a picture nor saved. GUI thread; a picture is decoded on
+/// a thread of the dialog's own.
+class DisplayHexaDialog : public dialogs::DarkModeDialogBase, public jobs::JobSource {
     Q_OBJECT
 
  public:
@@ -44,6 +46,7 @@ class DisplayHexaDialog : public dialogs::DarkModeDialogBase {
 
  private:
     void makeViews();
+    void fetch();
     void connectControls();
     void readPicture();
     void showPicture(const PictureRead& picture);
@@ -52,7 +55,6 @@ class DisplayHexaDialog : public dialogs::DarkModeDialogBase {
     bool canWriteThumbnail() const;
     void replaceThumbnail();
     void deleteThumbnail();
-    void writeThumbnail(const platform::CommandText& command);
     void tellTooMuchToCopy();
     void say(const QString& text);
 

@@ -2,15 +2,11 @@
 
 #include "dialogs/FileChooser.h"
 #include "dialogs/Messages.h"
-#include "exiftool/ReportFile.h"
 #include "payload/PayloadTexts.h"
-#include "payload/ThumbnailWrite.h"
 #include "platform/Text.h"
 
 #include <QAbstractButton>
-#include <QLabel>
 #include <QLineEdit>
-#include <algorithm>
 #include <utility>
 
 namespace payload {
@@ -19,10 +15,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-enum Control { kFolder = 955, kChoose = 1097, kProgress = 1943 };
-
-/// More names than these are left out of the report.
-constexpr std::size_t kMostNames = 100;
+enum Control { kFolder = 955, kChoose = 1097 };
 
 }  // namespace
 
@@ -31,8 +24,7 @@ ExportDialogPayload::ExportDialogPayload(const jobs::OperationParts& parts, std:
     : DarkModeDialogBase(parts.language, templateNumber, parent),
       parts_(parts),
       files_(std::move(files)),
-      edit_(control<QLineEdit>(kFolder)),
-      progressLabel_(control<QLabel>(kProgress)) {
+      edit_(control<QLineEdit>(kFolder)) {
     if (!hasForm()) return;
     if (auto* choose = control<QAbstractButton>(kChoose))
         connect(choose, &QAbstractButton::clicked, this, &ExportDialogPayload::chooseFolder);
@@ -73,69 +65,30 @@ void ExportDialogPayload::accept() {
         edit_->setFocus();
         return refuse(parts_.language.formatted(text::kNoSuchFolder, {edit_->text()}));
     }
-    PayloadExporter exporter(parts_.context, parts_.runner, fs::absolute(folder(), error), files_);
-    const fs::path existing =
-        parts_.context.settings.exifTool.correctedCommands ? exporter.firstExisting(chosen) : fs::path();
-    if (!existing.empty()) {
-        const auto answer = dialogs::showMessage(
-            this,
-            {.text = parts_.language.formatted(text::kTargetExists, {platform::display(existing.filename())}),
-             .icon = dialogs::MessageIcon::Question,
-             .buttons = QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel});
-        if (answer == QMessageBox::Cancel) return;
-        exporter.setReplaceExisting(answer == QMessageBox::Yes);
-    }
+    PayloadExporter exporter(fs::absolute(folder(), error), files_);
+    if (!decideAboutExisting(exporter, chosen)) return;
     parts_.context.settings.batch.defaultSavePath = edit_->text();
-    exportAll(exporter, chosen);
+    setJob(exportPayloadsJob(jobTitle(chosen), std::move(exporter), chosen));
     DarkModeDialogBase::accept();
 }
 
-void ExportDialogPayload::exportAll(PayloadExporter& exporter, const std::vector<PayloadExport>& chosen) {
-    const QString what =
-        QString::fromUtf8(chosen.front().tag.data(), static_cast<qsizetype>(chosen.front().tag.size()));
-    const jobs::FileProgressScope scope(
-        parts_.progress,
-        chosen.size() == 1 ? parts_.language.formatted(text::kExportProgress, {what}) : windowTitle(),
-        chosen.size() * files_.size());
-    std::size_t before = 0;
-    for (const PayloadExport& payload : chosen) {
-        if (!exportKind(exporter, payload, before)) return;
-        before += files_.size();
-    }
+bool ExportDialogPayload::decideAboutExisting(PayloadExporter& exporter,
+                                              const std::vector<PayloadExport>& chosen) {
+    if (!parts_.context.settings.exifTool.correctedCommands) return true;
+    const fs::path existing = exporter.firstExisting(chosen);
+    if (existing.empty()) return true;
+    const auto answer = dialogs::showMessage(
+        this,
+        {.text = parts_.language.formatted(text::kTargetExists, {platform::display(existing.filename())}),
+         .icon = dialogs::MessageIcon::Question,
+         .buttons = QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel});
+    exporter.setReplaceExisting(answer == QMessageBox::Yes);
+    return answer != QMessageBox::Cancel;
 }
 
-bool ExportDialogPayload::exportKind(PayloadExporter& exporter, const PayloadExport& payload,
-                                     std::size_t before) {
-    std::vector<fs::path> withoutData;
-    bool goesOn = true;
-    for (std::size_t index = 0; index < files_.size() && goesOn; ++index) {
-        const fs::path& file = files_[index];
-        progressLabel_->setText(
-            app::formatText(u"%s  (%d / %u)", {platform::display(file.filename()), QString::number(index + 1),
-                                               QString::number(files_.size())}));
-        progressLabel_->repaint();
-        goesOn = parts_.progress.showFile(file, before + index + 1);
-        if (!goesOn) break;
-        const PayloadExporter::Outcome outcome = exporter.Export(payload, file);
-        if (outcome == PayloadExporter::Outcome::NoData) withoutData.push_back(file);
-        if (outcome != PayloadExporter::Outcome::Stopped) continue;
-        tellFilesLeft(parts_.context, files_.size() - index - 1);
-        goesOn = false;
-    }
-    tellFilesWithoutData(payload, withoutData);
-    return goesOn;
-}
-
-void ExportDialogPayload::tellFilesWithoutData(const PayloadExport& payload,
-                                               const std::vector<fs::path>& withoutData) {
-    if (withoutData.empty()) return;
-    const QString what = QString::fromUtf8(payload.tag.data(), static_cast<qsizetype>(payload.tag.size()));
-    const QString told = parts_.language.formatted(
-        text::kFilesWithoutData, {QString::number(withoutData.size()), QString::number(files_.size()), what});
-    exiftool::appendToReport(parts_.context, platform::narrow(told));
-    for (std::size_t index = 0; index < std::min(kMostNames, withoutData.size()); ++index)
-        exiftool::appendToReport(parts_.context, "    " + platform::narrow(withoutData[index].filename()));
-    if (withoutData.size() > kMostNames) exiftool::appendToReport(parts_.context, "    ...");
+QString ExportDialogPayload::jobTitle(const std::vector<PayloadExport>& chosen) const {
+    if (chosen.size() > 1) return windowTitle();
+    return parts_.language.formatted(text::kExportProgress, {platform::wide(chosen.front().tag)});
 }
 
 }  // namespace payload

@@ -1,21 +1,20 @@
 #pragma once
 
 #include "dialogs/DarkModeDialogBase.h"
+#include "jobs/JobSource.h"
 #include "jobs/OperationParts.h"
 #include "payload/PayloadExporter.h"
 
 #include <filesystem>
-#include <map>
 #include <vector>
 
-class QLabel;
 class QLineEdit;
 
 namespace payload {
 
-/// What the dialogs have in common that write embedded data of the selected files out into a folder. run()
-/// answers 1 when the files were gone through; what became of them stands in the report. GUI thread.
-class ExportDialogPayload : public dialogs::DarkModeDialogBase {
+/// What the dialogs have in common that write embedded data of the selected files out into a folder. GUI
+/// thread.
+class ExportDialogPayload : public dialogs::DarkModeDialogBase, public jobs::JobSource {
     Q_OBJECT
 
  public:
@@ -35,16 +34,14 @@ class ExportDialogPayload : public dialogs::DarkModeDialogBase {
     void chooseFolder();
     std::filesystem::path folder() const;
     void refuse(const QString& why);
-    void exportAll(PayloadExporter& exporter, const std::vector<PayloadExport>& chosen);
-    bool exportKind(PayloadExporter& exporter, const PayloadExport& payload, std::size_t before);
-    void tellFilesWithoutData(const PayloadExport& payload,
-                              const std::vector<std::filesystem::path>& withoutData);
+    /// False when the user wants to think again.
+    bool decideAboutExisting(PayloadExporter& exporter, const std::vector<PayloadExport>& chosen);
+    QString jobTitle(const std::vector<PayloadExport>& chosen) const;
 
     jobs::OperationParts parts_;
     std::vector<std::filesystem::path> files_;
     std::filesystem::path chosen_;  ///< by the button; its text cannot always be turned back into it
     QLineEdit* edit_;
-    QLabel* progressLabel_;
 };
 
 }  // namespace payload

@@ -52,6 +52,10 @@ bool standsForBinaryData(QStringView value) {
     return value.startsWith(u"(Binary data", Qt::CaseInsensitive);
 }
 
+bool standsForNoBytes(QStringView value) {
+    return value.startsWith(u"(Binary data 0 ", Qt::CaseInsensitive);
+}
+
 PayloadPlaces::PayloadPlaces(const fs::path& tempPath, QStringView tag) {
     const std::string name = fileNameOf(tag);
     fetched = tempPath / (name + ".bin");

@@ -21,6 +21,8 @@ PayloadKind kindOfPayload(std::span<const unsigned char> bytes);
 
 /// Whether the panel holds ExifTool's "(Binary data ..." in the place of the value.
 bool standsForBinaryData(QStringView value);
+/// Whether that says itself that there are 0 bytes.
+bool standsForNoBytes(QStringView value);
 
 /// Where the bytes of a value, and its picture, are kept in the temp folder. Named after the tag, whose name
 /// comes out of a file: characters that a tag's name does not have become "_".

@@ -6,15 +6,21 @@
 
 namespace payload {
 
-bool fetchPayload(const app::AppContext& context, exiftool::ToolRunner& runner,
-                  const tags::TagEditContext& edit, const PayloadPlaces& places) {
+std::string fetchPayload(const app::AppContext& context, exiftool::ToolRunner& runner,
+                         const tags::TagEditContext& edit, const PayloadPlaces& places) {
     std::error_code error;
     std::filesystem::remove(places.fetched, error);
     if (!standsForBinaryData(edit.value))
-        return platform::replaceFile(places.fetched, platform::narrow(edit.value)).empty();
+        return platform::replaceFile(places.fetched, platform::narrow(edit.value));
     const platform::CommandText command =
         fetchPayloadCommand(context, edit.group, edit.title, edit.filePath, places.fetched);
-    return !command.empty() && runner.RunToolLine(command) != 0 && !runner.wasStopped();
+    if (command.empty()) return "This is not the name of a tag";
+    static_cast<void>(runner.RunToolLine(command));
+    std::string fault = runner.lastFaultOfRead(places.fetched);
+    if (!fault.empty() || standsForNoBytes(edit.value)) return fault;
+    // A tool may also end well and bring nothing.
+    const bool hasBytes = std::filesystem::file_size(places.fetched, error) > 0 && !error;
+    return hasBytes ? std::string() : "ExifTool brought no data";
 }
 
 }  // namespace payload

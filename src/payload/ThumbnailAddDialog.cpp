@@ -2,17 +2,12 @@
 
 #include "dialogs/FileChooser.h"
 #include "dialogs/Messages.h"
-#include "exiftool/ReportFile.h"
-#include "payload/PayloadCommandText.h"
 #include "payload/PayloadTexts.h"
 #include "payload/ThumbnailWrite.h"
 #include "platform/Text.h"
 
 #include <QAbstractButton>
-#include <QEventLoop>
 #include <QLineEdit>
-#include <QTimer>
-#include <chrono>
 
 namespace payload {
 
@@ -21,14 +16,6 @@ namespace fs = std::filesystem;
 namespace {
 
 enum Control { kPicture = 1321, kChoose = 1097 };
-
-constexpr std::chrono::milliseconds kDesignedPause{300};
-
-void pauseBetweenFiles() {
-    QEventLoop loop;
-    QTimer::singleShot(kDesignedPause, &loop, &QEventLoop::quit);
-    loop.exec(QEventLoop::ExcludeUserInputEvents);
-}
 
 }  // namespace
 
@@ -63,32 +50,14 @@ fs::path ThumbnailAddDialog::picture() const {
 }
 
 void ThumbnailAddDialog::accept() {
-    const fs::path usable = isJpegFile(picture()) ? usablePicture(parts_.context, picture()) : fs::path();
-    if (usable.empty()) {
+    if (!isJpegFile(picture())) {
         dialogs::showMessage(this, {parts_.language.formatted(text::kNoJpeg, {edit_->text()}),
                                     dialogs::MessageIcon::Exclamation});
         edit_->setFocus();
         return;
     }
-    embed(usable);
+    setJob(embedThumbnailJob(parts_.language.text(text::kEmbedProgress), picture(), files_));
     DarkModeDialogBase::accept();
-}
-
-void ThumbnailAddDialog::embed(const fs::path& usable) {
-    const bool corrected = parts_.context.settings.exifTool.correctedCommands;
-    const jobs::FileProgressScope scope(parts_.progress, parts_.language.text(text::kEmbedProgress),
-                                        files_.size());
-    for (std::size_t index = 0; index < files_.size(); ++index) {
-        const fs::path& file = files_[index];
-        if (!parts_.progress.showFile(file, index + 1)) return;
-        writeThumbnail(parts_.context, parts_.runner, file,
-                       addThumbnailCommand(parts_.context, usable, file));
-        if (parts_.runner.wasStopped()) {
-            tellFilesLeft(parts_.context, files_.size() - index - 1);
-            return;
-        }
-        if (!corrected) pauseBetweenFiles();
-    }
 }
 
 }  // namespace payload

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialogs/DarkModeDialogBase.h"
+#include "jobs/JobSource.h"
 #include "jobs/OperationParts.h"
 
 #include <filesystem>
@@ -10,9 +11,8 @@ class QLineEdit;
 
 namespace payload {
 
-/// Asks for a JPEG and makes it the thumbnail of all files of a selection. run() answers 1 when the files
-/// were gone through; what became of each stands in the report. GUI thread.
-class ThumbnailAddDialog : public dialogs::DarkModeDialogBase {
+/// Asks for a JPEG that becomes the thumbnail of all files of a selection. GUI thread.
+class ThumbnailAddDialog : public dialogs::DarkModeDialogBase, public jobs::JobSource {
     Q_OBJECT
 
  public:
@@ -27,7 +27,6 @@ class ThumbnailAddDialog : public dialogs::DarkModeDialogBase {
  private:
     void choosePicture();
     std::filesystem::path picture() const;
-    void embed(const std::filesystem::path& usable);
 
     jobs::OperationParts parts_;
     std::vector<std::filesystem::path> files_;

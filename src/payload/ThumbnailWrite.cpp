@@ -1,40 +1,49 @@
 #include "payload/ThumbnailWrite.h"
 
 #include "exiftool/LineParts.h"
-#include "exiftool/ReportFile.h"
 #include "payload/Payload.h"
 #include "payload/PayloadCommandText.h"
 #include "platform/FileCopy.h"
+#include "platform/FileIdentity.h"
 #include "platform/MappedFile.h"
 #include "platform/Text.h"
 
-#include <sys/stat.h>
-
-#include <fstream>
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+#include <system_error>
 
 namespace payload {
 
 namespace fs = std::filesystem;
+using exiftool::Outcome;
+using exiftool::OutcomeKind;
 
 namespace {
 
 constexpr const char* kPlainName = "NewThumbnail.jpg";
-constexpr std::size_t kMostShown = 4096;
+constexpr std::chrono::milliseconds kDesignedPause{300};
 
-/// ExifTool writes a new file and renames it, which changes the number of the file's entry.
-bool isSameFile(const struct stat& before, const struct stat& after) {
-    return before.st_ino == after.st_ino && before.st_dev == after.st_dev &&
-           before.st_size == after.st_size && before.st_ctim.tv_sec == after.st_ctim.tv_sec &&
-           before.st_ctim.tv_nsec == after.st_ctim.tv_nsec;
+using PictureLine = platform::CommandText (*)(const app::AppContext& context, const fs::path& picture,
+                                              const fs::path& file);
+
+Outcome writeThumbnail(jobs::JobWork& work, const fs::path& file, const platform::CommandText& command) {
+    work.runner.copyForSafety(file);
+    return work.runner.runWriteLine(file, command);
 }
 
-QString reportBehind(const app::AppContext& context, std::uintmax_t offset) {
-    std::ifstream stream(context.reportFile, std::ios::binary);
-    stream.seekg(static_cast<std::streamoff>(offset));
-    std::string text(kMostShown, '\0');
-    stream.read(text.data(), static_cast<std::streamsize>(text.size()));
-    text.resize(static_cast<std::size_t>(stream.gcount()));
-    return platform::wide(text);
+Outcome writePicture(jobs::JobWork& work, const fs::path& picture, const fs::path& file, PictureLine line) {
+    const fs::path usable = usablePicture(work.context, picture);
+    if (usable.empty())
+        return {file, OutcomeKind::NotStarted, "Cannot be copied - " + platform::narrow(picture)};
+    return writeThumbnail(work, file, line(work.context, usable, file));
+}
+
+/// Ends early when the job is stopped.
+void rest(const std::stop_token& stop) {
+    std::mutex mutex;
+    std::unique_lock lock(mutex);
+    std::condition_variable_any().wait_for(lock, stop, kDesignedPause, [] { return false; });
 }
 
 }  // namespace
@@ -51,24 +60,40 @@ bool isJpegFile(const fs::path& file) {
     return mapped != nullptr && kindOfPayload(mapped->bytes()) == PayloadKind::Jpeg;
 }
 
-ThumbnailWritten writeThumbnail(const app::AppContext& context, exiftool::ToolRunner& runner,
-                                const fs::path& file, const platform::CommandText& command) {
-    ThumbnailWritten written;
-    runner.copyForSafety(file);
-    struct stat before {};
-    struct stat after {};
-    const bool wasThere = ::stat(file.c_str(), &before) == 0;
-    const std::uintmax_t reported = exiftool::reportSize(context);
-    written.wasRun = runner.runWriteLine({file}, command) != 0;
-    written.hasChanged = wasThere && ::stat(file.c_str(), &after) == 0 && !isSameFile(before, after);
-    if (context.settings.exifTool.correctedCommands) written.complaints = reportBehind(context, reported);
-    return written;
+jobs::Job replaceThumbnailJob(const QString& title, const fs::path& picture, const fs::path& file) {
+    jobs::Job job{.title = title, .files = {file}};
+    job.workOnFile = [picture](jobs::JobWork& work, const fs::path& one) {
+        return writePicture(work, picture, one, replaceThumbnailCommand);
+    };
+    return job;
 }
 
-void tellFilesLeft(const app::AppContext& context, std::size_t left) {
-    if (left == 0) return;
-    exiftool::appendToReport(context, "Warning: Stopped - " + std::to_string(left) +
-                                          (left == 1 ? " file was" : " files were") + " not begun");
+jobs::Job deleteThumbnailJob(const QString& title, const fs::path& file) {
+    jobs::Job job{.title = title, .files = {file}};
+    job.workOnFile = [](jobs::JobWork& work, const fs::path& one) {
+        return writeThumbnail(work, one, deleteThumbnailCommand(work.context, one));
+    };
+    return job;
+}
+
+jobs::Job embedThumbnailJob(const QString& title, const fs::path& picture,
+                            const std::vector<fs::path>& files) {
+    jobs::Job job{.title = title, .files = files};
+    job.workOnFile = [picture](jobs::JobWork& work, const fs::path& file) {
+        const bool isDesigned = !work.context.settings.exifTool.correctedCommands;
+        // The line empties the report too, but only after its end has been noted, behind which the words of
+        // this file are looked for.
+        std::error_code ignored;
+        if (isDesigned) fs::remove(work.context.reportFile, ignored);
+        Outcome outcome = writePicture(work, picture, file, addThumbnailCommand);
+        if (isDesigned) rest(work.stop);
+        return outcome;
+    };
+    job.sameForAll = [picture](const app::AppContext& context, const fs::path& file) {
+        const fs::path usable = usablePicture(context, picture);
+        return usable.empty() ? platform::CommandText() : addThumbnailCommand(context, usable, file);
+    };
+    return job;
 }
 
 }  // namespace payload

@@ -1,12 +1,14 @@
 #pragma once
 
 #include "app/AppContext.h"
-#include "exiftool/ToolRunner.h"
-#include "platform/CommandText.h"
+#include "exiftool/Outcome.h"
+#include "jobs/Job.h"
 
 #include <QString>
 #include <filesystem>
+#include <vector>
 
+/// What the thumbnail dialogs leave to be done. Every write has a safety copy before it when they are on.
 namespace payload {
 
 /// The picture under a name that ExifTool takes as it is: in the corrected form a copy in the temp folder,
@@ -16,17 +18,14 @@ std::filesystem::path usablePicture(const app::AppContext& context, const std::f
 /// Whether the file begins like a JPEG.
 bool isJpegFile(const std::filesystem::path& file);
 
-struct ThumbnailWritten {
-    bool wasRun = false;
-    bool hasChanged = false;  ///< another file stands in the old one's place
-    QString complaints;       ///< what ExifTool said in the report, in the corrected form
-};
+/// The picture becomes the thumbnail of the one file, or the file loses its thumbnail.
+jobs::Job replaceThumbnailJob(const QString& title, const std::filesystem::path& picture,
+                              const std::filesystem::path& file);
+jobs::Job deleteThumbnailJob(const QString& title, const std::filesystem::path& file);
 
-/// Runs a line that writes the file's thumbnail, a safety copy first when they are on.
-ThumbnailWritten writeThumbnail(const app::AppContext& context, exiftool::ToolRunner& runner,
-                                const std::filesystem::path& file, const platform::CommandText& command);
-
-/// Says in the report how many files an operation that the user stopped has not begun.
-void tellFilesLeft(const app::AppContext& context, std::size_t left);
+/// The picture becomes the thumbnail of each file. In the designed form every file's complaints replace those
+/// of the file before in the report, and the job rests a little behind each file.
+jobs::Job embedThumbnailJob(const QString& title, const std::filesystem::path& picture,
+                            const std::vector<std::filesystem::path>& files);
 
 }  // namespace payload

@@ -66,7 +66,7 @@ void CopyTagsDialog::accept() {
             this, {parts_.language.formatted(refusal, {edit_->text()}), dialogs::MessageIcon::Exclamation});
         return;
     }
-    copyTags(parts_, windowTitle(), chosen, from, files_);
+    setJob(copyTagsJob(windowTitle(), chosen, from, files_));
     DarkModeDialogBase::accept();
 }
 

@@ -2,6 +2,7 @@
 
 #include "dialogs/DarkModeDialogBase.h"
 #include "exiftool/WriteCommands.h"
+#include "jobs/JobSource.h"
 #include "jobs/OperationParts.h"
 
 #include <filesystem>
@@ -13,7 +14,7 @@ namespace taglists {
 
 /// Commands 10062 and 10065: copies the tags of the chosen families from one file to the files. Stays open
 /// while there is no such source or no family is chosen.
-class CopyTagsDialog : public dialogs::DarkModeDialogBase {
+class CopyTagsDialog : public dialogs::DarkModeDialogBase, public jobs::JobSource {
     Q_OBJECT
 
  public:

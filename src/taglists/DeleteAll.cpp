@@ -82,7 +82,7 @@ void DeleteAll::accept() {
         return;
     }
     const bool makeCopies = !parts_.context.settings.exifTool.correctedCommands || settings_.safetyCopy;
-    deleteAllTags(parts_, windowTitle(), choice, makeCopies, files_);
+    setJob(deleteAllTagsJob(windowTitle(), choice, makeCopies, files_));
     DarkModeDialogBase::accept();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialogs/DarkModeDialogBase.h"
+#include "jobs/JobSource.h"
 #include "jobs/OperationParts.h"
 #include "taglists/RemovalLines.h"
 
@@ -12,7 +13,7 @@ namespace taglists {
 /// Command 176: removes everything, or the families that are chosen, from the files. What it offers besides
 /// (safety copies, the files' dates) it keeps in the settings. In the designed form the boxes of EXIF and
 /// IPTC are what is kept, and the two boxes below only show it.
-class DeleteAll : public dialogs::DarkModeDialogBase {
+class DeleteAll : public dialogs::DarkModeDialogBase, public jobs::JobSource {
     Q_OBJECT
 
  public:

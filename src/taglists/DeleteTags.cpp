@@ -1,25 +1,21 @@
 #include "taglists/DeleteTags.h"
 
+#include "exiftool/WriteTag.h"
+#include "platform/Text.h"
+
 #include <algorithm>
 
 namespace taglists {
 
 namespace {
 
-std::string utf8(QStringView text) {
-    return text.toUtf8().toStdString();
-}
-
-std::string utf8(std::u16string_view text) {
-    return utf8(QStringView(text.data(), static_cast<qsizetype>(text.size())));
-}
-
 std::optional<TagAddress> addressOf(const jobs::OperationParts& parts, const tags::MetadataRow& row) {
-    if (!parts.context.settings.exifTool.correctedCommands) return TagAddress{utf8(row.group), utf8(row.tag)};
+    if (!parts.context.settings.exifTool.correctedCommands)
+        return TagAddress{platform::narrow(row.group), platform::narrow(row.tag)};
     if (row.tagId < 0) return std::nullopt;
     const auto record = parts.dictionary.FindTagById(static_cast<std::uint32_t>(row.tagId));
     if (!record || !record->writable) return std::nullopt;
-    return TagAddress{utf8(record->group), utf8(record->name)};
+    return TagAddress{platform::narrow(record->group), platform::narrow(record->name)};
 }
 
 }  // namespace
@@ -35,12 +31,17 @@ std::vector<TagAddress> addressesOf(const jobs::OperationParts& parts,
     return addresses;
 }
 
-exiftool::TagWriteResult deleteTags(const jobs::OperationParts& parts, const std::vector<TagAddress>& tags,
-                                    const std::filesystem::path& file) {
-    if (tags.empty() && parts.context.settings.exifTool.correctedCommands) return {};
-    parts.runner.copyForSafety(file);
-    return exiftool::runTagWrite(parts.context, parts.runner, file,
-                                 removeTagsOfFileCommand(parts.context, tags, file));
+jobs::Job deleteTagsJob(const jobs::OperationParts& parts, const QString& title,
+                        const std::vector<TagAddress>& tags, const std::filesystem::path& file) {
+    jobs::Job job{.title = title};
+    if (tags.empty() && parts.context.settings.exifTool.correctedCommands) return job;
+    job.files = {file};
+    job.workOnFile = [tags](jobs::JobWork& work, const std::filesystem::path& one) {
+        work.runner.copyForSafety(one);
+        return exiftool::runTagWrite(work.context, work.runner, one,
+                                     removeTagsOfFileCommand(work.context, tags, one));
+    };
+    return job;
 }
 
 }  // namespace taglists

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "exiftool/WriteTag.h"
+#include "jobs/Job.h"
 #include "jobs/OperationParts.h"
 #include "taglists/RemovalLines.h"
 #include "tags/OutputParser.h"
@@ -16,9 +16,8 @@ namespace taglists {
 std::vector<TagAddress> addressesOf(const jobs::OperationParts& parts,
                                     const std::vector<tags::MetadataRow>& rows);
 
-/// One run after a safety copy. Without an address the corrected form runs nothing. Blocks until ExifTool has
-/// ended.
-exiftool::TagWriteResult deleteTags(const jobs::OperationParts& parts, const std::vector<TagAddress>& tags,
-                                    const std::filesystem::path& file);
+/// One run after a safety copy. Without an address the corrected form has nothing to do: a job without files.
+jobs::Job deleteTagsJob(const jobs::OperationParts& parts, const QString& title,
+                        const std::vector<TagAddress>& tags, const std::filesystem::path& file);
 
 }  // namespace taglists

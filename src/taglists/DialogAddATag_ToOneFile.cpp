@@ -35,8 +35,8 @@ DialogAddATag_ToOneFile::DialogAddATag_ToOneFile(const jobs::OperationParts& par
     });
 }
 
-int DialogAddATag_ToOneFile::writeFile(const TagRows& rows, const std::filesystem::path& file) {
-    return AddATagToFile(parts(), rows, group_, file);
+jobs::Job DialogAddATag_ToOneFile::jobOf(const TagRows& rows) {
+    return addATagJob(parts(), windowTitle(), rows, group_, files().front());
 }
 
 }  // namespace taglists

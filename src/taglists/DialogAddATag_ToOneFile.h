@@ -16,7 +16,7 @@ class DialogAddATag_ToOneFile : public TagValuesDialog {
                             const std::filesystem::path& file, QWidget* parent);
 
  protected:
-    int writeFile(const TagRows& rows, const std::filesystem::path& file) override;
+    jobs::Job jobOf(const TagRows& rows) override;
 
  private:
     QString group_;

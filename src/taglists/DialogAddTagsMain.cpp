@@ -1,5 +1,6 @@
 #include "taglists/DialogAddTagsMain.h"
 
+#include "platform/Text.h"
 #include "taglists/TagListTexts.h"
 
 namespace taglists {
@@ -9,14 +10,10 @@ namespace {
 constexpr int kNameWidth = 220;
 constexpr int kKindWidth = 22;
 
-QString textOf(std::string_view bytes) {
-    return QString::fromLatin1(bytes.data(), static_cast<qsizetype>(bytes.size()));
-}
-
 TagValuesDialog::Task taskOf(const jobs::OperationParts& parts, int commandId,
                              std::vector<std::filesystem::path> files) {
     const QString title = parts.language.formatted(
-        text::kAddTitle, {textOf(addTagsGroupOf(commandId).group), filesText(parts.language, files)});
+        text::kAddTitle, {platform::wide(addTagsGroupOf(commandId).group), filesText(parts.language, files)});
     return {DialogAddTagsMain::kTemplate,
             title,
             std::move(files),
@@ -37,8 +34,8 @@ DialogAddTagsMain::DialogAddTagsMain(const jobs::OperationParts& parts, int comm
          });
 }
 
-int DialogAddTagsMain::writeFile(const TagRows& rows, const std::filesystem::path& file) {
-    return AddTagsToFile(parts(), rows, textOf(group_.group), file);
+jobs::Job DialogAddTagsMain::jobOf(const TagRows& rows) {
+    return addTagsJob(parts(), windowTitle(), rows, platform::wide(group_.group), files());
 }
 
 }  // namespace taglists

@@ -17,7 +17,7 @@ class DialogAddTagsMain : public TagValuesDialog {
                       std::vector<std::filesystem::path> files, QWidget* parent);
 
  protected:
-    int writeFile(const TagRows& rows, const std::filesystem::path& file) override;
+    jobs::Job jobOf(const TagRows& rows) override;
 
  private:
     const AddTagsGroup& group_;

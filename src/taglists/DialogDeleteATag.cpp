@@ -22,7 +22,7 @@ DialogDeleteATag::DialogDeleteATag(const jobs::OperationParts& parts, const tags
 }
 
 void DialogDeleteATag::accept() {
-    result_ = deleteTags(parts_, addressesOf(parts_, {row_}), file_);
+    setJob(deleteTagsJob(parts_, row_.tag, addressesOf(parts_, {row_}), file_));
     DarkModeDialogBase::accept();
 }
 

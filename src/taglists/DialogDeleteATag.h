@@ -1,12 +1,13 @@
 #pragma once
 
 #include "dialogs/DarkModeDialogBase.h"
+#include "jobs/JobSource.h"
 #include "taglists/DeleteTags.h"
 
 namespace taglists {
 
 /// Asks before a tag of the shown file is deleted, and deletes it on OK.
-class DialogDeleteATag : public dialogs::DarkModeDialogBase {
+class DialogDeleteATag : public dialogs::DarkModeDialogBase, public jobs::JobSource {
     Q_OBJECT
 
  public:
@@ -16,14 +17,11 @@ class DialogDeleteATag : public dialogs::DarkModeDialogBase {
                      std::filesystem::path file, QWidget* parent);
 
     void accept() override;
-    /// How it went, once the dialog has ended with 1.
-    const exiftool::TagWriteResult& result() const { return result_; }
 
  private:
     jobs::OperationParts parts_;
     tags::MetadataRow row_;
     std::filesystem::path file_;
-    exiftool::TagWriteResult result_;
 };
 
 }  // namespace taglists

@@ -29,7 +29,7 @@ DialogDeleteGroup_FromOneFile::DialogDeleteGroup_FromOneFile(const jobs::Operati
 }
 
 void DialogDeleteGroup_FromOneFile::accept() {
-    result_ = deleteTags(parts_, tags_, file_);
+    setJob(deleteTagsJob(parts_, windowTitle(), tags_, file_));
     DarkModeDialogBase::accept();
 }
 

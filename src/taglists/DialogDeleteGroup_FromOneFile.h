@@ -1,13 +1,14 @@
 #pragma once
 
 #include "dialogs/DarkModeDialogBase.h"
+#include "jobs/JobSource.h"
 #include "taglists/DeleteTags.h"
 
 namespace taglists {
 
 /// Asks before the tags of a group of the shown file are deleted, shows which these are, and deletes them on
 /// OK.
-class DialogDeleteGroup_FromOneFile : public dialogs::DarkModeDialogBase {
+class DialogDeleteGroup_FromOneFile : public dialogs::DarkModeDialogBase, public jobs::JobSource {
     Q_OBJECT
 
  public:
@@ -19,14 +20,11 @@ class DialogDeleteGroup_FromOneFile : public dialogs::DarkModeDialogBase {
                                   QWidget* parent);
 
     void accept() override;
-    /// How it went, once the dialog has ended with 1.
-    const exiftool::TagWriteResult& result() const { return result_; }
 
  private:
     jobs::OperationParts parts_;
     std::vector<TagAddress> tags_;
     std::filesystem::path file_;
-    exiftool::TagWriteResult result_;
 };
 
 }  // namespace taglists

@@ -2,6 +2,7 @@
 
 #include "dialogs/FileChooser.h"
 #include "dialogs/Messages.h"
+#include "platform/AtomicFile.h"
 #include "platform/Text.h"
 #include "taglists/TagListTexts.h"
 #include "taglists/ValuesFile.h"
@@ -11,8 +12,6 @@
 #include <QLineEdit>
 #include <QLocale>
 #include <QToolButton>
-#include <fstream>
-#include <iterator>
 
 namespace taglists {
 
@@ -22,15 +21,7 @@ constexpr int kNameWidth = 200;
 constexpr int kGroupWidth = 90;
 constexpr int kKindWidth = 16;
 /// No list of values is longer; anything that is, is another kind of file.
-constexpr std::uintmax_t kLargestValuesFile = 16 << 20;
-
-std::optional<std::string> bytesOf(const std::filesystem::path& file) {
-    std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(file, error);
-    std::ifstream stream(file, std::ios::binary);
-    if (error || size > kLargestValuesFile || !stream.is_open()) return std::nullopt;
-    return std::string(std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>());
-}
+constexpr std::size_t kLargestValuesFile = 16 << 20;
 
 TagValuesDialog::Task taskOf(const jobs::OperationParts& parts, int commandId,
                              std::vector<std::filesystem::path> files) {
@@ -98,10 +89,12 @@ void DialogModifMain::chooseValuesFile() {
 
 void DialogModifMain::loadValues(const std::filesystem::path& file) {
     const ValuesFileForm form = isCorrected() ? ValuesFileForm::Corrected : ValuesFileForm::Designed;
-    const std::optional<std::string> bytes = bytesOf(file);
-    const std::vector<NamedValue> values = bytes ? parseValuesFile(*bytes, form) : std::vector<NamedValue>();
+    const platform::FileContent content = platform::readRegularFile(file, kLargestValuesFile);
+    const bool isRead = content.status == platform::FileContent::Status::Read;
+    const std::vector<NamedValue> values =
+        isRead ? parseValuesFile(content.bytes, form) : std::vector<NamedValue>();
     if (values.empty()) {
-        if (isCorrected() || !bytes)
+        if (isCorrected() || !isRead)
             dialogs::showMessage(
                 this, {.text = parts().language.formatted(text::kNoValuesInFile, {platform::display(file)}),
                        .icon = dialogs::MessageIcon::Exclamation});
@@ -118,8 +111,8 @@ void DialogModifMain::loadValues(const std::filesystem::path& file) {
                                            locale.toString(static_cast<qulonglong>(loaded.unknown))}));
 }
 
-int DialogModifMain::writeFile(const TagRows& rows, const std::filesystem::path& file) {
-    return modifyFile(parts(), mode_, rows, file);
+jobs::Job DialogModifMain::jobOf(const TagRows& rows) {
+    return modifyFilesJob(parts(), windowTitle(), mode_, rows, files());
 }
 
 }  // namespace taglists

@@ -21,8 +21,7 @@ class DialogModifMain : public TagValuesDialog {
     void loadValues(const std::filesystem::path& file);
 
  protected:
-    int writeFile(const TagRows& rows, const std::filesystem::path& file) override;
-    int result() const override { return 1; }
+    jobs::Job jobOf(const TagRows& rows) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:

@@ -45,15 +45,15 @@ DialogRemoveTags::DialogRemoveTags(const jobs::OperationParts& parts,
       files_(std::move(files)) {
     setWindowTitle(parts.language.formatted(text::kRemoveTags, {filesText(parts.language, files_.size())}));
     if (list() == nullptr) return;
-    list()->model().setRows(rowsOf(parts, readHeldTags(parts, files_), files_.size()));
+    const HeldTagsRead held = readHeldTags(parts, files_);
+    showHeldTags(rowsOf(parts, held.tags, files_.size()), held.fault);
     list()->setColumnWidths(kWidths);
 }
 
 void DialogRemoveTags::accept() {
     const std::vector<TagAddress> ticked = tickedTags();
     if (isNothing(ticked, this)) return;
-    removeTagsFromFiles(parts(), windowTitle(), ticked, files_,
-                        [this](const QString& message) { tellLeftOut(message); });
+    setJob(removeTagsJob(windowTitle(), ticked, files_));
     TickedTagsDialog::accept();
 }
 
@@ -66,18 +66,16 @@ DialogRemoveATag_FromOneFile::DialogRemoveATag_FromOneFile(const jobs::Operation
     setWindowTitle(group.isEmpty() ? parts.language.text(text::kRemoveTagsOfFile)
                                    : parts.language.formatted(text::kRemoveTagsOfGroup, {shortGroup}));
     if (list() == nullptr) return;
-    const std::vector<HeldTag> held = group.isEmpty()
-                                          ? readHeldTags(parts, {file_})
-                                          : readHeldTagsOfGroup(parts, file_, shortGroup.toStdString());
-    list()->model().setRows(rowsOf(parts, held, 1));
+    const HeldTagsRead held = group.isEmpty() ? readHeldTags(parts, {file_})
+                                              : readHeldTagsOfGroup(parts, file_, shortGroup.toStdString());
+    showHeldTags(rowsOf(parts, held.tags, 1), held.fault);
     list()->setColumnWidths(kWidths);
 }
 
 void DialogRemoveATag_FromOneFile::accept() {
     const std::vector<TagAddress> ticked = tickedTags();
     if (isNothing(ticked, this)) return;
-    removeTagsFromShownFile(parts(), windowTitle(), ticked, file_,
-                            [this](const QString& message) { tellLeftOut(message); });
+    setJob(removeTagsFromShownFileJob(windowTitle(), ticked, file_));
     TickedTagsDialog::accept();
 }
 

@@ -1,5 +1,6 @@
 #include "taglists/HeldTags.h"
 
+#include "platform/Text.h"
 #include "tags/GroupCatalogue.h"
 
 #include <unordered_map>
@@ -59,7 +60,7 @@ std::optional<HeldTag> writableTag(const Line& line, const tags::TagDictionary& 
     held.tagId = id;
     held.groupId = *group;
     held.files = 1;
-    held.value = QString::fromUtf8(line.value.data(), static_cast<qsizetype>(line.value.size()));
+    held.value = platform::wide(line.value);
     return held;
 }
 

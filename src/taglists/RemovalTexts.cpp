@@ -49,10 +49,12 @@ QString familyRemovalTitle(const app::LanguageFile& language, int commandId, std
     return title.trimmed();
 }
 
-QString typesRemovedText(const app::LanguageFile& language, bool wasRun, bool hasReport, std::size_t files) {
-    if (!wasRun) return language.text(text::kNotCarriedOut);
-    if (hasReport) return language.text(text::kEndedWithReport);
-    return language.formatted(text::kGroupsRemoved, {filesText(language, files)});
+QString typesRemovedText(const app::LanguageFile& language, std::span<const exiftool::Outcome> outcomes) {
+    const std::size_t done = exiftool::countOf(outcomes, exiftool::OutcomeKind::Done);
+    const std::size_t warned = exiftool::countOf(outcomes, exiftool::OutcomeKind::Warned);
+    if (done == outcomes.size() && done > 0)
+        return language.formatted(text::kGroupsRemoved, {filesText(language, done)});
+    return language.text(done + warned > 0 ? text::kEndedWithReport : text::kNotCarriedOut);
 }
 
 int copyRefusal(bool sourceExists, bool anyFamily) {

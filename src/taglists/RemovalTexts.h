@@ -1,11 +1,13 @@
 #pragma once
 
 #include "app/LanguageFile.h"
+#include "exiftool/Outcome.h"
 #include "taglists/TagListTexts.h"
 
 #include <QString>
 #include <cstddef>
 #include <optional>
+#include <span>
 
 namespace taglists {
 
@@ -21,7 +23,7 @@ std::optional<QString> familyRemovalQuestion(const app::LanguageFile& language, 
 QString familyRemovalTitle(const app::LanguageFile& language, int commandId, std::size_t files);
 
 /// What RemoveDialogTypes says at its end.
-QString typesRemovedText(const app::LanguageFile& language, bool wasRun, bool hasReport, std::size_t files);
+QString typesRemovedText(const app::LanguageFile& language, std::span<const exiftool::Outcome> outcomes);
 
 /// Where copyTags cannot begin, the number of the string that says why; 0 when it can.
 int copyRefusal(bool sourceExists, bool anyFamily);

@@ -1,23 +1,25 @@
 #include "taglists/Removals.h"
 
+#include "exiftool/LineParts.h"
+#include "platform/AtomicFile.h"
 #include "platform/Text.h"
 #include "taglists/RemovalTexts.h"
 #include "tags/ExtensionTable.h"
 #include "tags/GroupCatalogue.h"
 
 #include <algorithm>
-#include <fstream>
 #include <iterator>
+#include <limits>
 
 namespace taglists {
 
 namespace fs = std::filesystem;
+using exiftool::OutcomeKind;
+using exiftool::Outcomes;
 
 namespace {
 
 constexpr const char* kReadOutput = "Metadata.txt";
-/// The count of files for the progress of a run over all of them, of which nobody knows how far it is.
-constexpr std::size_t kOneRun = 0;
 
 /// Turns the safety copies off for a while.
 class WithoutSafetyCopies {
@@ -35,40 +37,12 @@ class WithoutSafetyCopies {
     std::uint8_t before_;
 };
 
-template <typename Write>
-FileRuns runOverFiles(const jobs::OperationParts& parts, const QString& title,
-                      const std::vector<fs::path>& files, const Write& write) {
-    FileRuns runs;
-    const jobs::FileProgressScope scope(parts.progress, title, files.size());
-    for (std::size_t at = 0; at < files.size(); ++at) {
-        if (!parts.progress.showFile(files[at], at + 1)) {
-            runs.wasStopped = true;
-            break;
-        }
-        const std::optional<bool> wasRun = write(files[at]);
-        if (!wasRun) continue;
-        ++runs.begun;
-        runs.lastWasRun = *wasRun;
-        runs.wasStopped = parts.runner.wasStopped();
-        if (runs.wasStopped) break;
-    }
-    return runs;
-}
-
-bool isKnown(const fs::path& file, const TellLeftOut& tell) {
-    if (tags::findExtension(file) != nullptr) return true;
-    tell(cannotBeModified(file));
-    return false;
-}
-
 std::string bytesOf(const fs::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    return platform::readRegularFile(file, std::numeric_limits<std::size_t>::max()).bytes;
 }
 
 bool canStandInList(const fs::path& file) {
-    const std::string& name = file.native();
-    return name.find('\n') == std::string::npos && !name.ends_with('\r');
+    return exiftool::canStandOnLine(platform::narrow(file));
 }
 
 }  // namespace
@@ -77,69 +51,106 @@ QString cannotBeModified(const fs::path& file) {
     return platform::display(file) + QStringLiteral(" cannot be modified");
 }
 
-FileRuns removeTagsFromFiles(const jobs::OperationParts& parts, const QString& title,
-                             const std::vector<TagAddress>& tags, const std::vector<fs::path>& files,
-                             const TellLeftOut& tell) {
-    if (tags.empty()) return {};
-    return runOverFiles(parts, title, files, [&](const fs::path& file) -> std::optional<bool> {
-        if (!isKnown(file, tell)) return std::nullopt;
-        parts.runner.copyForSafety(file);
-        return parts.runner.runWriteLine({file}, removeTagsOfSelectionCommand(parts.context, tags, file)) ==
-               1;
-    });
+void leaveOutUnknownFiles(jobs::Job& job) {
+    std::vector<fs::path> known;
+    for (const fs::path& file : job.files) {
+        if (tags::findExtension(file) != nullptr)
+            known.push_back(file);
+        else
+            job.leftOut.push_back({file, OutcomeKind::Failed, cannotBeModified(file).toStdString()});
+    }
+    job.files = std::move(known);
 }
 
-FileRuns removeTagsFromShownFile(const jobs::OperationParts& parts, const QString& title,
-                                 const std::vector<TagAddress>& tags, const fs::path& file,
-                                 const TellLeftOut& tell) {
-    if (tags.empty()) return {};
-    return runOverFiles(parts, title, {file}, [&](const fs::path& shown) -> std::optional<bool> {
-        if (!isKnown(shown, tell)) return std::nullopt;
-        parts.runner.copyForSafety(shown);
-        return parts.runner.runWriteLine({shown}, removeTagsOfFileCommand(parts.context, tags, shown)) == 1;
-    });
+jobs::Job removeTagsJob(const QString& title, const std::vector<TagAddress>& tags,
+                        const std::vector<fs::path>& files) {
+    jobs::Job job{.title = title};
+    if (tags.empty()) return job;
+    job.files = files;
+    leaveOutUnknownFiles(job);
+    job.workOnFile = [tags](jobs::JobWork& work, const fs::path& file) {
+        work.runner.copyForSafety(file);
+        return work.runner.runWriteLine(file, removeTagsOfSelectionCommand(work.context, tags, file));
+    };
+    job.sameForAll = [tags](const app::AppContext& context, const fs::path& file) {
+        return removeTagsOfSelectionCommand(context, tags, file);
+    };
+    return job;
 }
 
-int removeTypes(const jobs::OperationParts& parts, const QString& title,
-                const std::vector<std::string>& groups, const std::vector<fs::path>& files) {
-    const jobs::FileProgressScope scope(parts.progress, title, kOneRun);
-    const exiftool::FileList list = parts.runner.WriteFileList(files);
-    if (groups.empty() || list.listed == 0 || list.path.empty()) return 0;
-    return parts.runner.runWriteLine(files, removeTypesCommand(parts.context, groups, list.path));
+jobs::Job removeTagsFromShownFileJob(const QString& title, const std::vector<TagAddress>& tags,
+                                     const fs::path& file) {
+    jobs::Job job = removeTagsJob(title, tags, {file});
+    job.workOnFile = [tags](jobs::JobWork& work, const fs::path& shown) {
+        work.runner.copyForSafety(shown);
+        return work.runner.runWriteLine(shown, removeTagsOfFileCommand(work.context, tags, shown));
+    };
+    return job;
 }
 
-FileRuns deleteAllTags(const jobs::OperationParts& parts, const QString& title, const DeleteAllChoice& choice,
-                       bool makeSafetyCopies, const std::vector<fs::path>& files) {
-    if (choice.choosesNothing()) return {};
-    const WithoutSafetyCopies copies(parts.runner, !makeSafetyCopies);
-    const platform::CommandText arguments = deleteAllArguments(parts.context, choice);
-    return runOverFiles(parts, title, files, [&](const fs::path& file) -> std::optional<bool> {
-        return parts.runner.RunOnFile(file, arguments) == 1;
-    });
+jobs::Job removeTypesJob(const QString& title, const std::vector<std::string>& groups,
+                         const std::vector<fs::path>& files) {
+    jobs::Job job{.title = title};
+    if (groups.empty()) return job;
+    job.files = files;
+    job.countsFiles = false;
+    job.workOnAll = [groups](jobs::JobWork& work, const std::vector<fs::path>& all) {
+        const exiftool::FileList list = work.runner.WriteFileList(all);
+        Outcomes outcomes;
+        if (list.path.empty()) {
+            for (const fs::path& file : list.listed)
+                outcomes.push_back({file, OutcomeKind::NotStarted, "The list of files could not be written"});
+        } else if (!list.listed.empty()) {
+            outcomes =
+                work.runner.runWriteLine(list.listed, removeTypesCommand(work.context, groups, list.path));
+        }
+        outcomes.insert(outcomes.end(), list.refused.begin(), list.refused.end());
+        return outcomes;
+    };
+    return job;
 }
 
-FileRuns removeFamily(const jobs::OperationParts& parts, const QString& title, int commandId,
+jobs::Job deleteAllTagsJob(const QString& title, const DeleteAllChoice& choice, bool makeSafetyCopies,
+                           const std::vector<fs::path>& files) {
+    jobs::Job job{.title = title};
+    if (choice.choosesNothing()) return job;
+    job.files = files;
+    job.makesSafetyCopies = makeSafetyCopies;
+    job.workOnFile = [choice](jobs::JobWork& work, const fs::path& file) {
+        return work.runner.RunOnFile(file, deleteAllArguments(work.context, choice));
+    };
+    job.sameForAll = [choice](const app::AppContext& context, const fs::path& file) {
+        return exiftool::lineOnFile(context, deleteAllArguments(context, choice), file);
+    };
+    return job;
+}
+
+jobs::Job removeFamilyJob(const QString& title, int commandId, const std::vector<fs::path>& files) {
+    jobs::Job job{.title = title, .files = files};
+    job.workOnFile = [commandId](jobs::JobWork& work, const fs::path& file) {
+        exiftool::WriteCommands writes(work.context, work.runner);
+        return writes.RemoveFamilyFromSelection(commandId, {file}).front();
+    };
+    job.sameForAll = [commandId](const app::AppContext& context, const fs::path& file) {
+        return exiftool::lineOnFile(context, exiftool::removeFamilyArguments(context, commandId), file);
+    };
+    return job;
+}
+
+jobs::Job copyTagsJob(const QString& title, exiftool::CopiedFamilies families, const fs::path& source,
                       const std::vector<fs::path>& files) {
-    exiftool::WriteCommands writes(parts.context, parts.runner);
-    return runOverFiles(parts, title, files, [&](const fs::path& file) -> std::optional<bool> {
-        return writes.RemoveFamilyFromSelection(commandId, {file});
-    });
+    jobs::Job job{.title = title};
+    if (!families.exif && !families.iptc && !families.xmp) return job;
+    job.files = files;
+    job.workOnFile = [families, source](jobs::JobWork& work, const fs::path& file) {
+        exiftool::WriteCommands writes(work.context, work.runner);
+        return writes.CopyTagsFromFile(families, source, {file}).front();
+    };
+    return job;
 }
 
-FileRuns copyTags(const jobs::OperationParts& parts, const QString& title, exiftool::CopiedFamilies families,
-                  const fs::path& source, const std::vector<fs::path>& files) {
-    if (!families.exif && !families.iptc && !families.xmp) return {};
-    exiftool::WriteCommands writes(parts.context, parts.runner);
-    return runOverFiles(parts, title, files, [&](const fs::path& file) -> std::optional<bool> {
-        return writes.CopyTagsFromFile(families, source, {file});
-    });
-}
-
-std::vector<HeldTag> readHeldTags(const jobs::OperationParts& parts, const std::vector<fs::path>& files) {
+HeldTagsRead readHeldTags(const jobs::OperationParts& parts, const std::vector<fs::path>& files) {
     if (files.empty()) return {};
-    const QString title =
-        parts.language.formatted(text::kReadingTags, {filesText(parts.language, files.size())});
-    const jobs::FileProgressScope scope(parts.progress, title, kOneRun);
     std::vector<fs::path> listed;
     std::vector<fs::path> others;
     std::partition_copy(files.begin(), files.end(), std::back_inserter(listed), std::back_inserter(others),
@@ -148,22 +159,32 @@ std::vector<HeldTag> readHeldTags(const jobs::OperationParts& parts, const std::
     const WithoutSafetyCopies copies(parts.runner, true);
     const exiftool::FileList list = parts.runner.WriteFileList(listed);
     const fs::path output = parts.context.tempPath / kReadOutput;
+    std::error_code ignored;
+    fs::remove(output, ignored);
     const platform::CommandText command = heldTagsCommand(parts.context, list.path, others, output);
-    if (parts.runner.RunToolLine(command) == 0) return {};
-    return heldTags(bytesOf(output), parts.dictionary);
+    static_cast<void>(parts.runner.RunToolLine(command));
+    const std::string answer = bytesOf(output);
+    std::string fault = parts.runner.lastFaultOfRead(output);
+    // Of every file there is something to say, if only its type.
+    if (fault.empty() && answer.empty()) fault = "ExifTool gave no answer";
+    return {heldTags(answer, parts.dictionary), platform::wide(fault)};
 }
 
-std::vector<HeldTag> readHeldTagsOfGroup(const jobs::OperationParts& parts, const fs::path& file,
-                                         const std::string& group) {
+HeldTagsRead readHeldTagsOfGroup(const jobs::OperationParts& parts, const fs::path& file,
+                                 const std::string& group) {
     if (parts.context.settings.exifTool.correctedCommands) {
-        std::vector<HeldTag> held = readHeldTags(parts, {file});
+        HeldTagsRead held = readHeldTags(parts, {file});
         const auto id = tags::FindGroup(QStringLiteral("[%1]").arg(QString::fromStdString(group)));
-        std::erase_if(held, [&](const HeldTag& tag) { return tag.groupId != id; });
+        std::erase_if(held.tags, [&](const HeldTag& tag) { return tag.groupId != id; });
         return held;
     }
     const fs::path output = parts.context.tempPath / kReadOutput;
-    if (!isPlainName(group) || parts.reads.ReadGroupAll(file, output, group) == 0) return {};
-    return heldTags(bytesOf(output), parts.dictionary);
+    if (!isPlainName(group)) return {};
+    std::error_code ignored;
+    fs::remove(output, ignored);
+    static_cast<void>(parts.reads.ReadGroupAll(file, output, group));
+    return {heldTags(bytesOf(output), parts.dictionary),
+            platform::wide(parts.runner.lastFaultOfRead(output))};
 }
 
 }  // namespace taglists

@@ -46,20 +46,8 @@ void RemoveDialogTypes::accept() {
         reject();
         return;
     }
-    const bool wasRun = removeTypes(parts(), windowTitle(), groups, files_) == 1;
-    tellEnd(wasRun);
-    if (wasRun)
-        TickedTagsDialog::accept();
-    else
-        reject();
-}
-
-void RemoveDialogTypes::tellEnd(bool wasRun) {
-    std::error_code error;
-    const auto size = std::filesystem::file_size(parts().context.reportFile, error);
-    const bool hasReport = !error && size > 0;
-    dialogs::showMessage(this, {typesRemovedText(parts().language, wasRun, hasReport, files_.size()),
-                                dialogs::MessageIcon::Information});
+    setJob(removeTypesJob(windowTitle(), groups, files_));
+    TickedTagsDialog::accept();
 }
 
 }  // namespace taglists

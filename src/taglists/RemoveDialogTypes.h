@@ -17,8 +17,6 @@ class RemoveDialogTypes : public TickedTagsDialog {
     void accept() override;
 
  private:
-    void tellEnd(bool wasRun);
-
     const std::vector<std::filesystem::path> files_;
 };
 

@@ -17,10 +17,6 @@ using platform::CommandText;
 
 namespace {
 
-std::string utf8(QStringView text) {
-    return text.toUtf8().toStdString();
-}
-
 /// `"TOOL"`, for lines whose terms have their blank in front.
 CommandText tool(const app::AppContext& context) {
     return CommandText("\"").outside(platform::narrow(context.exifToolPath)).literal("\"");
@@ -38,14 +34,14 @@ bool isTyped(const TagRow& row) {
 
 CommandText quotedValue(const app::AppContext& context, const TagRow& row, const QString& value) {
     if (isTyped(row)) return exiftool::editedValue(context, value, row.fileValue);
-    return CommandText("\"").outside(utf8(value)).literal("\"");
+    return CommandText("\"").outside(platform::narrow(value)).literal("\"");
 }
 
 /// `-GROUP:NAME="VALUE"`
 CommandText rowTerm(const app::AppContext& context, const TagRow& row, QStringView group,
                     const QString& value) {
     CommandText term("-");
-    term.outside(utf8(group)).literal(":").outside(utf8(row.name)).literal("=");
+    term.outside(platform::narrow(group)).literal(":").outside(platform::narrow(row.name)).literal("=");
     return term.append(quotedValue(context, row, value));
 }
 
@@ -87,7 +83,7 @@ QString codeOf(const jobs::OperationParts& parts, const TagRow& row) {
 CommandText emptyGroupOfFirstRowCommand(const app::AppContext& context, const TagRows& rows,
                                         const fs::path& file) {
     CommandText command = tool(context).literal(" -m -");
-    command.outside(rows.empty() ? std::string() : utf8(rows.front().group)).literal("=");
+    command.outside(rows.empty() ? std::string() : platform::narrow(rows.front().group)).literal("=");
     if (!file.empty()) appendFile(command, file);
     return command;
 }
@@ -105,18 +101,18 @@ CommandText writeRowsCommand(const app::AppContext& context, const TagRows& rows
 CommandText writeGpsRowsCommand(const app::AppContext& context, const TagRows& rows, const fs::path& file) {
     CommandText command = tool(context).literal(" -m");
     for (const TagRow& row : rows) {
-        command.literal(" -GPS:").outside(utf8(row.name)).literal("=");
+        command.literal(" -GPS:").outside(platform::narrow(row.name)).literal("=");
         if (isTyped(row))
-            command.typed(utf8(row.value));
+            command.typed(platform::narrow(row.value));
         else
-            command.outside(utf8(row.value));
+            command.outside(platform::narrow(row.value));
         command.literal(" ");
     }
     return command.literal(kOverwriteOriginal).literal("\"").outside(exiftool::fileWord(file)).literal("\"");
 }
 
 CommandText emptyGroupCommand(const app::AppContext& context, QStringView group, const fs::path& file) {
-    CommandText command = tool(context).literal(" -").outside(utf8(group)).literal("=");
+    CommandText command = tool(context).literal(" -").outside(platform::narrow(group)).literal("=");
     appendFile(command, file);
     return command;
 }

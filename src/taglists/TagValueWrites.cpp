@@ -3,7 +3,6 @@
 #include "exiftool/WriteTag.h"
 #include "platform/Text.h"
 #include "taglists/TagValueLines.h"
-#include "tags/ExtensionTable.h"
 #include "tags/GroupCatalogue.h"
 
 #include <algorithm>
@@ -12,6 +11,8 @@
 namespace taglists {
 
 namespace fs = std::filesystem;
+using exiftool::Outcome;
+using exiftool::OutcomeKind;
 
 namespace {
 
@@ -42,11 +43,50 @@ const ModifyMode* rowOf(int ModifyMode::*column, int number) {
     return found == kModes.end() ? nullptr : found;
 }
 
-int writeChanged(const jobs::OperationParts& parts, const TagRows& rows, const fs::path& file) {
+/// The first line empties, the second writes; what became of the file tells the one that failed, else the
+/// second.
+Outcome bothOf(Outcome first, Outcome second) {
+    const bool isWhole = exiftool::isWritten(first.kind) || first.kind == OutcomeKind::Unchanged;
+    if (first.kind == OutcomeKind::Failed && exiftool::isWritten(second.kind)) {
+        second.kind = OutcomeKind::Warned;
+        second.words = first.words + '\n' + second.words;
+        return second;
+    }
+    if (!isWhole) {
+        if (!second.words.empty()) first.words += '\n' + second.words;
+        return first;
+    }
+    if (first.kind == OutcomeKind::Warned && second.kind == OutcomeKind::Done) return first;
+    if (first.kind == OutcomeKind::Done && second.kind == OutcomeKind::Unchanged) return first;
+    return second;
+}
+
+jobs::Job jobOver(const QString& title, const std::vector<fs::path>& files, jobs::WorkOnFile work) {
+    jobs::Job job{.title = title, .files = files};
+    job.workOnFile = std::move(work);
+    leaveOutUnknownFiles(job);
+    return job;
+}
+
+jobs::Job changedTagsJob(const jobs::OperationParts& parts, const QString& title, const TagRows& rows,
+                         const std::vector<fs::path>& files) {
     const std::vector<app::CurrentEdit> changed = changedTags(parts, rows);
-    if (changed.empty()) return 1;
-    parts.runner.copyForSafety(file);
-    return parts.runner.runWriteLine({file}, writeChangedTagsCommand(parts.context, changed, file));
+    if (changed.empty()) return {.title = title};
+    jobs::Job job = jobOver(title, files, [changed](jobs::JobWork& work, const fs::path& file) {
+        work.runner.copyForSafety(file);
+        return work.runner.runWriteLine(file, writeChangedTagsCommand(work.context, changed, file));
+    });
+    job.sameForAll = [changed](const app::AppContext& context, const fs::path& file) {
+        return writeChangedTagsCommand(context, changed, file);
+    };
+    return job;
+}
+
+/// The tag that is the file's name.
+Outcome writeFileName(jobs::JobWork& work, const fs::path& file) {
+    app::CurrentEdit edit;
+    edit.value = platform::display(file);
+    return exiftool::WriteOneTag(work.context, work.runner, file, edit);
 }
 
 }  // namespace
@@ -89,24 +129,22 @@ ValuesFileType valuesFileTypeOfMode(int mode) {
     return {static_cast<int>(row - kModes.data()), QString::fromLatin1(row->extension)};
 }
 
-int modifyFile(const jobs::OperationParts& parts, int mode, const TagRows& rows, const fs::path& file) {
-    if (mode == kGpsMode) return ModifyGpsInFile(parts, rows, file);
-    if (mode != kFileNameMode) return ModifyGroupInFile(parts, rows, file);
-    app::CurrentEdit edit;
-    edit.value = platform::display(file);
-    return exiftool::WriteOneTag(parts.context, parts.runner, file, edit).code == 0 ? 1 : 0;
-}
-
-int ModifyGroupInFile(const jobs::OperationParts& parts, const TagRows& rows, const fs::path& file) {
-    if (isCorrected(parts.context)) return writeChanged(parts, rows, file);
-    parts.runner.runWriteLine({file}, emptyGroupOfFirstRowCommand(parts.context, rows, file));
-    parts.runner.copyForSafety(file);
-    return parts.runner.runWriteLine({file}, writeRowsCommand(parts.context, rows, file));
-}
-
-int ModifyGpsInFile(const jobs::OperationParts& parts, const TagRows& rows, const fs::path& file) {
-    if (isCorrected(parts.context)) return writeChanged(parts, rows, file);
-    return parts.runner.runWriteLine({file}, writeGpsRowsCommand(parts.context, rows, file));
+jobs::Job modifyFilesJob(const jobs::OperationParts& parts, const QString& title, int mode,
+                         const TagRows& rows, const std::vector<fs::path>& files) {
+    if (mode == kFileNameMode) return jobOver(title, files, writeFileName);
+    if (isCorrected(parts.context)) return changedTagsJob(parts, title, rows, files);
+    if (mode == kGpsMode)
+        return jobOver(title, files, [rows](jobs::JobWork& work, const fs::path& file) {
+            return work.runner.runWriteLine(file, writeGpsRowsCommand(work.context, rows, file));
+        });
+    return jobOver(title, files, [rows](jobs::JobWork& work, const fs::path& file) {
+        Outcome emptied =
+            work.runner.runWriteLine(file, emptyGroupOfFirstRowCommand(work.context, rows, file));
+        if (emptied.kind == OutcomeKind::Stopped) return emptied;
+        work.runner.copyForSafety(file);
+        return bothOf(std::move(emptied),
+                      work.runner.runWriteLine(file, writeRowsCommand(work.context, rows, file)));
+    });
 }
 
 TagRows rowsOfGroup(const tags::TagDictionary& dictionary, const QString& group) {
@@ -120,19 +158,25 @@ TagRows rowsOfGroup(const tags::TagDictionary& dictionary, const QString& group)
     return rows;
 }
 
-int AddTagsToFile(const jobs::OperationParts& parts, const TagRows& rows, QStringView group,
-                  const fs::path& file) {
-    if (isCorrected(parts.context)) return writeChanged(parts, rows, file);
-    parts.runner.copyForSafety(file);
-    parts.runner.runWriteLine({file}, emptyGroupCommand(parts.context, group, file));
-    return parts.runner.runWriteLine({file}, addRowsCommand(parts.context, rows, group, file));
+jobs::Job addTagsJob(const jobs::OperationParts& parts, const QString& title, const TagRows& rows,
+                     const QString& group, const std::vector<fs::path>& files) {
+    if (isCorrected(parts.context)) return changedTagsJob(parts, title, rows, files);
+    return jobOver(title, files, [rows, group](jobs::JobWork& work, const fs::path& file) {
+        work.runner.copyForSafety(file);
+        Outcome emptied = work.runner.runWriteLine(file, emptyGroupCommand(work.context, group, file));
+        if (emptied.kind == OutcomeKind::Stopped) return emptied;
+        return bothOf(std::move(emptied),
+                      work.runner.runWriteLine(file, addRowsCommand(work.context, rows, group, file)));
+    });
 }
 
-int AddATagToFile(const jobs::OperationParts& parts, const TagRows& rows, QStringView group,
-                  const fs::path& file) {
-    if (isCorrected(parts.context)) return writeChanged(parts, rows, file);
-    parts.runner.copyForSafety(file);
-    return parts.runner.runWriteLine({file}, addRowsToOneFileCommand(parts.context, rows, group, file));
+jobs::Job addATagJob(const jobs::OperationParts& parts, const QString& title, const TagRows& rows,
+                     const QString& group, const fs::path& file) {
+    if (isCorrected(parts.context)) return changedTagsJob(parts, title, rows, {file});
+    return jobOver(title, {file}, [rows, group](jobs::JobWork& work, const fs::path& one) {
+        work.runner.copyForSafety(one);
+        return work.runner.runWriteLine(one, addRowsToOneFileCommand(work.context, rows, group, one));
+    });
 }
 
 fs::path valuesOutput(const app::AppContext& context, const fs::path& file) {
@@ -147,7 +191,7 @@ bool readValues(const jobs::OperationParts& parts, TagRows& rows, const fs::path
     std::error_code ignored;
     // What an earlier file of this name held is none of this one's.
     fs::remove(output, ignored);
-    if (read(output) == 0) return false;
+    if (read(output) == 0 || !parts.runner.lastFaultOfRead(output).empty()) return false;
     fillValues(rows, output, isCorrected(parts.context) ? GroupMatch::WithoutCase : GroupMatch::Exact);
     fs::remove(output, ignored);
     return true;
@@ -155,26 +199,6 @@ bool readValues(const jobs::OperationParts& parts, TagRows& rows, const fs::path
 
 bool hasSomethingToWrite(const jobs::OperationParts& parts, const TagRows& rows) {
     return !isCorrected(parts.context) || changedCount(rows) > 0;
-}
-
-FileRuns writeFiles(const jobs::OperationParts& parts, const QString& title,
-                    const std::vector<fs::path>& files, const TellLeftOut& tell, const WriteFile& write) {
-    FileRuns runs;
-    const jobs::FileProgressScope scope(parts.progress, title, files.size());
-    for (std::size_t at = 0; at < files.size() && !runs.wasStopped; ++at) {
-        if (tags::findExtension(files[at]) == nullptr) {
-            tell(cannotBeModified(files[at]));
-            continue;
-        }
-        if (!parts.progress.showFile(files[at], at + 1)) {
-            runs.wasStopped = true;
-            break;
-        }
-        ++runs.begun;
-        runs.lastWasRun = write(files[at]) != 0;
-        runs.wasStopped = parts.runner.wasStopped();
-    }
-    return runs;
 }
 
 }  // namespace taglists

@@ -37,23 +37,20 @@ struct ValuesFileType {
 QStringList valuesFileTypes(const app::AppContext& context);
 ValuesFileType valuesFileTypeOfMode(int mode);
 
-/// The write of one file. 1 when it was run, or when there was nothing to write; else 0.
-int modifyFile(const jobs::OperationParts& parts, int mode, const TagRows& rows,
-               const std::filesystem::path& file);
-int ModifyGroupInFile(const jobs::OperationParts& parts, const TagRows& rows,
-                      const std::filesystem::path& file);
-int ModifyGpsInFile(const jobs::OperationParts& parts, const TagRows& rows,
-                    const std::filesystem::path& file);
+/// Writes the rows to each file. Without a changed row the corrected form has nothing to do: a job without
+/// files. Files whose extension is unknown are left out.
+jobs::Job modifyFilesJob(const jobs::OperationParts& parts, const QString& title, int mode,
+                         const TagRows& rows, const std::vector<std::filesystem::path>& files);
 
 // --- DialogAddTagsMain and DialogAddATag_ToOneFile
 
 /// The writable tags of a group, by its name in the panel; those of a group without tags are none.
 TagRows rowsOfGroup(const tags::TagDictionary& dictionary, const QString& group);
 
-int AddTagsToFile(const jobs::OperationParts& parts, const TagRows& rows, QStringView group,
-                  const std::filesystem::path& file);
-int AddATagToFile(const jobs::OperationParts& parts, const TagRows& rows, QStringView group,
-                  const std::filesystem::path& file);
+jobs::Job addTagsJob(const jobs::OperationParts& parts, const QString& title, const TagRows& rows,
+                     const QString& group, const std::vector<std::filesystem::path>& files);
+jobs::Job addATagJob(const jobs::OperationParts& parts, const QString& title, const TagRows& rows,
+                     const QString& group, const std::filesystem::path& file);
 
 // --- all
 
@@ -62,17 +59,10 @@ std::filesystem::path valuesOutput(const app::AppContext& context, const std::fi
 
 /// Reads what the file holds into the rows. False when it could not be read; the rows are then as before.
 using ReadInto = std::function<int(const std::filesystem::path& output)>;
-bool readValues(const jobs::OperationParts& parts, TagRows& rows, const std::filesystem::path& output,
-                const ReadInto& read);
+[[nodiscard]] bool readValues(const jobs::OperationParts& parts, TagRows& rows,
+                              const std::filesystem::path& output, const ReadInto& read);
 
 /// Whether OK has anything to do. The designed form always has: it empties the group.
 bool hasSomethingToWrite(const jobs::OperationParts& parts, const TagRows& rows);
-
-/// Calls write for each file, with the progress shown. A file whose extension is unknown is told and left
-/// out.
-using WriteFile = std::function<int(const std::filesystem::path& file)>;
-FileRuns writeFiles(const jobs::OperationParts& parts, const QString& title,
-                    const std::vector<std::filesystem::path>& files, const TellLeftOut& tell,
-                    const WriteFile& write);
 
 }  // namespace taglists

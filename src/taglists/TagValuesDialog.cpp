@@ -95,7 +95,7 @@ void TagValuesDialog::startEdit(const TagRow& row) {
 
 void TagValuesDialog::editValue(std::size_t row) {
     const TagRow& edited = list_->rows()[row];
-    if (!edited.kind || isWriting_) return;
+    if (!edited.kind) return;
     startEdit(edited);
     const tags::TagEditContext before = edit_;
     if (parts_.values->editValue(edit_, *edited.kind, this) == 0) return;
@@ -108,35 +108,12 @@ void TagValuesDialog::editValue(std::size_t row) {
         row, {.value = edit_.value, .code = edit_.comboCode, .severalEntries = severalEntries});
 }
 
-int TagValuesDialog::result() const {
-    return runs_.begun == 0 || runs_.lastWasRun ? 1 : 0;
-}
-
 void TagValuesDialog::accept() {
-    if (isWriting_) return;
-    isWriting_ = true;
     app::Settings::Main& settings = parts_.context.settings.main;
     settings.widthAddModify = width();
     settings.heightAddModify = height();
-    runs_ = {};
-    // The window stays alive while ExifTool runs.
-    const TagRows rows = list_->rows();
-    if (hasSomethingToWrite(parts_, rows)) {
-        const auto tell = [this](const QString& message) {
-            dialogs::showMessage(this, {.text = message, .icon = dialogs::MessageIcon::Information});
-        };
-        runs_ = writeFiles(parts_, windowTitle(), files(), tell, [&](const std::filesystem::path& file) {
-            showStatus(platform::display(file));
-            return writeFile(rows, file);
-        });
-    }
-    showStatus({});
-    isWriting_ = false;
-    done(result());
-}
-
-void TagValuesDialog::reject() {
-    if (!isWriting_) DarkModeDialogBase::reject();
+    setJob(jobOf(list_->rows()));
+    DarkModeDialogBase::accept();
 }
 
 }  // namespace taglists

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialogs/DarkModeDialogBase.h"
+#include "jobs/JobSource.h"
 #include "jobs/OperationParts.h"
 #include "taglists/TagList.h"
 #include "taglists/TagValueWrites.h"
@@ -14,8 +15,8 @@ class QLabel;
 namespace taglists {
 
 /// What the dialogs with a list of values have in common: a status bar of two parts, the list whose values
-/// are edited one by one, and at OK the write of file after file. Its result is that of the last write.
-class TagValuesDialog : public dialogs::DarkModeDialogBase {
+/// are edited one by one, and at OK a job that writes file after file.
+class TagValuesDialog : public dialogs::DarkModeDialogBase, public jobs::JobSource {
     Q_OBJECT
 
  public:
@@ -33,11 +34,8 @@ class TagValuesDialog : public dialogs::DarkModeDialogBase {
     TagValuesDialog(const jobs::OperationParts& parts, Task task, QWidget* parent);
 
     TagList& list() { return *list_; }
-    /// What the last accept() has done.
-    const FileRuns& runs() const { return runs_; }
 
     void accept() override;
-    void reject() override;
 
  protected:
     /// Shows the rows; with one file what it holds stands in them. False when it could not be read: the list
@@ -45,9 +43,7 @@ class TagValuesDialog : public dialogs::DarkModeDialogBase {
     bool fill(TagRows rows, const std::filesystem::path& output, const ReadInto& read);
 
     /// rows: as they stood at OK.
-    virtual int writeFile(const TagRows& rows, const std::filesystem::path& file) = 0;
-    /// What the dialog ends with: 1 or 0.
-    virtual int result() const;
+    virtual jobs::Job jobOf(const TagRows& rows) = 0;
 
     const jobs::OperationParts& parts() const { return parts_; }
     const std::vector<std::filesystem::path>& files() const { return task_.files; }
@@ -67,8 +63,6 @@ class TagValuesDialog : public dialogs::DarkModeDialogBase {
     TagList* list_ = nullptr;
     QLabel* status_ = nullptr;
     tags::TagEditContext edit_;  ///< the designed form opens a list of values on the entry chosen last
-    FileRuns runs_;
-    bool isWriting_ = false;
 };
 
 /// "photo.jpg", or "12 files": whom a dialog works on, for its title.

@@ -38,8 +38,16 @@ std::vector<TagAddress> TickedTagsDialog::tickedTags() const {
     return tags;
 }
 
-void TickedTagsDialog::tellLeftOut(const QString& message) {
-    dialogs::showMessage(this, {message, dialogs::MessageIcon::Information});
+void TickedTagsDialog::showHeldTags(TagRows rows, const QString& fault) {
+    const bool isEmpty = rows.empty();
+    list_->model().setRows(std::move(rows));
+    if (fault.isEmpty()) return;
+    const QString told =
+        parts_.language.formatted(isEmpty ? text::kTagsNotRead : text::kTagsReadInPart, {fault});
+    if (isEmpty)
+        list_->setEmptyText(told);
+    else
+        dialogs::showMessage(this, {told, dialogs::MessageIcon::Exclamation});
 }
 
 }  // namespace taglists

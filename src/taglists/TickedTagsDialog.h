@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dialogs/DarkModeDialogBase.h"
+#include "jobs/JobSource.h"
 #include "jobs/OperationParts.h"
 #include "taglists/RemovalLines.h"
 #include "taglists/TagList.h"
@@ -13,7 +14,7 @@ namespace taglists {
 
 /// The base of the dialogs in which tags or groups are ticked to be removed: the list with its filter, and
 /// the buttons that tick all that is shown, or nothing.
-class TickedTagsDialog : public dialogs::DarkModeDialogBase {
+class TickedTagsDialog : public dialogs::DarkModeDialogBase, public jobs::JobSource {
     Q_OBJECT
 
  public:
@@ -28,8 +29,8 @@ class TickedTagsDialog : public dialogs::DarkModeDialogBase {
     TagList* list() const { return list_; }  ///< null when the form is missing
     /// The ticked rows that have a tag, as ExifTool is to get them.
     std::vector<TagAddress> tickedTags() const;
-    /// Shows that a file is left out.
-    void tellLeftOut(const QString& message);
+    /// Shows what the files hold, or why that is not known.
+    void showHeldTags(TagRows rows, const QString& fault);
 
  private:
     const jobs::OperationParts parts_;

@@ -1,7 +1,8 @@
 #include "batch/BatchDispatch.h"
-#include "exiftool/ReportFile.h"
+#include "jobs/JobSource.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
+#include "support/ToolStandIns.h"
 
 #include <gmock/gmock.h>
 
@@ -9,7 +10,12 @@ namespace {
 
 namespace fs = std::filesystem;
 using app::CommandId;
+using enum exiftool::OutcomeKind;
+using exiftool::Outcome;
+using exiftool::OutcomeKind;
+using exiftool::Outcomes;
 using support::ExifTool;
+using support::kindsOf;
 using support::readBytes;
 using support::writeBytes;
 using testing::ElementsAre;
@@ -17,22 +23,6 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 using testing::UnorderedElementsAre;
-
-/// Notes what it is told; closes at a file when it is to.
-class NotingProgress : public jobs::FileProgress {
- public:
-    void begin(const QString& title, std::size_t count) override {
-        events.push_back(title.toStdString() + ' ' + std::to_string(count));
-    }
-    bool showFile(const fs::path& file, std::size_t number) override {
-        events.push_back(std::to_string(number) + ' ' + file.filename().string());
-        return number < closesAt;
-    }
-    void End() override { events.emplace_back("end"); }
-
-    std::vector<std::string> events;
-    std::size_t closesAt = 1000;
-};
 
 class BatchOperationsTest : public testing::Test {
  protected:
@@ -63,8 +53,16 @@ class BatchOperationsTest : public testing::Test {
         if (value.ends_with('\n')) value.pop_back();
         return value;
     }
-    bool run(CommandId id, const std::vector<fs::path>& files) {
-        return batch::BatchDispatcher({context_, language_, runner_, progress_}, {}).BatchDispatch(id, files);
+    jobs::Job jobOf(CommandId id, const std::vector<fs::path>& files) {
+        std::optional<jobs::Job> job =
+            batch::BatchDispatcher({language_, runner_}, {}).BatchDispatch(id, files);
+        EXPECT_TRUE(job) << id;
+        return job.value_or(jobs::Job());
+    }
+    std::vector<OutcomeKind> run(CommandId id, const std::vector<fs::path>& files) {
+        outcomes_ = jobs::runHere(jobOf(id, files), context_, runner_);
+        for (std::size_t at = 0; at < outcomes_.size(); ++at) EXPECT_EQ(outcomes_[at].file, files.at(at));
+        return kindsOf(outcomes_);
     }
     std::string report() const {
         return fs::exists(context_.reportFile) ? readBytes(context_.reportFile) : "";
@@ -75,11 +73,7 @@ class BatchOperationsTest : public testing::Test {
             all.push_back(entry.path().filename().string());
         return all;
     }
-    void useTool(const std::string& script) {
-        context_.exifToolPath = folder_ / "tool";
-        writeBytes(context_.exifToolPath, "#!/bin/sh\n" + script);
-        fs::permissions(context_.exifToolPath, fs::perms::owner_all);
-    }
+    void useTool(const std::string& script) { support::useTool(context_, folder_ / "tool", script); }
 
     /// Counts are read only where cameras write them; here they are a tag of a namespace of our own.
     void useToolThatWritesCounts() {
@@ -98,7 +92,7 @@ class BatchOperationsTest : public testing::Test {
     app::AppContext context_;
     const app::LanguageFile language_{TAGWRIGHT_BIN_DIR, 9};
     exiftool::ToolRunner runner_{context_};
-    NotingProgress progress_;
+    Outcomes outcomes_;
 };
 
 TEST_F(BatchOperationsTest, TheFileDateBecomesThatOfThePhoto) {
@@ -106,10 +100,12 @@ TEST_F(BatchOperationsTest, TheFileDateBecomesThatOfThePhoto) {
     const fs::path dateless = make("b.jpg");
     set(dateless, "-DateTimeOriginal=");
     const std::string before = readBytes(photo);
-    EXPECT_TRUE(run(157, {photo, dateless}));
+    EXPECT_THAT(run(157, {photo, dateless}), ElementsAre(Done, Unchanged));
     EXPECT_THAT(valueOf(photo, "-FileModifyDate"), HasSubstr("2001:02:03 04:05:06"));
     EXPECT_THAT(valueOf(dateless, "-FileModifyDate"), HasSubstr("2020:01:02 03:04:05"));
     EXPECT_EQ(readBytes(photo), before);
+    EXPECT_EQ(outcomes_[0].words, "");
+    EXPECT_THAT(outcomes_[1].words, HasSubstr("b.jpg"));
     EXPECT_THAT(report(), HasSubstr("b.jpg"));
     EXPECT_THAT(report(), Not(HasSubstr("a.jpg")));
     EXPECT_TRUE(fs::exists(
@@ -129,21 +125,23 @@ TEST_F(BatchOperationsTest, FilesAreNamedAfterTheShutterCountAndNoneIsReplaced) 
     const fs::path odd = makeWith("c.jpg", "../5 6%d");
     const fs::path wordless = makeWith("wordless.jpg", "unknown");
     const fs::path countless = make("countless.jpg");
-    EXPECT_TRUE(run(172, {one, same, odd, wordless, countless}));
+    EXPECT_THAT(run(172, {one, same, odd, wordless, countless}),
+                ElementsAre(Done, Done, Done, Unchanged, Unchanged));
     const auto expected =
         UnorderedElementsAre("1234.jpg", "1234-1.jpg", "56.jpg", "wordless.jpg", "countless.jpg");
     EXPECT_THAT(names(), expected);
     EXPECT_THAT(report(), HasSubstr("'ShutterCount' not defined - " + countless.string()));
     EXPECT_THAT(report(), HasSubstr(wordless.string()));
-    EXPECT_TRUE(run(172, {folder_ / "photos/1234.jpg", folder_ / "photos/1234-1.jpg"}));
+    EXPECT_THAT(run(172, {folder_ / "photos/1234.jpg", folder_ / "photos/1234-1.jpg"}),
+                ElementsAre(Unchanged, Unchanged));
     EXPECT_THAT(names(), expected) << "who has the name keeps it";
 }
 
 TEST_F(BatchOperationsTest, FilesAreNamedAfterDateAndCamera) {
     const fs::path photo = make("a.jpg");
-    EXPECT_TRUE(run(173, {photo}));
+    EXPECT_THAT(run(173, {photo}), ElementsAre(Done));
     EXPECT_THAT(names(), ElementsAre("2020-01-02 03-04-05 - Makers-a.jpg"));
-    EXPECT_TRUE(run(174, {folder_ / "photos/2020-01-02 03-04-05 - Makers-a.jpg"}));
+    EXPECT_THAT(run(174, {folder_ / "photos/2020-01-02 03-04-05 - Makers-a.jpg"}), ElementsAre(Done));
     EXPECT_THAT(names(), ElementsAre("2020-01-02 03-04-05 - Model 1-2020-01-02 03-04-05 - Makers-a.jpg"));
     EXPECT_EQ(report(), "");
     EXPECT_EQ(readBytes(folder_ / "photos" / names().front()), readBytes(master_));
@@ -153,7 +151,7 @@ TEST_F(BatchOperationsTest, NoFileTakesTheNameOfAnother) {
     const fs::path photo = make("a.jpg");
     const fs::path other = folder_ / "photos/2020-01-02 03-04-05 - Makers-a.jpg";
     writeBytes(other, "somebody else's");
-    EXPECT_TRUE(run(173, {photo}));
+    EXPECT_THAT(run(173, {photo}), ElementsAre(Done));
     EXPECT_THAT(names(), UnorderedElementsAre("2020-01-02 03-04-05 - Makers-a.jpg",
                                               "2020-01-02 03-04-05 - Makers-a-1.jpg"));
     EXPECT_EQ(readBytes(other), "somebody else's");
@@ -166,7 +164,7 @@ TEST_F(BatchOperationsTest, AFileWithoutTheTagKeepsItsName) {
     set(blank, "-Make=   ");
     const fs::path slashes = make("slashes.jpg");
     set(slashes, "-Make=///");
-    EXPECT_TRUE(run(173, {without, blank, slashes}));
+    EXPECT_THAT(run(173, {without, blank, slashes}), ElementsAre(Unchanged, Unchanged, Unchanged));
     EXPECT_THAT(names(), UnorderedElementsAre("without.jpg", "blank.jpg", "slashes.jpg"));
     for (const char* name : {"without.jpg", "blank.jpg", "slashes.jpg"})
         EXPECT_THAT(report(), HasSubstr(name));
@@ -191,7 +189,7 @@ TEST_F(BatchOperationsTest, WhatStandsInATagLeadsToNoOtherFolderAndRunsNothing) 
         const fs::path photo = make("a.jpg");
         set(photo, std::string("-XMP-tiff:Make=") + row.make);
         set(photo, "-EXIF:Make=");
-        EXPECT_TRUE(run(173, {photo}));
+        EXPECT_THAT(run(173, {photo}), ElementsAre(Done)) << row.make;
         const std::string expected = std::string("2020-01-02 03-04-05 - ") + row.expected + "-a.jpg";
         EXPECT_THAT(names(), ElementsAre(expected)) << row.make << '\n' << report();
         fs::remove(folder_ / "photos" / names().front());
@@ -203,7 +201,7 @@ TEST_F(BatchOperationsTest, WhatStandsInATagLeadsToNoOtherFolderAndRunsNothing) 
 TEST_F(BatchOperationsTest, HostileNamesAreKeptBehindTheDate) {
     for (const std::string& name : support::hostileNames()) {
         const fs::path photo = make(name);
-        EXPECT_TRUE(run(174, {photo}));
+        EXPECT_THAT(run(174, {photo}), ElementsAre(Done)) << name;
         EXPECT_THAT(names(), ElementsAre("2020-01-02 03-04-05 - Model 1-" + name)) << report();
         fs::remove(folder_ / "photos" / names().front());
     }
@@ -215,7 +213,7 @@ TEST_F(BatchOperationsTest, ThumbnailsGoAndNothingElseDoes) {
     ExifTool({"-q", "-overwrite_original", "-ThumbnailImage<=" + master_.string(), photo.string()});
     ASSERT_NE(valueOf(photo, "-ThumbnailImage"), "");
     const fs::path without = make("b.jpg");
-    EXPECT_TRUE(run(185, {photo, without}));
+    EXPECT_THAT(run(185, {photo, without}), ElementsAre(Done, Unchanged));
     EXPECT_EQ(valueOf(photo, "-ThumbnailImage"), "");
     EXPECT_EQ(valueOf(photo, "-Title"), "A title");
     EXPECT_EQ(valueOf(photo, "-EXIF:Make"), "Maker/s");
@@ -228,25 +226,64 @@ TEST_F(BatchOperationsTest, TheDesignedFormsLoseNoFile) {
     context_.settings.exifTool.correctedCommands = false;
     const fs::path one = make("a.jpg");
     const fs::path two = make("b.jpg");
-    for (const CommandId id : {172, 173, 174, 185}) EXPECT_TRUE(run(id, {one, two})) << id;
+    for (const CommandId id : {172, 173, 174, 185}) {
+        for (const OutcomeKind kind : run(id, {one, two}))
+            EXPECT_TRUE(kind == Unchanged || kind == Failed) << id;
+        EXPECT_EQ(outcomes_.size(), 2u);
+    }
     EXPECT_THAT(names(), UnorderedElementsAre("a.jpg", "b.jpg"));
     EXPECT_EQ(readBytes(one), readBytes(master_));
     EXPECT_EQ(readBytes(two), readBytes(master_));
     EXPECT_NE(report(), "");
 }
 
-TEST_F(BatchOperationsTest, ProgressTellsEachFile) {
-    run(185, {make("a.jpg"), make("b.jpg")});
-    EXPECT_THAT(progress_.events, ElementsAre("Removing thumbnails 2", "1 a.jpg", "2 b.jpg", "end"));
+TEST_F(BatchOperationsTest, TheDesignedThumbnailLineNamesTheFilesUpToItsOwn) {
+    context_.settings.exifTool.correctedCommands = false;
+    useTool("for last; do :; done\nprintf '%s\\n' \"$3\" >>\"${last%/*}/../seen\"\n");
+    const std::vector<fs::path> files = {make("a.jpg"), make("b.jpg"), make("c.jpg")};
+    const jobs::Job job = jobOf(185, files);
+    EXPECT_EQ(job.title, QStringLiteral("Removing thumbnails"));
+    for (int round = 0; round < 2; ++round) {
+        fs::remove(folder_ / "seen");
+        jobs::runHere(job, context_, runner_);
+        std::string seen;
+        std::string line;
+        for (const fs::path& file : files) seen += (line += "-ThumbnailImage=" + file.string()) + '\n';
+        EXPECT_EQ(readBytes(folder_ / "seen"), seen) << "a job begins anew each time";
+    }
 }
 
-TEST_F(BatchOperationsTest, AWindowThatClosesLetsNoOtherFileBegin) {
-    progress_.closesAt = 2;
-    const fs::path one = make("a.jpg");
-    const fs::path two = make("b.jpg");
-    EXPECT_TRUE(run(173, {one, two}));
-    EXPECT_FALSE(fs::exists(one));
-    EXPECT_TRUE(fs::exists(two));
+TEST_F(BatchOperationsTest, TheLineForAllFilesIsTheLineOfEach) {
+    const fs::path photo = make("a.jpg");
+    useTool("for word; do printf '[%s]' \"$word\"; done >>'" + (folder_ / "seen").string() + "'\n");
+    for (const CommandId id : {157, 172, 173, 174, 185}) {
+        const jobs::Job job = jobOf(id, {photo});
+        std::string seen[2];
+        for (const bool asOne : {true, false}) {
+            if (asOne) {
+                EXPECT_EQ(runner_.RunToolLine(job.sameForAll(context_, photo)), 1);
+            } else {
+                jobs::runHere(job, context_, runner_);
+            }
+            seen[asOne ? 0 : 1] = readBytes(folder_ / "seen");
+            fs::remove(folder_ / "seen");
+        }
+        EXPECT_NE(seen[0], "") << id;
+        EXPECT_EQ(seen[0], seen[1]) << id;
+        EXPECT_EQ(job.makesSafetyCopies, id != 172) << id;
+    }
+}
+
+TEST_F(BatchOperationsTest, NothingIsWrittenBeforeTheJobIsCarriedOut) {
+    const fs::path photo = make("a.jpg");
+    for (const CommandId id : {157, 172, 173, 174, 185}) {
+        const jobs::Job job = jobOf(id, {photo});
+        EXPECT_THAT(job.files, ElementsAre(photo));
+        EXPECT_FALSE(job.title.isEmpty()) << id;
+    }
+    EXPECT_THAT(names(), ElementsAre("a.jpg"));
+    EXPECT_EQ(readBytes(photo), readBytes(master_));
+    EXPECT_FALSE(fs::exists(context_.cachePath / "sav"));
 }
 
 TEST_F(BatchOperationsTest, OneBadFileDoesNotKeepTheOthersFromTheirTurn) {
@@ -263,21 +300,25 @@ TEST_F(BatchOperationsTest, OneBadFileDoesNotKeepTheOthersFromTheirTurn) {
             {"-q", "-o", file.string() + ".with.jpg", "-ThumbnailImage<=" + master_.string(), file.string()});
     for (const fs::path& file : {good, barred, last}) fs::rename(file.string() + ".with.jpg", file);
     const std::string before = readBytes(barred);
-    EXPECT_TRUE(run(185, {good, barred, vanished, noPicture, last}));
+    EXPECT_THAT(run(185, {good, barred, vanished, noPicture, last}),
+                ElementsAre(Done, Failed, Failed, Failed, Done));
     EXPECT_EQ(valueOf(good, "-ThumbnailImage"), "");
     EXPECT_EQ(valueOf(last, "-ThumbnailImage"), "");
     EXPECT_EQ(readBytes(barred), before);
     for (const char* name : {"barred.jpg", "vanished.jpg", "text.jpg"})
         EXPECT_THAT(report(), HasSubstr(name));
     for (const char* name : {"good.jpg", "last.jpg"}) EXPECT_THAT(report(), Not(HasSubstr(name)));
+    for (const std::size_t at : {1U, 2U, 3U})
+        EXPECT_THAT(outcomes_[at].words, HasSubstr(outcomes_[at].file.filename().string()));
 }
 
 TEST_F(BatchOperationsTest, AToolThatIsKilledIsInTheReportAndTheRestGoesOn) {
     useTool("for last; do :; done\ncase \"$last\" in *a.jpg) kill -9 $$;; esac\nexec exiftool \"$@\"\n");
     const fs::path one = make("a.jpg");
     const fs::path two = make("b.jpg");
-    EXPECT_TRUE(run(173, {one, two}));
-    EXPECT_EQ(report(), "Error: ExifTool was ended by signal 9 - " + one.string() + "\n");
+    EXPECT_THAT(run(173, {one, two}), ElementsAre(Killed, Done));
+    EXPECT_THAT(outcomes_[0].words, HasSubstr("signal 9"));
+    EXPECT_THAT(report(), HasSubstr("signal 9"));
     EXPECT_TRUE(fs::exists(one));
     EXPECT_FALSE(fs::exists(two));
 }
@@ -290,71 +331,84 @@ TEST_F(BatchOperationsTest, ADiskThatIsFullLeavesTheFileWhole) {
     for (const char* onTooBig : {"trap '' XFSZ\n", ""}) {
         useTool(std::string(onTooBig) + "ulimit -f 4\nexec exiftool \"$@\"\n");
         fs::remove(context_.reportFile);
-        EXPECT_TRUE(run(185, {photo}));
+        EXPECT_THAT(run(185, {photo}), ElementsAre(*onTooBig == '\0' ? Killed : Failed));
         EXPECT_EQ(readBytes(photo), before);
-        EXPECT_THAT(report(), HasSubstr("a.jpg"));
+        EXPECT_NE(outcomes_[0].words, "");
         EXPECT_THAT(names(), ElementsAre("a.jpg")) << "nothing half written is left";
     }
 }
 
-TEST_F(BatchOperationsTest, AToolThatIsMissingIsInTheReport) {
+TEST_F(BatchOperationsTest, AToolThatIsMissingIsNotStarted) {
     context_.exifToolPath = folder_ / "gone";
-    const fs::path photo = make("a.jpg");
-    EXPECT_TRUE(run(185, {photo}));
+    EXPECT_THAT(run(185, {make("a.jpg")}), ElementsAre(NotStarted));
+    EXPECT_THAT(outcomes_[0].words, HasSubstr("not started"));
     EXPECT_NE(report(), "");
 }
 
-TEST_F(BatchOperationsTest, WhatTheReportCannotHoldIsStillTold) {
+TEST_F(BatchOperationsTest, ARunThatHasNoPlaceToWriteToIsNotDone) {
     const fs::path photo = make("a.jpg");
+    ExifTool({"-q", "-overwrite_original", "-ThumbnailImage<=" + master_.string(), photo.string()});
+    const std::string before = readBytes(photo);
     context_.reportFile = folder_ / "no/folder/report.txt";
-    EXPECT_TRUE(run(185, {photo}));
-    EXPECT_THAT(runner_.takeUntold(), HasSubstr(photo.string()));
-    EXPECT_EQ(runner_.takeUntold(), "") << "told once";
+    EXPECT_THAT(run(185, {photo}), ElementsAre(NotStarted));
+    EXPECT_NE(outcomes_[0].words, "");
     context_.reportFile = folder_ / "cache/report.txt";
     context_.tempPath = folder_ / "no";
-    EXPECT_TRUE(run(185, {photo}));
-    EXPECT_THAT(report(), HasSubstr("could not be written - " + photo.string()));
+    EXPECT_THAT(run(185, {photo}), ElementsAre(NotStarted));
+    EXPECT_THAT(outcomes_[0].words, HasSubstr("could not be written"));
+    EXPECT_EQ(readBytes(photo), before);
 }
 
-TEST_F(BatchOperationsTest, AFailureThatSaysNothingIsNoSuccess) {
-    useTool("exit 1\n");
-    const fs::path photo = make("a.jpg");
-    run(185, {photo});
-    EXPECT_EQ(report(), "Error: ExifTool failed - " + photo.string() + "\n");
+TEST_F(BatchOperationsTest, NoOperationTellsASuccessThatIsNone) {
+    const std::vector<fs::path> files = {make("a.jpg"), make("b.jpg")};
+    std::vector<support::NamedWork> works;
+    for (const CommandId id : {157, 172, 173, 174, 185})
+        works.push_back({std::to_string(id), [=, this] {
+                             run(id, files);
+                             return outcomes_;
+                         }});
+    support::expectTruthOfStandIns(context_, runner_, folder_.path(), folder_ / "photos", works);
 }
 
-TEST_F(BatchOperationsTest, WhoDoesNotWaitForOneFileIsToldHowManyWereLeft) {
-    useTool("exec sleep 100\n");
-    runner_.setKeepWaiting([](std::chrono::milliseconds waited) { return waited.count() < 50; });
-    const fs::path one = make("a.jpg");
-    EXPECT_TRUE(run(185, {one, make("b.jpg"), make("c.jpg")}));
-    EXPECT_EQ(report(), "Error: ExifTool was not waited for any longer and ended - " + one.string() +
-                            "\nWarning: Stopped - 2 files were not begun\n");
-    EXPECT_EQ(readBytes(one), readBytes(master_));
-}
-
-TEST_F(BatchOperationsTest, NothingIsDispatchedThatIsNoBuiltBatchCommand) {
+TEST_F(BatchOperationsTest, NothingIsDispatchedThatIsNoBatchCommand) {
     const fs::path photo = make("a.jpg");
     int opened = 0;
-    batch::BatchDispatcher dispatcher({context_, language_, runner_, progress_},
+    batch::BatchDispatcher dispatcher({language_, runner_},
                                       [&](const batch::BatchOperation&, batch::BatchOptions&) {
                                           ++opened;
-                                          return 1;
+                                          return jobs::Job();
                                       });
-    for (const CommandId id : {0, 12, 145, 146, 149, 170, 191, 206, 210, 228, 229})
+    for (const CommandId id : {0, 12, 145, 149, 170, 206, 210, 229})
         EXPECT_FALSE(dispatcher.BatchDispatch(id, {photo})) << id;
     EXPECT_FALSE(dispatcher.BatchDispatch(173, {}));
     EXPECT_EQ(opened, 0);
     EXPECT_THAT(names(), ElementsAre("a.jpg"));
 }
 
+TEST_F(BatchOperationsTest, WhatADialogLeavesIsHandedBack) {
+    const fs::path photo = make("a.jpg");
+    bool isCancelled = false;
+    batch::BatchDispatcher dispatcher({language_, runner_}, [&](const batch::BatchOperation& operation,
+                                                                const batch::BatchOptions& options) {
+        EXPECT_EQ(operation.id, options.command);
+        return isCancelled ? std::nullopt
+                           : std::optional(jobs::Job{.title = "Asked", .files = options.files});
+    });
+    const std::optional<jobs::Job> job = dispatcher.BatchDispatch(183, {photo});
+    ASSERT_TRUE(job);
+    EXPECT_EQ(job->title, QStringLiteral("Asked"));
+    EXPECT_THAT(job->files, ElementsAre(photo));
+    isCancelled = true;
+    EXPECT_FALSE(dispatcher.BatchDispatch(183, {photo}));
+}
+
 TEST_F(BatchOperationsTest, TheOptionsOfTheLastOperationAreCleared) {
     const fs::path photo = make("a.jpg");
-    batch::BatchDispatcher dispatcher({context_, language_, runner_, progress_}, {});
-    dispatcher.BatchDispatch(185, {photo});
+    batch::BatchDispatcher dispatcher({language_, runner_}, {});
+    EXPECT_TRUE(dispatcher.BatchDispatch(185, {photo}));
     EXPECT_EQ(dispatcher.options().command, 185);
     EXPECT_THAT(dispatcher.options().files, ElementsAre(photo));
-    dispatcher.BatchDispatch(146, {photo});
+    EXPECT_FALSE(dispatcher.BatchDispatch(145, {photo}));
     EXPECT_EQ(dispatcher.options().command, 0);
     EXPECT_THAT(dispatcher.options().files, IsEmpty());
 }

@@ -67,14 +67,13 @@ TEST(BatchTable, TheWindowsOwnEntryGoesFirst) {
         EXPECT_FALSE(findBatchOperation(id)->isOfWindow) << id;
 }
 
-TEST(BatchTable, EveryOperationWithoutADialogIsBuiltAndSaysWhatItDoes) {
+TEST(BatchTable, EveryOperationWithoutADialogSaysWhatItDoes) {
     const app::LanguageFile english(TAGWRIGHT_BIN_DIR, 9);
     std::vector<int> ids;
     for (const BatchOperation& row : batch::batchTable()) {
         ASSERT_NE(app::findCommand(row.id), nullptr) << row.id;
         if (*row.dialog != '\0' || row.isOfWindow) continue;
         ids.push_back(row.id);
-        EXPECT_TRUE(app::isBuilt(row.id)) << row.id;
         EXPECT_FALSE(english.text(row.titleNumber).isEmpty()) << row.id;
     }
     EXPECT_THAT(ids, testing::ElementsAre(157, 172, 173, 174, 185));

@@ -3,12 +3,14 @@
 #include "edit/PanelEdit.h"
 #include "edit/WholeValue.h"
 #include "support/EditedFile.h"
+#include "support/ToolStandIns.h"
 
 #include <gmock/gmock.h>
 
 using namespace edit;
 using namespace exiftool;
 using namespace tags;
+using enum exiftool::OutcomeKind;
 using testing::HasSubstr;
 namespace fs = std::filesystem;
 
@@ -90,8 +92,8 @@ std::vector<LineCase> lineCases() {
 class WriteTag : public EditedFile {
  protected:
     /// The write as a click on the row leads to it.
-    TagWriteResult write(const fs::path& file, QStringView group, QStringView name, const QString& value,
-                         const QString& before = {}, const QString& code = {}) {
+    Outcome write(const fs::path& file, QStringView group, QStringView name, const QString& value,
+                  const QString& before = {}, const QString& code = {}) {
         const tags::TagRecord tag = record(group, name);
         TagEditContext from;
         from.value = before;
@@ -149,14 +151,13 @@ TEST_F(WriteTag, EachKindIsChangedEmptiedAndNothingElse) {
         const fs::path file = photo({"-" + tag + "=" + row.before, "-XMP-dc:Creator=kept",
                                      "-IPTC:Headline=kept", "-IFD0:Copyright=kept"});
         const std::string others = otherTags(file, tag);
-        const TagWriteResult result =
-            write(file, row.group, row.name, QString::fromUtf8(row.typed), row.before, row.code);
-        EXPECT_EQ(result.code, 0) << tag;
-        EXPECT_EQ(result.complaint, QString()) << tag;
+        EXPECT_EQ(write(file, row.group, row.name, QString::fromUtf8(row.typed), row.before, row.code),
+                  (Outcome{file, Done, {}}))
+            << tag;
         EXPECT_EQ(valueOf(file, tag), row.after);
         EXPECT_EQ(otherTags(file, tag), others);
         if (record(row.group, row.name).valueKind == tags::ValueKind::Rating) continue;
-        EXPECT_EQ(write(file, row.group, row.name, "").code, 0);
+        EXPECT_EQ(write(file, row.group, row.name, "").kind, Done);
         EXPECT_EQ(valueOf(file, tag), "") << tag;
     }
     EXPECT_FALSE(fs::exists(folder / "photos/a.jpg_original"));
@@ -164,7 +165,7 @@ TEST_F(WriteTag, EachKindIsChangedEmptiedAndNothingElse) {
 
 TEST_F(WriteTag, OnlyTheRowThatWasClickedIsWritten) {
     const fs::path file = photo({"-IFD0:ModifyDate=2001:01:01 00:00:00", "-XMP-xmp:ModifyDate=2002:01:01"});
-    write(file, u"XMP-Xmp", u"ModifyDate", "2015:06:01 12:13:14+02:00");
+    EXPECT_EQ(write(file, u"XMP-Xmp", u"ModifyDate", "2015:06:01 12:13:14+02:00").kind, Done);
     EXPECT_EQ(valueOf(file, "IFD0:ModifyDate"), "2001:01:01 00:00:00");
     EXPECT_EQ(valueOf(file, "XMP-xmp:ModifyDate"), "2015:06:01 12:13:14+02:00");
 }
@@ -172,8 +173,8 @@ TEST_F(WriteTag, OnlyTheRowThatWasClickedIsWritten) {
 TEST_F(WriteTag, EntriesStayEntries) {
     const fs::path file = photo({"-XMP-dc:Subject=a", "-XMP-dc:Subject=b", "-IPTC:Keywords=a"});
     for (const auto& [group, name] : {std::pair(u"XMP-dc", u"Subject"), std::pair(u"IPTC", u"Keywords")}) {
-        EXPECT_EQ(write(file, group, name, QStringLiteral("one\ntwo, three\n\u65E5\u672C")).complaint,
-                  QString());
+        EXPECT_EQ(write(file, group, name, QStringLiteral("one\ntwo, three\n\u65E5\u672C")),
+                  (Outcome{file, Done, {}}));
         const tags::TagRecord tag = record(group, name);
         EXPECT_EQ(editableValue(parts, file, tag, QStringLiteral("one, two, three, \u65E5\u672C")),
                   QStringLiteral("one\ntwo, three\n\u65E5\u672C"));
@@ -183,7 +184,8 @@ TEST_F(WriteTag, EntriesStayEntries) {
 TEST_F(WriteTag, HostileValuesReachTheFileAsTyped) {
     const fs::path file = photo({});
     for (const char* value : kHostileValues) {
-        EXPECT_EQ(write(file, u"XMP-dc", u"Title", QString::fromUtf8(value)).complaint, QString()) << value;
+        EXPECT_EQ(write(file, u"XMP-dc", u"Title", QString::fromUtf8(value)), (Outcome{file, Done, {}}))
+            << value;
         EXPECT_EQ(valueOf(file, "XMP-dc:Title"), value);
     }
     EXPECT_EQ(valueOf(file, "XMP-dc:Creator"), "");
@@ -196,7 +198,7 @@ TEST_F(WriteTag, OtherFormatsKeepForeignAndOddTextToo) {
                               "\xE6\x97\xA5 \xF0\x9F\x93\xB7 \xD7\xA9\xD7\x9C"}) {
         for (const auto& [group, name] : {std::pair(u"IFD0", u"Artist"), std::pair(u"IPTC", u"Headline"),
                                           std::pair(u"File", u"Comment")}) {
-            EXPECT_EQ(write(file, group, name, QString::fromUtf8(value)).complaint, QString()) << value;
+            EXPECT_EQ(write(file, group, name, QString::fromUtf8(value)).words, "") << value;
             EXPECT_EQ(valueOf(file, QString::fromUtf16(group).toStdString() + ":" +
                                         QString::fromUtf16(name).toStdString()),
                       value);
@@ -211,7 +213,7 @@ TEST_F(WriteTag, WhatCameOutOfTheFileIsHarmlessInTheDesignedFormToo) {
     for (const char* value : kHostileValues) {
         const QString text = QString::fromUtf8(value);
         const std::string untouched = support::readBytes(file);
-        EXPECT_EQ(write(file, u"XMP-dc", u"Creator", text + "!", text).code, 0);
+        EXPECT_EQ(write(file, u"XMP-dc", u"Creator", text + "!", text).kind, Done);
         EXPECT_EQ(valueOf(file, "XMP-dc:Creator"), text.toStdString() + "!");
         EXPECT_NE(support::readBytes(file), untouched);
     }
@@ -222,7 +224,7 @@ TEST_F(WriteTag, WhatCameOutOfTheFileIsHarmlessInTheDesignedFormToo) {
 TEST_F(WriteTag, HostileNamesAreWritten) {
     for (const std::string& name : support::hostileNames()) {
         const fs::path file = photo({}, name);
-        EXPECT_EQ(write(file, u"XMP-dc", u"Title", "new").code, 0) << name;
+        EXPECT_EQ(write(file, u"XMP-dc", u"Title", "new").kind, Done) << name;
         EXPECT_EQ(valueOf(file, "XMP-dc:Title"), "new") << name;
     }
     EXPECT_FALSE(fs::exists("owned"));
@@ -231,7 +233,7 @@ TEST_F(WriteTag, HostileNamesAreWritten) {
 TEST_F(WriteTag, TextThatLatinLacksKeepsTheOtherValuesOfItsRecord) {
     const fs::path file =
         photo({"-IPTC:City=M\xC3\xBCnchen", "-IPTC:Keywords=gr\xC3\xBCn", "-IPTC:Keywords=b"});
-    EXPECT_EQ(write(file, u"IPTC", u"Headline", QStringLiteral("\u65E5\u672C")).complaint, QString());
+    EXPECT_EQ(write(file, u"IPTC", u"Headline", QStringLiteral("\u65E5\u672C")), (Outcome{file, Done, {}}));
     EXPECT_EQ(valueOf(file, "IPTC:Headline"), "\xE6\x97\xA5\xE6\x9C\xAC");
     EXPECT_EQ(valueOf(file, "IPTC:City"), "M\xC3\xBCnchen");
     EXPECT_EQ(valueOf(file, "IPTC:Keywords"), "gr\xC3\xBCn\nb");
@@ -257,35 +259,33 @@ TEST_F(WriteTag, WhatExifToolSaysIsTold) {
     const fs::path file = photo({"-ExifIFD:ExposureTime=1/30"});
     const std::string before = support::readBytes(file);
     support::writeBytes(context.reportFile, "something earlier\n");
-    const TagWriteResult refused = write(file, u"ExifIFD", u"ExposureTime", "abc");
-    EXPECT_EQ(refused.code, 0);
-    EXPECT_THAT(refused.complaint.toStdString(), testing::StartsWith("Warning: "));
+    const Outcome refused = write(file, u"ExifIFD", u"ExposureTime", "abc");
+    EXPECT_FALSE(isWritten(refused.kind));
+    EXPECT_THAT(refused.words, testing::StartsWith("Warning: "));
     EXPECT_THAT(report(), HasSubstr("something earlier\nWarning"));
     EXPECT_EQ(support::readBytes(file), before);
 
-    const TagWriteResult gone = write(folder / "photos/gone.jpg", u"IFD0", u"Artist", "x");
-    EXPECT_THAT(gone.complaint.toStdString(), HasSubstr("gone.jpg"));
+    const Outcome gone = write(folder / "photos/gone.jpg", u"IFD0", u"Artist", "x");
+    EXPECT_EQ(gone.kind, Failed);
+    EXPECT_THAT(gone.words, HasSubstr("gone.jpg"));
     context.exifToolPath = folder / "no tool";
-    EXPECT_EQ(write(file, u"IFD0", u"Artist", "x").code, 1);
+    EXPECT_EQ(write(file, u"IFD0", u"Artist", "x").kind, NotStarted);
     EXPECT_EQ(support::readBytes(file), before);
 }
 
 TEST_F(WriteTag, AWriteThatIsCutLeavesTheFileWholeAndTheNextOneWorks) {
     const fs::path file = photo({"-IFD0:Artist=Ada"});
     const std::string before = support::readBytes(file);
-    const fs::path script = folder / "tool";
-    support::writeBytes(
-        script, "#!/bin/sh\nfor last; do :; done\necho half >\"${last}_exiftool_tmp\"\nexec sleep 100\n");
-    fs::permissions(script, fs::perms::owner_all);
-    context.exifToolPath = script;
+    support::useTool(context, folder / "tool",
+                     "for last; do :; done\necho half >\"${last}_exiftool_tmp\"\nexec sleep 100\n");
     const fs::path half = folder / "photos/a.jpg_exiftool_tmp";
     runner.setKeepWaiting([&](std::chrono::milliseconds) { return !fs::exists(half); });
-    EXPECT_EQ(write(file, u"IFD0", u"Artist", "Bob").code, 1);
+    EXPECT_EQ(write(file, u"IFD0", u"Artist", "Bob").kind, Stopped);
     EXPECT_EQ(support::readBytes(file), before);
     EXPECT_FALSE(fs::exists(half));
     runner.setKeepWaiting({});
     context.exifToolPath = "/usr/bin/exiftool";
-    EXPECT_EQ(write(file, u"IFD0", u"Artist", "Bob").code, 0);
+    EXPECT_EQ(write(file, u"IFD0", u"Artist", "Bob").kind, Done);
     EXPECT_EQ(valueOf(file, "IFD0:Artist"), "Bob");
 }
 
@@ -294,7 +294,7 @@ TEST_F(WriteTag, APropertyOfTheListGoesThroughTheStoreAndARowOfThePanelDoesNot) 
     app::CurrentEdit property = edited("Summary", "Title", "By the store");
     property.groupIndex = 330;
     property.id = 31;  // Title
-    EXPECT_EQ(WriteOneTag(context, runner, file, property).code, 0);
+    EXPECT_EQ(WriteOneTag(context, runner, file, property), (Outcome{file, Done, {}}));
     EXPECT_THAT(support::ExifTool({"-s", file.string()}), HasSubstr("By the store"));
 
     // A tag of [File] whose number is a property's as well.
@@ -303,10 +303,12 @@ TEST_F(WriteTag, APropertyOfTheListGoesThroughTheStoreAndARowOfThePanelDoesNot) 
     property.group = "File";
     property.name = "NoSuchTag";
     property.value = "no";
-    EXPECT_THAT(WriteOneTag(context, runner, file, property).complaint.toStdString(), HasSubstr("NoSuchTag"));
+    const Outcome refused = WriteOneTag(context, runner, file, property);
+    EXPECT_FALSE(isWritten(refused.kind));
+    EXPECT_THAT(refused.words, HasSubstr("NoSuchTag"));
     EXPECT_EQ(support::readBytes(file), before);
     context.settings.exifTool.correctedCommands = false;
-    EXPECT_EQ(WriteOneTag(context, runner, file, property).code, 0);
+    EXPECT_EQ(WriteOneTag(context, runner, file, property).kind, Done);
     EXPECT_NE(support::readBytes(file), before) << "the designed form takes the number for the property's";
 }
 
@@ -316,10 +318,27 @@ TEST_F(WriteTag, AStoreThatRefusesIsTold) {
     app::CurrentEdit property = edited("Photo", "DateTaken", "");
     property.groupIndex = 335;
     property.id = 250;
-    const TagWriteResult result = WriteOneTag(context, runner, text, property);
-    EXPECT_EQ(static_cast<std::uint32_t>(result.code), 0x88982F41u);
-    EXPECT_EQ(result.message, QStringLiteral("This property is not supported by this codec!"));
+    EXPECT_EQ(WriteOneTag(context, runner, text, property),
+              (Outcome{text, Failed, "This property is not supported by this codec!"}));
     EXPECT_EQ(support::readBytes(text), "no picture");
+}
+
+TEST_F(WriteTag, NoResultOfThePropertyStorePassesForASuccessButTheOne) {
+    using properties::PropertyResult;
+    EXPECT_EQ(outcomeOfProperty("/a.jpg", PropertyResult::Ok), (Outcome{"/a.jpg", Done, {}}));
+    for (const PropertyResult result : {PropertyResult::AccessDenied, PropertyResult::Failed,
+                                        PropertyResult::DiskFull, PropertyResult::ChangedMeanwhile}) {
+        const Outcome outcome = outcomeOfProperty("/a.jpg", result);
+        EXPECT_EQ(outcome.kind, Failed);
+        EXPECT_NE(outcome.words, "") << static_cast<std::uint32_t>(result);
+    }
+}
+
+TEST_F(WriteTag, NoWriteTellsASuccessThatIsNone) {
+    const fs::path file = photo({"-XMP-dc:Creator=Ada"});
+    support::expectTruthOfStandIns(
+        context, runner, folder.path(), folder / "photos",
+        {{"one tag", [&] { return Outcomes{write(file, u"XMP-dc", u"Creator", "Bob")}; }}});
 }
 
 TEST_F(WriteTag, TheWholeValueIsReadWhereTheRowCouldHideSome) {

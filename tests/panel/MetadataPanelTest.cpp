@@ -53,6 +53,18 @@ class MetadataPanelTest : public ::testing::Test {
         return -1;
     }
 
+    void show(const std::filesystem::path& file) {
+        panel.newSelection(file);
+        waitForRows();
+    }
+    void showAgain() {
+        panel.Refresh();
+        waitForRows();
+    }
+    void waitForRows() {
+        ASSERT_TRUE(QTest::qWaitFor([this] { return !panel.isReading(); }, 60'000));
+    }
+
     QStringList shownTitles() {
         QStringList titles;
         for (const int id : panel.list().shownGroups()) titles.append(panel.list().groupTitle(id));
@@ -69,16 +81,17 @@ class MetadataPanelTest : public ::testing::Test {
     exiftool::ReadFeedback readFeedback;
     exiftool::ReadCommands commands{context, runner, readFeedback};
     exiftool::MetadataLoad load{context, runner, commands, parser};
+    exiftool::MetadataReader reader{context};
     exiftool::LoadFeedback loadFeedback;
     tags::LabelLibrary labels{9, dictionary};
-    MetadataPanel panel{{context, dictionary, memory, parser, load, loadFeedback,
+    MetadataPanel panel{{context, dictionary, memory, parser, reader, load, loadFeedback,
                          [](int number) { return QStringLiteral("text %1").arg(number); }, &labels}};
 };
 
 }  // namespace
 
 TEST_F(MetadataPanelTest, ReadsAFileIntoItsGroupsWithCounts) {
-    panel.newSelection(
+    show(
         photo("a.jpg", {"-IFD0:Make=Maker", "-IFD0:Model=Model 7", "-XMP-dc:Title=Grüße", "-IFD0:Rating=3"}));
     const int make = rowOf("IFD0", "Make");
     ASSERT_GE(make, 0);
@@ -92,7 +105,7 @@ TEST_F(MetadataPanelTest, ReadsAFileIntoItsGroupsWithCounts) {
     EXPECT_TRUE(titles.contains(" XMP-dc (1)")) << titles.join(";").toStdString();
     EXPECT_LT(titles.indexOf(QRegularExpression("^ IFD0.*")), titles.indexOf(" XMP-dc (1)"));
 
-    panel.newSelection(photo("b.jpg", {"-XMP-dc:Title=b", "-XMP-dc:Creator=c"}));
+    show(photo("b.jpg", {"-XMP-dc:Title=b", "-XMP-dc:Creator=c"}));
     EXPECT_LT(rowOf("IFD0", "Make"), 0) << "nothing of the file before is left";
     EXPECT_TRUE(shownTitles().contains(" XMP-dc (2)"));
     panel.clear();
@@ -109,7 +122,7 @@ TEST_F(MetadataPanelTest, ReadsHostileNamesLikeAnyOther) {
         std::filesystem::copy_file(file, plain, error);
         support::ExifTool({"-q", "-@", (folder / "title.args").string(), plain.string()});
         std::filesystem::rename(plain, file, error);
-        panel.newSelection(file);
+        show(file);
         const int title = rowOf("XMP-dc", "Title");
         EXPECT_GE(title, 0) << name;
         EXPECT_FALSE(std::filesystem::exists(folder / "owned"));
@@ -119,10 +132,10 @@ TEST_F(MetadataPanelTest, ReadsHostileNamesLikeAnyOther) {
 
 TEST_F(MetadataPanelTest, RefreshKeepsTheCurrentRow) {
     const auto file = photo("a.jpg", {"-XMP-dc:Title=one", "-XMP-dc:Creator=c"});
-    panel.newSelection(file);
+    show(file);
     panel.list().setCurrentIndex(panel.model().index(rowOf("XMP-dc", "Title"), 4));
     support::ExifTool({"-q", "-overwrite_original", "-XMP-dc:Title=two", "-IFD0:Make=m", file.string()});
-    panel.Refresh();
+    showAgain();
     const QModelIndex current = panel.list().currentIndex();
     ASSERT_TRUE(current.isValid());
     EXPECT_EQ(panel.model().row(current.row()).value, "two");
@@ -130,7 +143,7 @@ TEST_F(MetadataPanelTest, RefreshKeepsTheCurrentRow) {
 }
 
 TEST_F(MetadataPanelTest, CopiesTheCellThatIsCurrent) {
-    panel.newSelection(photo("a.jpg", {"-XMP-dc:Title=copied text", "-IFD0:Rating=4"}));
+    show(photo("a.jpg", {"-XMP-dc:Title=copied text", "-IFD0:Rating=4"}));
     const std::tuple<QString, QString, int, QString> cells[] = {{"XMP-dc", "Title", 4, "copied text"},
                                                                 {"XMP-dc", "Title", 1, "Title"},
                                                                 {"IFD0", "Rating", 2, "4746"},
@@ -144,7 +157,7 @@ TEST_F(MetadataPanelTest, CopiesTheCellThatIsCurrent) {
 }
 
 TEST_F(MetadataPanelTest, TheRowMenuOffersAddressesToBeOpened) {
-    panel.newSelection(photo("a.jpg", {"-XMP-dc:Source=https://example.org", "-XMP-dc:Title=plain"}));
+    show(photo("a.jpg", {"-XMP-dc:Source=https://example.org", "-XMP-dc:Title=plain"}));
     const auto entriesFor = [&](const QString& tag, int column) {
         QList<int> ids;
         QTimer::singleShot(0, &panel, [&] {
@@ -164,7 +177,7 @@ TEST_F(MetadataPanelTest, TheRowMenuOffersAddressesToBeOpened) {
 }
 
 TEST_F(MetadataPanelTest, AClickOnATagsNameShowsItsHelpUnlessTurnedOff) {
-    panel.newSelection(photo("a.jpg", {"-IFD0:Make=m"}));
+    show(photo("a.jpg", {"-IFD0:Make=m"}));
     const auto helpAfterClickOn = [&](int column) {
         QToolTip::hideText();
         EXPECT_TRUE(QTest::qWaitFor([] { return !QToolTip::isVisible(); }));
@@ -184,12 +197,12 @@ TEST_F(MetadataPanelTest, AClickOnATagsNameShowsItsHelpUnlessTurnedOff) {
 TEST_F(MetadataPanelTest, AFileWithoutTagsAndAMissingToolLeaveAnEmptyList) {
     const auto file = folder / "empty.jpg";
     support::writeBytes(file, "");
-    panel.newSelection(file);
+    show(file);
     for (int position = 0; position < panel.model().rowCount(); ++position)
         EXPECT_EQ(panel.model().row(position).tagId, tags::kUnknownTag);
-    panel.newSelection(photo("a.jpg", {"-XMP-dc:Title=t"}));
+    show(photo("a.jpg", {"-XMP-dc:Title=t"}));
     ASSERT_GT(panel.model().rowCount(), 0);
     context.exifToolPath = folder / "no such tool";
-    panel.newSelection(file);
+    show(file);
     EXPECT_EQ(panel.model().rowCount(), 0) << "the tags of the file before must not stand for this one";
 }

@@ -5,6 +5,7 @@
 #include "payload/ExportDialogThumbnail.h"
 #include "payload/PayloadFile.h"
 #include "payload/ThumbnailAddDialog.h"
+#include "support/ToolStandIns.h"
 
 #include "dialogs/Messages.h"
 
@@ -20,9 +21,12 @@
 #include <QTimer>
 
 using namespace payload;
+using enum exiftool::OutcomeKind;
+using support::kindsOf;
 using support::readBytes;
 using support::writeBytes;
 using tags::TagEditContext;
+using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
@@ -78,6 +82,11 @@ class PayloadDialogsTest : public PayloadFile {
         ASSERT_TRUE(spy.wait());
     }
 
+    /// Carries out what the dialog has left.
+    exiftool::Outcomes carryOut(jobs::JobSource& dialog) {
+        return jobs::runHere(dialog.takeJob(), context, runner);
+    }
+
     std::vector<std::string> messages;
     QMessageBox::StandardButton answer = QMessageBox::Yes;
 };
@@ -110,18 +119,42 @@ TEST_F(PayloadDialogsTest, TheDesignedFormFillsAShortLineWithFourBlanks) {
     EXPECT_EQ(output(dialog), QStringLiteral("00000000   61 62 63 %1   abc\n(3 bytes)").arg(blanks));
 }
 
-TEST_F(PayloadDialogsTest, AnUnreadableValueLeavesTheViewEmpty) {
+TEST_F(PayloadDialogsTest, AnUnreadableValueLeavesTheViewEmptyAndSaysWhy) {
     const TagEditContext row = thumbnailRow(photo({}));
-    {
-        context.exifToolPath = folder / "no such tool";
-        DisplayHexaDialog dialog(parts, row, DisplayHexaDialog::kImageTemplate, nullptr);
-        EXPECT_EQ(output(dialog), "(0 bytes)");
+    const fs::path noFolder = folder / "no such folder";
+    for (const int form : {DisplayHexaDialog::kPlainTemplate, DisplayHexaDialog::kImageTemplate}) {
+        for (const support::ToolStandIn& standIn : support::kToolStandIns) {
+            support::useTool(context, folder / "tool", standIn.script);
+            runner.setKeepWaiting([&](std::chrono::milliseconds) { return !standIn.hangs; });
+            DisplayHexaDialog dialog(parts, row, form, nullptr);
+            EXPECT_EQ(output(dialog), QString()) << standIn.what << ": no (0 bytes), which would be a value";
+            EXPECT_THAT(dialog.control<QLabel>(kFacts)->text().toStdString(),
+                        HasSubstr("could not be read: "))
+                << standIn.what;
+            EXPECT_FALSE(dialog.control<QPushButton>(kSaveAs)->isEnabled()) << standIn.what;
+        }
     }
-    context.tempPath = folder / "no such folder";
+    context.tempPath = noFolder;
     DisplayHexaDialog dialog(parts, row, DisplayHexaDialog::kImageTemplate, nullptr);
     EXPECT_EQ(output(dialog), QString());
     EXPECT_FALSE(dialog.control<QPushButton>(kSaveAs)->isEnabled());
     EXPECT_THAT(messages, IsEmpty());
+}
+
+TEST_F(PayloadDialogsTest, AValueThatCameInPartIsToldAndNoPicture) {
+    const fs::path file = photoWithThumbnail("a.jpg");
+    support::useTool(context, folder / "tool",
+                     "head -c 500 '" + (folder / "first.jpg").string() + "'; kill -KILL $$\n");
+    DisplayHexaDialog dialog(parts, thumbnailRow(file), DisplayHexaDialog::kImageTemplate, nullptr);
+    dialog.show();
+    EXPECT_FALSE(dialog.isReadingPicture());
+    EXPECT_TRUE(output(dialog).startsWith("00000000   FF D8 FF E0"));
+    EXPECT_TRUE(output(dialog).contains("(500 bytes)")) << output(dialog).right(80).toStdString();
+    EXPECT_TRUE(dialog.findChild<controls::HexView*>()->isVisible());
+    const std::string told = dialog.control<QLabel>(kFacts)->text().toStdString();
+    EXPECT_THAT(told, HasSubstr("Only a part"));
+    EXPECT_THAT(told, HasSubstr("signal 9"));
+    EXPECT_FALSE(dialog.control<QPushButton>(kSaveAs)->isEnabled()) << "half a value is nothing to keep";
 }
 
 TEST_F(PayloadDialogsTest, AThumbnailIsShownAsPictureAndAsDump) {
@@ -189,6 +222,8 @@ TEST_F(PayloadDialogsTest, ThumbnailsAreReplacedAndDeletedThereAlone) {
         DisplayHexaDialog dialog(parts, thumbnailRow(file), DisplayHexaDialog::kImageTemplate, nullptr);
         typeIntoNextFileDialog(picture);
         EXPECT_EQ(runAndPress(dialog, kReplace), 1);
+        EXPECT_EQ(readBytes(file), before) << "the dialog writes nothing itself";
+        EXPECT_THAT(kindsOf(carryOut(dialog)), ElementsAre(Done));
     }
     EXPECT_EQ(thumbnailOf(file), readBytes(picture));
     EXPECT_EQ(copyOf(file), before);
@@ -196,9 +231,11 @@ TEST_F(PayloadDialogsTest, ThumbnailsAreReplacedAndDeletedThereAlone) {
         DisplayHexaDialog dialog(parts, thumbnailRow(file), DisplayHexaDialog::kImageTemplate, nullptr);
         answer = QMessageBox::No;
         EXPECT_EQ(runAndPress(dialog, kDelete), 0);
+        EXPECT_THAT(dialog.takeJob().files, IsEmpty());
         EXPECT_NE(thumbnailOf(file), "");
         answer = QMessageBox::Yes;
         EXPECT_EQ(runAndPress(dialog, kDelete), 1);
+        EXPECT_THAT(kindsOf(carryOut(dialog)), ElementsAre(Done));
     }
     EXPECT_EQ(thumbnailOf(file), "");
     DisplayHexaDialog plain(parts, thumbnailRow(file), DisplayHexaDialog::kPlainTemplate, nullptr);
@@ -234,6 +271,7 @@ TEST_F(PayloadDialogsTest, OneThumbnailForManyFiles) {
     EXPECT_EQ(messages.size(), 1u);
     dialog.control<QLineEdit>(1321)->setText(QString::fromStdString(picture.string()));
     EXPECT_EQ(runAndPress(dialog, dialogs::kOkControl), 1);
+    EXPECT_THAT(kindsOf(carryOut(dialog)), ElementsAre(Done, Done, Failed, Done));
     for (const std::size_t at : {0U, 1U, 3U}) EXPECT_EQ(thumbnailOf(files[at]), readBytes(picture)) << at;
     EXPECT_EQ(copyOf(files[0]), before);
     EXPECT_THAT(report(), HasSubstr("missing.jpg"));
@@ -246,11 +284,12 @@ TEST_F(PayloadDialogsTest, TheDesignedRunReplacesTheReportOfTheLastFile) {
     dialog.control<QLineEdit>(1321)->setText(
         QString::fromStdString(smallJpeg("new.jpg", Qt::green).string()));
     EXPECT_EQ(runAndPress(dialog, dialogs::kOkControl), 1);
+    EXPECT_THAT(kindsOf(carryOut(dialog)), ElementsAre(Failed, Done));
     EXPECT_EQ(thumbnailOf(files[1]), readBytes(folder / "new.jpg"));
     EXPECT_EQ(report(), "");
 }
 
-TEST_F(PayloadDialogsTest, ThumbnailsAreExportedAndWhatIsMissingIsCounted) {
+TEST_F(PayloadDialogsTest, ThumbnailsAreExportedAndWhatIsMissingIsTold) {
     fs::create_directory(folder / "to");
     const std::vector<fs::path> files = {photoWithThumbnail("a.jpg"), photo({}, "b %1.jpg")};
     ExportDialogThumbnail dialog(parts, files, nullptr);
@@ -263,11 +302,14 @@ TEST_F(PayloadDialogsTest, ThumbnailsAreExportedAndWhatIsMissingIsCounted) {
     EXPECT_EQ(messages.size(), 1u);
     dialog.control<QLineEdit>(955)->setText(QString::fromStdString((folder / "to").string()));
     EXPECT_EQ(runAndPress(dialog, dialogs::kOkControl), 1);
+    EXPECT_TRUE(fs::is_empty(folder / "to")) << "the dialog writes nothing itself";
+    const jobs::Job job = dialog.takeJob();
+    EXPECT_EQ(job.title, "Exporting ThumbnailImage");
+    const exiftool::Outcomes outcomes = jobs::runHere(job, context, runner);
+    EXPECT_THAT(kindsOf(outcomes), ElementsAre(Done, Unchanged));
+    EXPECT_EQ(outcomes[1].words, "Holds no ThumbnailImage");
     EXPECT_EQ(readBytes(folder / "to/a_ThumbnailImage.jpg"), readBytes(folder / "first.jpg"));
     EXPECT_FALSE(fs::exists(folder / "to/b %1_ThumbnailImage.jpg"));
-    EXPECT_EQ(dialog.control<QLabel>(1943)->text(), "b %1.jpg  (2 / 2)");
-    EXPECT_THAT(report(), HasSubstr("1 of 2 files hold no ThumbnailImage"));
-    EXPECT_THAT(report(), HasSubstr("b %1.jpg"));
     EXPECT_EQ(context.settings.batch.defaultSavePath.toStdString(), (folder / "to").string());
 
     answer = QMessageBox::Cancel;
@@ -287,6 +329,7 @@ TEST_F(PayloadDialogsTest, ProfilesAreExported) {
     EXPECT_EQ(dialog.windowTitle(), "Export the ICC profile of 1 file");
     dialog.control<QLineEdit>(955)->setText(QString::fromStdString((folder / "to").string()));
     EXPECT_EQ(runAndPress(dialog, dialogs::kOkControl), 1);
+    EXPECT_THAT(kindsOf(carryOut(dialog)), ElementsAre(Done));
     EXPECT_EQ(readBytes(folder / "to/a.icc"), support::ExifTool({"-b", "-icc_profile", file.string()}));
     EXPECT_EQ(report(), "");
 }

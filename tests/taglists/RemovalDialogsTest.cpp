@@ -3,6 +3,7 @@
 #include "taglists/DeleteAll.h"
 #include "taglists/DialogRemoveTags.h"
 #include "taglists/RemovalParts.h"
+#include "taglists/RemovalTexts.h"
 #include "taglists/RemoveDialogTypes.h"
 #include "taglists/TagList.h"
 
@@ -15,6 +16,8 @@
 #include <QTest>
 
 using namespace taglists;
+using enum exiftool::OutcomeKind;
+using support::kindsOf;
 using support::readBytes;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -99,16 +102,18 @@ TEST_F(RemovalDialogs, TagsOfASelectionAreListedWithTheirHoldersAndRemoved) {
     EXPECT_THAT(messages, ElementsAre("Please select at least one tag."));
     EXPECT_THAT(icons, ElementsAre(48));
     EXPECT_EQ(dialog.result(), 0);
-    EXPECT_THAT(progress.titles, ElementsAre("Reading the tags of 2 files/0"));
+    EXPECT_THAT(dialog.takeJob().files, IsEmpty());
 
     tick(dialog, QStringLiteral("Title"));
     tick(dialog, QStringLiteral("City"));
     press(dialog, dialogs::kOkControl);
     EXPECT_EQ(dialog.result(), 1);
+    EXPECT_EQ(valueOf(a, "IPTC:City"), "Town") << "the dialog writes nothing itself";
+    const jobs::Job job = dialog.takeJob();
+    EXPECT_EQ(job.title, QStringLiteral("Remove tags from 2 files"));
+    EXPECT_THAT(kindsOf(carryOut(job)), ElementsAre(Done, Done));
     EXPECT_EQ(valueOf(a, "XMP-dc:Title") + valueOf(a, "IPTC:City") + valueOf(b, "IPTC:City"), "");
     EXPECT_EQ(valueOf(b, "IFD0:Artist"), "Somebody");
-    EXPECT_EQ(progress.titles.back(), "Remove tags from 2 files/2");
-    EXPECT_EQ(progress.ended, 2);
 }
 
 TEST_F(RemovalDialogs, TheListIsFilteredTickedAndUsedByKeyboard) {
@@ -123,7 +128,7 @@ TEST_F(RemovalDialogs, TheListIsFilteredTickedAndUsedByKeyboard) {
     const TagRows ticked = list.tickedRows();
     EXPECT_FALSE(ticked.empty());
     for (const TagRow& row : ticked) EXPECT_EQ(row.group, QStringLiteral("IPTC"));
-    const auto* count = dialog.control<QLabel>(TagList::kCountControl);
+    const auto* count = qobject_cast<QLabel*>(dialogs::findControl(dialog, TagList::kCountControl));
     EXPECT_THAT(count->text().toStdString(), HasSubstr(std::to_string(ticked.size()) + " ticked"));
     press(dialog, kTickNone);
     EXPECT_TRUE(list.tickedRows().empty());
@@ -137,6 +142,7 @@ TEST_F(RemovalDialogs, TheListIsFilteredTickedAndUsedByKeyboard) {
     EXPECT_EQ(list.tickedRows().front().value, gone.value);
     QTest::keyClick(&dialog, Qt::Key_Return);
     EXPECT_EQ(dialog.result(), 1);
+    EXPECT_THAT(kindsOf(carryOut(dialog)), ElementsAre(Done));
     EXPECT_EQ(valueOf(file, (gone.group + u':' + gone.name).toStdString()), "");
     EXPECT_THAT(messages, IsEmpty());
 }
@@ -153,6 +159,8 @@ TEST_F(RemovalDialogs, EscapeRemovesNothing) {
         QTest::keyClick(dialog, Qt::Key_Escape);
         EXPECT_EQ(dialog->result(), 0);
     }
+    for (jobs::JobSource* dialog : std::initializer_list<jobs::JobSource*>{&types, &tags, &all, &copy})
+        EXPECT_THAT(dialog->takeJob().files, IsEmpty());
     EXPECT_EQ(readBytes(file), before);
     EXPECT_THAT(messages, IsEmpty());
 }
@@ -166,6 +174,7 @@ TEST_F(RemovalDialogs, TheShownFileOffersTheTagsOfItsGroup) {
     tick(dialog, QStringLiteral("Title"));
     press(dialog, dialogs::kOkControl);
     EXPECT_EQ(dialog.result(), 1);
+    EXPECT_THAT(kindsOf(carryOut(dialog)), ElementsAre(Done));
     EXPECT_EQ(valueOf(file, "XMP-dc:Title"), "");
     EXPECT_EQ(copyOf(file), before);
 
@@ -183,8 +192,8 @@ TEST_F(RemovalDialogs, AFileOfNoKnownKindIsTold) {
     DialogRemoveTags dialog(parts, {file}, nullptr);
     tick(dialog, QStringLiteral("Title"));
     press(dialog, dialogs::kOkControl);
-    EXPECT_THAT(messages, ElementsAre(file.string() + " cannot be modified"));
-    EXPECT_THAT(icons, ElementsAre(64));
+    EXPECT_THAT(carryOut(dialog),
+                ElementsAre(exiftool::Outcome{file, Failed, file.string() + " cannot be modified"}));
     EXPECT_EQ(readBytes(file), before);
 }
 
@@ -208,22 +217,27 @@ TEST_F(RemovalDialogs, GroupsAreRemovedAfterAQuestion) {
 
     answer = QMessageBox::Yes;
     press(dialog, dialogs::kOkControl);
-    EXPECT_THAT(messages, ElementsAre("Please confirm the deletion of the selected tags.",
-                                      "The groups were removed from 1 file."));
-    EXPECT_THAT(icons, ElementsAre(48, 48, 48, 64));
+    EXPECT_THAT(messages, ElementsAre("Please confirm the deletion of the selected tags."));
+    EXPECT_THAT(icons, ElementsAre(48, 48, 48));
     EXPECT_EQ(dialog.result(), 1);
+    EXPECT_EQ(readBytes(file), before) << "the dialog writes nothing itself";
+    EXPECT_THAT(kindsOf(carryOut(dialog)), ElementsAre(Done));
     EXPECT_EQ(valueOf(file, "XMP-dc:All"), "");
     EXPECT_EQ(valueOf(file, "IPTC:City"), "Town");
     EXPECT_EQ(copyOf(file), before);
 }
 
-TEST_F(RemovalDialogs, AListThatCannotBeWrittenEndsTheGroupsDialogWithoutSuccess) {
-    RemoveDialogTypes dialog(parts, {makePhoto("a.jpg")}, nullptr);
+TEST_F(RemovalDialogs, AListThatCannotBeWrittenEndsTheGroupsJobWithoutSuccess) {
+    const fs::path file = makePhoto("a.jpg");
+    const std::string before = readBytes(file);
+    RemoveDialogTypes dialog(parts, {file}, nullptr);
     context.tempPath = folder / "no";
     tick(dialog, QStringLiteral("EXIF"));
     press(dialog, dialogs::kOkControl);
-    EXPECT_EQ(dialog.result(), 0);
-    EXPECT_THAT(messages.back(), HasSubstr("could not be carried"));
+    const exiftool::Outcomes outcomes = carryOut(dialog);
+    EXPECT_THAT(kindsOf(outcomes), ElementsAre(NotStarted));
+    EXPECT_THAT(typesRemovedText(language, outcomes).toStdString(), HasSubstr("could not be carried"));
+    EXPECT_EQ(readBytes(file), before);
 }
 
 TEST_F(RemovalDialogs, DeleteAllKeepsTwoSettingsOfItsOwn) {
@@ -245,6 +259,7 @@ TEST_F(RemovalDialogs, DeleteAllKeepsTwoSettingsOfItsOwn) {
     EXPECT_EQ(dialog.result(), 1);
     EXPECT_FALSE(context.settings.deleteAll.safetyCopy);
     EXPECT_FALSE(context.settings.deleteAll.keepDate);
+    EXPECT_THAT(kindsOf(carryOut(dialog)), ElementsAre(Done));
     EXPECT_EQ(valueOf(file, "IPTC:All"), "");
     EXPECT_EQ(valueOf(file, "EXIF:Artist"), "Somebody");
     EXPECT_FALSE(fs::exists(context.cachePath / "sav"));
@@ -261,6 +276,7 @@ TEST_F(RemovalDialogs, TheDesignedBoxesOfDeleteAllServeTwice) {
     EXPECT_FALSE(context.settings.deleteAll.boxOfExif);
     EXPECT_TRUE(context.settings.deleteAll.boxOfIptc);
     EXPECT_TRUE(context.settings.deleteAll.safetyCopy) << "is another setting";
+    EXPECT_THAT(kindsOf(carryOut(dialog)), ElementsAre(Done));
     EXPECT_EQ(valueOf(file, "XMP:All") + valueOf(file, "EXIF:All"), "");
     EXPECT_TRUE(fs::exists(context.cachePath / "sav"));
     DeleteAll next(parts, context.settings.deleteAll, {file}, nullptr);
@@ -285,6 +301,27 @@ TEST_F(RemovalDialogs, CopyingAsksForASourceAndFamilies) {
     press(dialog, 1011);
     press(dialog, dialogs::kOkControl);
     EXPECT_EQ(dialog.result(), 1);
+    EXPECT_THAT(kindsOf(carryOut(dialog)), ElementsAre(Done));
     EXPECT_EQ(valueOf(target, "XMP-dc:Title"), "A title");
     EXPECT_EQ(valueOf(target, "IPTC:All"), "");
+}
+
+TEST_F(RemovalDialogs, ATagListThatCouldNotBeReadSaysSo) {
+    const fs::path file = makePhoto("a.jpg");
+    for (const support::ToolStandIn& standIn : support::kToolStandIns) {
+        support::useTool(context, folder / "tool", standIn.script);
+        runner.setKeepWaiting([&](std::chrono::milliseconds) { return !standIn.hangs; });
+        DialogRemoveTags dialog(parts, {file}, nullptr);
+        EXPECT_THAT(namesOf(dialog), IsEmpty());
+        const QString shown = listOf(dialog).view().emptyText();
+        EXPECT_THAT(shown.toStdString(), HasSubstr("ExifTool ")) << standIn.what;
+        EXPECT_NE(shown, language.text(text::kNothingToRemove)) << standIn.what;
+    }
+    EXPECT_THAT(messages, IsEmpty());
+    runner.setKeepWaiting({});
+    support::useTool(context, folder / "tool", "echo '[IPTC] City: Town'; kill -KILL $$\n");
+    DialogRemoveTags part(parts, {file}, nullptr);
+    EXPECT_THAT(namesOf(part), ElementsAre("IPTC:City"));
+    ASSERT_EQ(messages.size(), 1u);
+    EXPECT_THAT(messages[0], HasSubstr("signal 9"));
 }

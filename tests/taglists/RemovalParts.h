@@ -1,8 +1,10 @@
 #pragma once
 
+#include "jobs/JobSource.h"
 #include "jobs/OperationParts.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
+#include "support/ToolStandIns.h"
 
 #include <gtest/gtest.h>
 
@@ -12,24 +14,6 @@
 /// What the edits work with, over the real ExifTool and files of its own.
 class RemovalParts {
  public:
-    /// Notes what it is told, and wants to close before the file of this number.
-    class Progress : public jobs::FileProgress {
-     public:
-        void begin(const QString& title, std::size_t count) override {
-            titles.push_back(title.toStdString() + "/" + std::to_string(count));
-        }
-        bool showFile(const std::filesystem::path& file, std::size_t number) override {
-            shown.push_back(file.filename().string());
-            return number != closesAt;
-        }
-        void End() override { ++ended; }
-
-        std::vector<std::string> titles;
-        std::vector<std::string> shown;
-        int ended = 0;
-        std::size_t closesAt = 0;
-    };
-
     RemovalParts() {
         namespace fs = std::filesystem;
         for (const char* name : {"Temp", "photos", "cache"}) fs::create_directory(folder / name);
@@ -74,6 +58,10 @@ class RemovalParts {
         return std::filesystem::exists(context.reportFile) ? support::readBytes(context.reportFile) : "";
     }
 
+    exiftool::Outcomes carryOut(const jobs::Job& job) { return jobs::runHere(job, context, runner); }
+    /// What a dialog has left.
+    exiftool::Outcomes carryOut(jobs::JobSource& dialog) { return carryOut(dialog.takeJob()); }
+
     support::TemporaryFolder folder;
     app::AppContext context;
     app::LanguageFile language{TAGWRIGHT_BIN_DIR, 9};
@@ -84,8 +72,7 @@ class RemovalParts {
     exiftool::ToolRunner runner{context};
     exiftool::ReadFeedback feedback;
     exiftool::ReadCommands reads{context, runner, feedback};
-    Progress progress;
-    jobs::OperationParts parts{context, language, dictionary, labels, memory, log, runner, reads, progress};
+    jobs::OperationParts parts{context, language, dictionary, labels, memory, log, runner, reads};
 
  private:
     std::filesystem::path master_ = folder / "master.jpg";

@@ -1,11 +1,17 @@
 #include "taglists/Removals.h"
 
+#include "taglists/DeleteTags.h"
 #include "taglists/RemovalParts.h"
 #include "taglists/RemovalTexts.h"
 
 #include <gmock/gmock.h>
 
 using namespace taglists;
+using exiftool::Outcome;
+using exiftool::OutcomeKind;
+using exiftool::Outcomes;
+using enum exiftool::OutcomeKind;
+using support::kindsOf;
 using support::readBytes;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -21,12 +27,13 @@ class RemovalsTest : public testing::Test, public RemovalParts {
     void SetUp() override { fs::current_path(folder / "photos"); }
     void TearDown() override { fs::current_path("/"); }
 
-    FileRuns remove(const std::vector<TagAddress>& tags, const std::vector<fs::path>& files) {
-        return removeTagsFromFiles(parts, QStringLiteral("Remove"), tags, files,
-                                   [this](const QString& text) { told.push_back(text.toStdString()); });
+    Outcomes remove(const std::vector<TagAddress>& tags, const std::vector<fs::path>& files) {
+        return carryOut(removeTagsJob(QStringLiteral("Remove"), tags, files));
     }
-
-    std::vector<std::string> told;
+    std::vector<OutcomeKind> removeGroups(const std::vector<std::string>& groups,
+                                          const std::vector<fs::path>& files) {
+        return kindsOf(carryOut(removeTypesJob({}, groups, files)));
+    }
 };
 
 /// The lines without those that begin so.
@@ -46,10 +53,7 @@ TEST_F(RemovalsTest, OneTagGoesAndNothingElse) {
     const fs::path file = makePhoto("a.jpg");
     const std::string before = readBytes(file);
     const std::string tagsBefore = tagsOf(file);
-    const FileRuns runs = remove({{"XMP-dc", "Title"}}, {file});
-    EXPECT_EQ(runs.begun, 1u);
-    EXPECT_TRUE(runs.lastWasRun);
-    EXPECT_FALSE(runs.wasStopped);
+    EXPECT_THAT(remove({{"XMP-dc", "Title"}}, {file}), ElementsAre(Outcome{file, Done, {}}));
     EXPECT_EQ(tagsOf(file), without(tagsBefore, {"[XMP-dc] Title:"}));
     EXPECT_EQ(copyOf(file), before);
     EXPECT_FALSE(fs::exists(file.string() + "_original"));
@@ -60,16 +64,15 @@ TEST_F(RemovalsTest, SeveralTagsOfSeveralGroupsGoInOneRunOfEachFile) {
     const std::vector<fs::path> files = {makePhoto("a.jpg"), makePhoto("b.jpg")};
     const std::string before = readBytes(files[0]);
     const std::string tagsBefore = tagsOf(files[0]);
-    remove({{"IFD0", "Make"}, {"IPTC", "Keywords"}, {"XMP-lr", "HierarchicalSubject"}, {"File", "Comment"}},
-           files);
+    const Outcomes outcomes = remove(
+        {{"IFD0", "Make"}, {"IPTC", "Keywords"}, {"XMP-lr", "HierarchicalSubject"}, {"File", "Comment"}},
+        files);
+    EXPECT_THAT(outcomes, ElementsAre(Outcome{files[0], Done, {}}, Outcome{files[1], Done, {}}));
     for (const fs::path& file : files) {
         EXPECT_EQ(tagsOf(file), without(tagsBefore, {"[IFD0] Make:", "[IPTC] Keywords:",
                                                      "[XMP-lr] HierarchicalSubject:", "[File] Comment:"}));
         EXPECT_EQ(copyOf(file), before);
     }
-    EXPECT_THAT(progress.titles, ElementsAre("Remove/2"));
-    EXPECT_THAT(progress.shown, ElementsAre("a.jpg", "b.jpg"));
-    EXPECT_EQ(progress.ended, 1);
 }
 
 TEST_F(RemovalsTest, TheShownFileLosesItsTagsByItsOwnLine) {
@@ -77,9 +80,9 @@ TEST_F(RemovalsTest, TheShownFileLosesItsTagsByItsOwnLine) {
         context.settings.exifTool.correctedCommands = corrected;
         const fs::path file = makePhoto(corrected ? "a.jpg" : "b.jpg");
         const std::string before = readBytes(file);
-        const FileRuns runs =
-            removeTagsFromShownFile(parts, {}, {{"IFD0", "Artist"}, {"IFD0", "Make"}}, file, nullptr);
-        EXPECT_TRUE(runs.lastWasRun);
+        EXPECT_THAT(
+            kindsOf(carryOut(removeTagsFromShownFileJob({}, {{"IFD0", "Artist"}, {"IFD0", "Make"}}, file))),
+            ElementsAre(Done));
         EXPECT_EQ(valueOf(file, "IFD0:Artist") + valueOf(file, "IFD0:Make"), "");
         EXPECT_EQ(valueOf(file, "XMP-dc:Title"), "A title");
         EXPECT_EQ(copyOf(file), before);
@@ -93,14 +96,15 @@ TEST_F(RemovalsTest, AReadOnlyFileAmongSeveralIsInTheReportAndTheOthersGoOn) {
     const std::string before = readBytes(locked);
     // Bars writes also for those whom permissions do not.
     fs::create_directory(folder / "photos/locked.jpg_exiftool_tmp");
-    const FileRuns runs = remove({{"XMP-dc", "Title"}}, {first, locked, last});
-    EXPECT_EQ(runs.begun, 3u);
+    const Outcomes outcomes = remove({{"XMP-dc", "Title"}}, {first, locked, last});
+    EXPECT_THAT(kindsOf(outcomes), ElementsAre(Done, Failed, Done));
+    EXPECT_THAT(outcomes[1].words, HasSubstr("locked.jpg"));
     EXPECT_EQ(readBytes(locked), before);
     EXPECT_EQ(valueOf(first, "XMP-dc:Title") + valueOf(last, "XMP-dc:Title"), "");
     EXPECT_THAT(report(), HasSubstr("locked.jpg"));
 
     fs::remove(context.reportFile);
-    EXPECT_EQ(removeTypes(parts, {}, {"IPTC"}, {first, locked, last}), 1);
+    EXPECT_THAT(removeGroups({"IPTC"}, {first, locked, last}), ElementsAre(Done, Failed, Done));
     EXPECT_EQ(readBytes(locked), before);
     EXPECT_EQ(valueOf(first, "IPTC:All") + valueOf(last, "IPTC:All"), "");
     EXPECT_THAT(report(), HasSubstr("locked.jpg"));
@@ -110,9 +114,9 @@ TEST_F(RemovalsTest, AFileOfNoKnownKindIsToldAndLeftAsItIs) {
     const fs::path photo = makePhoto("a.jpg");
     const fs::path other = makePhoto("b.nokind");
     const std::string before = readBytes(other);
-    const FileRuns runs = remove({{"XMP-dc", "Title"}}, {other, photo});
-    EXPECT_EQ(runs.begun, 1u);
-    EXPECT_THAT(told, ElementsAre(other.string() + " cannot be modified"));
+    EXPECT_THAT(remove({{"XMP-dc", "Title"}}, {other, photo}),
+                ElementsAre(Outcome{photo, Done, {}},
+                            Outcome{other, Failed, other.string() + " cannot be modified"}));
     EXPECT_EQ(readBytes(other), before);
     EXPECT_EQ(valueOf(photo, "XMP-dc:Title"), "");
 }
@@ -121,27 +125,28 @@ TEST_F(RemovalsTest, AWholeGroupGoesFromAllFilesInOneRun) {
     std::vector<fs::path> files = {makePhoto("a.jpg"), makePhoto("b.jpg")};
     const std::string before = readBytes(files[0]);
     const std::string tagsBefore = tagsOf(files[0]);
-    EXPECT_EQ(removeTypes(parts, {}, {"XMP-dc", "GPS"}, files), 1);
+    EXPECT_THAT(removeGroups({"XMP-dc", "GPS"}, files), ElementsAre(Done, Done));
     for (const fs::path& file : files) {
         EXPECT_EQ(tagsOf(file), without(tagsBefore, {"[XMP-dc]", "[GPS]"}));
         EXPECT_EQ(copyOf(file), before);
     }
     EXPECT_EQ(report(), "");
-    EXPECT_EQ(removeTypes(parts, {}, {}, files), 0);
-    EXPECT_EQ(removeTypes(parts, {}, {"EXIF"}, {}), 0);
+    EXPECT_THAT(removeGroups({}, files), IsEmpty());
+    EXPECT_THAT(removeGroups({"EXIF"}, {}), IsEmpty());
 }
 
 TEST_F(RemovalsTest, TheDesignedTermsInOnePairOfQuotesChangeNothing) {
     context.settings.exifTool.correctedCommands = false;
     const fs::path file = makePhoto("a.jpg");
     const std::string before = readBytes(file);
-    EXPECT_EQ(removeTypes(parts, {}, {"EXIF", "IPTC"}, {file}), 1);
+    EXPECT_NE(removeGroups({"EXIF", "IPTC"}, {file}).at(0), Done);
     EXPECT_EQ(readBytes(file), before);
 }
 
 TEST_F(RemovalsTest, EveryGroupThatIsOfferedCanBeRemoved) {
     const fs::path file = makePhoto("a.jpg");
-    EXPECT_EQ(removeTypes(parts, {}, {removableGroups().begin(), removableGroups().end()}, {file}), 1);
+    EXPECT_THAT(removeGroups({removableGroups().begin(), removableGroups().end()}, {file}),
+                ElementsAre(testing::AnyOf(Done, Warned)));
     EXPECT_THAT(report(), Not(HasSubstr("Not a deletable group")));
     EXPECT_THAT(report(), Not(HasSubstr("not defined")));
     EXPECT_EQ(valueOf(file, "EXIF:All") + valueOf(file, "XMP:All") + valueOf(file, "IPTC:All"), "");
@@ -162,13 +167,13 @@ TEST_F(RemovalsTest, EverythingOrChosenFamiliesAreDeleted) {
     for (const auto& row : cases) {
         const fs::path file = makePhoto("everything" + std::to_string(++number) + ".jpg");
         const std::string before = readBytes(file);
-        EXPECT_EQ(deleteAllTags(parts, {}, row.choice, true, {file}).begun, 1u);
+        EXPECT_THAT(kindsOf(carryOut(deleteAllTagsJob({}, row.choice, true, {file}))), ElementsAre(Done));
         for (std::size_t at = 0; at < row.left.size(); ++at)
             EXPECT_EQ(!valueOf(file, kTags[at]).empty(), row.left[at]) << number << kTags[at];
         EXPECT_EQ(copyOf(file), before);
     }
     const fs::path file = makePhoto("nothing.jpg");
-    EXPECT_EQ(deleteAllTags(parts, {}, {.everything = false}, true, {file}).begun, 0u);
+    EXPECT_THAT(carryOut(deleteAllTagsJob({}, {.everything = false}, true, {file})), IsEmpty());
     EXPECT_EQ(report(), "");
 }
 
@@ -176,7 +181,8 @@ TEST_F(RemovalsTest, DeletingCanKeepTheDateAndDoWithoutSafetyCopies) {
     const fs::path file = makePhoto("a.jpg");
     const auto long_ago = fs::last_write_time(file) - std::chrono::hours(1000);
     fs::last_write_time(file, long_ago);
-    deleteAllTags(parts, {}, {.keepDate = true}, false, {file});
+    EXPECT_THAT(kindsOf(carryOut(deleteAllTagsJob({}, {.keepDate = true}, false, {file}))),
+                ElementsAre(Done));
     // ExifTool sets whole seconds.
     EXPECT_LT(fs::last_write_time(file) - long_ago, std::chrono::seconds(2));
     EXPECT_EQ(valueOf(file, "XMP-dc:Title"), "");
@@ -184,18 +190,64 @@ TEST_F(RemovalsTest, DeletingCanKeepTheDateAndDoWithoutSafetyCopies) {
     EXPECT_EQ(runner.safetyCopies().SafetyCopyEnabled, 1);
 }
 
-TEST_F(RemovalsTest, FamiliesGoFileAfterFileUntilTheWindowWantsToClose) {
-    const std::vector<fs::path> files = {makePhoto("a.jpg"), makePhoto("b.jpg"), makePhoto("c.jpg")};
+TEST_F(RemovalsTest, FamiliesGoFileAfterFile) {
+    const std::vector<fs::path> files = {makePhoto("a.jpg"), makePhoto("b.jpg")};
     const std::string before = readBytes(files[0]);
-    progress.closesAt = 3;
-    const FileRuns runs = removeFamily(parts, QStringLiteral("Family"), 10067, files);
-    EXPECT_EQ(runs.begun, 2u);
-    EXPECT_TRUE(runs.wasStopped);
-    EXPECT_EQ(valueOf(files[1], "IPTC:All"), "");
-    EXPECT_EQ(copyOf(files[1]), before);
-    EXPECT_EQ(readBytes(files[2]), before);
-    EXPECT_THAT(progress.titles, ElementsAre("Family/3"));
-    EXPECT_EQ(progress.ended, 1);
+    const jobs::Job job = removeFamilyJob(QStringLiteral("Family"), 10067, files);
+    EXPECT_EQ(job.title, QStringLiteral("Family"));
+    EXPECT_EQ(readBytes(files[0]), before) << "nothing is written before the job is carried out";
+    EXPECT_THAT(carryOut(job), ElementsAre(Outcome{files[0], Done, {}}, Outcome{files[1], Done, {}}));
+    for (const fs::path& file : files) {
+        EXPECT_EQ(valueOf(file, "IPTC:All"), "");
+        EXPECT_EQ(copyOf(file), before);
+    }
+    EXPECT_THAT(kindsOf(carryOut(job)), ElementsAre(Unchanged, Unchanged)) << "nothing is left to remove";
+}
+
+TEST_F(RemovalsTest, NoJobTellsASuccessThatIsNone) {
+    const std::vector<fs::path> files = {makePhoto("a.jpg"), makePhoto("b.jpg")};
+    const fs::path source = folder / "source.jpg";
+    fs::copy_file(files[0], source);
+    const std::vector<TagAddress> tags = {{"XMP-dc", "Title"}, {"IPTC", "City"}};
+    const std::vector<support::NamedWork> works = {
+        // Its line keeps ExifTool from counting.
+        {"tags", [&] { return remove(tags, files); }, Unchanged},
+        {"tags of the shown file", [&] { return carryOut(removeTagsFromShownFileJob({}, tags, files[0])); }},
+        {"one tag of the panel", [&] { return carryOut(deleteTagsJob(parts, {}, tags, files[0])); }},
+        {"groups", [&] { return carryOut(removeTypesJob({}, {"EXIF"}, files)); }},
+        {"everything", [&] { return carryOut(deleteAllTagsJob({}, {}, true, files)); }},
+        {"a family", [&] { return carryOut(removeFamilyJob({}, 10067, files)); }},
+        {"copying",
+         [&] {
+             return carryOut(copyTagsJob({}, {true, true, true}, source, files));
+         }},
+    };
+    support::expectTruthOfStandIns(context, runner, folder.path(), folder / "photos", works);
+}
+
+TEST_F(RemovalsTest, WhatWasCutWhileItWasReadIsNoEmptyList) {
+    const fs::path file = makePhoto("a.jpg");
+    for (const support::ToolStandIn& standIn : support::kToolStandIns) {
+        support::useTool(context, folder / "tool", standIn.script);
+        runner.setKeepWaiting([&](std::chrono::milliseconds) { return !standIn.hangs; });
+        for (const bool corrected : {false, true}) {
+            context.settings.exifTool.correctedCommands = corrected;
+            const HeldTagsRead all = readHeldTags(parts, {file});
+            EXPECT_THAT(all.tags, IsEmpty());
+            EXPECT_NE(all.fault, QString()) << standIn.what;
+            // A group that the file does not hold gives nothing either.
+            if (standIn.isMute && !corrected) continue;
+            const HeldTagsRead ofGroup = readHeldTagsOfGroup(parts, file, "IPTC");
+            EXPECT_THAT(ofGroup.tags, IsEmpty());
+            EXPECT_NE(ofGroup.fault, QString()) << standIn.what;
+        }
+    }
+    runner.setKeepWaiting({});
+    context.settings.exifTool.correctedCommands = true;
+    support::useTool(context, folder / "tool", "echo '[IPTC] City: Town'; kill -KILL $$\n");
+    const HeldTagsRead part = readHeldTags(parts, {file});
+    EXPECT_EQ(part.tags.size(), 1u);
+    EXPECT_THAT(part.fault.toStdString(), HasSubstr("signal 9"));
 }
 
 TEST_F(RemovalsTest, AStoppedRunLeavesTheFileAndNoHalfWrittenOne) {
@@ -208,10 +260,7 @@ TEST_F(RemovalsTest, AStoppedRunLeavesTheFileAndNoHalfWrittenOne) {
     context.exifToolPath = script;
     runner.setKeepWaiting(
         [&](std::chrono::milliseconds) { return !fs::exists(file.string() + "_exiftool_tmp"); });
-    const FileRuns runs = remove({{"XMP-dc", "Title"}}, {file, makePhoto("b.jpg")});
-    EXPECT_TRUE(runs.wasStopped);
-    EXPECT_FALSE(runs.lastWasRun);
-    EXPECT_EQ(runs.begun, 1u) << "the next file is not begun";
+    EXPECT_THAT(kindsOf(remove({{"XMP-dc", "Title"}}, {file})), ElementsAre(Stopped));
     EXPECT_EQ(readBytes(file), before);
     EXPECT_FALSE(fs::exists(file.string() + "_exiftool_tmp"));
 }
@@ -221,14 +270,14 @@ TEST_F(RemovalsTest, HostileNamesAreReadAndTheirTagsRemoved) {
     for (const std::string& name : support::hostileNames()) files.push_back(makePhoto(name));
     const std::string before = readBytes(files[0]);
     std::size_t holders = 0;
-    for (const HeldTag& tag : readHeldTags(parts, files)) {
+    for (const HeldTag& tag : readHeldTags(parts, files).tags) {
         if (tag.address == TagAddress{"XMP-dc", "Title"}) holders = tag.files;
     }
     EXPECT_EQ(holders, files.size());
     EXPECT_EQ(report(), "") << "a name that cannot stand in a list is read all the same";
     EXPECT_FALSE(fs::exists(context.cachePath / "sav")) << "reading copies nothing";
 
-    remove({{"XMP-dc", "Title"}}, files);
+    EXPECT_TRUE(exiftool::isEveryFileDone(remove({{"XMP-dc", "Title"}}, files)));
     for (const fs::path& file : files) {
         EXPECT_EQ(valueOf(file, "XMP-dc:Title"), "") << file;
         EXPECT_EQ(valueOf(file, "XMP-dc:Creator"), "Somebody") << file;
@@ -243,14 +292,14 @@ TEST_F(RemovalsTest, ValuesOfAHostileFileAreShownAndDoNothing) {
     const std::string title = "x\" -if \"system('touch owned')\" \" >owned [IFD0] Make: y";
     support::ExifTool({"-q", "-overwrite_original", "-XMP-dc:Title=" + title, file.string()});
     QString shown;
-    for (const HeldTag& tag : readHeldTagsOfGroup(parts, file, "XMP-dc")) {
+    for (const HeldTag& tag : readHeldTagsOfGroup(parts, file, "XMP-dc").tags) {
         EXPECT_EQ(tag.address.group, "XMP-dc");
         if (tag.address.name == "Title") shown = tag.value;
     }
     EXPECT_EQ(shown.toStdString(), title);
-    remove({{"XMP-dc", "Title"}}, {file});
+    EXPECT_THAT(kindsOf(remove({{"XMP-dc", "Title"}}, {file})), ElementsAre(Done));
     EXPECT_EQ(valueOf(file, "XMP-dc:Title"), "");
-    EXPECT_THAT(readHeldTagsOfGroup(parts, file, "all -b \"x"), IsEmpty());
+    EXPECT_THAT(readHeldTagsOfGroup(parts, file, "all -b \"x").tags, IsEmpty());
     EXPECT_FALSE(fs::exists(folder / "photos/owned"));
 }
 
@@ -259,10 +308,11 @@ TEST_F(RemovalsTest, AGroupIsReadInEitherFormAndUnderTheCataloguesSpelling) {
     for (const bool corrected : {false, true}) {
         context.settings.exifTool.correctedCommands = corrected;
         std::vector<std::string> names;
-        for (const HeldTag& tag : readHeldTagsOfGroup(parts, file, "IPTC")) names.push_back(tag.address.name);
+        for (const HeldTag& tag : readHeldTagsOfGroup(parts, file, "IPTC").tags)
+            names.push_back(tag.address.name);
         EXPECT_THAT(names, testing::IsSupersetOf({"City", "Keywords"}));
         // ExifTool calls it XMP-lr.
-        EXPECT_EQ(readHeldTagsOfGroup(parts, file, "XMP_lr").size(), corrected ? 1u : 0u);
+        EXPECT_EQ(readHeldTagsOfGroup(parts, file, "XMP_lr").tags.size(), corrected ? 1u : 0u);
     }
 }
 
@@ -271,14 +321,14 @@ TEST_F(RemovalsTest, TagsAreCopiedAndAMissingTargetIsInTheReport) {
     const fs::path target = folder / "photos/target.jpg";
     support::writeJpeg(target);
     const fs::path gone = folder / "photos/gone.jpg";
-    const FileRuns runs = copyTags(parts, QStringLiteral("Copy"), {.exif = false, .iptc = true, .xmp = true},
-                                   source, {gone, target});
-    EXPECT_EQ(runs.begun, 2u);
+    const jobs::Job job = copyTagsJob(QStringLiteral("Copy"), {.exif = false, .iptc = true, .xmp = true},
+                                      source, {gone, target});
+    EXPECT_EQ(job.title, QStringLiteral("Copy"));
+    EXPECT_THAT(kindsOf(carryOut(job)), ElementsAre(Failed, Done));
     EXPECT_EQ(valueOf(target, "IPTC:City") + valueOf(target, "XMP-dc:Title"), "TownA title");
     EXPECT_EQ(valueOf(target, "EXIF:All"), "");
     EXPECT_THAT(report(), HasSubstr("gone.jpg"));
-    EXPECT_THAT(progress.titles, ElementsAre("Copy/2"));
-    EXPECT_EQ(copyTags(parts, {}, {}, source, {target}).begun, 0u);
+    EXPECT_THAT(copyTagsJob({}, {}, source, {target}).files, IsEmpty());
 }
 
 TEST_F(RemovalsTest, WhatIsAskedTellsWhatOfHowManyFiles) {
@@ -291,9 +341,13 @@ TEST_F(RemovalsTest, WhatIsAskedTellsWhatOfHowManyFiles) {
                     testing::EndsWith("from 1 file"));
     }
     EXPECT_FALSE(familyRemovalQuestion(language, 10070, 12));
-    EXPECT_EQ(typesRemovedText(language, true, false, 2),
-              QStringLiteral("The groups were removed from 2 files."));
-    EXPECT_NE(typesRemovedText(language, true, true, 2), typesRemovedText(language, false, true, 2));
+    const Outcome done{"a.jpg", Done, {}};
+    const QString success = QStringLiteral("The groups were removed from 2 files.");
+    EXPECT_EQ(typesRemovedText(language, Outcomes{done, done}), success);
+    for (const OutcomeKind kind : {Unchanged, Warned, Failed, Killed, Stopped, NotStarted, NotBegun})
+        EXPECT_NE(typesRemovedText(language, Outcomes{done, {"b.jpg", kind, {}}}), success);
+    EXPECT_NE(typesRemovedText(language, Outcomes{done, {"b.jpg", Failed, {}}}),
+              typesRemovedText(language, Outcomes{{"b.jpg", Failed, {}}}));
     EXPECT_EQ(copyRefusal(false, true), text::kNoSuchSource);
     EXPECT_EQ(copyRefusal(true, false), text::kChooseFamilies);
     EXPECT_EQ(copyRefusal(true, true), 0);

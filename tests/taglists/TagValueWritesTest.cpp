@@ -1,31 +1,26 @@
 #include "taglists/TagValueWrites.h"
 
 #include "exiftool/SafetyCopy.h"
+#include "jobs/JobSource.h"
 #include "support/EditedFile.h"
+#include "support/ToolStandIns.h"
 #include "taglists/AddTagsGroups.h"
 
+#include <gmock/gmock.h>
 #include <unistd.h>
 
 using namespace taglists;
+using enum exiftool::OutcomeKind;
+using exiftool::Outcome;
+using exiftool::OutcomeKind;
+using exiftool::Outcomes;
+using support::kindsOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
 namespace fs = std::filesystem;
 
 namespace {
-
-/// Notes what it is told, and wants to close before the file of this number.
-class NotedProgress : public jobs::FileProgress {
- public:
-    void begin(const QString& title, std::size_t count) override {
-        told << QStringLiteral("%1/%2").arg(title).arg(count);
-    }
-    bool showFile(const fs::path& file, std::size_t number) override {
-        told << QString::fromStdString(file.filename().string());
-        return number != closesAt;
-    }
-    void End() override { told << QStringLiteral("end"); }
-
-    QStringList told;
-    std::size_t closesAt = 0;
-};
 
 class TagValueWrites : public EditedFile {
  protected:
@@ -50,18 +45,16 @@ class TagValueWrites : public EditedFile {
         return support::ExifTool({"-a", "-G1", "-s", "-x", "System:All", "-x", "ExifTool:All", "-x",
                                   "Composite:All", "-x", "File:CurrentIPTCDigest", file.string()});
     }
-    FileRuns write(const std::vector<fs::path>& files, const TagRows& rows) {
-        return writeFiles(
-            parts, "Title", files, [&](const QString& message) { messages << message; },
-            [&](const fs::path& file) { return ModifyGroupInFile(parts, rows, file); });
+    Outcomes carryOut(const jobs::Job& job) { return jobs::runHere(job, context, runner); }
+    Outcomes write(const std::vector<fs::path>& files, const TagRows& rows) {
+        return carryOut(modifyFilesJob(parts, "Title", 1, rows, files));
+    }
+    std::vector<OutcomeKind> addTags(const TagRows& rows, const QString& group, const fs::path& file) {
+        return kindsOf(carryOut(addTagsJob(parts, {}, rows, group, {file})));
     }
     std::string copyOf(const fs::path& file) const {
         return support::readBytes(exiftool::safetyCopyPath(file, context.cachePath, {}, QDateTime()));
     }
-
-    NotedProgress noted;
-    jobs::OperationParts parts{context, language, dictionary, labels, memory, log, runner, reads, noted};
-    QStringList messages;
 };
 
 }  // namespace
@@ -91,9 +84,7 @@ TEST_F(TagValueWrites, OneOfSeveralIsChangedAndNothingElse) {
     const std::string others = otherTags(file, "IFD0:Model");
     TagRows rows = rowsOf(1, file);
     set(rows, "IFD0", "Model", "Two");
-    const FileRuns runs = write({file}, rows);
-    EXPECT_EQ(runs.begun, 1U);
-    EXPECT_TRUE(runs.lastWasRun);
+    EXPECT_THAT(write({file}, rows), ElementsAre(Outcome{file, Done, {}}));
     EXPECT_EQ(valueOf(file, "IFD0:Model"), "Two");
     EXPECT_EQ(otherTags(file, "IFD0:Model"), others);
     EXPECT_EQ(copyOf(file), before);
@@ -105,7 +96,7 @@ TEST_F(TagValueWrites, AnEmptiedRowIsRemovedAndAnUntouchedOneStays) {
     const fs::path file = photo({"-IFD0:Make=Acme", "-IFD0:Model=One", "-IFD1:Make=Thumb"});
     TagRows rows = rowsOf(1, file);
     emptyRow(rowOf(rows, "IFD0", "Make"), false);
-    write({file}, rows);
+    EXPECT_THAT(kindsOf(write({file}, rows)), ElementsAre(Done));
     EXPECT_EQ(valueOf(file, "IFD0:Make"), "");
     EXPECT_EQ(valueOf(file, "IFD1:Make"), "Thumb");
     EXPECT_EQ(valueOf(file, "IFD0:Model"), "One");
@@ -116,7 +107,7 @@ TEST_F(TagValueWrites, NothingChangedRunsNothing) {
     const std::string before = support::readBytes(file);
     const TagRows rows = rowsOf(1, file);
     EXPECT_FALSE(hasSomethingToWrite(parts, rows));
-    EXPECT_EQ(ModifyGroupInFile(parts, rows, file), 1);
+    EXPECT_THAT(modifyFilesJob(parts, {}, 1, rows, {file}).files, IsEmpty());
     EXPECT_EQ(support::readBytes(file), before);
     context.settings.exifTool.correctedCommands = false;
     EXPECT_TRUE(hasSomethingToWrite(parts, rows));
@@ -145,8 +136,8 @@ TEST_F(TagValueWrites, TagsAreAddedToAFileThatLacksTheGroup) {
             return reads.ReadCategory(file, output, static_cast<int>(group.categoryId));
         }));
         set(rows, row.group, row.name, row.value);
-        EXPECT_EQ(AddTagsToFile(parts, rows, QString::fromUtf8(group.group.data(), group.group.size()), file),
-                  1);
+        const QString name = QString::fromUtf8(group.group.data(), group.group.size());
+        EXPECT_THAT(addTags(rows, name, file), ElementsAre(Done)) << row.command;
         EXPECT_EQ(valueOf(file, std::string(row.group) + ':' + row.name), row.value)
             << row.command << report();
     }
@@ -156,7 +147,7 @@ TEST_F(TagValueWrites, AnAddedTagLeavesTheRestOfItsGroup) {
     const fs::path file = photo({"-XMP-dc:Title=kept", "-XMP-dc:Subject=one"});
     TagRows rows = rowsOfGroup(dictionary, "XMP-dc");
     set(rows, "XMP-dc", "Source", "new");
-    EXPECT_EQ(AddATagToFile(parts, rows, u"XMP-dc", file), 1);
+    EXPECT_THAT(carryOut(addATagJob(parts, {}, rows, "XMP-dc", file)), ElementsAre(Outcome{file, Done, {}}));
     EXPECT_EQ(valueOf(file, "XMP-dc:Title"), "kept");
     EXPECT_EQ(valueOf(file, "XMP-dc:Subject"), "one");
     EXPECT_EQ(valueOf(file, "XMP-dc:Source"), "new");
@@ -167,7 +158,7 @@ TEST_F(TagValueWrites, TheDesignedFormLosesRowsWithoutAValueAndLeavesACopy) {
     context.settings.exifTool.correctedCommands = false;
     TagRows rows = rowsOfGroup(dictionary, "IPTC");
     set(rows, "IPTC", "City", "new");
-    EXPECT_EQ(AddTagsToFile(parts, rows, u"IPTC", file), 1);
+    EXPECT_THAT(addTags(rows, "IPTC", file), ElementsAre(Done));
     EXPECT_EQ(valueOf(file, "IPTC:City"), "new");
     EXPECT_EQ(valueOf(file, "IPTC:Source"), "");
     EXPECT_TRUE(fs::exists(file.string() + "_original"));
@@ -178,7 +169,7 @@ TEST_F(TagValueWrites, TheDesignedModifyEmptiesTheGroupOfTheFirstRow) {
     context.settings.exifTool.correctedCommands = false;
     TagRows rows = rowsOfGroup(dictionary, "IPTC");
     set(rows, "IPTC", "City", "New");
-    EXPECT_EQ(modifyFile(parts, 22, rows, file), 1);
+    EXPECT_THAT(kindsOf(carryOut(modifyFilesJob(parts, {}, 22, rows, {file}))), ElementsAre(Done));
     EXPECT_EQ(valueOf(file, "IPTC:City"), "New");
     EXPECT_EQ(valueOf(file, "IPTC:Source"), "");
     EXPECT_EQ(valueOf(file, "XMP-dc:Title"), "stays");
@@ -201,35 +192,81 @@ TEST_F(TagValueWrites, SeveralFilesWithAReadOnlyOneAndAStranger) {
     set(rows, "IFD0", "Software", "for all");
     const fs::path broken = folder / "photos/broken.jpg";
     support::writeBytes(broken, "no picture");
-    const FileRuns runs = write({first, inClosed, stranger, broken, last}, rows);
-    EXPECT_EQ(runs.begun, 4U);
-    EXPECT_TRUE(runs.lastWasRun);
-    EXPECT_FALSE(runs.wasStopped);
-    EXPECT_EQ(messages, QStringList(QString::fromStdString(stranger.string()) + " cannot be modified"));
+    const Outcomes outcomes = write({first, inClosed, stranger, broken, last}, rows);
+    ASSERT_EQ(outcomes.size(), 5U);
+    EXPECT_EQ(outcomes[0], (Outcome{first, Done, {}}));
+    EXPECT_EQ(outcomes[2].kind, Failed);
+    EXPECT_THAT(outcomes[2].words, HasSubstr("broken.jpg"));
+    EXPECT_EQ(outcomes[3], (Outcome{last, Done, {}}));
+    EXPECT_EQ(outcomes[4], (Outcome{stranger, Failed, stranger.string() + " cannot be modified"}));
     EXPECT_EQ(valueOf(first, "IFD0:Software"), "for all");
     EXPECT_EQ(valueOf(first, "IFD0:Make"), "Acme");
     EXPECT_EQ(valueOf(last, "IFD0:Software"), "for all");
-    EXPECT_EQ(noted.told,
-              QStringList({"Title/5", "first.jpg", "locked.jpg", "broken.jpg", "last.jpg", "end"}));
     EXPECT_EQ(support::readBytes(broken), "no picture");
     EXPECT_NE(report().find("broken.jpg"), std::string::npos) << report();
     if (geteuid() != 0) {  // nothing is closed to the superuser
+        EXPECT_EQ(outcomes[1].kind, Failed);
         EXPECT_EQ(support::readBytes(inClosed), before);
         EXPECT_NE(report().find("locked.jpg"), std::string::npos) << report();
     }
 }
 
-TEST_F(TagValueWrites, AWindowThatClosesBeginsNoOtherFile) {
-    const fs::path first = photo({}, "first.jpg");
-    const fs::path second = photo({}, "second.jpg");
-    noted.closesAt = 2;
-    TagRows rows = rowsOfMode(dictionary, 1);
+TEST_F(TagValueWrites, ARowTheToolRefusesIsNoSuccess) {
+    const fs::path file = photo({"-ExifIFD:ExposureTime=1/30"});
+    const std::string before = support::readBytes(file);
+    TagRows rows = rowsOf(1, file);
+    set(rows, "ExifIFD", "ExposureTime", "abc");
+    const Outcomes refused = write({file}, rows);
+    EXPECT_TRUE(refused.front().kind == Failed || refused.front().kind == Unchanged);
+    EXPECT_THAT(refused.front().words, HasSubstr("ExposureTime"));
+    EXPECT_EQ(support::readBytes(file), before);
     set(rows, "IFD0", "Make", "Acme");
-    const FileRuns runs = write({first, second}, rows);
-    EXPECT_TRUE(runs.wasStopped);
-    EXPECT_EQ(valueOf(first, "IFD0:Make"), "Acme");
-    EXPECT_EQ(valueOf(second, "IFD0:Make"), "");
-    EXPECT_EQ(noted.told.last(), "end");
+    const Outcomes partly = write({file}, rows);
+    EXPECT_THAT(kindsOf(partly), ElementsAre(Warned));
+    EXPECT_THAT(partly.front().words, HasSubstr("ExposureTime"));
+    EXPECT_EQ(valueOf(file, "IFD0:Make"), "Acme");
+}
+
+TEST_F(TagValueWrites, NoJobTellsASuccessThatIsNone) {
+    const std::vector<fs::path> files = {photo({"-IPTC:City=Town"}, "a.jpg"),
+                                         photo({"-IPTC:City=Town"}, "b.jpg")};
+    TagRows rows = rowsOfGroup(dictionary, "IPTC");
+    set(rows, "IPTC", "City", "New");
+    const std::vector<support::NamedWork> works = {
+        {"modify", [&] { return carryOut(modifyFilesJob(parts, {}, 2, rows, files)); }},
+        {"modify the position", [&] { return carryOut(modifyFilesJob(parts, {}, 10, rows, files)); }},
+        {"add to all", [&] { return carryOut(addTagsJob(parts, {}, rows, "IPTC", files)); }},
+        {"add to one", [&] { return carryOut(addATagJob(parts, {}, rows, "IPTC", files[0])); }},
+    };
+    support::expectTruthOfStandIns(context, runner, folder.path(), folder / "photos", works);
+}
+
+TEST_F(TagValueWrites, TheSecondLineOfAFileDoesNotHideWhatBecameOfTheFirst) {
+    const fs::path file = photo({"-IPTC:City=Town"});
+    context.settings.exifTool.correctedCommands = false;
+    TagRows rows = rowsOfGroup(dictionary, "IPTC");
+    set(rows, "IPTC", "City", "New");
+    const fs::path first = folder / "first";
+    support::useTool(context, folder / "tool",
+                     "if [ ! -e '" + first.string() + "' ]; then : >'" + first.string() +
+                         "'; kill -KILL $$; fi\nexec exiftool \"$@\"\n");
+    EXPECT_THAT(addTags(rows, "IPTC", file), ElementsAre(Killed));
+    fs::remove(first);
+    EXPECT_THAT(kindsOf(carryOut(modifyFilesJob(parts, {}, 22, rows, {file}))), ElementsAre(Killed));
+}
+
+TEST_F(TagValueWrites, ValuesThatCouldNotBeReadAreNotEmptyOnes) {
+    const fs::path file = photo({"-IFD0:Make=Acme"});
+    for (const support::ToolStandIn& standIn : support::kToolStandIns) {
+        // A file without a tag of the family gives nothing either.
+        if (standIn.isMute) continue;
+        support::useTool(context, folder / "tool", standIn.script);
+        runner.setKeepWaiting([&](std::chrono::milliseconds) { return !standIn.hangs; });
+        TagRows rows = rowsOfMode(dictionary, 1);
+        EXPECT_FALSE(readValues(parts, rows, valuesOutput(context, file), [&](const fs::path& output) {
+            return reads.ReadCategory(file, output, 1413);
+        })) << standIn.what;
+    }
 }
 
 TEST_F(TagValueWrites, AnyTextReachesTheFileAsTyped) {
@@ -247,12 +284,12 @@ TEST_F(TagValueWrites, AnyTextReachesTheFileAsTyped) {
         TagRows xmp = rowsOf(7, file);
         set(xmp, "XMP-dc", "Description", value);
         set(xmp, "XMP-photoshop", "Headline", "beside");
-        write({file}, xmp);
+        EXPECT_THAT(kindsOf(write({file}, xmp)), ElementsAre(Done)) << value;
         EXPECT_EQ(valueOf(file, "XMP-dc:Description"), value);
         TagRows iptc = rowsOf(2, file);
         set(iptc, "IPTC", "Caption-Abstract", value);
         set(iptc, "IPTC", "Source", "beside");
-        write({file}, iptc);
+        EXPECT_THAT(kindsOf(write({file}, iptc)), ElementsAre(Done)) << value;
         EXPECT_EQ(valueOf(file, "IPTC:Caption-Abstract"), value);
     }
     EXPECT_EQ(valueOf(file, "IPTC:Source"), "beside");
@@ -265,7 +302,7 @@ TEST_F(TagValueWrites, HostileNamesAreReadAndWritten) {
         support::writeJpeg(file);
         TagRows rows = rowsOf(1, file);
         set(rows, "IFD0", "Make", "Acme");
-        EXPECT_EQ(ModifyGroupInFile(parts, rows, file), 1);
+        EXPECT_THAT(kindsOf(write({file}, rows)), ElementsAre(Done)) << name;
         TagRows again = rowsOf(1, file);
         EXPECT_EQ(rowOf(again, "IFD0", "Make").value, "Acme") << name << report();
     }
@@ -286,7 +323,9 @@ TEST_F(TagValueWrites, AHostileValueIsReadAndWrittenBackByBothForms) {
         TagRows ofGroup;
         for (const TagRow& row : rows)
             if (row.group == u"XMP-dc") ofGroup.push_back(row);
-        EXPECT_EQ(AddTagsToFile(parts, ofGroup, u"XMP-dc", file), 1);
+        // As designed, ExifTool has to complain of the line that empties a group that it does not know.
+        EXPECT_THAT(addTags(ofGroup, "XMP-dc", file),
+                    ElementsAre(corrected ? Done : exiftool::OutcomeKind::Warned));
         EXPECT_EQ(valueOf(file, "XMP-dc:Title"), hostile);
         EXPECT_EQ(valueOf(file, "XMP-dc:Source"), corrected ? "b" : "c");
     }
@@ -302,7 +341,7 @@ TEST_F(TagValueWrites, IptcBeyondLatinKeepsTheOtherValues) {
     set(rows, "IPTC", "Headline", "\xE6\x9D\xB1\xE4\xBA\xAC");
     set(rows, "IPTC", "Source", "\xD0\xAF");
     emptyRow(rowOf(rows, "IPTC", "Keywords"), false);
-    write({file}, rows);
+    EXPECT_THAT(kindsOf(write({file}, rows)), ElementsAre(Done));
     EXPECT_EQ(valueOf(file, "IPTC:Headline"), "\xE6\x9D\xB1\xE4\xBA\xAC");
     EXPECT_EQ(valueOf(file, "IPTC:Source"), "\xD0\xAF");
     EXPECT_EQ(valueOf(file, "IPTC:City"), "K\xC3\xB6ln");
@@ -323,7 +362,7 @@ TEST_F(TagValueWrites, EveryEntryOfEveryListTagOfExifIsAccepted) {
         ++lists;
     }
     EXPECT_GT(lists, 5U);
-    write({file}, rows);
+    EXPECT_THAT(write({file}, rows), ElementsAre(Outcome{file, Done, {}}));
     EXPECT_EQ(report().find("Warning"), std::string::npos) << report();
 }
 
@@ -340,6 +379,6 @@ TEST_F(TagValueWrites, WithoutAToolNothingIsReadOrWritten) {
     set(rows, "IFD0", "Make", "New");
     EXPECT_FALSE(readValues(parts, rows, valuesOutput(context, file),
                             [&](const fs::path& output) { return reads.ReadCategory(file, output, 1413); }));
-    EXPECT_EQ(ModifyGroupInFile(parts, rows, file), 0);
+    EXPECT_THAT(kindsOf(write({file}, rows)), ElementsAre(NotStarted));
     EXPECT_EQ(valueOf(file, "IFD0:Make"), "Acme");
 }

@@ -1,0 +1,20 @@
+#include "jobs/JobSource.h"
+
+namespace jobs {
+
+exiftool::Outcomes runHere(const Job& job, const app::AppContext& context, exiftool::ToolRunner& runner) {
+    const std::uint8_t copies = runner.safetyCopies().SafetyCopyEnabled;
+    if (!job.makesSafetyCopies) runner.safetyCopies().SafetyCopyEnabled = 0;
+    JobWork work{context, runner, {}, [](const std::filesystem::path&) {}, [](const exiftool::Outcome&) {}};
+    exiftool::Outcomes outcomes;
+    if (job.workOnAll && !job.files.empty()) {
+        outcomes = job.workOnAll(work, job.files);
+    } else {
+        for (const std::filesystem::path& file : job.files) outcomes.push_back(job.workOnFile(work, file));
+    }
+    runner.safetyCopies().SafetyCopyEnabled = copies;
+    outcomes.insert(outcomes.end(), job.leftOut.begin(), job.leftOut.end());
+    return outcomes;
+}
+
+}  // namespace jobs

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "jobs/Job.h"
+
+#include <utility>
+
+namespace jobs {
+
+/// What a dialog that ends with 1 leaves to be carried out: it shows and asks, and writes nothing itself.
+class JobSource {
+ public:
+    /// Once, after the dialog has ended with 1. A job without files has nothing to do.
+    Job takeJob() { return std::exchange(job_, {}); }
+
+ protected:
+    ~JobSource() = default;
+    void setJob(Job job) { job_ = std::move(job); }
+
+ private:
+    Job job_;
+};
+
+/// Carries the job out on the calling thread, for programs and tests without a window. The context outlives
+/// the call.
+exiftool::Outcomes runHere(const Job& job, const app::AppContext& context, exiftool::ToolRunner& runner);
+
+}  // namespace jobs
