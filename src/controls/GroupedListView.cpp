@@ -35,7 +35,6 @@ GroupedListView::GroupedListView(QWidget* parent)
     setHorizontalScrollMode(ScrollPerPixel);
     setAlternatingRowColors(true);
     setFrameShape(NoFrame);
-    setAccessibleName(tr("List"));
     viewport()->setMouseTracking(true);
 
     ListHeader* header = contents_->header;

@@ -10,6 +10,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "controls/CommandAction.h"
 #include "controls/RibbonButton.h"
 #include "controls/RibbonColors.h"
 #include "controls/RibbonGroup.h"
@@ -21,23 +22,20 @@
 namespace controls {
 namespace {
 
-constexpr char kCommandProperty[] = "commandId";
-
 QString escaped(QString text) {
     return text.replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
-QString shortcutText(int command, const RibbonSource& source) {
-    return source.shortcut(command).toString(QKeySequence::NativeText);
-}
-
-QString tipOf(const RibbonItem& item, const RibbonSource& source) {
-    QString tip = source.text(item.text);
-    const QString keys = item.command > 0 ? shortcutText(item.command, source) : QString();
-    if (!keys.isEmpty()) tip += QStringLiteral(" (%1)").arg(keys);
-    const QString more = source.tip(item.text);
+QString withMore(QString tip, const QString& more) {
     if (!more.isEmpty()) tip += QLatin1Char('\n') + more;
     return tip;
+}
+
+/// The icon that the markup names, or else the one of the command.
+QIcon iconOf(const RibbonItem& item, const RibbonSource& source) {
+    if (!item.icon.isEmpty()) return source.icon(item.icon);
+    const CommandAction* action = item.command > 0 ? source.action(item.command) : nullptr;
+    return action != nullptr ? action->icon() : QIcon();
 }
 
 /// Folds the ribbon away; the arrow points to where the body goes.
@@ -119,7 +117,7 @@ bool Ribbon::setMarkup(const QByteArray& xml, const RibbonSource& source, QStrin
 void Ribbon::clear() {
     keyboard_->leave();
     buttons_.clear();
-    actions_.clear();
+    entries_.clear();
     tabIds_.clear();
     tabKeyTips_.clear();
     const QSignalBlocker quiet(tabs_);
@@ -144,20 +142,20 @@ void Ribbon::buildTab(const RibbonTabMarkup& tab, const RibbonSource& source) {
 }
 
 RibbonGroup* Ribbon::buildGroup(const RibbonGroupMarkup& markup, const RibbonSource& source) {
-    QString icon = markup.icon;
+    QIcon icon = source.icon(markup.icon);
     for (const RibbonItem& item : markup.items) {
-        if (!icon.isEmpty()) break;
-        icon = item.icon;
+        if (!icon.isNull()) break;
+        icon = iconOf(item, source);
     }
-    auto* group = new RibbonGroup(markup.id, source.text(markup.text), source.icon(icon), markup.priority);
+    auto* group = new RibbonGroup(markup.id, source.text(markup.text), icon, markup.priority);
     group->dropDown()->setKeyTips(markup.keyTip, {});
     for (const RibbonItem& item : markup.items) {
         RibbonButton* button = buildButton(item, source);
         group->addButton(button);
         // After the group's own connection, so that its pop-up is closed when the command runs.
         if (item.kind == RibbonItem::Kind::Menu) continue;
-        connect(button, &QAbstractButton::clicked, this, [this, command = item.command] { run(command); });
-        applyState(item.command);
+        connect(button, &QAbstractButton::clicked, this, &Ribbon::giveKeyboardBack);
+        connect(button, &QAbstractButton::clicked, source.action(item.command), &QAction::trigger);
     }
     return group;
 }
@@ -166,8 +164,7 @@ RibbonButton* Ribbon::buildButton(const RibbonItem& item, const RibbonSource& so
     using Kind = RibbonItem::Kind;
     auto* button = new RibbonButton(item.large ? RibbonButton::Shape::Large : RibbonButton::Shape::Small);
     button->setLabel(source.text(item.text));
-    button->setIcon(source.icon(item.icon));
-    button->setToolTip(tipOf(item, source));
+    button->setIcon(iconOf(item, source));
     button->setKeyTips(item.keyTip, item.kind == Kind::Split ? item.arrowKeyTip : QString());
     if (item.kind != Kind::Button)
         button->setButtonMenu(buildMenu(item.entries, source), item.kind == Kind::Split
@@ -175,11 +172,10 @@ RibbonButton* Ribbon::buildButton(const RibbonItem& item, const RibbonSource& so
                                                                    : RibbonButton::MenuPart::Whole);
     if (item.kind == Kind::Menu) {
         button->setObjectName(QStringLiteral("menu-%1").arg(item.id));
+        button->setToolTip(withMore(source.text(item.text), source.tip(item.text)));
         return button;
     }
-    button->setProperty(kCommandProperty, item.command);
-    button->setObjectName(QStringLiteral("command-%1").arg(item.command));
-    button->setCheckable(source.isToggle(item.command));
+    button->showCommand(*source.action(item.command));
     buttons_.insert(item.command, button);
     return button;
 }
@@ -187,6 +183,7 @@ RibbonButton* Ribbon::buildButton(const RibbonItem& item, const RibbonSource& so
 QMenu* Ribbon::buildMenu(const std::vector<RibbonItem>& entries, const RibbonSource& source) {
     auto* menu = new QMenu(this);
     menu->setToolTipsVisible(true);
+    connect(menu, &QMenu::aboutToShow, this, &Ribbon::MenuAboutToOpen);
     for (const RibbonItem& entry : entries) {
         if (entry.kind == RibbonItem::Kind::Separator) {
             menu->addSeparator();
@@ -198,82 +195,35 @@ QMenu* Ribbon::buildMenu(const std::vector<RibbonItem>& entries, const RibbonSou
             inner->setObjectName(QStringLiteral("menu-%1").arg(entry.id));
             menu->addMenu(inner);
         } else {
-            QAction* action = buildAction(entry, source);
-            action->setParent(menu);
-            menu->addAction(action);
-            applyState(entry.command);
+            menu->addAction(buildEntry(entry, source, menu));
         }
     }
     return menu;
 }
 
-QAction* Ribbon::buildAction(const RibbonItem& item, const RibbonSource& source) {
-    const int command = item.command;
+QAction* Ribbon::buildEntry(const RibbonItem& item, const RibbonSource& source, QMenu* menu) {
+    CommandAction& command = *source.action(item.command);
     QString text = withMnemonic(source.text(item.text), item.keyTip);
-    const QString keys = shortcutText(command, source);
+    const QString keys = command.shortcut().toString(QKeySequence::NativeText);
     // What stands behind a tab is shown in the column of the shortcuts, and nothing listens to it.
     if (!keys.isEmpty()) text += QLatin1Char('\t') + keys;
-    auto* action = new QAction(source.icon(item.icon), text, this);
-    action->setToolTip(tipOf(item, source));
-    action->setProperty(kCommandProperty, command);
-    action->setObjectName(QStringLiteral("action-%1").arg(command));
-    action->setCheckable(source.isToggle(command));
-    actions_.insert(command, action);
-    connect(action, &QAction::triggered, this, [this, command] {
-        applyState(command);  // undoes the toggling that comes with the click
-        run(command);
-    });
-    return action;
+    entries_.insert(item.command);
+    QAction* entry = command.makeEntry(text, menu, [this] { giveKeyboardBack(); });
+    if (!item.icon.isEmpty()) entry->setIcon(source.icon(item.icon));
+    return entry;
 }
 
-void Ribbon::applyState(int commandId) {
-    const State state = states_.value(commandId);
-    if (RibbonButton* found = button(commandId)) {
-        found->setChecked(state.checked);
-        found->setEnabled(state.enabled);
-    }
-    if (QAction* action = actions_.value(commandId)) {
-        action->setChecked(state.checked);
-        action->setEnabled(state.enabled);
-    }
-}
-
-void Ribbon::run(int commandId) {
-    // A command of the focused list needs the list to have the focus.
+/// A command of the focused list needs the list to have the focus.
+void Ribbon::giveKeyboardBack() {
     keyboard_->leave();
-    Q_EMIT CommandTriggered(commandId);
-}
-
-void Ribbon::setChecked(int commandId, bool checked) {
-    states_[commandId].checked = checked;
-    applyState(commandId);
-}
-
-bool Ribbon::isChecked(int commandId) const {
-    return states_.value(commandId).checked;
-}
-
-void Ribbon::setEnabled(int commandId, bool enabled) {
-    states_[commandId].enabled = enabled;
-    applyState(commandId);
-}
-
-bool Ribbon::isEnabled(int commandId) const {
-    return states_.value(commandId).enabled;
 }
 
 bool Ribbon::contains(int commandId) const {
-    return buttons_.contains(commandId) || actions_.contains(commandId);
+    return buttons_.contains(commandId) || entries_.contains(commandId);
 }
 
 RibbonButton* Ribbon::button(int commandId) const {
     return buttons_.value(commandId);
-}
-
-bool Ribbon::trigger(int commandId) {
-    if (!contains(commandId) || !isEnabled(commandId)) return false;
-    run(commandId);
-    return true;
 }
 
 QStringList Ribbon::tabIds() const {

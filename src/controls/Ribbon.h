@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QHash>
+#include <QSet>
 #include <QWidget>
 #include <memory>
 
@@ -20,10 +21,10 @@ class RibbonPage;
 class RibbonTabStrip;
 
 /// The ribbon: a strip of tabs, and under it the groups of the current tab. What it holds comes from markup;
-/// what it does is to tell command numbers. Each button carries the dynamic property `commandId` and the
-/// object name "command-<id>"; each entry of a menu is an action with the property and the name
-/// "action-<id>"; groups are named "group-<id>", menu buttons "menu-<id>". Alt or F10 moves the focus into
-/// it and shows the key tips, Esc goes back. GUI thread.
+/// what it does is to choose the actions of commands, whose states it shows. Each button carries the dynamic
+/// property `commandId` and the object name "command-<id>"; each entry of a menu is an action with the
+/// property and the name "action-<id>"; groups are named "group-<id>", menu buttons "menu-<id>". Alt or F10
+/// moves the focus into it and shows the key tips, Esc goes back. GUI thread.
 class Ribbon : public QWidget {
     Q_OBJECT
 
@@ -31,26 +32,15 @@ class Ribbon : public QWidget {
     explicit Ribbon(QWidget* parent = nullptr);
     ~Ribbon() override;
 
-    /// Fills the ribbon anew; the source is asked during the call only. Commands that are not available, and
-    /// groups and tabs without commands, are left out. Checked and enabled states told before stay. False,
-    /// with a text and a line number in *error, when the markup is faulty; the ribbon then stays as it was.
+    /// Fills the ribbon anew; the source is asked during the call only. Commands without an action, and
+    /// groups and tabs without commands, are left out. False, with a text and a line number in *error, when
+    /// the markup is faulty; the ribbon then stays as it was.
     bool setMarkup(const QByteArray& xml, const RibbonSource& source, QString* error = nullptr);
-
-    /// The states of commands. A click changes no state: the program tells it when the command has worked.
-    /// Numbers that the markup lacks are remembered for a later one.
-    void setChecked(int commandId, bool checked);
-    bool isChecked(int commandId) const;
-    void setEnabled(int commandId, bool enabled);
-    bool isEnabled(int commandId) const;
-    using QWidget::isEnabled;
-    using QWidget::setEnabled;
 
     /// Whether the command stands in the ribbon, as a button or in a menu.
     bool contains(int commandId) const;
     /// Null when the command has no button of its own.
     RibbonButton* button(int commandId) const;
-    /// As if the user had clicked it; false when it is not there or disabled.
-    bool trigger(int commandId);
 
     /// Ids of the tabs on show, from left to right.
     QStringList tabIds() const;
@@ -68,7 +58,8 @@ class Ribbon : public QWidget {
     QStringList tabKeyTips() const { return tabKeyTips_; }
 
  Q_SIGNALS:
-    void CommandTriggered(int commandId);
+    /// Before the menu of a button opens, so that its entries can be brought up to date.
+    void MenuAboutToOpen();
     void FoldedChanged(bool folded);
 
  protected:
@@ -76,19 +67,13 @@ class Ribbon : public QWidget {
     void changeEvent(QEvent* event) override;
 
  private:
-    struct State {
-        bool checked = false;
-        bool enabled = true;
-    };
-
     void clear();
     void buildTab(const RibbonTabMarkup& tab, const RibbonSource& source);
     RibbonGroup* buildGroup(const RibbonGroupMarkup& markup, const RibbonSource& source);
     RibbonButton* buildButton(const RibbonItem& item, const RibbonSource& source);
     QMenu* buildMenu(const std::vector<RibbonItem>& entries, const RibbonSource& source);
-    QAction* buildAction(const RibbonItem& item, const RibbonSource& source);
-    void applyState(int commandId);
-    void run(int commandId);
+    QAction* buildEntry(const RibbonItem& item, const RibbonSource& source, QMenu* menu);
+    void giveKeyboardBack();
     void tabClicked(int index);
     void tabDoubleClicked(int index);
 
@@ -99,8 +84,7 @@ class Ribbon : public QWidget {
     QStringList tabIds_;
     QStringList tabKeyTips_;
     QHash<int, RibbonButton*> buttons_;
-    QHash<int, QAction*> actions_;
-    QHash<int, State> states_;
+    QSet<int> entries_;  ///< the commands in menus
     bool unfoldedByClick_ = false;
 };
 

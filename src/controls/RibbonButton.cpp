@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 
+#include "controls/CommandAction.h"
 #include "controls/RibbonColors.h"
 
 namespace controls {
@@ -31,6 +32,21 @@ RibbonButton::RibbonButton(Shape shape, QWidget* parent) : QToolButton(parent), 
     setIconSize(QSize(side, side));
     setSizePolicy(shape == Shape::Large ? QSizePolicy::Fixed : QSizePolicy::Expanding,
                   shape == Shape::Large ? QSizePolicy::Expanding : QSizePolicy::Fixed);
+}
+
+void RibbonButton::showCommand(const CommandAction& command) {
+    setProperty("commandId", command.commandId());
+    setObjectName(QStringLiteral("command-%1").arg(command.commandId()));
+    const auto showStates = [this, &command] {
+        setToolTip(command.toolTip());
+        setCheckable(command.isCheckable());
+        setChecked(command.isChecked());
+        canRun_ = command.isEnabled();
+        setEnabled(canRun_ || menuPart_ == MenuPart::Arrow);
+        update();
+    };
+    showStates();
+    connect(&command, &QAction::changed, this, showStates);
 }
 
 void RibbonButton::setLabel(const QString& label) {
@@ -91,9 +107,9 @@ QRect RibbonButton::arrowKeyTipPlace() const {
     return {arrow.left(), 0, arrow.width(), height() / 2 + 1};
 }
 
-QColor RibbonButton::textColor() const {
+QColor RibbonButton::textColor(bool enabled) const {
     const RibbonColors colors(palette());
-    return isEnabled() ? colors.text : colors.disabledText;
+    return enabled ? colors.text : colors.disabledText;
 }
 
 void RibbonButton::paintEvent(QPaintEvent*) {
@@ -139,8 +155,8 @@ void RibbonButton::paintGround(QPainter& painter) const {
 }
 
 void RibbonButton::paintIcon(QPainter& painter, QPoint topLeft, int side) const {
-    const QPixmap picture =
-        icon().pixmap(QSize(side, side), devicePixelRatio(), isEnabled() ? QIcon::Normal : QIcon::Disabled);
+    const QPixmap picture = icon().pixmap(QSize(side, side), devicePixelRatio(),
+                                          isEnabled() && canRun_ ? QIcon::Normal : QIcon::Disabled);
     if (picture.isNull()) return;
     const QSize size = picture.size() / picture.devicePixelRatio();
     painter.drawPixmap(topLeft.x() + (side - size.width()) / 2, topLeft.y() + (side - size.height()) / 2,
@@ -148,7 +164,7 @@ void RibbonButton::paintIcon(QPainter& painter, QPoint topLeft, int side) const 
 }
 
 void RibbonButton::paintChevron(QPainter& painter, QPointF center) const {
-    QPen pen(textColor(), 1.2);
+    QPen pen(textColor(isEnabled()), 1.2);
     pen.setCapStyle(Qt::RoundCap);
     pen.setJoinStyle(Qt::RoundJoin);
     painter.setPen(pen);
@@ -164,7 +180,7 @@ void RibbonButton::paintLarge(QPainter& painter) const {
     const int text = fontMetrics().horizontalAdvance(label_);
     const int chevron = menuPart_ == MenuPart::None ? 0 : kChevronWidth;
     const int left = (width() - text - chevron) / 2;
-    painter.setPen(textColor());
+    painter.setPen(textColor(isEnabled() && canRun_));
     painter.drawText(QRect(left, area.top(), text + 1, area.height()), Qt::AlignVCenter | Qt::TextSingleLine,
                      label_);
     if (chevron > 0) paintChevron(painter, QPointF(left + text + chevron / 2.0 + 1, area.center().y() + 1.5));
@@ -173,12 +189,16 @@ void RibbonButton::paintLarge(QPainter& painter) const {
 void RibbonButton::paintSmall(QPainter& painter) const {
     paintIcon(painter, QPoint(kSidePadding, (height() - kSmallIcon) / 2), kSmallIcon);
     const int left = kSidePadding + kSmallIcon + kGap;
-    painter.setPen(textColor());
+    painter.setPen(textColor(isEnabled() && canRun_));
     painter.drawText(QRect(left, 0, fontMetrics().horizontalAdvance(label_) + 1, height()),
                      Qt::AlignVCenter | Qt::TextSingleLine, label_);
     if (menuPart_ != MenuPart::None)
         paintChevron(painter,
                      QPointF(width() - kSidePadding - kChevronWidth / 2.0 + 2, height() / 2.0 + 0.5));
+}
+
+bool RibbonButton::hitButton(const QPoint& position) const {
+    return canRun_ && QToolButton::hitButton(position);
 }
 
 void RibbonButton::mousePressEvent(QMouseEvent* event) {
@@ -209,7 +229,7 @@ void RibbonButton::keyPressEvent(QKeyEvent* event) {
                        (event->key() == Qt::Key_Down && (event->modifiers() & Qt::AltModifier));
     if (menu() && (opens || (enter && menuPart_ == MenuPart::Whole)))
         showMenu();
-    else if (enter)
+    else if (enter && canRun_)
         click();
     else
         QToolButton::keyPressEvent(event);

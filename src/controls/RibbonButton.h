@@ -6,6 +6,8 @@ class QMenu;
 
 namespace controls {
 
+class CommandAction;
+
 /// A button of the ribbon: large (icon 32 over the text) or small (icon 16 and the text), with or without a
 /// menu. A click does not change the checked state; the program does that when the command has worked.
 class RibbonButton : public QToolButton {
@@ -17,6 +19,12 @@ class RibbonButton : public QToolButton {
     enum class MenuPart { None, Arrow, Whole };
 
     explicit RibbonButton(Shape shape, QWidget* parent = nullptr);
+
+    /// Takes tool tip, states, object name and the property `commandId` of the command. Icon and label are
+    /// the button's own; whoever made it triggers the command when it is clicked.
+    void showCommand(const CommandAction& command);
+    /// False when the command cannot run now. The menu of a split button can be opened all the same.
+    bool canRun() const { return canRun_; }
 
     Shape shape() const { return shape_; }
     /// The text as it is to be read; an ampersand in it is one.
@@ -49,6 +57,7 @@ class RibbonButton : public QToolButton {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool hitButton(const QPoint& position) const override;
     void leaveEvent(QEvent* event) override;
     void nextCheckState() override {}
 
@@ -58,7 +67,7 @@ class RibbonButton : public QToolButton {
     void paintSmall(QPainter& painter) const;
     void paintIcon(QPainter& painter, QPoint topLeft, int side) const;
     void paintChevron(QPainter& painter, QPointF center) const;
-    QColor textColor() const;
+    QColor textColor(bool enabled) const;
 
     Shape shape_;
     MenuPart menuPart_ = MenuPart::None;
@@ -66,6 +75,7 @@ class RibbonButton : public QToolButton {
     QString keyTip_;
     QString arrowKeyTip_;
     bool overArrow_ = false;
+    bool canRun_ = true;
 };
 
 }  // namespace controls

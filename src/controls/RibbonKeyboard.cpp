@@ -57,7 +57,7 @@ std::optional<QChar> typedTip(const QKeyEvent& event) {
 void addTargets(const std::vector<RibbonButton*>& buttons, std::vector<KeyTipTarget>& targets) {
     for (RibbonButton* button : buttons) {
         if (!button->isEnabled() || button->visibleRegion().isEmpty()) continue;
-        targets.push_back({button->keyTip(), button, button->keyTipPlace(), false, -1});
+        if (button->canRun()) targets.push_back({button->keyTip(), button, button->keyTipPlace(), false, -1});
         if (!button->arrowKeyTip().isEmpty())
             targets.push_back({button->arrowKeyTip(), button, button->arrowKeyTipPlace(), true, -1});
     }

@@ -218,7 +218,6 @@ void nameCommands(std::vector<RibbonItem>& items, const RibbonSource& source) {
         nameCommands(item.entries, source);
         if (item.command == 0) continue;
         if (item.text == 0) item.text = source.commandText(item.command);
-        if (item.icon.isEmpty()) item.icon = source.commandIcon(item.command);
     }
 }
 
@@ -234,11 +233,11 @@ bool keepAvailable(RibbonItem& item, const RibbonSource& source) {
         case Kind::Menu:
             return !item.entries.empty();
         case Kind::Button:
-            return source.available(item.command);
+            return source.action(item.command) != nullptr;
         case Kind::Split:
             break;
     }
-    const bool works = source.available(item.command);
+    const bool works = source.action(item.command) != nullptr;
     if (works && item.entries.empty()) item.kind = Kind::Button;
     if (!works) {
         item.kind = Kind::Menu;  // which keeps the key tip of the button

@@ -2,12 +2,13 @@
 
 #include <QByteArray>
 #include <QIcon>
-#include <QKeySequence>
 #include <QString>
 #include <optional>
 #include <vector>
 
 namespace controls {
+
+class CommandAction;
 
 /// Where the ribbon gets what its markup names only by number or name. Asked while setMarkup() runs.
 class RibbonSource {
@@ -15,18 +16,14 @@ class RibbonSource {
     virtual ~RibbonSource() = default;
 
     virtual QString text(int stringNumber) const = 0;
-    /// A sentence more for the tool tip; empty: the text alone.
+    /// A sentence more for the tool tip of a menu; empty: the text alone.
     virtual QString tip(int /*stringNumber*/) const { return {}; }
     virtual QIcon icon(const QString& name) const = 0;
-    /// String number and icon of a command for which the markup names none of its own.
+    /// String number of a command for which the markup names none of its own.
     virtual int commandText(int commandId) const { return commandId; }
-    virtual QString commandIcon(int /*commandId*/) const { return {}; }
-    /// Whether the command works; others are not shown.
-    virtual bool available(int commandId) const = 0;
-    /// Told in tool tips and menus; the ribbon itself listens to no shortcut. Empty: none.
-    virtual QKeySequence shortcut(int commandId) const = 0;
-    /// Whether the command has a checked state.
-    virtual bool isToggle(int commandId) const = 0;
+    /// Null for a command that the program does not have, which is then not shown. The actions outlive what
+    /// the ribbon shows, or take it out of use when they go.
+    virtual CommandAction* action(int commandId) const = 0;
 };
 
 /// One button, menu or line. docs/ribbon.md describes the markup.
@@ -37,7 +34,7 @@ struct RibbonItem {
     int command = 0;  ///< Button and Split
     QString id{};     ///< Menu
     int text = 0;     ///< string number; 0: the one of the command
-    QString icon{};   ///< empty: the one of the command, or none
+    QString icon{};   ///< empty: the one of the command's action, or none
     bool large = false;
     QString keyTip{};                   ///< what is typed for it; in a menu, the letter that is underlined
     QString arrowKeyTip{};              ///< Split, for its menu
@@ -81,7 +78,7 @@ struct RibbonMarkupResult {
 /// Reads the XML. Refuses what it does not know, so that a slip in a language file is found at once.
 RibbonMarkupResult readRibbonMarkup(const QByteArray& xml);
 
-/// Gives each command without them its text and icon.
+/// Gives each command without one its text.
 void nameCommands(RibbonMarkup& markup, const RibbonSource& source);
 
 /// Takes out the commands that are not available, and every menu, group and tab that is then empty.

@@ -4,7 +4,6 @@
 #include "payload/ThumbnailAddDialog.h"
 #include "window/OperationEnding.h"
 #include "window/SelectionGathering.h"
-#include "window/WindowFeedback.h"
 
 namespace window {
 
@@ -25,23 +24,26 @@ void BatchCommands::runBatch(app::CommandId id) {
     const std::vector<fs::path> files = gathering_.GatherSelection();
     if (files.empty()) return;
     batch::BatchDispatcher dispatcher(
-        {parts_.context, parts_.language, parts_.runner, parts_.feedback},
+        {parts_.language, parts_.runner},
         [this](const batch::BatchOperation& operation, const batch::BatchOptions& options) {
             return openBatchDialog(operation, options);
         });
-    const bool isDone = dispatcher.BatchDispatch(id, files);
-    if (isDone) ending_.showWhatChanged();
-    if (!isDone)
+    std::optional<jobs::Job> job = dispatcher.BatchDispatch(id, files);
+    if (!job) {
         ending_.showReportBeginning();
-    else if (batch::findBatchOperation(id)->reportFollows)
-        ending_.ShowBatchReport();
+        return;
+    }
+    OperationEnding::Tell tell;
+    if (!batch::findBatchOperation(id)->reportFollows) tell = [](const jobs::JobResult&) {};
+    ending_.carryOut(std::move(*job), tell);
 }
 
-int BatchCommands::openBatchDialog(const batch::BatchOperation& operation,
-                                   const batch::BatchOptions& options) {
-    if (operation.id == app::command::kEmbedThumbnail)
-        return payload::ThumbnailAddDialog(parts_.operations, options.files, &parts_.window).run();
-    return 0;
+std::optional<jobs::Job> BatchCommands::openBatchDialog(const batch::BatchOperation& operation,
+                                                        const batch::BatchOptions& options) {
+    if (operation.id != app::command::kEmbedThumbnail) return std::nullopt;
+    payload::ThumbnailAddDialog dialog(parts_.operations, options.files, &parts_.window);
+    if (dialog.run() == 0) return std::nullopt;
+    return dialog.takeJob();
 }
 
 }  // namespace window

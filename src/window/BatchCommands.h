@@ -1,7 +1,10 @@
 #pragma once
 
+#include "jobs/Job.h"
 #include "window/CommandMap.h"
 #include "window/WindowParts.h"
+
+#include <optional>
 
 namespace batch {
 struct BatchOperation;
@@ -24,8 +27,10 @@ class BatchCommands {
     void runBatch(app::CommandId id);
 
  private:
-    /// The dialog of an operation that asks for something: 1 when it ran, 0 when it was cancelled.
-    int openBatchDialog(const batch::BatchOperation& operation, const batch::BatchOptions& options);
+    /// The dialog of an operation that asks for something: what it leaves to be done, nothing when it was
+    /// cancelled.
+    std::optional<jobs::Job> openBatchDialog(const batch::BatchOperation& operation,
+                                             const batch::BatchOptions& options);
 
     const WindowParts& parts_;
     SelectionGathering& gathering_;

@@ -14,31 +14,68 @@ namespace window {
 std::span<const CommandRow<BrowseCommands>> BrowseCommands::rows() {
     using namespace app::command;
     static constexpr CommandRow<BrowseCommands> kRows[] = {
-        {kViewDetails, kViewDetails, &BrowseCommands::setView},
+        {kViewDetails, kViewDetails, &BrowseCommands::setView, &BrowseCommands::viewState},
         {kOpenSelectedFolder, kOpenSelectedFolder, &BrowseCommands::openSelected},
-        {kDeselectAll, kDeselectAll, &BrowseCommands::clearSelection},
+        {kDeselectAll, kDeselectAll, &BrowseCommands::clearSelection, &BrowseCommands::ifSelected},
         {kFocusList, kFocusList, &BrowseCommands::focusList},
         {kRefresh, kRefresh, &BrowseCommands::refresh},
-        {kBack, kBack, &BrowseCommands::goBack},
-        {kForward, kForward, &BrowseCommands::goForward},
-        {kUp, kUp, &BrowseCommands::goUp},
-        {kClearSelection, kClearSelection, &BrowseCommands::clearSelection},
-        {kCheckBoxes, kCheckBoxes, &BrowseCommands::toggleCheckBoxes},
-        {kInvertSelectionOfRibbon, kInvertSelectionOfRibbon, &BrowseCommands::invertSelection},
+        {kBack, kBack, &BrowseCommands::goBack, &BrowseCommands::backState},
+        {kForward, kForward, &BrowseCommands::goForward, &BrowseCommands::forwardState},
+        {kUp, kUp, &BrowseCommands::goUp, &BrowseCommands::upState},
+        {kClearSelection, kClearSelection, &BrowseCommands::clearSelection, &BrowseCommands::ifSelected},
+        {kCheckBoxes, kCheckBoxes, &BrowseCommands::toggleCheckBoxes, &BrowseCommands::checkBoxesState},
+        {kInvertSelectionOfRibbon, kInvertSelectionOfRibbon, &BrowseCommands::invertSelection,
+         &BrowseCommands::ifNotEmpty},
         {kApplyItemStates, kApplyItemStates, &BrowseCommands::applyItemStates},
         {kOpenFile, kOpenFile, &BrowseCommands::openSelected},
-        {kSelectAll, kSelectAll, &BrowseCommands::selectAll},
-        {kInvertSelection, kInvertSelection, &BrowseCommands::invertSelection},
-        {kSelectNone, kSelectNone, &BrowseCommands::clearSelection},
+        {kSelectAll, kSelectAll, &BrowseCommands::selectAll, &BrowseCommands::ifNotEmpty},
+        {kInvertSelection, kInvertSelection, &BrowseCommands::invertSelection, &BrowseCommands::ifNotEmpty},
+        {kSelectNone, kSelectNone, &BrowseCommands::clearSelection, &BrowseCommands::ifSelected},
         {kSortAscending, kSortDescending, &BrowseCommands::sortDirection},
-        {kShowHidden, kShowHidden, &BrowseCommands::toggleHidden},
+        {kShowHidden, kShowHidden, &BrowseCommands::toggleHidden, &BrowseCommands::hiddenState},
         {kRefreshOfMenu, kRefreshOfMenu, &BrowseCommands::refresh},
-        {kBackOfMenu, kBackOfMenu, &BrowseCommands::goBack},
-        {kForwardOfMenu, kForwardOfMenu, &BrowseCommands::goForward},
-        {kUpOfMenu, kUpOfMenu, &BrowseCommands::goUp},
-        {kSortBy + 1, kSortBy + 4, &BrowseCommands::sortBy},
+        {kBackOfMenu, kBackOfMenu, &BrowseCommands::goBack, &BrowseCommands::backState},
+        {kForwardOfMenu, kForwardOfMenu, &BrowseCommands::goForward, &BrowseCommands::forwardState},
+        {kUpOfMenu, kUpOfMenu, &BrowseCommands::goUp, &BrowseCommands::upState},
+        {kSortBy + 1, kSortBy + 4, &BrowseCommands::sortBy, &BrowseCommands::sortState},
     };
     return kRows;
+}
+
+CommandState BrowseCommands::viewState(app::CommandId id) const {
+    return {.checked = parts_.context.settings.main.viewMode == id - app::command::kViewDetails + 1};
+}
+
+CommandState BrowseCommands::ifSelected(app::CommandId) const {
+    return {.enabled = parts_.hasSelection()};
+}
+
+CommandState BrowseCommands::ifNotEmpty(app::CommandId) const {
+    return {.enabled = parts_.activeBrowser().model().rowCount() > 0};
+}
+
+CommandState BrowseCommands::backState(app::CommandId) const {
+    return {.enabled = parts_.activeBrowser().navigationController().canGoToOffset(-1)};
+}
+
+CommandState BrowseCommands::forwardState(app::CommandId) const {
+    return {.enabled = parts_.activeBrowser().navigationController().canGoToOffset(+1)};
+}
+
+CommandState BrowseCommands::upState(app::CommandId) const {
+    return {.enabled = parts_.activeBrowser().navigationController().canGoUp()};
+}
+
+CommandState BrowseCommands::checkBoxesState(app::CommandId) const {
+    return {.checked = parts_.context.settings.listView.showCheckBox};
+}
+
+CommandState BrowseCommands::hiddenState(app::CommandId) const {
+    return {.checked = parts_.tabs.showHidden()};
+}
+
+CommandState BrowseCommands::sortState(app::CommandId id) const {
+    return {.checked = parts_.context.settings.main.sortMode == id - app::command::kSortBy};
 }
 
 void BrowseCommands::setView(app::CommandId id) {
@@ -71,7 +108,8 @@ void BrowseCommands::openPath(const std::filesystem::path& path) {
 bool BrowseCommands::openFolder(const std::filesystem::path& folder) {
     const long result = parts_.activeBrowser().navigationController().BrowseFolder(folder);
     if (result == browser::kNavigationOk) return true;
-    parts_.showStatus(browser::navigationFailureText(result, platform::display(folder)));
+    parts_.showStatus(
+        parts_.language.formatted(browser::navigationFailureText(result), {platform::display(folder)}));
     return false;
 }
 

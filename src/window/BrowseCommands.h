@@ -37,6 +37,16 @@ class BrowseCommands {
     bool openFolder(const std::filesystem::path& folder);
 
  private:
+    CommandState viewState(app::CommandId id) const;
+    CommandState ifSelected(app::CommandId id) const;
+    CommandState ifNotEmpty(app::CommandId id) const;
+    CommandState backState(app::CommandId id) const;
+    CommandState forwardState(app::CommandId id) const;
+    CommandState upState(app::CommandId id) const;
+    CommandState checkBoxesState(app::CommandId id) const;
+    CommandState hiddenState(app::CommandId id) const;
+    CommandState sortState(app::CommandId id) const;
+
     const WindowParts& parts_;
 };
 

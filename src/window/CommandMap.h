@@ -1,9 +1,12 @@
 #pragma once
 
 #include "app/CommandTable.h"
+#include "app/LanguageFile.h"
+#include "controls/CommandAction.h"
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <span>
 
 namespace window {
@@ -25,9 +28,10 @@ struct CommandRow {
     CommandState (Subject::*state)(app::CommandId) const = nullptr;  ///< null: can always run, is never on
 };
 
-/// Which function does what: a subject registers its handlers under their ids, and everything that sends a
-/// command runs it here. Knows neither the window nor the subjects. GUI thread.
-class CommandMap {
+/// Which function does what, and the one action of each command: a subject registers its handlers under their
+/// ids, and ribbon, menus and keys show and choose the actions. Knows neither the window nor the subjects.
+/// GUI thread.
+class CommandMap : public controls::CommandActions {
  public:
     using Handler = std::function<void(app::CommandId)>;
     using StateQuestion = std::function<CommandState(app::CommandId)>;
@@ -43,18 +47,33 @@ class CommandMap {
     template <class Subject>
     void addSubject(Subject& subject, std::span<const CommandRow<Subject>> rows);
 
+    /// Whether anything is selected, for the commands of which the table says that they need it. Without a
+    /// question these can always run.
+    void setSelectionQuestion(std::function<bool()> hasSelection);
+    /// Makes the actions of all commands added so far; chosen is told when one is chosen.
+    void createActions(const app::LanguageFile& language, const Handler& chosen);
+
     bool isBuilt(app::CommandId id) const { return entries_.contains(id); }
-    /// Not enabled when the command is not built.
+    /// As it is now. Not enabled when the command is not built.
     CommandState state(app::CommandId id) const;
-    /// False when the command is not built, or cannot run now.
+    /// Runs the handler, which tells itself why it cannot do its work. False when the command is not built.
     bool run(app::CommandId id) const;
+
+    // --- controls::CommandActions
+    controls::CommandAction* action(int commandId) const override;
+    void refresh() override;
 
  private:
     struct Entry {
         Handler handler;
         StateQuestion state;
+        bool needsSelection = false;
+        std::unique_ptr<controls::CommandAction> action;
     };
+    CommandState stateOf(app::CommandId id, const Entry& entry) const;
+
     std::map<app::CommandId, Entry> entries_;
+    std::function<bool()> hasSelection_;
 };
 
 template <class Subject>

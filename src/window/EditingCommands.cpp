@@ -1,12 +1,13 @@
 #include "window/EditingCommands.h"
 
 #include "dialogs/Messages.h"
-#include "dialogs/ProgressDialog.h"
 #include "edit/EditTexts.h"
 #include "edit/PanelEdit.h"
 #include "edit/ValueDialogs.h"
-#include "exiftool/ReportFile.h"
 #include "exiftool/WriteTag.h"
+#include "jobs/JobRunner.h"
+#include "jobs/JobTexts.h"
+#include "jobs/OutcomeText.h"
 #include "panel/MetadataPanel.h"
 #include "payload/DisplayHexaDialog.h"
 #include "platform/FileStamp.h"
@@ -26,15 +27,38 @@ namespace fs = std::filesystem;
 std::span<const CommandRow<EditingCommands>> EditingCommands::rows() {
     using namespace app::command;
     static constexpr CommandRow<EditingCommands> kRows[] = {
-        {kRemoveGroupFromFile, kRemoveGroupFromFile, &EditingCommands::deleteGroup},
-        {kDeleteTag, kDeleteTag, &EditingCommands::deleteTag},
-        {kDeleteGroup, kDeleteGroup, &EditingCommands::deleteGroup},
+        {kRemoveGroupFromFile, kRemoveGroupFromFile, &EditingCommands::deleteGroup,
+         &EditingCommands::deleteGroupState},
+        {kDeleteTag, kDeleteTag, &EditingCommands::deleteTag, &EditingCommands::deleteTagState},
+        {kDeleteGroup, kDeleteGroup, &EditingCommands::deleteGroup, &EditingCommands::deleteGroupState},
     };
     return kRows;
 }
 
+CommandState EditingCommands::deleteTagState(app::CommandId) const {
+    const QModelIndex current = parts_.panel.list().currentIndex();
+    return {.enabled = current.isValid() && canDelete(parts_.panel.model().row(current.row()))};
+}
+
+CommandState EditingCommands::deleteGroupState(app::CommandId) const {
+    const QModelIndex current = parts_.panel.list().currentIndex();
+    if (!current.isValid()) return {.enabled = false};
+    const panel::MetadataListModel& model = parts_.panel.model();
+    const std::uint32_t groupId = model.row(current.row()).groupId;
+    for (int position = 0; position < model.rowCount(); ++position)
+        if (model.row(position).groupId == groupId && canDelete(model.row(position))) return {};
+    return {.enabled = false};
+}
+
+bool EditingCommands::canDelete(const tags::MetadataRow& row) const {
+    if (row.tagId < 0) return false;
+    const std::optional<tags::TagRecord> record =
+        parts_.dictionary.FindTagById(static_cast<std::uint32_t>(row.tagId));
+    return record && record->writable;
+}
+
 void EditingCommands::EditTagFromPanel(int rowIndex, bool altHeld) {
-    if (parts_.progress.isWaiting() || !isPanelUpToDate()) return;
+    if (!isPanelUpToDate()) return;
     // Whatever reads the panel again takes the row away.
     const tags::MetadataRow row = parts_.panel.model().row(rowIndex);
     const std::optional<tags::TagRecord> record =
@@ -59,10 +83,15 @@ void EditingCommands::EditTagFromPanel(int rowIndex, bool altHeld) {
 
 bool EditingCommands::isPanelUpToDate() {
     const fs::path file = parts_.panel.file();
-    if (parts_.panel.isFileUnchanged()) return true;
     const QString name = platform::display(file.filename());
+    if (parts_.panel.isReading()) return false;
+    if (parts_.jobs.isWorkingOn(file)) {
+        parts_.showStatus(parts_.language.formatted(jobs::text::kBeingWritten, {name}));
+        return false;
+    }
+    if (parts_.panel.isFileUnchanged()) return true;
     if (platform::stampOf(file).isFile()) {
-        parts_.panel.Refresh();
+        parts_.panel.readAgainQuietly();
         parts_.showStatus(parts_.language.formatted(edit::text::kFileChanged, {name}));
     } else {
         dialogs::showMessage(&parts_.window,
@@ -80,8 +109,8 @@ void EditingCommands::viewRow(const tags::MetadataRow& row, int templateNumber) 
     view.title = row.tag;
     view.group = row.group;
     view.tagId = row.tagId;
-    if (payload::DisplayHexaDialog(parts_.operations, view, templateNumber, &parts_.window).run() == 1)
-        parts_.panel.Refresh();
+    payload::DisplayHexaDialog dialog(parts_.operations, view, templateNumber, &parts_.window);
+    if (dialog.run() == 1 && ending_.isReadyToBegin()) ending_.carryOut(dialog.takeJob());
 }
 
 void EditingCommands::editRow(int rowIndex, const tags::MetadataRow& row, const tags::TagRecord& record) {
@@ -110,42 +139,55 @@ bool EditingCommands::mayWriteAfterAll(const fs::path& file) {
 }
 
 void EditingCommands::writeEdit(const fs::path& file, const app::CurrentEdit& edit) {
-    static_cast<void>(exiftool::deleteReport(parts_.context));
-    static_cast<void>(parts_.runner.takeUntold());
-    const bool corrected = parts_.context.settings.exifTool.correctedCommands;
-    parts_.runner.copyForSafety(file);
-    const exiftool::TagWriteResult result = exiftool::WriteOneTag(parts_.context, parts_.runner, file, edit);
-    if (result.code == 0 && result.complaint.isEmpty())
-        parts_.panel.showWrittenValue(edit.rowIndex, edit.value);
-    tellWrite(result, parts_.language.formatted(edit::text::kWritten,
-                                                {edit.name, platform::display(file.filename())}));
-    // What ExifTool has made of the value is known only when the file is read. The new value is seen before.
-    if (corrected) readPanelAgainSoon();
+    if (!ending_.isReadyToBegin()) return;
+    const QString name = platform::display(file.filename());
+    jobs::Job job{.title = parts_.language.formatted(edit::text::kModify, {edit.name}), .files = {file}};
+    job.workOnFile = [edit](jobs::JobWork& work, const fs::path& one) {
+        work.runner.copyForSafety(one);
+        return exiftool::WriteOneTag(work.context, work.runner, one, edit);
+    };
+    const QString done = parts_.language.formatted(edit::text::kWritten, {edit.name, name});
+    begin(std::move(job), done, edit);
 }
 
-bool EditingCommands::tellWrite(const exiftool::TagWriteResult& result, const QString& done) {
-    const QString file = platform::display(parts_.panel.file().filename());
-    if (parts_.runner.wasStopped() && result.code == 1) {
-        static_cast<void>(parts_.runner.takeUntold());
-        parts_.showStatus(parts_.language.formatted(edit::text::kWriteStopped, {file}));
-        return false;
-    }
-    if (!result.message.isEmpty())
-        dialogs::showMessage(&parts_.window, {result.message, dialogs::MessageIcon::Stop});
-    else if (result.code == 1 || !result.complaint.isEmpty())
-        ending_.ShowBatchReport();
-    else if (result.code == 0)
-        parts_.showStatus(done);
-    return result.code == 0;
-}
-
-void EditingCommands::readPanelAgainSoon() {
-    QTimer::singleShot(0, &parts_.window, [this, file = parts_.panel.file()] {
-        if (parts_.progress.isWaiting() || parts_.panel.file() != file) return;
-        const QString status = parts_.statusBar.statusText();
-        parts_.panel.Refresh();
-        parts_.showStatus(status);
+void EditingCommands::begin(jobs::Job job, const QString& done, const std::optional<app::CurrentEdit>& edit) {
+    const bool isBegun = parts_.jobs.begin(std::move(job), [this, done, edit](const jobs::JobResult& result) {
+        const exiftool::Outcome& outcome = result.outcomes.front();
+        const bool isShown = parts_.panel.file() == outcome.file;
+        // What ExifTool has made of the value is known only when the file is read. The new value is seen
+        // before.
+        if (edit && isShown && exiftool::isWritten(outcome.kind))
+            parts_.panel.showWrittenValue(edit->rowIndex, edit->value);
+        if (isShown && (!edit || parts_.context.settings.exifTool.correctedCommands))
+            parts_.panel.readAgainQuietly();
+        tellWrite(result, done);
+        if (result.isClosing) QTimer::singleShot(0, &parts_.window, &QWidget::close);
     });
+    if (!isBegun) parts_.showStatus(parts_.language.formatted(jobs::text::kIsRunning, {parts_.jobs.title()}));
+}
+
+void EditingCommands::tellWrite(const jobs::JobResult& result, const QString& done) {
+    using exiftool::OutcomeKind;
+    const exiftool::Outcome& outcome = result.outcomes.front();
+    const QString file = platform::display(outcome.file.filename());
+    switch (outcome.kind) {
+        case OutcomeKind::Done:
+            parts_.showStatus(done);
+            break;
+        case OutcomeKind::Unchanged:
+            parts_.showStatus(file + QStringLiteral(": ") + jobs::wordsOf(parts_.language, outcome));
+            break;
+        case OutcomeKind::Stopped:
+        case OutcomeKind::NotBegun:
+            parts_.showStatus(parts_.language.formatted(edit::text::kWriteStopped, {file}));
+            break;
+        case OutcomeKind::Warned:
+        case OutcomeKind::Failed:
+        case OutcomeKind::Killed:
+        case OutcomeKind::NotStarted:
+            ending_.ShowBatchReport(result);
+            break;
+    }
 }
 
 void EditingCommands::deleteTag(app::CommandId) {
@@ -162,13 +204,13 @@ void EditingCommands::deleteTag(app::CommandId) {
         return;
     }
     const fs::path file = parts_.panel.file();
-    static_cast<void>(exiftool::deleteReport(parts_.context));
-    static_cast<void>(parts_.runner.takeUntold());
+    if (!ending_.isReadyToBegin()) return;
     taglists::DialogDeleteATag dialog(parts_.operations, row, file, &parts_.window);
     if (dialog.run() != 1) return;
     const QString done =
         parts_.language.formatted(edit::text::kDeleted, {row.tag, platform::display(file.filename())});
-    if (tellWrite(dialog.result(), done)) reading_.readFileAgain(app::command::kReadFileAgain);
+    jobs::Job job = dialog.takeJob();
+    if (!job.files.empty()) begin(std::move(job), done, std::nullopt);
 }
 
 void EditingCommands::deleteGroup(app::CommandId) {
@@ -184,13 +226,13 @@ void EditingCommands::deleteGroup(app::CommandId) {
         return;
     }
     const fs::path file = parts_.panel.file();
-    static_cast<void>(exiftool::deleteReport(parts_.context));
-    static_cast<void>(parts_.runner.takeUntold());
+    if (!ending_.isReadyToBegin()) return;
     taglists::DialogDeleteGroup_FromOneFile dialog(parts_.operations, rows, file, &parts_.window);
     if (dialog.run() != 1) return;
     const QString done = parts_.language.formatted(edit::text::kDeleted,
                                                    {rows.front().group, platform::display(file.filename())});
-    if (tellWrite(dialog.result(), done)) reading_.readFileAgain(app::command::kReadFileAgain);
+    jobs::Job job = dialog.takeJob();
+    if (!job.files.empty()) begin(std::move(job), done, std::nullopt);
 }
 
 }  // namespace window

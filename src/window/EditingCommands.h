@@ -1,15 +1,13 @@
 #pragma once
 
 #include "app/AppContext.h"
+#include "jobs/Job.h"
 #include "tags/OutputParser.h"
 #include "window/CommandMap.h"
 #include "window/WindowParts.h"
 
 #include <filesystem>
-
-namespace exiftool {
-struct TagWriteResult;
-}
+#include <optional>
 
 namespace window {
 
@@ -30,15 +28,20 @@ class EditingCommands {
     void deleteGroup(app::CommandId id);
 
  private:
+    CommandState deleteTagState(app::CommandId id) const;
+    CommandState deleteGroupState(app::CommandId id) const;
+    bool canDelete(const tags::MetadataRow& row) const;
     /// False, with the reason told, when the shown file is gone or no longer the one that was read.
     bool isPanelUpToDate();
     void viewRow(const tags::MetadataRow& row, int templateNumber);
     void editRow(int rowIndex, const tags::MetadataRow& row, const tags::TagRecord& record);
     bool mayWriteAfterAll(const std::filesystem::path& file);
     void writeEdit(const std::filesystem::path& file, const app::CurrentEdit& edit);
-    /// Tells what became of a write. False when nothing was written.
-    bool tellWrite(const exiftool::TagWriteResult& result, const QString& done);
-    void readPanelAgainSoon();
+    /// Has the job on the shown file carried out; done is said when it is. edit: the value that its row then
+    /// shows.
+    void begin(jobs::Job job, const QString& done, const std::optional<app::CurrentEdit>& edit);
+    /// Tells what became of a write.
+    void tellWrite(const jobs::JobResult& result, const QString& done);
 
     const WindowParts& parts_;
     ReadingCommands& reading_;

@@ -2,16 +2,15 @@
 
 #include "app/TextNumbers.h"
 #include "browser/ShellBrowser.h"
-#include "controls/Icons.h"
 #include "dialogs/Messages.h"
-#include "exiftool/ReportFile.h"
 #include "exiftool/ValuesExport.h"
+#include "jobs/ReportText.h"
 #include "panel/MetadataPanel.h"
 #include "platform/FileCopy.h"
 #include "platform/Text.h"
 #include "window/BrowseCommands.h"
 #include "window/OperationEnding.h"
-#include "window/WindowFeedback.h"
+#include "window/WindowTexts.h"
 
 #include <QCursor>
 #include <QMenu>
@@ -22,12 +21,6 @@ namespace window {
 namespace fs = std::filesystem;
 
 namespace {
-
-constexpr int kNoOutput = 82500;          ///< "%s" is the file
-constexpr int kReplaceQuestion = 82501;   ///< "%s" is the file that is there
-constexpr int kExportNotWritten = 82502;  ///< "%s" is the file to be, "%s" the reason
-constexpr int kExported = 82503;          ///< "%s" is the file
-constexpr int kExportEmpty = 82504;       ///< "%s" is the file
 
 /// A name leaves room for an extension of this program.
 constexpr std::size_t kLongestStem = 240;
@@ -47,12 +40,20 @@ QString reasonOf(int error) {
 std::span<const CommandRow<ExportCommands>> ExportCommands::rows() {
     using namespace app::command;
     static constexpr CommandRow<ExportCommands> kRows[] = {
-        {kHtmlDump, kHtmlDump, &ExportCommands::dumpFile},
-        {kVerboseDump, kVerboseDump, &ExportCommands::dumpFile},
-        {kExportMenu, kExportMenu, &ExportCommands::showExportMenu},
-        {kFirstExport, kLastExport, &ExportCommands::exportValues},
+        {kHtmlDump, kHtmlDump, &ExportCommands::dumpFile, &ExportCommands::ifFileSelected},
+        {kVerboseDump, kVerboseDump, &ExportCommands::dumpFile, &ExportCommands::ifFileSelected},
+        {kExportMenu, kExportMenu, &ExportCommands::showExportMenu, &ExportCommands::ifAnyFile},
+        {kFirstExport, kLastExport, &ExportCommands::exportValues, &ExportCommands::ifAnyFile},
     };
     return kRows;
+}
+
+CommandState ExportCommands::ifFileSelected(app::CommandId) const {
+    return {.enabled = parts_.hasSelectedFile()};
+}
+
+CommandState ExportCommands::ifAnyFile(app::CommandId) const {
+    return {.enabled = !parts_.panel.file().empty() || parts_.hasSelectedFile()};
 }
 
 fs::path ExportCommands::selectedRegularFile() {
@@ -72,32 +73,31 @@ void ExportCommands::dumpFile(app::CommandId id) {
     output += isHtml ? ".htm" : ".txt";
     std::error_code error;
     fs::remove(output, error);
-    parts_.feedback.showReading(file);
     const int ran = isHtml ? parts_.reads.DumpHtml(file, output) : parts_.reads.DumpVerbose(file, output);
-    parts_.feedback.hideProgress();
-    if (ran != 0 && hasContent(output))
+    if (parts_.runner.wasStopped()) return;
+    const std::string fault = parts_.runner.lastFaultOfRead(output);
+    if (ran != 0 && hasContent(output) && fault.empty()) {
         browse_.openPath(output);
-    else if (!parts_.runner.wasStopped())
-        dialogs::showMessage(&parts_.window,
-                             {parts_.language.formatted(kNoOutput, {platform::display(file.filename())}),
-                              dialogs::MessageIcon::Stop});
+        return;
+    }
+    QString told = parts_.language.formatted(text::kNoOutput, {platform::display(file.filename())});
+    if (!fault.empty()) told += u'\n' + platform::wide(fault);
+    dialogs::showMessage(&parts_.window, {told, dialogs::MessageIcon::Stop});
 }
 
 void ExportCommands::showExportMenu(app::CommandId) {
     QMenu menu(&parts_.window);
     QString extension;
+    actions_.refresh();
     for (const exiftool::ValuesExport& format : exiftool::valuesExports()) {
-        const app::Command* entry = app::findCommand(format.command);
         const auto itsExtension =
             QString::fromLatin1(format.extension.data(), qsizetype(format.extension.size()));
         if (!extension.isEmpty() && itsExtension != extension) menu.addSeparator();
         extension = itsExtension;
-        QAction* action = menu.addAction(controls::icon(QString::fromLatin1(entry->iconName)),
-                                         parts_.language.text(entry->textNumber));
-        action->setData(format.command);
+        controls::CommandAction& command = *actions_.action(format.command);
+        menu.addAction(command.makeEntry(command.text(), &menu));
     }
-    const QAction* chosen = menu.exec(QCursor::pos());
-    if (chosen != nullptr) exportValues(chosen->data().toInt());
+    menu.exec(QCursor::pos());
 }
 
 void ExportCommands::exportValues(app::CommandId id) {
@@ -108,13 +108,10 @@ void ExportCommands::exportValues(app::CommandId id) {
     std::error_code error;
     const bool isNew = !fs::exists(fs::symlink_status(target, error));
     if (!isNew && !clearTheWay(target)) return;
-    static_cast<void>(parts_.runner.takeUntold());
-    static_cast<void>(exiftool::deleteReport(parts_.context));
-    parts_.feedback.showReading(file);
+    if (!ending_.isReadyToBegin()) return;
     const QString problem = parts_.context.settings.exifTool.correctedCommands
                                 ? exportByWayOfTemp(file, target, *format)
                                 : exportStraight(file, target, *format);
-    parts_.feedback.hideProgress();
     if (parts_.runner.wasStopped()) return;
     if (!problem.isEmpty()) {
         dialogs::showMessage(&parts_.window, {problem, dialogs::MessageIcon::Stop});
@@ -122,8 +119,16 @@ void ExportCommands::exportValues(app::CommandId id) {
     }
     if (isNew && target.parent_path() == parts_.activeBrowser().currentFolder())
         parts_.activeBrowser().AddItem(platform::narrow(target.filename()));
-    ending_.ShowBatchReport();
-    parts_.showStatus(parts_.language.formatted(kExported, {platform::display(target)}));
+    tellExported(file, target);
+}
+
+void ExportCommands::tellExported(const fs::path& file, const fs::path& target) {
+    // ExifTool had something to say about a file that it wrote all the same.
+    const std::string words = jobs::reportBeginning(parts_.context);
+    using exiftool::OutcomeKind;
+    const auto kind = words.empty() ? OutcomeKind::Done : OutcomeKind::Warned;
+    if (kind != OutcomeKind::Done) ending_.ShowBatchReport({{}, {{file, kind, words}}, false, false});
+    parts_.showStatus(parts_.language.formatted(text::kExported, {platform::display(target)}));
 }
 
 bool ExportCommands::clearTheWay(const fs::path& target) {
@@ -133,18 +138,21 @@ bool ExportCommands::clearTheWay(const fs::path& target) {
         return true;
     }
     const dialogs::Message question{
-        parts_.language.formatted(kReplaceQuestion, {platform::display(target.filename())}),
+        parts_.language.formatted(text::kReplaceQuestion, {platform::display(target.filename())}),
         dialogs::MessageIcon::Question, QStringLiteral("Tagwright"), QMessageBox::Yes | QMessageBox::No};
     return dialogs::showMessage(&parts_.window, question) == QMessageBox::Yes;
 }
 
 QString ExportCommands::exportStraight(const fs::path& file, const fs::path& target,
                                        const exiftool::ValuesExport& format) {
-    if (parts_.reads.ExportValues(exiftool::exportFileWord(file),
-                                  exiftool::exportOutputWord(parts_.context, target),
-                                  platform::CommandText(format.arguments)) == 0)
-        return parts_.language.formatted(kExportEmpty, {platform::display(target)});
-    return {};
+    const int ran = parts_.reads.ExportValues(exiftool::exportFileWord(file),
+                                              exiftool::exportOutputWord(parts_.context, target),
+                                              platform::CommandText(format.arguments));
+    const std::string fault = parts_.runner.lastFaultOfRead(target);
+    if (!fault.empty())
+        return parts_.language.formatted(text::kExportNotWritten,
+                                         {platform::display(target), platform::wide(fault)});
+    return ran == 0 ? parts_.language.formatted(text::kExportEmpty, {platform::display(target)}) : QString();
 }
 
 QString ExportCommands::exportByWayOfTemp(const fs::path& file, const fs::path& target,
@@ -152,12 +160,14 @@ QString ExportCommands::exportByWayOfTemp(const fs::path& file, const fs::path& 
     const fs::path output = parts_.context.tempPath / "Export.tmp";
     std::error_code error;
     fs::remove(output, error);
-    if (!exportStraight(file, output, format).isEmpty() || !hasContent(output))
-        return parts_.language.formatted(kExportEmpty, {platform::display(target)});
+    const QString problem = exportStraight(file, output, format);
+    if (!problem.isEmpty()) return problem;
+    if (!hasContent(output))
+        return parts_.language.formatted(text::kExportEmpty, {platform::display(target)});
     const int failure = platform::copyFile(output, target);
     fs::remove(output, error);
     if (failure == 0) return {};
-    return parts_.language.formatted(kExportNotWritten, {platform::display(target), reasonOf(failure)});
+    return parts_.language.formatted(text::kExportNotWritten, {platform::display(target), reasonOf(failure)});
 }
 
 }  // namespace window

@@ -17,8 +17,9 @@ class OperationEnding;
 /// What is read out of the file shown, written to another one and opened or left there. GUI thread.
 class ExportCommands {
  public:
-    ExportCommands(const WindowParts& parts, BrowseCommands& browse, OperationEnding& ending)
-        : parts_(parts), browse_(browse), ending_(ending) {}
+    ExportCommands(const WindowParts& parts, controls::CommandActions& actions, BrowseCommands& browse,
+                   OperationEnding& ending)
+        : parts_(parts), actions_(actions), browse_(browse), ending_(ending) {}
 
     static std::span<const CommandRow<ExportCommands>> rows();
 
@@ -27,10 +28,14 @@ class ExportCommands {
     void exportValues(app::CommandId id);
 
  private:
+    CommandState ifFileSelected(app::CommandId id) const;
+    /// The panel's file is exported, or the selected one.
+    CommandState ifAnyFile(app::CommandId id) const;
     /// The first file among what is selected; where there is none, a message says so.
     std::filesystem::path selectedRegularFile();
     /// The designed form deletes what stands in the target's place; the corrected one asks, and replaces it
     /// when the new content is there.
+    void tellExported(const std::filesystem::path& file, const std::filesystem::path& target);
     bool clearTheWay(const std::filesystem::path& target);
     /// Both give the reason for people when nothing has been written, else an empty text.
     QString exportStraight(const std::filesystem::path& file, const std::filesystem::path& target,
@@ -39,6 +44,7 @@ class ExportCommands {
                               const exiftool::ValuesExport& format);
 
     const WindowParts& parts_;
+    controls::CommandActions& actions_;
     BrowseCommands& browse_;
     OperationEnding& ending_;
 };

@@ -11,14 +11,27 @@ namespace window {
 std::span<const CommandRow<FrameCommands>> FrameCommands::rows() {
     using namespace app::command;
     static constexpr CommandRow<FrameCommands> kRows[] = {
-        {kShowFolders, kShowFolders, &FrameCommands::toggleFolders},
-        {kShowStatusBar, kShowStatusBar, &FrameCommands::toggleStatusBar},
-        {kMetadataPanel, kMetadataPanel, &FrameCommands::toggleMetadataPanel},
+        {kShowFolders, kShowFolders, &FrameCommands::toggleFolders, &FrameCommands::foldersState},
+        {kShowStatusBar, kShowStatusBar, &FrameCommands::toggleStatusBar, &FrameCommands::statusBarState},
+        {kMetadataPanel, kMetadataPanel, &FrameCommands::toggleMetadataPanel,
+         &FrameCommands::metadataPanelState},
         {kAbout, kAbout, &FrameCommands::showAbout},
         {kClose, kClose, &FrameCommands::closeWindow},
         {kRestart, kRestart, &FrameCommands::restart},
     };
     return kRows;
+}
+
+CommandState FrameCommands::foldersState(app::CommandId) const {
+    return {.checked = parts_.context.settings.main.showFolders};
+}
+
+CommandState FrameCommands::statusBarState(app::CommandId) const {
+    return {.checked = parts_.context.settings.main.showStatusBar};
+}
+
+CommandState FrameCommands::metadataPanelState(app::CommandId) const {
+    return {.checked = parts_.context.settings.lists.showMetadataWindow};
 }
 
 void FrameCommands::toggleFolders(app::CommandId) {

@@ -26,6 +26,9 @@ class FrameCommands {
     void restart(app::CommandId id);
 
  private:
+    CommandState foldersState(app::CommandId id) const;
+    CommandState statusBarState(app::CommandId id) const;
+    CommandState metadataPanelState(app::CommandId id) const;
     void setRightPanel(bool app::Settings::Lists::*flag, bool shown);
 
     const WindowParts& parts_;

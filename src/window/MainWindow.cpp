@@ -13,7 +13,9 @@
 #include "controls/Ribbon.h"
 #include "dialogs/Messages.h"
 #include "dialogs/ProgressDialog.h"
+#include "dialogs/Waiting.h"
 #include "edit/ValueEditor.h"
+#include "jobs/JobRunner.h"
 #include "panel/MetadataPanel.h"
 #include "platform/Text.h"
 #include "window/RibbonContents.h"
@@ -43,27 +45,71 @@ constexpr QSize kFirstSize(1280, 800);
 }  // namespace
 
 MainWindow::MainWindow(app::AppContext& context, const app::LanguageFile& language,
-                       dialogs::ProgressDialog& progress)
+                       dialogs::ProgressDialog& progress, platform::ProcessFolder& tempFolder)
     : context_(context),
+      tempFolder_(tempFolder),
       language_(language),
       progress_(progress),
       labels_(context.settings.main.language, dictionary_),
       parser_(dictionary_, context.settings, ratingMemory_, ratingLog_),
       runner_(context),
       statusBar_(new StatusBar(context, language, this)),
-      feedback_(std::make_unique<WindowFeedback>(*this, context, progress, *statusBar_,
-                                                 [this] { focusFileList(); })),
+      feedback_(std::make_unique<WindowFeedback>(*this, progress, *statusBar_)),
+      waiting_(std::make_unique<dialogs::Waiting>(progress)),
+      jobProgress_(std::make_unique<dialogs::ProgressDialog>(context.settings.main.language)),
+      jobs_(std::make_unique<jobs::JobRunner>(context)),
       readCommands_(context, runner_, *feedback_),
-      load_(context, runner_, readCommands_, parser_) {
+      load_(context, runner_, readCommands_, parser_),
+      reader_(context) {
     setObjectName(QStringLiteral("Tagwright"));
     setWindowTitle(QStringLiteral("Tagwright"));
-    runner_.setKeepWaiting(
-        [this](std::chrono::milliseconds elapsed) { return progress_.keepWaiting(elapsed); });
-    runner_.setRunEnded([this] { feedback_->runEnded(); });
-    runner_.setSafetyCopyFailed([this](const QString& message) { feedback_->SafetyCopyFailed(message); });
+    runner_.setElsewhere([this](const std::function<void()>& work) { waiting_->forWork(work); });
+    runner_.setKeepWaiting([this](std::chrono::milliseconds) { return waiting_->isWanted(); });
+    connectProgress();
 }
 
-MainWindow::~MainWindow() = default;
+void MainWindow::connectProgress() {
+    using dialogs::ProgressDialog;
+    using jobs::JobRunner;
+    connect(&progress_, &ProgressDialog::StopWaitingChosen, this, [this] { reader_.stop(); });
+    connect(jobProgress_.get(), &ProgressDialog::StopWaitingChosen, this, [this] { jobs_->stop(); });
+    connect(jobs_.get(), &JobRunner::Began, this,
+            [this](const QString& title, std::size_t count, bool countsFiles) {
+                hasShownCopyFailure_ = false;
+                jobProgress_->beginFiles(title, count, countsFiles);
+            });
+    connect(jobs_.get(), &JobRunner::FileBegun, this,
+            [this](const std::filesystem::path& file, std::size_t number) {
+                jobProgress_->showFile(platform::display(file.filename()), number);
+            });
+    connect(jobs_.get(), &JobRunner::SafetyCopyFailed, this, &MainWindow::showCopyFailure);
+    connect(jobs_.get(), &JobRunner::JobEnded, this, [this] { jobProgress_->finish(); });
+}
+
+// A box for each of a thousand files could not be got rid of; the outcomes tell the others.
+void MainWindow::showCopyFailure(const QString& message) {
+    if (std::exchange(hasShownCopyFailure_, true)) return;
+    dialogs::showMessage(this, {message, dialogs::MessageIcon::Stop, QStringLiteral("Error")});
+}
+
+bool MainWindow::isBusy() const {
+    return reader_.isReading() || jobs_->isRunning() || waiting_->isWaiting();
+}
+
+bool MainWindow::canStopWaiting() const {
+    return progress_.canStop();
+}
+
+void MainWindow::stopWaiting() {
+    jobs_->stop();
+    reader_.stop();
+    waiting_->stop();
+}
+
+MainWindow::~MainWindow() {
+    // The panel goes after the commands whose states depend on it.
+    if (metadataPanel_ != nullptr) metadataPanel_->disconnect(this);
+}
 
 bool MainWindow::startSession() {
     using exiftool::ExifToolSession;
@@ -81,7 +127,8 @@ bool MainWindow::buildContents() {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
-    if (!createRibbon()) return false;
+    if (!language_.valid()) return false;
+    ribbon_ = new controls::Ribbon(this);
     client_ = new QWidget(this);
     client_->setObjectName(QStringLiteral("client"));
     layout->addWidget(ribbon_);
@@ -91,10 +138,11 @@ bool MainWindow::buildContents() {
     loadColumns();
     createBrowser();
     createCommands();
+    if (!fillRibbon()) return false;
     connectBrowser();
     openStartFolder();
     createShortcuts();
-    updateToggles();
+    refreshCommands();
     refreshStatusBar();
     showStatus(QStringLiteral("Ready"));
     ready_ = true;
@@ -113,15 +161,14 @@ void MainWindow::startWarmStarter() {
     warmStarter_.Start(context_.exifToolPath, context_.installPath / "warm",
                        exiftool::languageCode(context_.settings.exifTool.dataLanguage));
     runner_.setWarmStarter(&warmStarter_);
+    reader_.setWarmStarter(&warmStarter_);
+    jobs_->setWarmStarter(&warmStarter_);
 }
 
-bool MainWindow::createRibbon() {
-    if (!language_.valid()) return false;
-    ribbon_ = new controls::Ribbon(this);
-    ribbon_->setObjectName(QStringLiteral("ribbon"));
-    const RibbonContents contents(language_);
+bool MainWindow::fillRibbon() {
+    const RibbonContents contents(language_, commands());
     if (!ribbon_->setMarkup(language_.ribbonMarkup(), contents)) return false;
-    connect(ribbon_, &controls::Ribbon::CommandTriggered, this, &MainWindow::Dispatch);
+    connect(ribbon_, &controls::Ribbon::MenuAboutToOpen, this, &MainWindow::refreshCommands);
     return true;
 }
 
@@ -136,12 +183,12 @@ void MainWindow::createHolders() {
     leftHolder_->setObjectName(QStringLiteral("HolderLeft"));
     leftHolder_->setBackgroundRole(QPalette::Base);
     leftHolder_->setAutoFillBackground(true);
-    places_ = new browser::PlacesPanel(leftHolder_);
+    places_ = new browser::PlacesPanel(language_, leftHolder_);
     auto* layout = new QVBoxLayout(leftHolder_);
     layout->setContentsMargins(kLeftMargin, kLeftMargin / 2, 0, 0);
     layout->addWidget(places_);
     metadataPanel_ =
-        new panel::MetadataPanel({context_, dictionary_, ratingMemory_, parser_, load_, *feedback_,
+        new panel::MetadataPanel({context_, dictionary_, ratingMemory_, parser_, reader_, load_, *feedback_,
                                   [this](int number) { return language_.text(number); }, &labels_},
                                  client_);
     for (const char* name : {"GPS_HOLDER", "HEXADUMP_HOLDER", "HELP_HOLDER"}) {
@@ -162,14 +209,19 @@ void MainWindow::createHolders() {
 }
 
 void MainWindow::createCommands() {
-    jobs::OperationParts operations{context_,   language_, dictionary_,   labels_,   ratingMemory_,
-                                    ratingLog_, runner_,   readCommands_, *feedback_};
+    jobs::OperationParts operations{context_,      language_,  dictionary_, labels_,
+                                    ratingMemory_, ratingLog_, runner_,     readCommands_};
     values_ = std::make_unique<edit::ValueEditor>(operations);
     operations.values = values_.get();
-    parts_ = std::make_unique<WindowParts>(WindowParts{*this, context_, language_, progress_, dictionary_,
-                                                       runner_, readCommands_, *feedback_, operations, *tabs_,
-                                                       *metadataPanel_, *statusBar_});
-    commands_ = std::make_unique<SubjectCommands>(*parts_, [this] { relayout(); });
+    parts_ = std::make_unique<WindowParts>(WindowParts{*this, context_, language_, *waiting_, *jobs_,
+                                                       dictionary_, runner_, readCommands_, *feedback_,
+                                                       operations, *tabs_, *metadataPanel_, *statusBar_});
+    commands_ = std::make_unique<SubjectCommands>(
+        *parts_, [this] { relayout(); }, [this](app::CommandId id) { Dispatch(id); });
+    metadataPanel_->setCommands(commands_->map());
+    connect(metadataPanel_, &panel::MetadataPanel::CurrentRowChanged, this, &MainWindow::refreshCommands);
+    connect(jobs_.get(), &jobs::JobRunner::Began, this, &MainWindow::refreshCommands);
+    connect(jobs_.get(), &jobs::JobRunner::JobEnded, this, &MainWindow::refreshCommands);
     connect(metadataPanel_, &panel::MetadataPanel::ValueChosen, this,
             [this](int row, bool altHeld) { commands_->editing().EditTagFromPanel(row, altHeld); });
     connect(metadataPanel_, &panel::MetadataPanel::CommandChosen, this, &MainWindow::Dispatch);
@@ -177,14 +229,22 @@ void MainWindow::createCommands() {
 
 void MainWindow::Dispatch(app::CommandId id) {
     const app::Command* entry = app::findCommand(id);
-    // A command that came while a tool is being waited for would start a second wait inside the first.
-    if (entry == nullptr || !entry->built || progress_.isWaiting()) return;
-    if (entry->needsSelection && parts_->selectedFile().empty()) {
+    if (entry == nullptr || !commands().isBuilt(id)) return;
+    if (entry->needsSelection && !parts_->hasSelection()) {
         dialogs::showMessage(this,
                              {language_.text(app::text::kNoFileSelected), dialogs::MessageIcon::Information});
         return;
     }
-    if (commands_->map().run(id)) updateToggles();
+    commands().run(id);
+    refreshCommands();
+}
+
+const CommandMap& MainWindow::commands() const {
+    return commands_->map();
+}
+
+void MainWindow::refreshCommands() {
+    if (tabs_->hasTabs()) commands_->map().refresh();
 }
 
 void MainWindow::setRightHolderWidth(int pixels) {
@@ -246,6 +306,7 @@ void MainWindow::Show() {
         show();
     layout()->activate();
     relayout();
+    takeLayoutAsLoaded();
     focusFileList();
 }
 
@@ -261,41 +322,26 @@ QString MainWindow::selectionText() const {
     return statusBar_->selectionText();
 }
 
-void MainWindow::tellSettingsProblem(const QString& why) {
-    dialogs::showMessage(
-        this, {language_.formatted(app::text::kSettingsNotSaved, {why}), dialogs::MessageIcon::Exclamation});
+void MainWindow::tellAtStart(const QString& text) {
+    showStatus(text);
+    keepsStatus_ = activeBrowser().isLoading();
 }
 
-void MainWindow::updateToggles() {
-    const app::Settings& settings = context_.settings;
-    const std::pair<app::CommandId, bool> states[] = {
-        {app::command::kShowFolders, settings.main.showFolders},
-        {app::command::kShowStatusBar, settings.main.showStatusBar},
-        {app::command::kMetadataPanel, settings.lists.showMetadataWindow},
-        {app::command::kCheckBoxes, settings.listView.showCheckBox},
-        {app::command::kShowHidden, tabs_->showHidden()},
-    };
-    for (const auto& [id, checked] : states) ribbon_->setChecked(id, checked);
-    for (int view = 1; view <= 4; ++view)
-        ribbon_->setChecked(app::command::kViewDetails - 1 + view, settings.main.viewMode == view);
-    for (const app::Command& entry : app::commandTable()) {
-        if (entry.id > app::command::kSortBy && entry.id < app::command::kGroupBy)
-            ribbon_->setChecked(entry.id, settings.main.sortMode == entry.id - app::command::kSortBy);
-    }
+void MainWindow::tellFault(int text, std::initializer_list<QString> values) {
+    dialogs::showMessage(this, {language_.formatted(text, values), dialogs::MessageIcon::Exclamation});
 }
 
 void MainWindow::createShortcuts() {
-    for (const app::HotKey& key : app::hotKeys()) {
-        auto* shortcut = new QShortcut(QKeySequence(QKeyCombination(key.modifiers, key.key)), this);
+    // A key is taken even when it does nothing now: the list would understand Alt and an arrow as an arrow.
+    const auto add = [this](const QKeySequence& keys, app::CommandId id) {
+        auto* shortcut = new QShortcut(keys, this);
         shortcut->setContext(Qt::WindowShortcut);
-        // A reserved key is taken and does nothing.
-        if (key.command != 0)
-            connect(shortcut, &QShortcut::activated, this, [this, id = key.command] { Dispatch(id); });
-    }
-    for (const app::Shortcut& key : app::shortcuts()) {
-        auto* shortcut = new QShortcut(QKeySequence::fromString(QLatin1String(key.keys)), this);
-        connect(shortcut, &QShortcut::activated, this, [this, id = key.command] { Dispatch(id); });
-    }
+        if (QAction* action = commands().action(id))
+            connect(shortcut, &QShortcut::activated, action, &QAction::trigger);
+    };
+    for (const app::HotKey& key : app::hotKeys()) add(QKeyCombination(key.modifiers, key.key), key.command);
+    for (const app::Shortcut& key : app::shortcuts())
+        add(QKeySequence::fromString(QLatin1String(key.keys)), key.command);
     auto* toAddress = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_D), this);
     connect(toAddress, &QShortcut::activated, addressBar_, &browser::AddressBar::editPath);
 }

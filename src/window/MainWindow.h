@@ -1,12 +1,14 @@
 #pragma once
 
 #include "app/AppContext.h"
+#include "app/ColumnsHeader.h"
 #include "app/CommandTable.h"
 #include "app/LanguageFile.h"
 #include "exiftool/ExifToolSession.h"
 #include "exiftool/MetadataLoad.h"
 #include "exiftool/WarmStarter.h"
 #include "jobs/OperationParts.h"
+#include "platform/ProcessFolder.h"
 #include "tags/LabelLibrary.h"
 #include "tags/OutputParser.h"
 #include "tags/PropertyCatalogue.h"
@@ -34,6 +36,11 @@ class Ribbon;
 
 namespace dialogs {
 class ProgressDialog;
+class Waiting;
+}  // namespace dialogs
+
+namespace jobs {
+class JobRunner;
 }
 
 namespace panel {
@@ -42,6 +49,7 @@ class MetadataPanel;
 
 namespace window {
 
+class CommandMap;
 class StatusBar;
 class SubjectCommands;
 class WindowFeedback;
@@ -49,13 +57,14 @@ struct WindowParts;
 
 /// The one top-level window: ribbon, left holder, tabs with the file lists, one of four right holders, status
 /// bar. It owns what the window works with (dictionary, parser, ExifTool) and is the place where all commands
-/// end. The context, the language file and the progress dialog outlive it. GUI thread.
+/// end. The context, the language file, the progress dialog and the temp folder, which is emptied when the
+/// window closes, outlive it. GUI thread.
 class MainWindow : public QWidget {
     Q_OBJECT
 
  public:
-    MainWindow(app::AppContext& context, const app::LanguageFile& language,
-               dialogs::ProgressDialog& progress);
+    MainWindow(app::AppContext& context, const app::LanguageFile& language, dialogs::ProgressDialog& progress,
+               platform::ProcessFolder& tempFolder);
     ~MainWindow() override;
 
     /// Starts the ExifTool that lives as long as the window. False when it cannot; the program then ends.
@@ -66,15 +75,21 @@ class MainWindow : public QWidget {
     /// On the screen, where the settings tell; the focus on the file list.
     void Show();
 
-    /// Where every command ends: ribbon, menus, keys and scripts. An id that is not built does nothing.
+    /// Where every command ends: ribbon, menus, keys and scripts. An id that is not built does nothing; one
+    /// that cannot run now tells why.
     void Dispatch(app::CommandId id);
+    /// After buildContents().
+    const CommandMap& commands() const;
 
     void setRightHolderWidth(int pixels);
     void setLeftHolderWidth(int pixels);
     void relayout();
     void refreshStatusBar();
     void showStatus(const QString& text);
-    void tellSettingsProblem(const QString& why);
+    /// A message with the text of that number.
+    void tellFault(int text, std::initializer_list<QString> values);
+    /// Stays in the status bar until something else happens than that the first folder is read.
+    void tellAtStart(const QString& text);
 
     // --- what scripts look at
     QString statusText() const;
@@ -83,6 +98,12 @@ class MainWindow : public QWidget {
     browser::TabContainer& tabs() { return *tabs_; }
     panel::MetadataPanel& metadataPanel() { return *metadataPanel_; }
     controls::Ribbon& ribbon() { return *ribbon_; }
+    /// Whether the panel reads a file, an operation runs, or something is waited for.
+    bool isBusy() const;
+    /// Whether the user can end what is waited for: the button is there.
+    bool canStopWaiting() const;
+    /// As the buttons of the progress dialogs do.
+    void stopWaiting();
     /// Opens the folder in the active tab, as an address typed in the bar does. False when it is no folder.
     bool openFolder(const std::filesystem::path& folder);
 
@@ -93,7 +114,9 @@ class MainWindow : public QWidget {
     void changeEvent(QEvent* event) override;
 
  private:
-    bool createRibbon();
+    bool fillRibbon();
+    void connectProgress();
+    void showCopyFailure(const QString& message);
     void startWarmStarter();
     void createHolders();
     void createBrowser();
@@ -103,7 +126,7 @@ class MainWindow : public QWidget {
     void openStartFolder();
     void loadColumns();
 
-    void updateToggles();
+    void refreshCommands();
     void updateTitle();
     void tabSelected();
     void navigationCompleted();
@@ -111,9 +134,14 @@ class MainWindow : public QWidget {
 
     // Stopping.
     void saveEverything();
+    app::Settings::WindowPosition currentPosition() const;
+    app::Settings::WindowSizes currentSizes() const;
+    void takeLayoutAsLoaded();
+    void removeTempFolder();
     void writeColumns();
 
     app::AppContext& context_;
+    platform::ProcessFolder& tempFolder_;
     const app::LanguageFile& language_;
     dialogs::ProgressDialog& progress_;
 
@@ -127,14 +155,22 @@ class MainWindow : public QWidget {
     exiftool::ToolRunner runner_;
     StatusBar* statusBar_;
     std::unique_ptr<WindowFeedback> feedback_;
+    std::unique_ptr<dialogs::Waiting> waiting_;
+    std::unique_ptr<dialogs::ProgressDialog>
+        jobProgress_;  ///< of the operation that runs beside everything else
+    std::unique_ptr<jobs::JobRunner> jobs_;
     std::unique_ptr<jobs::ValueEditing> values_;
     exiftool::ReadCommands readCommands_;
     exiftool::MetadataLoad load_;
+    exiftool::MetadataReader reader_;
     exiftool::ExifToolSession session_;
 
     bool ready_ = false;
+    bool keepsStatus_ = false;
     bool hasPainted_ = false;
     bool closed_ = false;
+    bool hasShownCopyFailure_ = false;  ///< of the running operation
+    app::LoadedColumns loadedColumns_;
     controls::Ribbon* ribbon_ = nullptr;
     QWidget* client_ = nullptr;
     QLabel* leftTitle_ = nullptr;

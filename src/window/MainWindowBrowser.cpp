@@ -12,6 +12,7 @@
 #include <QStackedWidget>
 #include <QStandardPaths>
 #include <QVBoxLayout>
+#include <utility>
 
 namespace window {
 
@@ -20,8 +21,8 @@ void MainWindow::createBrowser() {
     middle_->setObjectName(QStringLiteral("middle"));
     auto* lists = new QStackedWidget(middle_);
     lists->setObjectName(QStringLiteral("lists"));
-    tabs_ = new browser::TabContainer(context_, properties_, *lists, middle_);
-    addressBar_ = new browser::AddressBar(*tabs_, middle_);
+    tabs_ = new browser::TabContainer(context_, properties_, language_, *lists, middle_);
+    addressBar_ = new browser::AddressBar(*tabs_, language_, middle_);
     auto* layout = new QVBoxLayout(middle_);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
@@ -39,7 +40,10 @@ void MainWindow::connectBrowser() {
     keep(tabs_->TabNavigationCompleted.connect([this](const Tab& tab) {
         if (&tab == &tabs_->GetSelectedTab()) navigationCompleted();
     }));
-    keep(tabs_->TabListSelectionChanged.connect([this](const Tab&) { refreshStatusBar(); }));
+    keep(tabs_->TabListSelectionChanged.connect([this](const Tab&) {
+        refreshStatusBar();
+        refreshCommands();
+    }));
     keep(tabs_->MetadataOutdated.connect([this](const Tab&) { Dispatch(app::command::kClearMetadata); }));
     keep(tabs_->FileClicked.connect([this](const Tab&, const std::filesystem::path& file, std::int32_t) {
         commands_->reading().fileClicked(file);
@@ -83,8 +87,9 @@ void MainWindow::navigationCompleted() {
     places_->setCurrentFolder(activeBrowser().currentFolder());
     refreshStatusBar();
     if (!ready_) return;
-    updateToggles();
-    if (!commands_->ending().listWasRead()) showStatus(QStringLiteral("Ready"));
+    refreshCommands();
+    const bool keeps = std::exchange(keepsStatus_, false);
+    if (!commands_->ending().listWasRead() && !keeps) showStatus(QStringLiteral("Ready"));
 }
 
 void MainWindow::updateTitle() {

@@ -1,14 +1,16 @@
 #include "app/ColumnsHeader.h"
 #include "app/SettingsStore.h"
 #include "app/StartUp.h"
+#include "app/TextNumbers.h"
 #include "browser/ShellBrowser.h"
 #include "browser/TabContainer.h"
 #include "dialogs/Messages.h"
 #include "dialogs/ProgressDialog.h"
+#include "dialogs/Waiting.h"
+#include "jobs/JobRunner.h"
 #include "panel/MetadataPanel.h"
 #include "platform/Text.h"
 #include "window/MainWindow.h"
-#include "window/WindowFeedback.h"
 
 #include <QCloseEvent>
 #include <QCoreApplication>
@@ -28,7 +30,7 @@ std::vector<app::ColumnState> columnStates(const tags::PropertyCatalogue& catalo
 
 void MainWindow::loadColumns() {
     std::vector<app::ColumnState> states = columnStates(properties_);
-    app::LoadColumns(context_.columnsHeaderPath, states);
+    loadedColumns_ = app::LoadColumns(context_.columnsHeaderPath, states);
     for (const app::ColumnState& state : states) {
         properties_.setVisible(static_cast<std::uint32_t>(state.columnType), state.visible);
         properties_.setWidth(static_cast<std::uint32_t>(state.columnType), state.width);
@@ -36,9 +38,14 @@ void MainWindow::loadColumns() {
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
-    // The file that is being read or written comes first. A read's wait is ended by its own dialog; an
-    // operation over files closes the window behind the file.
-    if (feedback_->closeAfterThisFile() || progress_.isWaiting()) {
+    // The file that is being written comes first; the operation then closes the window behind it.
+    if (jobs_->isRunning()) {
+        jobs_->closeAfterThisFile();
+        jobProgress_->showClosing();
+        event->ignore();
+        return;
+    }
+    if (waiting_->isWaiting()) {
         event->ignore();
         return;
     }
@@ -48,7 +55,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         warmStarter_.Stop();
         writeColumns();
         saveEverything();
-        app::emptyTempFolder(context_);
+        removeTempFolder();
     }
     event->accept();
     QCoreApplication::exit(0);
@@ -56,8 +63,8 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 
 void MainWindow::writeColumns() {
     activeBrowser().SaveColumnWidths();
-    std::vector<app::ColumnState> states = columnStates(properties_);
-    const std::error_code error = app::writeColumnsFile(context_.columnsHeaderPath, states);
+    const std::error_code error =
+        app::writeColumnsFile(context_.columnsHeaderPath, columnStates(properties_), loadedColumns_);
     if (error) {
         dialogs::showMessage(this, {app::formatText(u"Could not write to ColumnsHeader.ini.\nError: %d",
                                                     {QString::number(error.value())}),
@@ -65,23 +72,42 @@ void MainWindow::writeColumns() {
     }
 }
 
-void MainWindow::saveEverything() {
-    const QRect normal = isMaximized() ? normalGeometry() : geometry();
-    app::Settings::WindowPosition position{normal.left(), normal.top(), normal.right() + 1,
-                                           normal.bottom() + 1};
+app::Settings::WindowPosition MainWindow::currentPosition() const {
     // Far edges of 0 are how the file says maximised.
-    if (isMaximized()) position = {};
+    if (isMaximized()) return {};
+    const QRect normal = geometry();
+    return {normal.left(), normal.top(), normal.right() + 1, normal.bottom() + 1};
+}
+
+app::Settings::WindowSizes MainWindow::currentSizes() const {
     app::Settings::WindowSizes sizes = context_.settings.windowSizes;
     sizes.middleListWidth = tabs_->width();
     sizes.mainWidth = client_->width();
     sizes.mainHeight = client_->height();
+    return sizes;
+}
+
+void MainWindow::takeLayoutAsLoaded() {
+    context_.settings.windowPosition = currentPosition();
+    context_.settings.windowSizes = currentSizes();
+    app::takeAsLoaded(context_, "MainWindow-Position");
+    app::takeAsLoaded(context_, "WINDOWS_SIZES");
+}
+
+void MainWindow::saveEverything() {
     context_.settings.metadataValueColumnWidth = metadataPanel_->valueColumnWidth();
     context_.settings.startFolder = platform::display(activeBrowser().currentFolder());
 
-    QString problem = app::SaveWindowPosition(context_, position);
-    if (problem.isEmpty()) problem = app::SaveWindowSizes(context_, sizes);
+    QString problem = app::SaveWindowPosition(context_, currentPosition());
+    if (problem.isEmpty()) problem = app::SaveWindowSizes(context_, currentSizes());
     if (problem.isEmpty()) problem = app::SaveSettings(context_);
-    if (!problem.isEmpty()) tellSettingsProblem(problem);
+    if (!problem.isEmpty()) tellFault(app::text::kSettingsNotSaved, {problem});
+}
+
+void MainWindow::removeTempFolder() {
+    const QString problem = app::closeTempFolder(context_, tempFolder_);
+    if (problem.isEmpty()) return;
+    tellFault(app::text::kTempFolderNotCleared, {platform::display(context_.tempRoot), problem});
 }
 
 }  // namespace window

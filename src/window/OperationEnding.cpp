@@ -2,7 +2,11 @@
 
 #include "app/TextNumbers.h"
 #include "browser/ShellBrowser.h"
+#include "dialogs/Messages.h"
+#include "exiftool/ReportFile.h"
+#include "jobs/JobRunner.h"
 #include "jobs/JobTexts.h"
+#include "jobs/OutcomeText.h"
 #include "jobs/QuietSuccessNotice.h"
 #include "jobs/ReportDialog.h"
 #include "jobs/ReportText.h"
@@ -10,6 +14,7 @@
 #include "window/ReadingCommands.h"
 
 #include <QItemSelectionModel>
+#include <QTimer>
 #include <algorithm>
 #include <utility>
 
@@ -17,24 +22,69 @@ namespace window {
 
 namespace fs = std::filesystem;
 
-void OperationEnding::ShowBatchReport() {
-    const std::string untold = parts_.runner.takeUntold();
-    const std::optional<jobs::ReportText> report = jobs::filterReport(parts_.context);
-    if (!report && untold.empty()) {
-        const QString done = parts_.language.text(app::text::kReportEmpty);
+bool OperationEnding::isReadyToBegin() {
+    leftOut_.clear();
+    if (parts_.jobs.isRunning()) {
+        parts_.showStatus(parts_.language.formatted(jobs::text::kIsRunning, {parts_.jobs.title()}));
+        return false;
+    }
+    const std::string problem = exiftool::deleteReport(parts_.context);
+    if (problem.empty()) return true;
+    dialogs::showMessage(
+        &parts_.window,
+        {parts_.language.formatted(jobs::text::kReportNotWritable,
+                                   {platform::display(parts_.context.reportFile), platform::wide(problem)}),
+         dialogs::MessageIcon::Stop});
+    return false;
+}
+
+void OperationEnding::carryOut(jobs::Job job, Tell tell) {
+    if (job.files.empty() && job.leftOut.empty()) return;
+    const exiftool::Outcomes more = std::exchange(leftOut_, {});
+    job.leftOut.insert(job.leftOut.end(), more.begin(), more.end());
+    const QString title = job.title;
+    const bool isBegun = parts_.jobs.begin(
+        std::move(job), [this, tell](const jobs::JobResult& result) { ended(result, tell); });
+    // The dialog stood open while another operation began.
+    if (!isBegun) parts_.showStatus(parts_.language.formatted(jobs::text::kIsRunning, {parts_.jobs.title()}));
+}
+
+void OperationEnding::ended(const jobs::JobResult& result, const Tell& tell) {
+    const std::string left = jobs::filesLeftLine(result);
+    // Whoever reads the report itself is to find it there too; where it cannot be written the window still
+    // says it.
+    if (!left.empty())
+        static_cast<void>(exiftool::appendToReport(parts_.context, left.substr(0, left.size() - 1)));
+    showWhatChanged();
+    if (tell)
+        tell(result);
+    else
+        ShowBatchReport(result);
+    if (result.isClosing) QTimer::singleShot(0, &parts_.window, &QWidget::close);
+}
+
+void OperationEnding::ShowBatchReport(const jobs::JobResult& result) {
+    const jobs::Verdict verdict = jobs::verdictOf(result);
+    if (verdict == jobs::Verdict::Nothing) return;
+    const QString summary = jobs::summaryOf(parts_.language, result);
+    if (verdict != jobs::Verdict::Told) {
+        const QString said =
+            verdict == jobs::Verdict::Done ? parts_.language.text(app::text::kReportEmpty) : summary;
         if (successNotice_ == nullptr) successNotice_ = new jobs::QuietSuccessNotice(&parts_.window);
-        successNotice_->Show(done);
-        parts_.showStatus(done);
+        successNotice_->Show(said);
+        parts_.showStatus(said);
         return;
     }
+    parts_.showStatus(summary);
+    std::string report = jobs::reportOf(parts_.language, result);
     QString shown;
-    if (report && report->isShort) {
+    if (report.size() > jobs::kShownReportBytes) {
+        report.erase(0, report.size() - jobs::kShownReportBytes);
         shown = parts_.language.formatted(jobs::text::kReportShortened,
                                           {platform::display(parts_.context.reportFile)});
         shown += QStringLiteral("\n\n");
     }
-    const QString lineEnd = parts_.language.text(jobs::text::kLineShortened);
-    shown += jobs::reportForDisplay((report ? report->bytes : std::string()) + untold, lineEnd);
+    shown += jobs::reportForDisplay(report, parts_.language.text(jobs::text::kLineShortened));
     jobs::ReportDialog(parts_.language, shown, &parts_.window).run();
 }
 
@@ -52,7 +102,7 @@ void OperationEnding::showWhatChanged() {
     if (parts_.context.currentFile.empty() || !parts_.context.settings.lists.showMetadataWindow) return;
     std::error_code error;
     if (fs::is_regular_file(parts_.context.currentFile, error))
-        reading_.refreshPanel(app::command::kRefreshPanel);
+        reading_.readFileAgain(app::command::kReadFileAgain);
     else
         reading_.clearMetadata(app::command::kClearMetadata);
 }

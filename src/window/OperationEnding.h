@@ -1,8 +1,10 @@
 #pragma once
 
+#include "jobs/Job.h"
 #include "window/WindowParts.h"
 
 #include <filesystem>
+#include <functional>
 #include <vector>
 
 namespace jobs {
@@ -13,15 +15,27 @@ namespace window {
 
 class ReadingCommands;
 
-/// What follows the work on files: the list and the panel show what has changed, and the report is read. GUI
-/// thread.
+/// The way of an operation through the window: it is begun, and once it has ended the list and the panel show
+/// what has changed, and what became of the files is told. GUI thread.
 class OperationEnding {
  public:
+    using Tell = std::function<void(const jobs::JobResult& result)>;
+
     OperationEnding(const WindowParts& parts, ReadingCommands& reading) : parts_(parts), reading_(reading) {}
 
-    /// The report, or a quiet word when there is none.
-    void ShowBatchReport();
-    /// What stands in the report of an operation that did not end; nothing when it is empty.
+    /// Whether an operation can begin now; if not, the user has been told why: another one is running, or the
+    /// report cannot be written. Puts the report of the last one away.
+    [[nodiscard]] bool isReadyToBegin();
+    /// Files that were gathered for the next job and cannot be worked on.
+    void leaveOut(exiftool::Outcomes leftOut) { leftOut_ = std::move(leftOut); }
+
+    /// Has the job carried out, and returns. tell says at its end what became of it; without one
+    /// ShowBatchReport does. Nothing happens for a job without files.
+    void carryOut(jobs::Job job, Tell tell = {});
+
+    /// A quiet word when every file is done, else the report. Both are made from the outcomes.
+    void ShowBatchReport(const jobs::JobResult& result);
+    /// What stands in the report of an operation that was not begun; nothing when it is empty.
     void showReportBeginning();
     /// After files were changed or renamed: the list and the panel are read again, and the same files are
     /// selected once the list is there.
@@ -30,10 +44,12 @@ class OperationEnding {
     bool listWasRead();
 
  private:
+    void ended(const jobs::JobResult& result, const Tell& tell);
     void selectAgain();
 
     const WindowParts& parts_;
     ReadingCommands& reading_;
+    exiftool::Outcomes leftOut_;
     std::vector<std::filesystem::path> selectedAgain_;  ///< once the list has been read again
     bool keepsStatus_ = false;                          ///< the next reading of the list leaves it
     jobs::QuietSuccessNotice* successNotice_ = nullptr;

@@ -1,6 +1,5 @@
 #include "window/PayloadCommands.h"
 
-#include "browser/ShellBrowser.h"
 #include "payload/ExportDialogICC.h"
 #include "payload/ExportDialogThumbnail.h"
 #include "window/OperationEnding.h"
@@ -28,11 +27,7 @@ void PayloadCommands::exportPayloads(app::CommandId id) {
         dialog = std::make_unique<payload::ExportDialogThumbnail>(parts_.operations, files, &parts_.window);
     else
         dialog = std::make_unique<payload::ExportDialogICC>(parts_.operations, files, &parts_.window);
-    if (dialog->run() == 0) return;
-    parts_.activeBrowser()
-        .navigationController()
-        .Refresh();  // the new files may stand in the folder that is shown
-    ending_.ShowBatchReport();
+    if (dialog->run() != 0) ending_.carryOut(dialog->takeJob());
 }
 
 }  // namespace window

@@ -2,6 +2,7 @@
 
 #include "app/SettingsStore.h"
 #include "app/StartUp.h"
+#include "app/TextNumbers.h"
 #include "controls/Icons.h"
 #include "dialogs/Messages.h"
 #include "dialogs/ProgressDialog.h"
@@ -34,16 +35,19 @@ Program::~Program() = default;
 std::optional<int> Program::start() {
     progress_ = std::make_unique<dialogs::ProgressDialog>(context_.settings.main.language);
     progress_->handleCommand(static_cast<int>(app::ProgressStep::Initializing));
-    const QString settingsProblem = app::preparePaths(context_, QDate::currentDate());
+    const QDate today = QDate::currentDate();
+    settingsFaults_ = app::preparePaths(context_, today);
     applyLook();
     app::loadWindowPosition(context_);
-    app::loadSettingsOrDefaults(context_);
+    const QString fault = app::loadSettingsOrDefaults(context_);
+    if (settingsFaults_.notRead.isEmpty()) settingsFaults_.notRead = fault;
     app::resolveTools(context_);
 
     if (!app::FindExifTool(context_) && !askForExifTool()) return kStatusOfFailure;
     language_ = std::make_unique<app::LanguageFile>(context_.installPath, context_.settings.main.language);
     progress_->setLanguage(context_.settings.main.language);
-    window_ = std::make_unique<MainWindow>(context_, *language_, *progress_);
+    if (!takeTempFolder(today)) return kStatusOfFailure;
+    window_ = std::make_unique<MainWindow>(context_, *language_, *progress_, *tempFolder_);
     if (!window_->startSession()) return kStatusOfFailure;
     if (!window_->buildContents()) {
         progress_->finish();
@@ -53,12 +57,57 @@ std::optional<int> Program::start() {
     }
     window_->Show();
     progress_->finish();
-    if (!settingsProblem.isEmpty()) window_->tellSettingsProblem(settingsProblem);
+    tellFaults();
+    tellLanguageGaps();
     return std::nullopt;
 }
 
+bool Program::takeTempFolder(const QDate& today) {
+    app::OpenedTempFolder opened = app::openTempFolder(context_, today);
+    tempFolderProblem_ = opened.problem;
+    if (opened.folder) {
+        tempFolder_.emplace(std::move(*opened.folder));
+        return true;
+    }
+    progress_->finish();
+    // The language file may be what is wrong with the install folder, too.
+    const QString root = platform::display(context_.tempRoot);
+    const QString text =
+        language_->hasText(app::text::kTempFolderUnusable)
+            ? language_->formatted(app::text::kTempFolderUnusable, {root, tempFolderProblem_})
+            : root + QStringLiteral(": ") + tempFolderProblem_;
+    dialogs::showMessage(nullptr, {text, dialogs::MessageIcon::Stop});
+    return false;
+}
+
+void Program::tellFaults() {
+    const auto& [notRead, notSaved] = settingsFaults_;
+    // One reason that bars both is told once.
+    if (!notRead.isEmpty() && notRead != notSaved) window_->tellFault(app::text::kSettingsNotRead, {notRead});
+    if (!notSaved.isEmpty()) window_->tellFault(app::text::kSettingsNotSaved, {notSaved});
+    if (!tempFolderProblem_.isEmpty()) {
+        window_->tellFault(app::text::kTempFolderNotCleared,
+                           {platform::display(context_.tempRoot), tempFolderProblem_});
+    }
+}
+
+void Program::tellLanguageGaps() {
+    const app::LanguageGaps& gaps = language_->gaps();
+    const std::filesystem::path file =
+        app::LanguageFile::pathOf(context_.installPath, context_.settings.main.language);
+    if (gaps.wholeFile) {
+        dialogs::showMessage(window_.get(),
+                             {language_->formatted(app::text::kLanguageMissing, {platform::display(file)}),
+                              dialogs::MessageIcon::Exclamation});
+    } else if (gaps.any()) {
+        window_->tellAtStart(language_->formatted(
+            app::text::kLanguageGaps,
+            {platform::display(file.filename()), QString::number(gaps.texts), QString::number(gaps.forms)}));
+    }
+}
+
 bool Program::canStopWaiting() const {
-    return progress_ != nullptr && progress_->canStop();
+    return window_ != nullptr && window_->canStopWaiting();
 }
 
 void Program::applyLook() {
@@ -75,7 +124,10 @@ bool Program::askForExifTool() {
                                    dialogs::MessageIcon::Stop});
     const QString chosen = QFileDialog::getOpenFileName(nullptr, QStringLiteral("ExifTool"),
                                                         platform::display(context_.installPath));
-    if (!chosen.isEmpty()) app::chooseExifTool(context_, platform::pathFromText(chosen));
+    if (!chosen.isEmpty()) {
+        const QString problem = app::chooseExifTool(context_, platform::pathFromText(chosen));
+        if (!problem.isEmpty()) settingsFaults_.notSaved = problem;
+    }
     if (app::FindExifTool(context_)) return true;
     dialogs::showMessage(nullptr, {QStringLiteral("Could not find the ExifTool path!\nAborting."),
                                    dialogs::MessageIcon::Stop});

@@ -2,6 +2,7 @@
 
 #include "app/AppContext.h"
 #include "app/LanguageFile.h"
+#include "app/StartUp.h"
 
 #include <QIcon>
 #include <filesystem>
@@ -39,11 +40,18 @@ class Program {
     app::AppContext& context() { return context_; }
 
  private:
+    /// The two answer whether the program can go on; the user has been told why when not.
     bool askForExifTool();
+    bool takeTempFolder(const QDate& today);
+    void tellFaults();
+    void tellLanguageGaps();
     void applyLook();
 
     QApplication& application_;
     app::AppContext context_;
+    app::SettingsFaults settingsFaults_;
+    std::optional<platform::ProcessFolder> tempFolder_;
+    QString tempFolderProblem_;
     std::unique_ptr<dialogs::ProgressDialog> progress_;
     std::unique_ptr<app::LanguageFile> language_;
     std::unique_ptr<MainWindow> window_;

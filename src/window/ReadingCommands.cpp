@@ -2,6 +2,7 @@
 
 #include "dialogs/ProgressDialog.h"
 #include "panel/MetadataPanel.h"
+#include "tags/RowAppearance.h"
 #include "window/StatusBar.h"
 
 namespace window {
@@ -9,13 +10,22 @@ namespace window {
 std::span<const CommandRow<ReadingCommands>> ReadingCommands::rows() {
     using namespace app::command;
     static constexpr CommandRow<ReadingCommands> kRows[] = {
-        {kClearMetadata, kClearMetadata, &ReadingCommands::clearMetadata},
-        {kRefreshPanel, kRefreshPanel, &ReadingCommands::refreshPanel},
-        {kOpenUrl, kOpenUrl, &ReadingCommands::openAddress},
-        {kReadFileAgain, kReadFileAgain, &ReadingCommands::readFileAgain},
+        {kClearMetadata, kClearMetadata, &ReadingCommands::clearMetadata, &ReadingCommands::ifShown},
+        {kRefreshPanel, kRefreshPanel, &ReadingCommands::refreshPanel, &ReadingCommands::ifShown},
+        {kOpenUrl, kOpenUrl, &ReadingCommands::openAddress, &ReadingCommands::ifAddress},
+        {kReadFileAgain, kReadFileAgain, &ReadingCommands::readFileAgain, &ReadingCommands::ifShown},
         {kReadSelection, kReadSelection, &ReadingCommands::readSelection},
     };
     return kRows;
+}
+
+CommandState ReadingCommands::ifShown(app::CommandId) const {
+    return {.enabled = !parts_.panel.file().empty()};
+}
+
+CommandState ReadingCommands::ifAddress(app::CommandId) const {
+    const QModelIndex row = parts_.panel.list().currentIndex();
+    return {.enabled = row.isValid() && tags::looksLikeAddress(parts_.panel.model().row(row.row()).value)};
 }
 
 void ReadingCommands::clearMetadata(app::CommandId) {
@@ -36,9 +46,7 @@ void ReadingCommands::refreshPanel(app::CommandId) {
 }
 
 void ReadingCommands::readFileAgain(app::CommandId) {
-    const QString status = parts_.statusBar.statusText();
-    parts_.panel.Refresh();
-    parts_.showStatus(status);
+    parts_.panel.readAgainQuietly();
 }
 
 void ReadingCommands::openAddress(app::CommandId) {
@@ -46,8 +54,7 @@ void ReadingCommands::openAddress(app::CommandId) {
 }
 
 void ReadingCommands::fileClicked(const std::filesystem::path& file) {
-    // A second click while the first file is still being read is dropped, not piled up.
-    if (!parts_.context.settings.lists.showMetadataWindow || parts_.progress.isWaiting()) return;
+    if (!parts_.context.settings.lists.showMetadataWindow) return;
     parts_.context.currentFile = file;
     parts_.panel.newSelection(file);
 }

@@ -24,6 +24,9 @@ class ReadingCommands {
     void fileClicked(const std::filesystem::path& file);
 
  private:
+    CommandState ifShown(app::CommandId id) const;
+    CommandState ifAddress(app::CommandId id) const;
+
     const WindowParts& parts_;
 };
 

@@ -2,7 +2,6 @@
 
 #include "browser/ShellBrowser.h"
 #include "dialogs/Messages.h"
-#include "exiftool/ReportFile.h"
 #include "panel/MetadataPanel.h"
 #include "taglists/CopyTagsDialog.h"
 #include "taglists/DeleteAll.h"
@@ -33,36 +32,40 @@ std::span<const CommandRow<RemovalCommands>> RemovalCommands::rows() {
     return kRows;
 }
 
-void RemovalCommands::endRemoval(bool hasRun) {
-    if (!hasRun) return;
-    ending_.showWhatChanged();
-    ending_.ShowBatchReport();
+template <typename Dialog>
+void RemovalCommands::askAndRemove(Dialog&& dialog, const OperationEnding::Tell& tell) {
+    if (dialog.run() == 1) ending_.carryOut(dialog.takeJob(), tell);
 }
 
 void RemovalCommands::deleteAll(app::CommandId) {
     const std::vector<fs::path> files = gathering_.GatherSelection();
     if (files.empty()) return;
-    endRemoval(
-        taglists::DeleteAll(parts_.operations, parts_.context.settings.deleteAll, files, &parts_.window)
-            .run() == 1);
+    askAndRemove(
+        taglists::DeleteAll(parts_.operations, parts_.context.settings.deleteAll, files, &parts_.window));
 }
 
 void RemovalCommands::removeTags(app::CommandId) {
     const std::vector<fs::path> files = gathering_.GatherSelection();
     if (files.empty()) return;
-    endRemoval(taglists::DialogRemoveTags(parts_.operations, files, &parts_.window).run() == 1);
+    askAndRemove(taglists::DialogRemoveTags(parts_.operations, files, &parts_.window));
 }
 
 void RemovalCommands::removeGroupTypes(app::CommandId) {
     const std::vector<fs::path> files = gathering_.GatherSelection();
     if (files.empty()) return;
-    endRemoval(taglists::RemoveDialogTypes(parts_.operations, files, &parts_.window).run() == 1);
+    askAndRemove(taglists::RemoveDialogTypes(parts_.operations, files, &parts_.window),
+                 [this](const jobs::JobResult& result) {
+                     dialogs::showMessage(&parts_.window,
+                                          {taglists::typesRemovedText(parts_.language, result.outcomes),
+                                           dialogs::MessageIcon::Information});
+                     ending_.ShowBatchReport(result);
+                 });
 }
 
 void RemovalCommands::copyTags(app::CommandId) {
     const std::vector<fs::path> files = gathering_.GatherSelection();
     if (files.empty()) return;
-    endRemoval(taglists::CopyTagsDialog(parts_.operations, files, &parts_.window).run() == 1);
+    askAndRemove(taglists::CopyTagsDialog(parts_.operations, files, &parts_.window));
 }
 
 void RemovalCommands::removeFamily(app::CommandId id) {
@@ -78,7 +81,7 @@ void RemovalCommands::removeFamily(app::CommandId id) {
             QMessageBox::Yes)
         return;
     const QString title = taglists::familyRemovalTitle(parts_.language, id, files.size());
-    endRemoval(taglists::removeFamily(parts_.operations, title, id, files).begun > 0);
+    ending_.carryOut(taglists::removeFamilyJob(title, id, files));
 }
 
 void RemovalCommands::removeTagsFromShownFile(app::CommandId) {
@@ -87,9 +90,8 @@ void RemovalCommands::removeTagsFromShownFile(app::CommandId) {
     if (file.empty()) return;
     const QModelIndex row = parts_.panel.list().currentIndex();
     const QString group = isShown && row.isValid() ? parts_.panel.model().row(row.row()).group : QString();
-    static_cast<void>(exiftool::deleteReport(parts_.context));
-    endRemoval(taglists::DialogRemoveATag_FromOneFile(parts_.operations, file, group, &parts_.window).run() ==
-               1);
+    if (!ending_.isReadyToBegin()) return;
+    askAndRemove(taglists::DialogRemoveATag_FromOneFile(parts_.operations, file, group, &parts_.window));
 }
 
 }  // namespace window

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "window/CommandMap.h"
+#include "window/OperationEnding.h"
 #include "window/WindowParts.h"
 
 namespace window {
 
-class OperationEnding;
 class SelectionGathering;
 
 /// Removing and copying tags. GUI thread.
@@ -25,8 +25,9 @@ class RemovalCommands {
     void removeTagsFromShownFile(app::CommandId id);
 
  private:
-    /// Shows what has changed, and the report.
-    void endRemoval(bool hasRun);
+    /// Runs the dialog, and what it leaves to be done.
+    template <typename Dialog>
+    void askAndRemove(Dialog&& dialog, const OperationEnding::Tell& tell = {});
 
     const WindowParts& parts_;
     SelectionGathering& gathering_;

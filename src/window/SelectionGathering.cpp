@@ -1,8 +1,7 @@
 #include "window/SelectionGathering.h"
 
 #include "browser/ShellBrowser.h"
-#include "dialogs/Messages.h"
-#include "dialogs/ProgressDialog.h"
+#include "dialogs/Waiting.h"
 #include "exiftool/ReportFile.h"
 #include "jobs/BatchNoFilesSelectedDialog.h"
 #include "jobs/FolderScan.h"
@@ -17,22 +16,30 @@ namespace window {
 namespace fs = std::filesystem;
 
 std::vector<fs::path> SelectionGathering::GatherSelection() {
-    static_cast<void>(parts_.runner.takeUntold());
-    const std::string problem = exiftool::deleteReport(parts_.context);
-    if (!problem.empty()) {
-        dialogs::showMessage(&parts_.window,
-                             {parts_.language.formatted(
-                                  jobs::text::kReportNotWritable,
-                                  {platform::display(parts_.context.reportFile), platform::wide(problem)}),
-                              dialogs::MessageIcon::Stop});
-        return {};
-    }
+    if (!ending_.isReadyToBegin()) return {};
     const std::vector<fs::path> selected = parts_.activeBrowser().GetSelectedFiles();
     if (selected.empty()) return gatherFolder();
     jobs::SelectionFiles gathered = jobs::filesOfSelection(selected);
-    for (const fs::path& refused : gathered.refused)
-        exiftool::appendToReport(parts_.context, "Error: Not a regular file - " + platform::narrow(refused));
+    exiftool::Outcomes refused;
+    for (const fs::path& file : gathered.refused)
+        refused.push_back({file, exiftool::OutcomeKind::Failed,
+                           reportLine(jobs::text::kNotRegularFile, platform::narrow(file))});
+    tell(std::move(refused), gathered.files.empty());
     return std::move(gathered.files);
+}
+
+// The form of ExifTool's own lines, so that the report reads alike.
+std::string SelectionGathering::reportLine(int reasonNumber, const std::string& path) const {
+    return "Error: " + parts_.language.text(reasonNumber).toStdString() + " - " + path;
+}
+
+void SelectionGathering::tell(exiftool::Outcomes refused, bool isAll) {
+    for (const exiftool::Outcome& outcome : refused)
+        static_cast<void>(exiftool::appendToReport(parts_.context, outcome.words));
+    if (isAll && !refused.empty())
+        ending_.ShowBatchReport({{}, std::move(refused), false, false});
+    else
+        ending_.leaveOut(std::move(refused));
 }
 
 std::vector<fs::path> SelectionGathering::gatherFolder() {
@@ -40,17 +47,16 @@ std::vector<fs::path> SelectionGathering::gatherFolder() {
                                             &parts_.window);
     if (dialog.run() == 0) return {};
     const fs::path folder = dialog.folder();
-    parts_.progress.showReading(platform::display(folder));
-    jobs::FolderScan scan =
-        jobs::scanFolder(folder, dialog.withSubfolders(), [this] { parts_.progress.pulse(); });
-    parts_.progress.finish();
+    jobs::FolderScan scan;
+    parts_.waiting.forWork([&] { scan = jobs::scanFolder(folder, dialog.withSubfolders()); });
+    exiftool::Outcomes refused;
     for (const std::string& unreadable : scan.unreadable)
-        exiftool::appendToReport(parts_.context, "Error: The folder cannot be read - " + unreadable);
-    if (scan.files.empty()) {
+        refused.push_back(
+            {folder, exiftool::OutcomeKind::Failed, reportLine(jobs::text::kFolderUnreadable, unreadable)});
+    if (scan.files.empty())
         parts_.showStatus(
             parts_.language.formatted(jobs::text::kNoFilesInFolder, {platform::display(folder)}));
-        if (!scan.unreadable.empty()) ending_.ShowBatchReport();
-    }
+    tell(std::move(refused), scan.files.empty());
     return std::move(scan.files);
 }
 

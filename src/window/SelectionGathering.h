@@ -1,8 +1,10 @@
 #pragma once
 
+#include "exiftool/Outcome.h"
 #include "window/WindowParts.h"
 
 #include <filesystem>
+#include <string>
 #include <vector>
 
 namespace window {
@@ -20,6 +22,10 @@ class SelectionGathering {
 
  private:
     std::vector<std::filesystem::path> gatherFolder();
+    /// Files that cannot be worked on are told with the others' outcomes, or at once where there are no
+    /// others.
+    std::string reportLine(int reasonNumber, const std::string& path) const;
+    void tell(exiftool::Outcomes refused, bool isAll);
 
     const WindowParts& parts_;
     OperationEnding& ending_;

@@ -36,13 +36,14 @@ const std::vector<Registered>& registered() {
 
 }  // namespace
 
-SubjectCommands::SubjectCommands(const WindowParts& parts, const std::function<void()>& relayout)
+SubjectCommands::SubjectCommands(const WindowParts& parts, const std::function<void()>& relayout,
+                                 const CommandMap::Handler& chosen)
     : reading_(parts),
       browse_(parts),
       ending_(parts, reading_),
       gathering_(parts, ending_),
       frame_(parts, reading_, relayout),
-      exports_(parts, browse_, ending_),
+      exports_(parts, map_, browse_, ending_),
       editing_(parts, reading_, ending_),
       removals_(parts, gathering_, ending_),
       tagLists_(parts, gathering_, ending_),
@@ -58,13 +59,16 @@ SubjectCommands::SubjectCommands(const WindowParts& parts, const std::function<v
     add(tagLists_);
     add(payloads_);
     add(batch_);
+    map_.setSelectionQuestion([&parts] { return parts.hasSelection(); });
+    map_.createActions(parts.language, chosen);
 }
 
 bool SubjectCommands::isBuilt(app::CommandId id) {
-    return app::findCommand(id) != nullptr && !subjectOf(id).empty();
+    return !subjectOf(id).empty();
 }
 
 std::string_view SubjectCommands::subjectOf(app::CommandId id) {
+    if (app::findCommand(id) == nullptr) return {};
     for (const Registered& commands : registered())
         if (id >= commands.first && id <= commands.last) return commands.subject;
     return {};

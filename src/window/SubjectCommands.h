@@ -23,8 +23,10 @@ namespace window {
 /// member, a line in the constructor and a line in the table of the source. GUI thread.
 class SubjectCommands {
  public:
-    /// relayout places the parts of the window as the settings tell. The parts outlive it.
-    SubjectCommands(const WindowParts& parts, const std::function<void()>& relayout);
+    /// relayout places the parts of the window as the settings tell; chosen is told when the action of a
+    /// command is chosen. The parts outlive it.
+    SubjectCommands(const WindowParts& parts, const std::function<void()>& relayout,
+                    const CommandMap::Handler& chosen);
     SubjectCommands(const SubjectCommands&) = delete;
     SubjectCommands& operator=(const SubjectCommands&) = delete;
 
@@ -33,7 +35,7 @@ class SubjectCommands {
     /// The subject that does the command, by the name of its class; empty when none does.
     static std::string_view subjectOf(app::CommandId id);
 
-    const CommandMap& map() const { return map_; }
+    CommandMap& map() { return map_; }
     ReadingCommands& reading() { return reading_; }
     BrowseCommands& browse() { return browse_; }
     EditingCommands& editing() { return editing_; }

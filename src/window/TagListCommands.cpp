@@ -1,7 +1,6 @@
 #include "window/TagListCommands.h"
 
 #include "dialogs/Messages.h"
-#include "exiftool/ReportFile.h"
 #include "panel/MetadataPanel.h"
 #include "taglists/DialogAddATag_ToOneFile.h"
 #include "taglists/DialogAddTagsMain.h"
@@ -19,23 +18,28 @@ std::span<const CommandRow<TagListCommands>> TagListCommands::rows() {
         {kModifyIptc, kModifyIptc, &TagListCommands::modifyTags},
         {kModifyXmp, kModifyXmp, &TagListCommands::modifyTags},
         {kFirstAddTags, kLastAddTags, &TagListCommands::addTags},
-        {kAddTagsToFile, kAddTagsToFile, &TagListCommands::addTagsToShownFile},
+        {kAddTagsToFile, kAddTagsToFile, &TagListCommands::addTagsToShownFile,
+         &TagListCommands::ifGroupChosen},
     };
     return kRows;
+}
+
+CommandState TagListCommands::ifGroupChosen(app::CommandId) const {
+    return {.enabled = !parts_.panel.file().empty() && parts_.panel.list().currentIndex().isValid()};
 }
 
 void TagListCommands::modifyTags(app::CommandId id) {
     const std::vector<std::filesystem::path> files = gathering_.GatherSelection();
     if (files.empty()) return;
     taglists::DialogModifMain dialog(parts_.operations, id, files, &parts_.window);
-    if (dialog.run() != 0) tagsWereWritten(dialog.runs());
+    if (dialog.run() != 0) ending_.carryOut(dialog.takeJob());
 }
 
 void TagListCommands::addTags(app::CommandId id) {
     const std::vector<std::filesystem::path> files = gathering_.GatherSelection();
     if (files.empty()) return;
     taglists::DialogAddTagsMain dialog(parts_.operations, id, files, &parts_.window);
-    if (dialog.run() != 0) tagsWereWritten(dialog.runs());
+    if (dialog.run() != 0) ending_.carryOut(dialog.takeJob());
 }
 
 void TagListCommands::addTagsToShownFile(app::CommandId) {
@@ -48,15 +52,9 @@ void TagListCommands::addTagsToShownFile(app::CommandId) {
     // The panel is read again while the dialog may still look at the row.
     const QString group = parts_.panel.model().row(row.row()).group;
     const std::filesystem::path file = parts_.panel.file();
-    static_cast<void>(exiftool::deleteReport(parts_.context));
+    if (!ending_.isReadyToBegin()) return;
     taglists::DialogAddATag_ToOneFile dialog(parts_.operations, group, file, &parts_.window);
-    if (dialog.run() != 0) tagsWereWritten(dialog.runs());
-}
-
-void TagListCommands::tagsWereWritten(const taglists::FileRuns& runs) {
-    if (runs.begun == 0) return;
-    ending_.showWhatChanged();
-    ending_.ShowBatchReport();
+    if (dialog.run() != 0) ending_.carryOut(dialog.takeJob());
 }
 
 }  // namespace window

@@ -3,10 +3,6 @@
 #include "window/CommandMap.h"
 #include "window/WindowParts.h"
 
-namespace taglists {
-struct FileRuns;
-}
-
 namespace window {
 
 class OperationEnding;
@@ -25,8 +21,7 @@ class TagListCommands {
     void addTagsToShownFile(app::CommandId id);
 
  private:
-    /// The end of a dialog that wrote tags: what it changed is read again, and the report follows.
-    void tagsWereWritten(const taglists::FileRuns& runs);
+    CommandState ifGroupChosen(app::CommandId id) const;
 
     const WindowParts& parts_;
     SelectionGathering& gathering_;

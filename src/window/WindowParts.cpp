@@ -4,10 +4,20 @@
 #include "browser/TabContainer.h"
 #include "window/StatusBar.h"
 
+#include <QItemSelectionModel>
+
 namespace window {
 
 browser::ShellBrowser& WindowParts::activeBrowser() const {
     return tabs.GetSelectedTab().shellBrowser();
+}
+
+bool WindowParts::hasSelection() const {
+    return activeBrowser().view().selectionModel()->hasSelection();
+}
+
+bool WindowParts::hasSelectedFile() const {
+    return activeBrowser().totals().selectedFiles > 0;
 }
 
 std::filesystem::path WindowParts::selectedFile() const {

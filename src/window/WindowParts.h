@@ -18,6 +18,11 @@ class TabContainer;
 
 namespace dialogs {
 class ProgressDialog;
+class Waiting;
+}  // namespace dialogs
+
+namespace jobs {
+class JobRunner;
 }
 
 namespace panel {
@@ -35,7 +40,8 @@ struct WindowParts {
     QWidget& window;  ///< the parent of every dialog
     app::AppContext& context;
     const app::LanguageFile& language;
-    dialogs::ProgressDialog& progress;
+    dialogs::Waiting& waiting;
+    jobs::JobRunner& jobs;
     const tags::TagDictionary& dictionary;
     exiftool::ToolRunner& runner;
     exiftool::ReadCommands& reads;
@@ -46,6 +52,9 @@ struct WindowParts {
     StatusBar& statusBar;
 
     browser::ShellBrowser& activeBrowser() const;
+    bool hasSelection() const;
+    /// Folders and what is neither do not count.
+    bool hasSelectedFile() const;
     /// The first of the selected items; empty without a selection.
     std::filesystem::path selectedFile() const;
     void showStatus(const QString& text) const;

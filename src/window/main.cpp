@@ -1,15 +1,12 @@
+#include "platform/OwnProcess.h"
 #include "window/MainWindow.h"
 #include "window/Program.h"
 
 #include <QApplication>
 
-#include <filesystem>
-#include <system_error>
-
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    std::error_code error;
-    window::Program program(application, std::filesystem::read_symlink("/proc/self/exe", error));
+    window::Program program(application, platform::ownExecutable());
     if (const std::optional<int> status = program.start()) return *status;
     return QApplication::exec();
 }

@@ -148,10 +148,10 @@ class KeyTipsInAWindow : public testing::Test {
         window_.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
         field_->setFocus();
-        QObject::connect(ribbon_, &Ribbon::CommandTriggered, ribbon_, [this](int command) {
+        source_.onChosen = [this](int command) {
             told_ = command;
             focusAtCommand_ = QApplication::focusWidget();
-        });
+        };
     }
 
     void press(int key) { QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key)); }
@@ -264,7 +264,7 @@ TEST_F(KeyTipsInAWindow, ArrowsMouseAltAndResizeTakeThemAway) {
 
 TEST_F(KeyTipsInAWindow, ADisabledButtonHasNoneAndAFoldedRibbonUnfolds) {
     ribbon_->setFolded(true);
-    ribbon_->setEnabled(10, false);
+    source_.setEnabled(10, false);
     pressAlt();
     type("h");
     EXPECT_FALSE(ribbon_->isFolded());

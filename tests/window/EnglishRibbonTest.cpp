@@ -6,6 +6,7 @@
 #include "controls/RibbonGroup.h"
 #include "controls/RibbonKeyTips.h"
 #include "controls/RibbonPage.h"
+#include "window/CommandMap.h"
 #include "window/RibbonContents.h"
 
 #include <gtest/gtest.h>
@@ -17,10 +18,12 @@ namespace {
 
 using controls::RibbonItem;
 
-/// The ribbon as it is when everything is built.
-struct Complete : window::RibbonContents {
-    using RibbonContents::RibbonContents;
-    bool available(int) const override { return true; }
+/// The commands as they are when everything is built.
+struct AllCommands : window::CommandMap {
+    explicit AllCommands(const app::LanguageFile& language) {
+        for (const app::Command& command : app::commandTable()) add(command.id, [](app::CommandId) {});
+        createActions(language, [](app::CommandId) {});
+    }
 };
 
 class EnglishRibbon : public testing::Test {
@@ -47,7 +50,8 @@ class EnglishRibbon : public testing::Test {
     }
 
     const app::LanguageFile english_{TAGWRIGHT_BIN_DIR, 9};
-    const Complete source_{english_};
+    const AllCommands commands_{english_};
+    const window::RibbonContents source_{english_, commands_};
     controls::RibbonMarkup markup_;
     std::vector<RibbonItem> items_;
 };
@@ -69,7 +73,11 @@ TEST_F(EnglishRibbon, EveryItemSaysWhatItIsAndEveryCommandIsInTheTable) {
     for (const controls::RibbonTabMarkup& tab : markup_.tabs)
         for (const controls::RibbonGroupMarkup& group : tab.groups) {
             EXPECT_TRUE(english_.hasText(group.text)) << group.id.toStdString();
-            for (const RibbonItem& item : group.items) EXPECT_FALSE(item.icon.isEmpty()) << item.command;
+            for (const RibbonItem& item : group.items) {
+                const QAction* action = commands_.action(item.command);
+                EXPECT_FALSE(item.icon.isEmpty() && (action == nullptr || action->icon().isNull()))
+                    << item.command;
+            }
         }
 }
 
