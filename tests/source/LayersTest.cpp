@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QRegularExpression>
@@ -77,6 +78,43 @@ std::vector<Source> sources() {
     return all;
 }
 
+/// Whole files of the program and of its tools, by their path below the source folder.
+std::map<std::string, std::string> programText() {
+    std::map<std::string, std::string> texts;
+    const fs::path root(TAGWRIGHT_SOURCE_DIR);
+    for (const char* folder : {"src", "tools"}) {
+        for (const auto& entry : fs::recursive_directory_iterator(root / folder)) {
+            if (entry.path().extension() != ".cpp" && entry.path().extension() != ".h") continue;
+            std::ifstream stream(entry.path());
+            texts[entry.path().lexically_relative(root).generic_string()] =
+                std::string(std::istreambuf_iterator<char>(stream), {});
+        }
+    }
+    return texts;
+}
+
+/// Where a second system gets files of its own. The yardsticks among the benchmarks call the system
+/// themselves, because they must carry nothing of ours.
+bool maySpeakWithTheSystem(const std::string& file) {
+    return file.ends_with("_posix.cpp") &&
+           (file.starts_with("src/platform/") || file.starts_with("tools/bench/"));
+}
+
+/// Standard C++ and Qt name their headers without an ending; what ends in .h belongs to a library of the
+/// list, or to the system.
+bool isSystemHeader(const std::string& name) {
+    static const std::set<std::string> libraries = {"MediaInfo", "benchmark", "taglib"};
+    if (name == "csignal" || name == "cxxabi") return true;
+    return name.ends_with(".h") && !libraries.contains(name.substr(0, name.find('/')));
+}
+
+std::vector<std::string> matchesIn(const std::string& text, const QRegularExpression& pattern) {
+    std::vector<std::string> found;
+    auto matches = pattern.globalMatch(QString::fromStdString(text));
+    while (matches.hasNext()) found.push_back(matches.next().captured(1).toStdString());
+    return found;
+}
+
 /// The sources that a folder's CMake file gives to a library without widgets.
 std::set<std::string> coreSources(const std::string& folder) {
     std::ifstream stream(fs::path(TAGWRIGHT_SOURCE_DIR) / "src" / folder / "CMakeLists.txt");
@@ -136,6 +174,25 @@ TEST(Layers, ALibraryWithoutWidgetsIncludesNone) {
         }
     }
     EXPECT_GT(looked, 40U);
+}
+
+TEST(Layers, OnlyThePlatformsSystemFilesSpeakWithTheSystem) {
+    static const QRegularExpression include(R"(#\s*include\s+<([^>]+)>)");
+    static const QRegularExpression call(R"((?:^|[^\w>~])(::[a-z_]\w*)\s*\()");
+    static const QRegularExpression name(
+        R"(("/(?:proc|sys|dev)/|\b(?:pid_t|mode_t|uid_t|ssize_t|struct statx?)\b))");
+    std::size_t systemHeaders = 0;
+    for (const auto& [file, text] : programText()) {
+        const bool isSystemFile = maySpeakWithTheSystem(file);
+        for (const std::string& header : matchesIn(text, include)) {
+            if (isSystemHeader(header)) ++systemHeaders;
+            EXPECT_TRUE(isSystemFile || !isSystemHeader(header)) << file << " includes " << header;
+        }
+        if (isSystemFile) continue;
+        EXPECT_THAT(matchesIn(text, call), testing::IsEmpty()) << file << " calls the system";
+        EXPECT_THAT(matchesIn(text, name), testing::IsEmpty()) << file << " names what only one system has";
+    }
+    EXPECT_GT(systemHeaders, 20U);
 }
 
 TEST(Layers, NoTestWaitsForABareTime) {

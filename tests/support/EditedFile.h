@@ -62,6 +62,5 @@ class EditedFile : public testing::Test {
     exiftool::ToolRunner runner{context};
     exiftool::ReadFeedback feedback;
     exiftool::ReadCommands reads{context, runner, feedback};
-    jobs::FileProgress progress;
-    jobs::OperationParts parts{context, language, dictionary, labels, memory, log, runner, reads, progress};
+    jobs::OperationParts parts{context, language, dictionary, labels, memory, log, runner, reads};
 };

@@ -3,6 +3,7 @@
 
     texts.py headers  BABEL FOLDER NAME... the headers with the constants, one a folder of src, as edit/EditTexts.h
     texts.py language BABEL NUMBER FILE    the Linguist file that is packed for a language
+    texts.py controls BABEL SRC FILE       the table of the controls that the dialogs use, which the forms must have
     texts.py update   BABEL NUMBER         BABEL/NUMBER.ts for the translator: keeps what is translated, adds what is new
     texts.py check    BABEL                only the checks
 
@@ -16,6 +17,7 @@ import sys
 sys.path.insert(0, os.path.dirname(os.path.abspath(__file__)))
 
 import constants  # noqa: E402
+import controls  # noqa: E402
 import forms  # noqa: E402
 import linguist  # noqa: E402
 import rows  # noqa: E402
@@ -56,6 +58,11 @@ def main(arguments):
         for name, content in constants.headers(names, texts).items():
             write_if_changed(os.path.join(folder, name), content)
         return
+    if command == "controls":
+        used, control_faults = controls.read(rest[0])
+        stop_at(control_faults + controls.faults(used, os.path.join(babel, "forms")))
+        write_if_changed(rest[1], controls.table(used))
+        return
     form_texts, form_faults = forms.texts_of(os.path.join(babel, "forms"))
     faults += form_faults
     if command == "update":
@@ -70,6 +77,6 @@ def main(arguments):
 
 
 if __name__ == "__main__":
-    if len(sys.argv) < 3 or sys.argv[1] not in ("headers", "language", "update", "check"):
+    if len(sys.argv) < 3 or sys.argv[1] not in ("headers", "language", "controls", "update", "check"):
         sys.exit(__doc__)
     main(sys.argv[1:])

@@ -1,0 +1,58 @@
+# Writes one ctest entry for each suite of a GoogleTest program. PROGRAM: the program; NAME: what the entries begin
+# with; FILE: what is written; CHOSEN: the suites that get one, between colons, empty for all; LEFT_OUT: those that get
+# none; ENVIRONMENT, TIMEOUT, COST: properties of the entries; SHARDS: into how many entries a suite is split.
+execute_process(COMMAND "${CMAKE_COMMAND}" -E env QT_QPA_PLATFORM=offscreen "${PROGRAM}" --gtest_list_tests
+                OUTPUT_VARIABLE listed ERROR_VARIABLE complaint RESULT_VARIABLE failed)
+if(failed)
+    message(FATAL_ERROR "${PROGRAM} cannot list its tests: ${failed}\n${complaint}")
+endif()
+
+# One line a suite, ending with a dot, then its cases, indented.
+string(REGEX REPLACE "#[^\n]*" "" listed "${listed}")
+string(REGEX MATCHALL "(^|\n)[^ \n][^\n]*\\.[ ]*(\n  [^\n]*)*" suites "${listed}")
+set(entries "")
+function(add_entry name filter shard shards)
+    set(environment "${ENVIRONMENT}")
+    if(shards GREATER 1)
+        list(APPEND environment "GTEST_TOTAL_SHARDS=${shards}" "GTEST_SHARD_INDEX=${shard}")
+    endif()
+    string(CONCAT entry
+        "add_test([=[${name}]=] [=[${PROGRAM}]=] [=[--gtest_filter=${filter}]=])\n"
+        "set_tests_properties([=[${name}]=] PROPERTIES ENVIRONMENT [=[${environment}]=] TIMEOUT ${TIMEOUT} COST ${COST})\n")
+    set(entries "${entries}${entry}" PARENT_SCOPE)
+endfunction()
+
+foreach(suite IN LISTS suites)
+    string(REGEX MATCH "[^ \n]+\\." dotted "${suite}")
+    string(REGEX REPLACE "\\.$" "" title "${dotted}")
+    string(REGEX MATCHALL "\n  " cases "${suite}")
+    list(LENGTH cases count)
+    if(NOT CHOSEN STREQUAL "")
+        string(FIND ":${CHOSEN}:" ":${title}:" position)
+        if(position EQUAL -1)
+            continue()
+        endif()
+    endif()
+    string(FIND ":${LEFT_OUT}:" ":${title}:" position)
+    if(NOT position EQUAL -1 OR count EQUAL 0)
+        continue()
+    endif()
+    # A shard without a case would be an entry that cannot fail.
+    if(SHARDS LESS count)
+        set(shards ${SHARDS})
+    else()
+        set(shards ${count})
+    endif()
+    foreach(number RANGE 1 ${shards})
+        set(name "${NAME}.${title}")
+        if(shards GREATER 1)
+            string(APPEND name ".${number}of${shards}")
+        endif()
+        math(EXPR shard "${number} - 1")
+        add_entry("${name}" "${title}.*" ${shard} ${shards})
+    endforeach()
+endforeach()
+if(entries STREQUAL "")
+    message(FATAL_ERROR "${PROGRAM} has no tests")
+endif()
+file(WRITE "${FILE}" "${entries}")
