@@ -66,6 +66,27 @@ TEST_F(BadToolTest, AnExifToolThatIsChosenIsUsedAndKept) {
     EXPECT_EQ(program.setting("PATHS", "ExifToolPath"), tool.toStdString());
 }
 
+TEST_F(BadToolTest, AChoiceThatCannotBeKeptIsTold) {
+    DrivenProgram::Options options = with("echo '[IFD0] 0x010f Make: chosen'");
+    const QString tool = QString::fromStdString(options.exifTool->string());
+    options.exifTool.reset();
+    options.environment = {"PATH=/no/such/folder"};
+    options.prepare = [](const fs::path& install) {
+        fs::remove(install / "cache/Tagwright.ini");
+        fs::create_directories(install / "cache/Tagwright.ini/in the way");
+    };
+    DrivenProgram program(options);
+    program.takeMessage();
+    program.tell("set", {"1148", tool});
+    program.tell("press", {"1"});
+    EXPECT_TRUE(program.takeMessage().contains("could not be saved"));
+    program.refuse("message");
+    program.tell("quit");
+    EXPECT_TRUE(endtoend::waitFor([&] { return program.say("message")["ok"].toBool(); }));
+    EXPECT_TRUE(program.takeMessage().contains("could not be saved"));
+    EXPECT_EQ(program.waitForEnd(), 0);
+}
+
 TEST_F(BadToolTest, AnExifToolThatCannotBeStartedEndsTheProgram) {
     DrivenProgram::Options options = with("");
     fs::permissions(*options.exifTool, fs::perms::owner_read);

@@ -11,6 +11,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <QDate>
 #include <QElapsedTimer>
 #include <QJsonDocument>
 
@@ -49,6 +50,19 @@ DrivenProgram::DrivenProgram() : DrivenProgram(Options{}) {}
 DrivenProgram::DrivenProgram(const Options& options) : environment_(options.environment) {
     layOut(options);
     start();
+}
+
+DrivenProgram::DrivenProgram(const DrivenProgram* first)
+    : install_(first->install_), environment_(first->environment_), number_(first->number_ + 1) {
+    // The numbers are given out in the order of the starts.
+    EXPECT_TRUE(waitFor([&] { return fs::exists(first->temp() / "lock"); }));
+    start();
+}
+
+fs::path DrivenProgram::report() const {
+    const QString number = number_ == 1 ? QString() : QStringLiteral("-%1").arg(number_);
+    const QString day = QDate::currentDate().toString(QStringLiteral("MM-dd-yyyy"));
+    return install_ / "cache/reports" / (day + "-BatchReport" + number + ".txt").toStdString();
 }
 
 void DrivenProgram::layOut(const Options& options) {

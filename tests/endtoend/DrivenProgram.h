@@ -28,6 +28,8 @@ class DrivenProgram {
 
     DrivenProgram();
     explicit DrivenProgram(const Options& options);
+    /// A second one on the install folder of the first, which must still run and outlive it.
+    explicit DrivenProgram(const DrivenProgram* first);
     ~DrivenProgram();
     DrivenProgram(const DrivenProgram&) = delete;
     DrivenProgram& operator=(const DrivenProgram&) = delete;
@@ -45,14 +47,18 @@ class DrivenProgram {
     /// Ends the program in the ordinary way; its exit status.
     int quit();
     /// Waits for the program's own end; its exit status, -1 when it does not end.
-    int waitForEnd(int milliseconds = 20000);
+    int waitForEnd(int milliseconds = 60000);
     void closeInput();
     void kill();
     /// Starts it again on the same install folder, after it has ended.
     void restart();
 
     const std::filesystem::path& install() const { return install_; }
-    std::filesystem::path temp() const { return install_ / "Temp"; }
+    std::filesystem::path tempRoot() const { return install_ / "Temp"; }
+    /// The folder of this process in it.
+    std::filesystem::path temp() const { return tempRoot() / ("process-" + std::to_string(number_)); }
+    /// The batch report of a program that was started today.
+    std::filesystem::path report() const;
     /// What the settings file holds for the key now; nothing when it does not.
     std::optional<std::string> setting(const std::string& section, const std::string& key) const;
 
@@ -81,9 +87,10 @@ class DrivenProgram {
     int input_ = -1;
     int output_ = -1;
     std::string buffer_;
+    int number_ = 1;  ///< among the programs on this install folder
 };
 
-/// Waits until the condition holds; false when it does not within the limit.
-bool waitFor(const std::function<bool()>& condition, int milliseconds = 10000);
+/// Waits until the condition holds; false when it does not within the limit, which is that of a busy machine.
+bool waitFor(const std::function<bool()>& condition, int milliseconds = 60000);
 
 }  // namespace endtoend

@@ -79,20 +79,22 @@ TEST_F(SettingsKeptTest, ColumnsAreWrittenAndReadAgain) {
         << "the name column always starts with 250";
 }
 
-TEST_F(SettingsKeptTest, TheTempFolderIsEmptiedByANormalExitOnly) {
+TEST_F(SettingsKeptTest, TheTempFolderIsEmptiedByANormalExitAndWhatACrashLeftByTheNextStart) {
     DrivenProgram program;
-    support::writeBytes(program.temp() / "left over.txt", "x");
+    support::writeBytes(program.tempRoot() / "left over.txt", "x");
     program.tell("open", {path()});
     program.tell("click", {"a.jpg"});
     EXPECT_TRUE(std::filesystem::exists(program.temp() / "Metadata.txt"));
     program.kill();
-    EXPECT_TRUE(std::filesystem::exists(program.temp() / "left over.txt"));
+    EXPECT_TRUE(std::filesystem::exists(program.temp() / "Metadata.txt"));
     program.restart();
     program.tell("title");
-    EXPECT_TRUE(std::filesystem::exists(program.temp() / "left over.txt")) << "a start empties nothing";
-    EXPECT_EQ(program.quit(), 0);
     EXPECT_TRUE(std::filesystem::is_directory(program.temp()));
-    EXPECT_TRUE(std::filesystem::is_empty(program.temp()));
+    EXPECT_FALSE(std::filesystem::exists(program.temp() / "Metadata.txt"));
+    EXPECT_TRUE(std::filesystem::exists(program.tempRoot() / "left over.txt")) << "no process's own";
+    EXPECT_EQ(program.quit(), 0);
+    EXPECT_TRUE(std::filesystem::is_directory(program.tempRoot()));
+    EXPECT_TRUE(std::filesystem::is_empty(program.tempRoot()));
 }
 
 TEST_F(SettingsKeptTest, WhatTheProgramDoesNotKnowStaysInTheFile) {

@@ -1,4 +1,5 @@
 #include "DrivenProgram.h"
+#include "support/OwnRuns.h"
 #include "support/SmallFiles.h"
 
 #include <gtest/gtest.h>
@@ -10,7 +11,8 @@
 #include <sstream>
 #include <thread>
 
-// A read must come to its end whatever becomes of the process that keeps ExifTool warm.
+// Reads and writes go through the process that keeps ExifTool warm, and come to their end whatever becomes of
+// it.
 
 namespace fs = std::filesystem;
 using endtoend::DrivenProgram;
@@ -44,20 +46,84 @@ int killStartersOf(const fs::path& install) {
     return killed;
 }
 
+/// Pictures that are clicked, and one of which is changed.
+class WarmStart : public testing::Test {
+ protected:
+    static constexpr int kFiles = 4;
+
+    void SetUp() override {
+        for (int number = 0; number < kFiles; ++number) {
+            support::writeJpeg(photo(number));
+            support::ExifTool({"-q", "-overwrite_original", "-XMP-dc:Title=title " + std::to_string(number),
+                               "-IFD0:Artist=artist", photo(number).string()});
+        }
+    }
+    fs::path photo(int number) const { return folder_ / ("photo" + std::to_string(number) + ".jpg"); }
+
+    void clickAll(DrivenProgram& program) const {
+        for (int number = 0; number < kFiles; ++number) {
+            const QString text = QString::number(number);
+            program.tell("click", {"photo" + text + ".jpg"});
+            EXPECT_EQ(program.value("XMP-dc", "Title"), "title " + text);
+        }
+    }
+    /// The artist of the picture that is shown, in its dialog.
+    void changeArtist(DrivenProgram& program) const {
+        program.tell("row", {"IFD0", "Artist", "Value"});
+        program.tell("set", {"1694", "somebody else"});
+        program.tell("press", {"1"});
+        EXPECT_EQ(support::ExifTool({"-s3", "-IFD0:Artist", photo(kFiles - 1).string()}), "somebody else\n");
+    }
+
+    support::TemporaryFolder folder_;
+    support::TemporaryFolder home_;
+    support::OwnRuns ownRuns_{home_.path()};
+};
+
+/// The starter and the child that it has made ahead for the next command.
+constexpr std::size_t kReady = 2;
+
 }  // namespace
 
-TEST(WarmStart, KillingTheStarterAtAnyMomentIsNotNoticed) {
-    if (qgetenv("TAGWRIGHT_TEST_WARM_START") == "0") GTEST_SKIP() << "the starter is turned off";
-    const support::TemporaryFolder folder;
-    constexpr int kFiles = 4;
-    for (int number = 0; number < kFiles; ++number) {
-        const fs::path file = folder / ("photo" + std::to_string(number) + ".jpg");
-        support::writeJpeg(file);
-        support::ExifTool(
-            {"-q", "-overwrite_original", "-XMP-dc:Title=title " + std::to_string(number), file.string()});
+TEST_F(WarmStart, EveryReadAndWriteIsRunByTheStarter) {
+    DrivenProgram::Options options;
+    options.environment = {"HOME=" + home_.path().string()};
+    DrivenProgram program(options);
+    program.tell("open", {QString::fromStdString(folder_.path().string())});
+    ASSERT_TRUE(endtoend::waitFor([&] { return startersOf(program.install()).size() >= kReady; }));
+    const int before = ownRuns_.count();
+    EXPECT_GT(before, 0) << "runs are not seen";
+    clickAll(program);
+    changeArtist(program);
+    EXPECT_EQ(ownRuns_.count(), before) << "commands were runs of their own";
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(WarmStart, TurnedOffEveryCommandIsARunOfItsOwn) {
+    const auto withoutFolder = [](const fs::path& install) { fs::remove_all(install / "warm"); };
+    DrivenProgram::Options bySetting;
+    bySetting.moreSettings = "\n[ExifTool]\nWarmStart=0\n";
+    DrivenProgram::Options byFolder;
+    byFolder.prepare = withoutFolder;
+    for (DrivenProgram::Options* options : {&bySetting, &byFolder}) {
+        SetUp();
+        options->environment = {"HOME=" + home_.path().string()};
+        DrivenProgram program(*options);
+        program.tell("open", {QString::fromStdString(folder_.path().string())});
+        const int before = ownRuns_.count();
+        clickAll(program);
+        EXPECT_GE(ownRuns_.count(), before + kFiles);
+        const int clicked = ownRuns_.count();
+        changeArtist(program);
+        EXPECT_GT(ownRuns_.count(), clicked);
+        EXPECT_TRUE(startersOf(program.install()).empty());
+        EXPECT_EQ(program.quit(), 0);
     }
+}
+
+TEST_F(WarmStart, KillingTheStarterAtAnyMomentIsNotNoticed) {
     DrivenProgram program;
-    program.tell("open", {QString::fromStdString(folder.path().string())});
+    program.tell("open", {QString::fromStdString(folder_.path().string())});
     // The first is killed for certain, the later ones at moments of their own.
     std::atomic_int killed = 0;
     ASSERT_TRUE(endtoend::waitFor([&] { return (killed = killStartersOf(program.install())) > 0; }));

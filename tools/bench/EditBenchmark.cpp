@@ -1,19 +1,14 @@
 // What the window adds to ExifTool's own run when one tag is edited, and how long the longest list of tags
 // takes to open.
 
+#include "BlockSharing.h"
 #include "PlainProcess.h"
 
 #include <benchmark/benchmark.h>
 
-#include <fcntl.h>
-#include <linux/fs.h>
-#include <sys/ioctl.h>
-
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
-
-#include "platform/FileDescriptor.h"
 
 namespace {
 
@@ -49,11 +44,8 @@ fs::path photoOf(std::size_t size) {
 }
 
 bool canClone() {
-    const fs::path source = photoOf(0);
     const fs::path target = workFolder() / "clone";
-    const platform::FileDescriptor from(::open(source.c_str(), O_RDONLY | O_CLOEXEC));
-    const platform::FileDescriptor to(::open(target.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600));
-    const bool cloned = ::ioctl(to.get(), FICLONE, from.get()) == 0;
+    const bool cloned = bench::canShareBlocks(photoOf(0), target);
     fs::remove(target);
     return cloned;
 }

@@ -52,6 +52,8 @@ void inTheWindow(benchmark::State& state, int count) {
             state.counters["block"] = measured.at("block");
             state.counters["scroll"] = measured.at("scroll");
             state.counters["memory"] = measured.at("memory");
+            state.counters["sort"] = measured.at("sort");
+            state.counters["sortBlock"] = measured.at("sortBlock");
         }
     } catch (const std::exception& failure) {
         state.SkipWithError(failure.what());

@@ -1,13 +1,8 @@
 #include "FolderFloor.h"
 
-#include <dirent.h>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
-#include <algorithm>
 #include <cctype>
 #include <cstdio>
+#include <fstream>
 
 namespace bench {
 namespace {
@@ -45,22 +40,6 @@ bool plainNaturalLess(const std::string& left, const std::string& right) {
     return left.size() - i < right.size() - j;
 }
 
-std::vector<FloorEntry> readAndSortPlainly(const std::filesystem::path& folder) {
-    std::vector<FloorEntry> entries;
-    DIR* directory = ::opendir(folder.c_str());
-    if (directory == nullptr) return entries;
-    while (const dirent* entry = ::readdir(directory)) {
-        if (entry->d_name[0] == '.') continue;
-        struct statx data;
-        if (::statx(::dirfd(directory), entry->d_name, 0, STATX_BASIC_STATS, &data) != 0) continue;
-        entries.push_back({entry->d_name, data.stx_size, data.stx_mtime.tv_sec});
-    }
-    ::closedir(directory);
-    std::sort(entries.begin(), entries.end(),
-              [](const FloorEntry& a, const FloorEntry& b) { return plainNaturalLess(a.name, b.name); });
-    return entries;
-}
-
 void makeManyFiles(const std::filesystem::path& folder, int count) {
     static constexpr const char* kPatterns[] = {"IMG_%d.JPG", "DSC%05d.NEF", "Holiday %d (copy).jpg",
                                                 "clip-%d.mp4", "P%07d.orf"};
@@ -68,8 +47,7 @@ void makeManyFiles(const std::filesystem::path& folder, int count) {
     for (int i = 0; i < count; ++i) {
         char name[64];
         std::snprintf(name, sizeof name, kPatterns[i % kPatternCount], i);
-        const int file = ::open((folder / name).c_str(), O_CREAT | O_WRONLY | O_CLOEXEC, 0644);
-        if (file >= 0) ::close(file);
+        std::ofstream file(folder / name);
     }
 }
 

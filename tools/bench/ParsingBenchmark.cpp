@@ -2,6 +2,7 @@
 
 #include "SampleFiles.h"
 #include "platform/Text.h"
+#include "tags/LabelLibrary.h"
 #include "tags/OutputParser.h"
 
 #include <benchmark/benchmark.h>
@@ -93,10 +94,30 @@ void findByScan(benchmark::State& state) {
     findAll(state, &tags::TagDictionary::findTagIdByScan);
 }
 
+void copyDictionary(benchmark::State& state) {
+    for (auto _ : state) {
+        const tags::TagDictionary copy;
+        benchmark::DoNotOptimize(copy.records().data());
+    }
+}
+
+/// German, which has the most to read.
+void firstLabel(benchmark::State& state) {
+    constexpr int kGerman = 7;
+    constexpr int kMake = 1056;
+    const tags::TagDictionary dictionary;
+    for (auto _ : state) {
+        const tags::LabelLibrary library(kGerman, dictionary);
+        benchmark::DoNotOptimize(library.label(kMake));
+    }
+}
+
 BENCHMARK(parseWithAllFamilies)->Name("Parsing/AllFamilies")->MinTime(kLeastSeconds);
 BENCHMARK(parseWithDefaults)->Name("Parsing/Defaults")->MinTime(kLeastSeconds);
 BENCHMARK(readLinesPlainly)->Name("Parsing/PlainLines")->MinTime(kLeastSeconds);
 BENCHMARK(findByIndex)->Name("Parsing/FindByIndex")->MinTime(kLeastSeconds);
 BENCHMARK(findByScan)->Name("Parsing/FindByScan")->MinTime(kLeastSeconds);
+BENCHMARK(copyDictionary)->Name("Parsing/CopyOfDictionary")->MinTime(kLeastSeconds);
+BENCHMARK(firstLabel)->Name("Parsing/FirstLabel")->MinTime(kLeastSeconds);
 
 }  // namespace

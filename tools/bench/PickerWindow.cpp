@@ -57,9 +57,7 @@ void openLongest(window::Program& program, std::size_t rows) {
     exiftool::ToolRunner runner(context);
     exiftool::ReadFeedback feedback;
     exiftool::ReadCommands reads(context, runner, feedback);
-    jobs::FileProgress progress;
-    const jobs::OperationParts parts{context, language, dictionary, labels,  memory,
-                                     log,     runner,   reads,      progress};
+    const jobs::OperationParts parts{context, language, dictionary, labels, memory, log, runner, reads};
 
     double end = 0;
     const double begin = bench::monotonicSeconds();

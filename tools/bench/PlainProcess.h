@@ -8,11 +8,12 @@
 
 namespace bench {
 
-/// Starts the program that the first word names, with its output and errors in the files, and waits for its
-/// end: nothing but posix_spawn and waitpid, as the yardstick of a run must not carry any machinery of ours.
-/// The exit status; throws std::runtime_error when it cannot be started or is killed.
+/// Starts the program that the first word names, with its output and errors in the files, errors without one
+/// being lost, and waits for its end: nothing but posix_spawn and waitpid, as the yardstick of a run must not
+/// carry any machinery of ours. The exit status; throws std::runtime_error when it cannot be started or is
+/// killed.
 int runPlainly(const std::vector<std::string>& words, const std::filesystem::path& outputFile,
-               const std::filesystem::path& errorFile = "/dev/null");
+               const std::filesystem::path& errorFile = {});
 
 /// What a measuring program printed: lines of a name, a blank and a number.
 using Measurements = std::map<std::string, double>;

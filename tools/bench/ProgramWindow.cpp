@@ -3,37 +3,28 @@
 #include "FirstPaint.h"
 #include "LoopWatch.h"
 #include "PlainProcess.h"
+#include "ProcessMemory.h"
 #include "browser/FileListView.h"
 #include "browser/ShellBrowser.h"
 #include "window/MainWindow.h"
 #include "window/Program.h"
 
 #include <QApplication>
+#include <QItemSelectionModel>
 #include <QScrollBar>
 #include <QTimer>
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <limits>
 #include <optional>
 
 namespace {
 
 constexpr int kJumps = 100;
 constexpr int kBetweenJumps = 5;  // milliseconds
-
-/// Bytes of memory that belong to this process alone, as the system counts them.
-double ownMemory() {
-    std::ifstream status("/proc/self/status");
-    std::string key;
-    while (status >> key) {
-        double kilobytes = 0;
-        if (key == "RssAnon:" && status >> kilobytes) return kilobytes * 1024;
-        status.ignore(std::numeric_limits<std::streamsize>::max(), '\n');
-    }
-    return 0;
-}
+constexpr app::SortMode kOrders[] = {app::SortMode::Size, app::SortMode::DateModified, app::SortMode::Type,
+                                     app::SortMode::Name};
+constexpr int kRowsForEachSelected = 1000;
 
 /// Ends without closing the window, which would store the folder that is shown as the next one to start with.
 void leave() {
@@ -70,11 +61,49 @@ class FolderOpening : public QObject {
         // What the list does behind its first picture counts for the blocks and the memory, too.
         QTimer::singleShot(std::chrono::seconds(1), this, [this] {
             bench::printMeasurement("block", loopWatch_->longestWait());
-            bench::printMeasurement("memory", ownMemory());
+            bench::printMeasurement("memory", bench::ownMemory());
             bench::printMeasurement("items", window_.activeBrowser().model().rowCount());
             bench::printMeasurement("scroll", longestScroll());
-            leave();
+            sortBegin_ = bench::monotonicSeconds();
+            connect(&window_.activeBrowser().model(), &QAbstractItemModel::layoutChanged, this,
+                    [this] { sorted(); });
+            sortNext();
         });
+    }
+
+    /// By each of the orders once, with a row in a thousand selected, which goes with its item. The folder is
+    /// in the order of its names.
+    void sortNext() {
+        if (sortedTimes_ == std::size(kOrders)) {
+            bench::printMeasurement("sort", longestSort_);
+            bench::printMeasurement("sortBlock", longestSortBlock_);
+            return leave();
+        }
+        if (sortedTimes_ == 0) selectSome();
+        loopWatch_.emplace();
+        QTimer::singleShot(std::chrono::milliseconds(20), this, [this] {
+            sortBegin_ = bench::monotonicSeconds();
+            window_.activeBrowser().SetSortMode(kOrders[sortedTimes_]);
+        });
+    }
+
+    void sorted() {
+        longestSort_ = std::max(longestSort_, bench::monotonicSeconds() - sortBegin_);
+        // Laying out and painting the new order is part of what others wait for.
+        QTimer::singleShot(std::chrono::milliseconds(200), this, [this] {
+            longestSortBlock_ = std::max(longestSortBlock_, loopWatch_->longestWait());
+            ++sortedTimes_;
+            sortNext();
+        });
+    }
+
+    void selectSome() {
+        browser::FileListView& view = window_.activeBrowser().view();
+        const QAbstractItemModel& model = *view.model();
+        QItemSelection selection;
+        for (int row = 0; row < model.rowCount(); row += kRowsForEachSelected)
+            selection.select(model.index(row, 0), model.index(row, model.columnCount() - 1));
+        view.selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
     }
 
     /// Jumps through the whole list, each time to rows that have never been painted. Between the jumps the
@@ -98,6 +127,10 @@ class FolderOpening : public QObject {
     std::optional<bench::LoopWatch> loopWatch_;
     std::optional<bench::FirstPaint> paint_;
     double begin_ = 0;
+    std::size_t sortedTimes_ = 0;
+    double sortBegin_ = 0;
+    double longestSort_ = 0;
+    double longestSortBlock_ = 0;
 };
 
 }  // namespace

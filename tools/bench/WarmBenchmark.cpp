@@ -2,16 +2,17 @@
 // other file by file, and what it takes of memory.
 
 #include "Figures.h"
+#include "NoisePhoto.h"
+#include "ProcessMemory.h"
 #include "SampleFiles.h"
 
 #include "app/AppContext.h"
 #include "exiftool/ReadCommands.h"
 #include "exiftool/ToolRunner.h"
 #include "exiftool/WarmStarter.h"
-#include "platform/ChildProcess.h"
+#include "platform/ProcessId.h"
 
 #include <QGuiApplication>
-#include <QImage>
 #include <QTemporaryDir>
 #include <chrono>
 #include <cstdio>
@@ -26,6 +27,7 @@ namespace {
 namespace fs = std::filesystem;
 using std::chrono::steady_clock;
 
+constexpr double kMebibyte = 1024 * 1024;
 constexpr int kReadRounds = 5;
 constexpr int kPhotoRounds = 25;
 constexpr int kWrittenPhotos = 40;
@@ -35,20 +37,6 @@ double secondsOf(const std::function<void()>& work) {
     const auto begin = steady_clock::now();
     work();
     return std::chrono::duration<double>(steady_clock::now() - begin).count();
-}
-
-/// Noise, which no format makes smaller: about as many bytes as asked for.
-void writePhoto(const fs::path& file, int bytes) {
-    constexpr double kBytesOfPixel = 0.9;
-    constexpr int kWidth = 640;
-    QImage image(kWidth, static_cast<int>(bytes / kBytesOfPixel / kWidth), QImage::Format_Grayscale8);
-    std::mt19937 random(1);
-    for (int y = 0; y < image.height(); ++y) {
-        uchar* line = image.scanLine(y);
-        for (int x = 0; x < kWidth; ++x) line[x] = static_cast<uchar>(random() >> 24);
-    }
-    if (!image.save(QString::fromStdString(file.string()), "JPEG", 90))
-        throw std::runtime_error("no photo could be written");
 }
 
 /// The same runs with and without the starter.
@@ -70,7 +58,7 @@ class Competitors {
 
     fs::path file(const std::string& name) const { return context_.tempPath / name; }
     double secondsToLoad() const { return secondsToLoad_; }
-    pid_t starter() const { return starter_.processId(); }
+    platform::ProcessId starter() const { return starter_.processId(); }
 
     double read(bool isWarm, const fs::path& file) {
         const platform::CommandText line =
@@ -81,7 +69,8 @@ class Competitors {
     double write(bool isWarm, const fs::path& file) {
         const platform::CommandText arguments(
             "-overwrite_original -Title=\"A title\" -Keywords=\"one\" -Keywords=\"two\"");
-        return secondsOf([&] { check(runner(isWarm).RunOnFile(file, arguments)); });
+        return secondsOf(
+            [&] { check(exiftool::isWritten(runner(isWarm).RunOnFile(file, arguments).kind) ? 1 : 0); });
     }
 
  private:
@@ -113,15 +102,6 @@ Times medianReads(Competitors& competitors, const fs::path& file, int rounds) {
     return {bench::median(direct), bench::median(warm)};
 }
 
-int kilobytes(const std::string& file, std::string_view key) {
-    std::ifstream stream(file);
-    int sum = 0;
-    for (std::string line; std::getline(stream, line);) {
-        if (line.starts_with(key)) sum += std::stoi(line.substr(line.find_first_of("0123456789")));
-    }
-    return sum;
-}
-
 bool allReached = true;
 
 void print(const char* title, double value, const char* unit, bool isReached, const char* goal) {
@@ -145,7 +125,7 @@ void measureReads(Competitors& competitors) {
     const double ratio = bench::median(ratios);
     print("Read of the panel, warm : direct", ratio, "", ratio <= 0.20, "at most 0.20");
     const fs::path photo = competitors.file("5 MB.jpg");
-    writePhoto(photo, 5'000'000);
+    bench::writeNoisePhoto(photo, 5'000'000);
     const Times times = medianReads(competitors, photo, kPhotoRounds);
     const double photoRatio = times.warm / times.direct;
     print("  the same for a photo of 5 MB", photoRatio, "", photoRatio <= 0.40, "at most 0.40");
@@ -153,7 +133,7 @@ void measureReads(Competitors& competitors) {
 
 void measureWrites(Competitors& competitors) {
     const fs::path master = competitors.file("200 KB.jpg");
-    writePhoto(master, 200'000);
+    bench::writeNoisePhoto(master, 200'000);
     double direct = 0;
     double warm = 0;
     for (int i = 0; i < kWrittenPhotos; ++i) {
@@ -170,24 +150,22 @@ void measureWrites(Competitors& competitors) {
 }
 
 void measureMemory(const Competitors& competitors) {
-    const std::string process = std::to_string(competitors.starter());
-    const double resident = kilobytes("/proc/" + process + "/status", "VmRSS:") / 1024.0;
+    const double resident = bench::residentMemory(competitors.starter()) / kMebibyte;
     print("Resident memory of the starter", resident, "MiB", resident <= 100, "at most 100");
     // Those that have just run are gone before long.
-    std::vector<std::string> children;
+    std::vector<std::int64_t> children;
     for (const auto end = steady_clock::now() + std::chrono::seconds(5); children.size() != 1;) {
-        std::ifstream stream("/proc/" + process + "/task/" + process + "/children");
-        children.assign(std::istream_iterator<std::string>(stream), {});
+        children = bench::childrenOf(competitors.starter());
         if (steady_clock::now() > end) throw std::runtime_error("not one child waits");
     }
-    const double own = kilobytes("/proc/" + children.front() + "/smaps_rollup", "Private_") / 1024.0;
+    const double own = bench::privateMemory(children.front()) / kMebibyte;
     print("Private memory of an idle child", own, "MiB", own <= 1, "at most 1");
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     const QGuiApplication application(argc, argv);
     try {
         Competitors competitors;

@@ -3,11 +3,11 @@
 #include "drive/CommandLineWords.h"
 
 #include "dialogs/ProgressDialog.h"
-
-#include <errno.h>
-#include <unistd.h>
+#include "platform/AtomicFile.h"
+#include "platform/Pipe.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QJsonDocument>
 #include <QMenu>
 
@@ -16,15 +16,6 @@ namespace drive {
 namespace {
 
 constexpr int kWatchMilliseconds = 5;
-
-void writeAll(int descriptor, const QByteArray& bytes) {
-    for (qsizetype done = 0; done < bytes.size();) {
-        const ssize_t written =
-            write(descriptor, bytes.constData() + done, static_cast<std::size_t>(bytes.size() - done));
-        if (written < 0 && errno != EINTR) return;
-        if (written > 0) done += written;
-    }
-}
 
 }  // namespace
 
@@ -41,15 +32,14 @@ CommandServer::CommandServer(int inputDescriptor, int outputDescriptor, Execute 
 
 void CommandServer::readInput() {
     char block[65536];
-    const ssize_t got = read(static_cast<int>(notifier_.socket()), block, sizeof block);
-    if (got < 0 && errno == EINTR) return;
-    if (got <= 0) {
+    const platform::ReadResult got = platform::readSome(static_cast<int>(notifier_.socket()), block);
+    if (got.size == 0) {
         notifier_.setEnabled(false);
         ended_ = true;
         if (!buffer_.isEmpty()) lines_.push_back(buffer_);
         buffer_.clear();
     } else {
-        buffer_.append(block, got);
+        buffer_.append(block, static_cast<qsizetype>(got.size));
     }
     for (qsizetype feed = 0; (feed = buffer_.indexOf('\n')) >= 0;) {
         lines_.push_back(buffer_.left(feed));
@@ -61,7 +51,9 @@ void CommandServer::readInput() {
 void CommandServer::executeNext() {
     // The command before has to be answered first; its answer starts the next one.
     if (!running_.empty() && !running_.back().answered) return;
-    if (busy_ && busy_()) {
+    // Only a stop makes sense while everybody waits.
+    const bool isStop = !lines_.empty() && lines_.front().trimmed() == "stop";
+    if (!isStop && busy_ && busy_()) {
         next_.start(kWatchMilliseconds);
         return;
     }
@@ -80,11 +72,27 @@ void CommandServer::executeNext() {
     begun.popup = QApplication::activePopupWidget();
     running_.push_back(begun);
     watch_.start(kWatchMilliseconds);
-    const std::optional<QStringList> words = splitWords(line);
-    finish(!words || words->isEmpty() ? Answer::failed(QStringLiteral("the line is no command"))
-                                      : execute_(*words));
+    std::optional<QStringList> words = splitWords(line);
+    // What the command leads to goes on beside it, unless somebody wants to see it go on.
+    const bool waits = !words || words->value(0) != QLatin1String("nowait");
+    if (!waits) words->removeFirst();
+    const Answer given = !words || words->isEmpty() ? Answer::failed(QStringLiteral("the line is no command"))
+                                                    : execute_(*words);
+    if (waits) waitWhileBusy();
+    finish(given);
     if (running_.empty()) watch_.stop();
     next_.start(0);
+}
+
+void CommandServer::waitWhileBusy() {
+    if (!busy_ || !busy_()) return;
+    QEventLoop loop;
+    QTimer look;
+    connect(&look, &QTimer::timeout, &loop, [&] {
+        if (!busy_()) loop.quit();
+    });
+    look.start(kWatchMilliseconds);
+    loop.exec();
 }
 
 /// The window is gone that an earlier command waits for.
@@ -136,7 +144,9 @@ void CommandServer::answer(const Answer& given) {
     object.insert(QStringLiteral("ok"), given.error.isEmpty());
     if (!given.error.isEmpty()) object.insert(QStringLiteral("error"), given.error);
     running_.back().answered = true;
-    writeAll(output_, QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n');
+    const QByteArray line = QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n';
+    // Nobody is left to be told when the one who reads the answers has gone.
+    static_cast<void>(platform::writeAll(output_, {line.constData(), static_cast<std::size_t>(line.size())}));
     next_.start(0);
 }
 

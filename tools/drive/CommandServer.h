@@ -38,7 +38,8 @@ class CommandServer : public QObject {
     /// Tells whether a command waits for a tool and the user can end the wait: it is answered then, too.
     void setBlockedByProgress(std::function<bool()> blocked) { blockedByProgress_ = std::move(blocked); }
 
-    /// Tells whether the program waits for a tool and nobody can do anything; the next command is put off.
+    /// Tells whether the program reads, writes or waits for a tool; the next command is put off until it does
+    /// no longer, but for a stop.
     void setBusy(std::function<bool()> busy) { busy_ = std::move(busy); }
 
  Q_SIGNALS:
@@ -58,6 +59,7 @@ class CommandServer : public QObject {
 
     void readInput();
     void executeNext();
+    void waitWhileBusy();
     void watchForNewWindow();
     void finish(const Answer& given);
     bool isFreed(const Running& running) const;

@@ -197,12 +197,9 @@ QMenu* openMenu() {
     return qobject_cast<QMenu*>(QApplication::activePopupWidget());
 }
 
-bool isWaitingForTool() {
-    const dialogs::ProgressDialog* progress = visibleProgress();
-    if (progress == nullptr || !progress->isWaiting()) return false;
-    // A question in the middle of the work can be answered.
+bool isQuestionOpen() {
     const QWidget* modal = QApplication::activeModalWidget();
-    return modal == nullptr || modal == progress;
+    return modal != nullptr && qobject_cast<const dialogs::ProgressDialog*>(modal) == nullptr;
 }
 
 Answer describeMessage() {

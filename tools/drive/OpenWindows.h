@@ -16,8 +16,8 @@ QMessageBox* openMessage();
 QDialog* openDialog();
 QMenu* openMenu();
 
-/// Whether the dialog that tells of a wait for a tool stands in front.
-bool isWaitingForTool();
+/// Whether a dialog or message stands open that can be answered while an operation goes on.
+bool isQuestionOpen();
 
 Answer describeMessage();
 /// Template number and title of the open dialog, every control that has an id, and the ids of the one with

@@ -8,9 +8,11 @@
 #include "drive/OpenWindows.h"
 #include "panel/MetadataPanel.h"
 #include "platform/Text.h"
+#include "window/CommandMap.h"
 #include "window/MainWindow.h"
 #include "window/Program.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QEventLoop>
@@ -53,6 +55,10 @@ int rowOfFile(const browser::FileListModel& model, const QString& name) {
 
 Answer noSuchFile(const QString& name) {
     return Answer::failed(QStringLiteral("no file \"%1\" in the list").arg(name));
+}
+
+Answer noCommand(int id) {
+    return Answer::failed(QStringLiteral("there is no command %1").arg(id));
 }
 
 /// The title of a group without the number of its rows.
@@ -215,10 +221,18 @@ Answer WindowCommands::header(const QString& group) {
 }
 
 Answer WindowCommands::command(int id) {
-    if (!app::isBuilt(id)) return Answer::failed(QStringLiteral("there is no command %1").arg(id));
+    if (!program_.window().commands().isBuilt(id)) return noCommand(id);
     program_.window().Dispatch(id);
     waitForFolder();
     return {};
+}
+
+Answer WindowCommands::state(int id) {
+    const QAction* action = program_.window().commands().action(id);
+    if (action == nullptr) return noCommand(id);
+    QJsonObject state{{"enabled", action->isEnabled()}};
+    if (action->isCheckable()) state["checked"] = action->isChecked();
+    return {state, {}};
 }
 
 /// Nobody manages the windows of a script's screen: when a dialog, a menu or a list of offers has closed, the
@@ -284,6 +298,11 @@ void WindowCommands::waitForFolder() {
 
 Answer WindowCommands::status() {
     return {{{"text", program_.window().statusText()}, {"selection", program_.window().selectionText()}}, {}};
+}
+
+Answer WindowCommands::stop() {
+    program_.window().stopWaiting();
+    return {};
 }
 
 Answer WindowCommands::title() {

@@ -31,6 +31,7 @@ class WindowCommands {
     /// The menu of a group header.
     Answer header(const QString& group);
     Answer command(int id);
+    Answer state(int id);
     /// A key to whatever has the keyboard; a folder that it opens is there when it returns.
     Answer key(const QString& keys);
     /// Types the text character by character.
@@ -40,6 +41,8 @@ class WindowCommands {
     /// Place and size of that part, whether it is shown, and its text.
     Answer area(const QString& objectName);
     Answer status();
+    /// What the buttons do that end a wait or an operation.
+    Answer stop();
     Answer title();
     /// The main window with what stands in front of it.
     Answer screenshot(const QString& file);

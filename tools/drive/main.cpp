@@ -1,10 +1,10 @@
 #include "drive/CommandServer.h"
 #include "drive/DriveCommands.h"
 #include "drive/OpenWindows.h"
+#include "platform/OwnProcess.h"
+#include "platform/StandardStreams.h"
 #include "window/MainWindow.h"
 #include "window/Program.h"
-
-#include <unistd.h>
 
 #include <QApplication>
 
@@ -14,8 +14,7 @@
 
 int main(int argc, char** argv) {
     QApplication application(argc, argv);
-    std::error_code error;
-    std::filesystem::path executable = std::filesystem::read_symlink("/proc/self/exe", error);
+    std::filesystem::path executable = platform::ownExecutable();
     if (argc == 3 && std::string_view(argv[1]) == "--install") {
         executable = std::filesystem::absolute(argv[2]) / "Tagwright";
     } else if (argc != 1) {
@@ -23,15 +22,17 @@ int main(int argc, char** argv) {
         return 2;
     }
     // Nothing but answers may stand on the output.
-    const int answers = dup(STDOUT_FILENO);
-    dup2(STDERR_FILENO, STDOUT_FILENO);
+    const platform::FileDescriptor answers = platform::takeStandardOutput();
 
     window::Program program(application, executable);
     drive::DriveCommands commands(program);
-    drive::CommandServer server(STDIN_FILENO, answers,
+    drive::CommandServer server(platform::kStandardInput, answers.get(),
                                 [&](const QStringList& words) { return commands.execute(words); });
     server.setBlockedByProgress([&] { return program.canStopWaiting(); });
-    server.setBusy([&] { return drive::isWaitingForTool() && !program.canStopWaiting(); });
+    server.setBusy([&] {
+        return program.hasWindow() && program.window().isBusy() && !program.canStopWaiting() &&
+               !drive::isQuestionOpen();
+    });
     QObject::connect(&server, &drive::CommandServer::InputEnded, &application,
                      [&] { commands.endUnattended(); });
     if (const std::optional<int> status = program.start()) return *status;

@@ -10,10 +10,6 @@
 namespace inspect {
 namespace {
 
-QString text(std::u16string_view name) {
-    return QString::fromUtf16(name.data(), static_cast<qsizetype>(name.size()));
-}
-
 /// The raw value as JSON.
 std::string rawValue(const properties::PropertyValue& value) {
     if (const auto* number = std::get_if<std::int64_t>(&value)) return std::to_string(*number);
@@ -47,7 +43,8 @@ bool reportProperties(const std::vector<std::filesystem::path>& files, std::ostr
             if (properties::isAbsent(value)) continue;
             JsonLine line;
             line.text("file", platform::display(file)).number("columnType", property.columnType);
-            line.text("category", text(property.category)).text("name", text(property.name));
+            line.text("category", platform::wide(property.category))
+                .text("name", platform::wide(property.name));
             line.json("raw", rawValue(value)).text("text", browser::propertyText(property, value));
             output << line.finish() << '\n';
         }
@@ -59,7 +56,7 @@ void reportPropertyCatalogue(std::ostream& output) {
     output << "columnType\tpropertyId\tformatId\tpid\tname\tcategory\tvalueKind\twritable\tcategoryId\n";
     for (const tags::PropertyRecord& row : tags::propertyRows())
         output << row.columnType << '\t' << row.propertyId << '\t' << tags::formatIdText(row.formatId) << '\t'
-               << row.pid << '\t' << text(row.name).toStdString() << '\t' << text(row.category).toStdString()
+               << row.pid << '\t' << platform::narrow(row.name) << '\t' << platform::narrow(row.category)
                << '\t' << row.valueKind << '\t' << row.writable << '\t' << row.categoryId << '\n';
 }
 

@@ -4,11 +4,9 @@
 #include "app/StartUp.h"
 #include "exiftool/MetadataLoad.h"
 #include "inspect/JsonLines.h"
+#include "platform/FileAccess.h"
 #include "platform/Text.h"
-
-#include <stdlib.h>
-#include <sys/stat.h>
-#include <unistd.h>
+#include "platform/UniqueFile.h"
 
 #include <system_error>
 
@@ -21,10 +19,7 @@ namespace {
 /// A temp folder of this run's own, so that several runs do not meet.
 class WorkFolder {
  public:
-    WorkFolder() {
-        std::string name = (fs::temp_directory_path() / "tagwright-inspect-XXXXXX").string();
-        if (mkdtemp(name.data()) != nullptr) path_ = name;
-    }
+    WorkFolder() : path_(platform::makeUniqueFolder(fs::temp_directory_path() / "tagwright-inspect-")) {}
     ~WorkFolder() {
         std::error_code error;
         if (!path_.empty()) fs::remove_all(path_, error);
@@ -40,12 +35,13 @@ class WorkFolder {
 
 /// Why the file cannot be read, or nothing. Devices and pipes are never opened.
 std::optional<std::string> refusal(const fs::path& file) {
-    struct stat status {};
-    if (stat(file.c_str(), &status) != 0) return std::generic_category().message(errno);
-    if (S_ISDIR(status.st_mode)) return "is a folder";
-    if (!S_ISREG(status.st_mode)) return "is no regular file";
-    if (access(file.c_str(), R_OK) != 0) return std::generic_category().message(errno);
-    return std::nullopt;
+    std::error_code error;
+    const fs::file_status status = fs::status(file, error);
+    if (error) return error.message();
+    if (fs::is_directory(status)) return "is a folder";
+    if (!fs::is_regular_file(status)) return "is no regular file";
+    const std::error_code refused = platform::checkAccess(file, platform::AccessRight::Read);
+    return refused ? std::optional(refused.message()) : std::nullopt;
 }
 
 class RowPrinter : public exiftool::LoadTarget {
@@ -90,14 +86,15 @@ class RowPrinter : public exiftool::LoadTarget {
     std::vector<std::pair<std::uint32_t, int>> counts_;
 };
 
-app::AppContext contextFor(const RowsRequest& request, const fs::path& workFolder) {
+app::AppContext contextFor(const RowsRequest& request, const fs::path& workFolder, std::ostream& errors) {
     app::AppContext context;
     context.installPath = request.installPath;
     context.tempPath = workFolder;
     if (request.settingsFile) {
         app::AppContext given;
         given.iniPath = *request.settingsFile;
-        app::loadSettingsOrDefaults(given);
+        if (const QString fault = app::loadSettingsOrDefaults(given); !fault.isEmpty())
+            errors << request.settingsFile->native() << ": " << fault.toStdString() << '\n';
         context.settings.metadataList = given.settings.metadataList;
         context.settings.exifTool = given.settings.exifTool;
     }
@@ -154,7 +151,7 @@ bool reportRows(const RowsRequest& request, std::ostream& output, std::ostream& 
         errors << "no folder for temporary files\n";
         return false;
     }
-    const app::AppContext context = contextFor(request, work.path());
+    const app::AppContext context = contextFor(request, work.path(), errors);
     RowsReport report(context);
     bool allRead = true;
     for (const fs::path& file : request.files) {

@@ -1,6 +1,7 @@
 #include "inspect/TableReport.h"
 
 #include "app/CommandTable.h"
+#include "platform/Text.h"
 #include "tags/GroupCatalogue.h"
 #include "tags/TagDictionary.h"
 
@@ -9,10 +10,6 @@
 namespace inspect {
 
 namespace {
-
-std::string utf8(std::u16string_view text) {
-    return QString::fromUtf16(text.data(), static_cast<qsizetype>(text.size())).toStdString();
-}
 
 const char* gateName(tags::GroupGate gate) {
     switch (gate) {
@@ -42,8 +39,8 @@ void reportDictionary(std::ostream& output) {
     const tags::TagDictionary dictionary;
     output << "id\tname\ttableId\tgroup\tgroupIndex\tvalueKind\twritable\tcategoryId\n";
     for (const tags::TagRecord& record : dictionary.records())
-        output << record.id << '\t' << utf8(record.name) << '\t' << record.tableId << '\t'
-               << utf8(record.group) << '\t' << record.groupIndex << '\t'
+        output << record.id << '\t' << platform::narrow(record.name) << '\t' << record.tableId << '\t'
+               << platform::narrow(record.group) << '\t' << record.groupIndex << '\t'
                << static_cast<std::uint32_t>(record.valueKind) << '\t' << (record.writable ? 1 : 0) << '\t'
                << record.categoryId << '\n';
 }
@@ -52,7 +49,7 @@ void reportCatalogue(std::ostream& output) {
     output << "position\tgroupId\tkey\timage\tgate\tcounted\n";
     std::uint32_t position = 0;
     for (const tags::GroupEntry& entry : tags::groupTable()) {
-        output << position << '\t' << entry.groupId << '\t' << utf8(entry.key) << '\t'
+        output << position << '\t' << entry.groupId << '\t' << platform::narrow(entry.key) << '\t'
                << static_cast<int>(tags::GroupIconClass(position)) << '\t'
                << gateName(tags::groupGateOf(entry.groupId)) << '\t'
                << (tags::groupHasRows(entry.groupId) ? 1 : 0) << '\n';
@@ -60,11 +57,11 @@ void reportCatalogue(std::ostream& output) {
     }
 }
 
-void reportCommands(std::ostream& output) {
+void reportCommands(std::ostream& output, const std::function<bool(app::CommandId)>& isBuilt) {
     output << "id\tname\tneedsSelection\tbuilt\n";
     for (const app::Command& command : app::commandTable())
         output << command.id << '\t' << command.name << '\t' << (command.needsSelection ? 1 : 0) << '\t'
-               << (command.built ? 1 : 0) << '\n';
+               << (isBuilt(command.id) ? 1 : 0) << '\n';
 }
 
 }  // namespace inspect

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "app/CommandTable.h"
+
+#include <functional>
 #include <ostream>
 
 namespace inspect {
@@ -11,7 +14,8 @@ void reportDictionary(std::ostream& output);
 /// the group or "-"; counted is 0 for the groups whose rows are dropped.
 void reportCatalogue(std::ostream& output);
 
-/// The command table as TSV, by ascending id: id name needsSelection built. The last two are 0 or 1.
-void reportCommands(std::ostream& output);
+/// The command table as TSV, by ascending id: id name needsSelection built. The last two are 0 or 1; isBuilt
+/// says which commands have a handler.
+void reportCommands(std::ostream& output, const std::function<bool(app::CommandId)>& isBuilt);
 
 }  // namespace inspect

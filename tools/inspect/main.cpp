@@ -1,6 +1,8 @@
 #include "inspect/PropertiesReport.h"
 #include "inspect/RowsReport.h"
 #include "inspect/TableReport.h"
+#include "platform/OwnProcess.h"
+#include "window/SubjectCommands.h"
 
 #include <QCoreApplication>
 
@@ -53,8 +55,7 @@ int main(int argc, char** argv) {
     std::ios::sync_with_stdio(false);
     const QCoreApplication application(argc, argv);
     if (argc < 2) return usage();
-    std::error_code error;
-    const auto installPath = std::filesystem::read_symlink("/proc/self/exe", error).parent_path();
+    const std::filesystem::path installPath = platform::ownExecutable().parent_path();
     const std::string_view verb = argv[1];
     std::vector<std::string_view> words(argv + 2, argv + argc);
     if (verb == "rows") return rows(inspect::RowsFrom::MediaFile, std::move(words), installPath);
@@ -65,7 +66,7 @@ int main(int argc, char** argv) {
     else if (verb == "dictionary" && words.empty())
         inspect::reportDictionary(std::cout);
     else if (verb == "commands" && words.empty())
-        inspect::reportCommands(std::cout);
+        inspect::reportCommands(std::cout, window::SubjectCommands::isBuilt);
     else if (verb == "catalogue" && words.empty())
         inspect::reportCatalogue(std::cout);
     else

@@ -25,8 +25,9 @@ class FileActions {
         posix_spawn_file_actions_addopen(&actions_, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
         posix_spawn_file_actions_addopen(&actions_, STDOUT_FILENO, outputFile.c_str(),
                                          O_WRONLY | O_CREAT | O_TRUNC, 0666);
-        posix_spawn_file_actions_addopen(&actions_, STDERR_FILENO, errorFile.c_str(), O_WRONLY | O_CREAT,
-                                         0666);
+        posix_spawn_file_actions_addopen(&actions_, STDERR_FILENO,
+                                         errorFile.empty() ? "/dev/null" : errorFile.c_str(),
+                                         O_WRONLY | O_CREAT, 0666);
     }
     ~FileActions() { posix_spawn_file_actions_destroy(&actions_); }
     FileActions(const FileActions&) = delete;

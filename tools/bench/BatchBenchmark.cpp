@@ -1,0 +1,96 @@
+// How fast an operation over many files is, safety copies included, against one ExifTool that is given all of
+// them on its command line and copies nothing.
+
+#include "NoisePhoto.h"
+#include "PlainProcess.h"
+#include "exiftool/SafetyCopy.h"
+#include "exiftool/WriteSessions.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QTemporaryDir>
+#include <chrono>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+namespace {
+
+namespace fs = std::filesystem;
+using std::chrono::steady_clock;
+
+constexpr int kFiles = 500;
+constexpr int kFileBytes = 200'000;
+constexpr const char* kTool = "/usr/bin/exiftool";
+
+std::vector<std::string> arguments() {
+    return {"-overwrite_original", "-Title=A title", "-Keywords=one", "-Keywords=two"};
+}
+
+/// The same files anew for each run, away from all others.
+class Photos {
+ public:
+    Photos() {
+        const fs::path master = folder() / "master.jpg";
+        bench::writeNoisePhoto(master, kFileBytes);
+        fs::create_directory(folder() / "photos");
+        for (int i = 0; i < kFiles; ++i) {
+            files.push_back(folder() / "photos" / (std::to_string(i) + ".jpg"));
+            fs::copy_file(master, files.back());
+        }
+    }
+
+    fs::path folder() const { return folder_.path().toStdString(); }
+    std::vector<fs::path> files;
+
+ private:
+    QTemporaryDir folder_;
+};
+
+/// The run's time and pace.
+template <typename Work>
+void measure(benchmark::State& state, Work work) {
+    for (auto _ : state) {
+        const Photos photos;
+        const auto begin = steady_clock::now();
+        const bool succeeded = work(photos);
+        const std::chrono::duration<double> seconds = steady_clock::now() - begin;
+        if (!succeeded) throw std::runtime_error("not every photo was written");
+        state.SetIterationTime(seconds.count());
+        state.counters["pace"] = kFiles / seconds.count();
+    }
+}
+
+void writePlainly(benchmark::State& state) {
+    measure(state, [](const Photos& photos) {
+        std::vector<std::string> words = arguments();
+        words.insert(words.begin(), kTool);
+        for (const fs::path& file : photos.files) words.push_back(file.string());
+        const fs::path output = photos.folder() / "output";
+        bench::runPlainly(words, output);
+        std::ifstream stream(output);
+        const std::string said{std::istreambuf_iterator<char>(stream), {}};
+        return said.find(std::to_string(kFiles) + " image files updated") != std::string::npos;
+    });
+}
+
+void writeWithSessions(benchmark::State& state) {
+    measure(state, [](const Photos& photos) {
+        const fs::path cache = photos.folder() / "cache";
+        exiftool::WriteRequest request;
+        request.exifTool = kTool;
+        request.arguments = arguments();
+        request.files = photos.files;
+        request.beforeFile = [&](const fs::path& file) {
+            return exiftool::MakeSafetyCopy(file, cache, exiftool::SafetyCopies()).toStdString();
+        };
+        const exiftool::Outcomes outcomes = exiftool::writeFiles(request, {}, {});
+        // A copy that failed would be a warning.
+        return exiftool::isEveryFileDone(outcomes) && outcomes.size() == kFiles;
+    });
+}
+
+BENCHMARK(writePlainly)->Name("Batch/Plain")->UseManualTime()->Iterations(1);
+BENCHMARK(writeWithSessions)->Name("Batch/Sessions")->UseManualTime()->Iterations(1);
+
+}  // namespace
