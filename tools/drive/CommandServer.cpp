@@ -10,6 +10,7 @@
 #include <QEventLoop>
 #include <QJsonDocument>
 #include <QMenu>
+#include <utility>
 
 namespace drive {
 
@@ -75,10 +76,15 @@ void CommandServer::executeNext() {
     std::optional<QStringList> words = splitWords(line);
     // What the command leads to goes on beside it, unless somebody wants to see it go on.
     const bool waits = !words || words->value(0) != QLatin1String("nowait");
-    if (!waits) words->removeFirst();
+    if (!waits) {
+        words->removeFirst();
+        // The command that opened the dialog in front goes on when this one closes it, and does not wait
+        // either.
+        goesOnAtOnce_ = true;
+    }
     const Answer given = !words || words->isEmpty() ? Answer::failed(QStringLiteral("the line is no command"))
                                                     : execute_(*words);
-    if (waits) waitWhileBusy();
+    if (waits && !std::exchange(goesOnAtOnce_, false)) waitWhileBusy();
     finish(given);
     if (running_.empty()) watch_.stop();
     next_.start(0);

@@ -76,6 +76,7 @@ class CommandServer : public QObject {
     std::deque<QByteArray> lines_;
     std::vector<Running> running_;
     bool ended_ = false;
+    bool goesOnAtOnce_ = false;  ///< the next command to end is not waited for
 };
 
 }  // namespace drive
