@@ -3,8 +3,8 @@
 #include <set>
 
 // What the window says of a command that writes is what became of the files, whatever the tool does: one that
-// kills itself, one that ends with a failure and no word, one that says nothing at all, and one that says it
-// is done without having touched anything.
+// kills itself, one that ends with a failure and no word, one that hangs until the user stops it, and one
+// that says it is done without having touched anything.
 
 namespace fs = std::filesystem;
 using endtoend::DrivenProgram;
@@ -64,13 +64,13 @@ const std::vector<WritingCommand>& writingCommands() {
 struct StandIn {
     const char* name;
     const char* script;  ///< what is run in the place of a write
+    bool isStopped;      ///< by the user
 };
 
 constexpr StandIn kStandIns[] = {
-    {"kills itself", "kill -9 $$"},
-    {"fails without a word", "exit 1"},
-    {"says nothing", "exit 0"},
-    {"lies", "echo '    1 image files updated'; exit 0"},
+    {"kills itself", "kill -9 $$", false}, {"fails without a word", "exit 1", false},
+    {"says nothing", "exit 0", false},     {"lies", "echo '    1 image files updated'; exit 0", false},
+    {"hangs", "exec sleep 600", true},
 };
 
 class OutcomeTest : public endtoend::EditedFolder {
@@ -123,7 +123,7 @@ class OutcomeTest : public endtoend::EditedFolder {
         return bytes;
     }
 
-    void tryCommand(DrivenProgram& program, const WritingCommand& row) {
+    void tryCommand(DrivenProgram& program, const WritingCommand& row, const StandIn& standIn) {
         program.tell("click", {"a.jpg"});
         if (row.isOfShownFile)
             take(program, kRow);
@@ -134,8 +134,10 @@ class OutcomeTest : public endtoend::EditedFolder {
         if (asks) program.tell("command", {QString::number(row.command)});
         for (std::size_t at = 0; at + 1 < row.steps.size(); ++at) take(program, row.steps[at]);
         support::writeBytes(folder / "broken", "");
-        const Step last = asks ? row.steps.back() : Step{"command", {QString::number(row.command)}};
+        Step last = asks ? row.steps.back() : Step{"command", {QString::number(row.command)}};
+        if (standIn.isStopped) last = {"nowait", QStringList(last.verb) + last.words};
         take(program, last);
+        if (standIn.isStopped) program.tell("stop");
         const QString words = said(program);
         fs::remove(folder / "broken");
         EXPECT_EQ(photos(), before);
@@ -159,7 +161,7 @@ TEST_P(OutcomeOfEveryWrite, IsTold) {
     program.tell("open", {path()});
     for (const WritingCommand& row : writingCommands()) {
         SCOPED_TRACE(row.command);
-        tryCommand(program, row);
+        tryCommand(program, row, GetParam());
     }
     EXPECT_EQ(program.quit(), 0);
 }

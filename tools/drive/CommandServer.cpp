@@ -76,26 +76,28 @@ void CommandServer::executeNext() {
     std::optional<QStringList> words = splitWords(line);
     // What the command leads to goes on beside it, unless somebody wants to see it go on.
     const bool waits = !words || words->value(0) != QLatin1String("nowait");
-    if (!waits) {
-        words->removeFirst();
-        // The command that opened the dialog in front goes on when this one closes it, and does not wait
-        // either.
-        goesOnAtOnce_ = true;
-    }
+    if (!waits) words->removeFirst();
+    running_.back().waits = waits;
     const Answer given = !words || words->isEmpty() ? Answer::failed(QStringLiteral("the line is no command"))
                                                     : execute_(*words);
-    if (waits && !std::exchange(goesOnAtOnce_, false)) waitWhileBusy();
+    if (running_.back().waits) {
+        if (isStop)
+            waitWhileBusy([&] { static_cast<void>(execute_(*words)); });
+        else
+            waitWhileBusy({});
+    }
     finish(given);
     if (running_.empty()) watch_.stop();
     next_.start(0);
 }
 
-void CommandServer::waitWhileBusy() {
+void CommandServer::waitWhileBusy(const std::function<void()>& meanwhile) {
     if (!busy_ || !busy_()) return;
     QEventLoop loop;
     QTimer look;
     connect(&look, &QTimer::timeout, &loop, [&] {
-        if (!busy_()) loop.quit();
+        if (!busy_()) return loop.quit();
+        if (meanwhile) meanwhile();
     });
     look.start(kWatchMilliseconds);
     loop.exec();
@@ -103,7 +105,7 @@ void CommandServer::waitWhileBusy() {
 
 /// The window is gone that an earlier command waits for.
 bool CommandServer::isFreed(const Running& running) const {
-    if (!running.answered) return false;
+    if (!running.answered || !running.waits) return false;
     if (running.heldUpByProgress) return !blockedByProgress_ || !blockedByProgress_();
     return running.heldUpBy == nullptr || !running.heldUpBy->isVisible();
 }
@@ -114,6 +116,7 @@ void CommandServer::finish(const Answer& given) {
     const Answer owed = ended.inherited.value_or(given);
     if (owesAnswer && running_.size() > 1 && isFreed(running_[running_.size() - 2])) {
         // What was begun before now goes on; its end, or the next window, is what this command leads to.
+        const bool waits = ended.waits;
         running_.pop_back();
         Running& freed = running_.back();
         freed = Running{QApplication::activeModalWidget(),
@@ -121,7 +124,9 @@ void CommandServer::finish(const Answer& given) {
                         false,
                         nullptr,
                         false,
-                        owed};
+                        owed,
+                        waits};
+        if (!waits) answer(owed);
         return;
     }
     if (owesAnswer) answer(owed);

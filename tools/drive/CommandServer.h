@@ -55,11 +55,13 @@ class CommandServer : public QObject {
         QPointer<QWidget> heldUpBy;     ///< the window that kept it from returning, for which it was answered
         bool heldUpByProgress = false;  ///< a wait that the user can end did
         std::optional<Answer> inherited;  ///< of the command that closed that window
+        bool waits = true;  ///< for what it leads to; so does what goes on when it closes a window
     };
 
     void readInput();
     void executeNext();
-    void waitWhileBusy();
+    /// `meanwhile` is called at every look.
+    void waitWhileBusy(const std::function<void()>& meanwhile);
     void watchForNewWindow();
     void finish(const Answer& given);
     bool isFreed(const Running& running) const;
@@ -76,7 +78,6 @@ class CommandServer : public QObject {
     std::deque<QByteArray> lines_;
     std::vector<Running> running_;
     bool ended_ = false;
-    bool goesOnAtOnce_ = false;  ///< the next command to end is not waited for
 };
 
 }  // namespace drive
