@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/CommandForm.h"
 #include "app/Settings.h"
 #include "platform/PointInTime.h"
 
@@ -60,5 +61,10 @@ struct AppContext {
     CurrentEdit currentEdit;
     std::filesystem::path currentFile;  ///< the file that was clicked last
 };
+
+/// What the settings say now. For the beginning of an operation; what composes its lines gets the answer.
+inline CommandForm commandFormOf(const AppContext& context) {
+    return context.settings.exifTool.correctedCommands ? CommandForm::Corrected : CommandForm::Designed;
+}
 
 }  // namespace app

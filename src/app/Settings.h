@@ -61,7 +61,7 @@ struct Settings {
         bool ignoreFile = true;
         bool overwriteExistingFilesConfirmation = false;
         bool useMwg = true;
-        bool correctedCommands = false;
+        bool correctedCommands = false;  ///< asked by way of commandFormOf() alone
         bool warmStart = true;  ///< keep an ExifTool ready, so that commands need not wait for its start
     } exifTool;
 

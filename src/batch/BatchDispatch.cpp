@@ -24,46 +24,47 @@ struct FileInTurn {
 
 Outcome setFileDate(const FileInTurn& turn) {
     turn.work.runner.copyForSafety(turn.file);
-    return turn.work.runner.runHiddenOnFile(turn.file, fileDateLine(turn.work.context, turn.file));
+    return turn.work.runner.runHiddenOnFile(turn.file,
+                                            fileDateLine(turn.work.context, turn.work.form, turn.file));
 }
 
 Outcome renameByShutterCount(const FileInTurn& turn) {
-    return turn.work.runner.runHiddenOnFile(turn.file, shutterCountLine(turn.work.context, turn.file));
+    return turn.work.runner.runHiddenOnFile(turn.file,
+                                            shutterCountLine(turn.work.context, turn.work.form, turn.file));
 }
 
 Outcome renameByMaker(const FileInTurn& turn) {
-    return turn.work.runner.RunOnFile(turn.file, dateAndCameraArguments(turn.work.context, CameraPart::Make));
+    return turn.work.runner.RunOnFile(turn.file, dateAndCameraArguments(turn.work.form, CameraPart::Make));
 }
 
 Outcome renameByModel(const FileInTurn& turn) {
-    return turn.work.runner.RunOnFile(turn.file,
-                                      dateAndCameraArguments(turn.work.context, CameraPart::Model));
+    return turn.work.runner.RunOnFile(turn.file, dateAndCameraArguments(turn.work.form, CameraPart::Model));
 }
 
 Outcome removeThumbnail(const FileInTurn& turn) {
     const auto found = std::ranges::find(turn.files, turn.file);
     const auto end = found == turn.files.end() ? found : std::next(found);
     return turn.work.runner.RunOnFile(
-        turn.file, thumbnailArguments(turn.work.context, std::vector<fs::path>(turn.files.begin(), end)));
+        turn.file, thumbnailArguments(turn.work.form, std::vector<fs::path>(turn.files.begin(), end)));
 }
 
-CommandText makerLine(const app::AppContext& context, const fs::path& file) {
-    return exiftool::lineOnFile(context, dateAndCameraArguments(context, CameraPart::Make), file);
+CommandText makerLine(const app::AppContext& context, app::CommandForm form, const fs::path& file) {
+    return exiftool::lineOnFile(context, form, dateAndCameraArguments(form, CameraPart::Make), file);
 }
 
-CommandText modelLine(const app::AppContext& context, const fs::path& file) {
-    return exiftool::lineOnFile(context, dateAndCameraArguments(context, CameraPart::Model), file);
+CommandText modelLine(const app::AppContext& context, app::CommandForm form, const fs::path& file) {
+    return exiftool::lineOnFile(context, form, dateAndCameraArguments(form, CameraPart::Model), file);
 }
 
-CommandText thumbnailLine(const app::AppContext& context, const fs::path& file) {
-    return exiftool::lineOnFile(context, thumbnailArguments(context, {file}), file);
+CommandText thumbnailLine(const app::AppContext& context, app::CommandForm form, const fs::path& file) {
+    return exiftool::lineOnFile(context, form, thumbnailArguments(form, {file}), file);
 }
 
 struct FileOperation {
     app::CommandId id;
     Outcome (*run)(const FileInTurn& turn);
     /// What run hands to the tool, in the corrected form.
-    CommandText (*line)(const app::AppContext& context, const fs::path& file);
+    CommandText (*line)(const app::AppContext& context, app::CommandForm form, const fs::path& file);
     bool makesSafetyCopies = true;
 };
 

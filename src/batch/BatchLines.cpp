@@ -6,6 +6,7 @@
 namespace batch {
 
 namespace fs = std::filesystem;
+using app::CommandForm;
 using exiftool::fileWord;
 using exiftool::reportBehind;
 using exiftool::toolStart;
@@ -13,10 +14,6 @@ using platform::CommandText;
 namespace fragments = exiftool::fragments;
 
 namespace {
-
-bool isCorrected(const app::AppContext& context) {
-    return context.settings.exifTool.correctedCommands;
-}
 
 // A count is digits. A name put together from the text of a tag must not lead to another folder, hide the
 // file or take apart the pattern (%d is a folder); and one of nothing is no name: "undefined" makes ExifTool
@@ -27,18 +24,17 @@ constexpr std::string_view kTextPartEnd =
 
 }  // namespace
 
-CommandText fileDateLine(const app::AppContext& context, const fs::path& file) {
+CommandText fileDateLine(const app::AppContext& context, CommandForm form, const fs::path& file) {
     CommandText line = toolStart(context);
     line.literal("-overwrite_original -FileModifyDate<DateTimeOriginal ");
-    if (isCorrected(context)) line.literal(fragments::kFileNameCharset);
+    if (form == CommandForm::Corrected) line.literal(fragments::kFileNameCharset);
     line.literal("\"").outside(fileWord(file)).literal("\"");
-    if (isCorrected(context)) line.append(reportBehind(context));
-    return line;
+    return line.append(reportBehind(context, form));
 }
 
-CommandText shutterCountLine(const app::AppContext& context, const fs::path& file) {
+CommandText shutterCountLine(const app::AppContext& context, CommandForm form, const fs::path& file) {
     CommandText line = toolStart(context);
-    if (isCorrected(context))
+    if (form == CommandForm::Corrected)
         line.literal(fragments::kFileNameCharset)
             .literal("\"-FileName<")
             .literal(kCountPart)
@@ -48,18 +44,18 @@ CommandText shutterCountLine(const app::AppContext& context, const fs::path& fil
     return line.literal("\"").outside(fileWord(file)).literal("\"").append(reportBehind(context));
 }
 
-CommandText dateAndCameraArguments(const app::AppContext& context, CameraPart part) {
+CommandText dateAndCameraArguments(CommandForm form, CameraPart part) {
     const std::string_view tag = part == CameraPart::Make ? "Make" : "Model";
     CommandText arguments("-d \"%%Y-%%m-%%d %%H-%%M-%%S\" ");
-    if (!isCorrected(context))
+    if (form == CommandForm::Designed)
         return arguments.literal("\"-FileName<${FileCreateDate;} - ${").literal(tag).literal(";}-%%f.%%e\" ");
     arguments.literal("\"-FileName<${FileModifyDate;} - ${").literal(tag).literal(kTextPartEnd);
     return arguments.literal("-%%f%%-c.%%e\" ").literal(fragments::kFileNameCharset);
 }
 
-CommandText thumbnailArguments(const app::AppContext& context, const std::vector<fs::path>& filesSoFar) {
+CommandText thumbnailArguments(CommandForm form, const std::vector<fs::path>& filesSoFar) {
     CommandText arguments;
-    if (isCorrected(context))
+    if (form == CommandForm::Corrected)
         return arguments.literal("-ThumbnailImage= ")
             .literal(fragments::kOverwriteOriginal)
             .literal(fragments::kFileNameCharset);

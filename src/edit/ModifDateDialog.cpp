@@ -26,7 +26,7 @@ ModifDateDialog::ModifDateDialog(const jobs::OperationParts& parts, tags::TagEdi
     date->setDateRange(QDate(1, 1, 1), QDate(9999, 12, 31));
     value_.date = QDate::currentDate();
     value_.time = QTime::currentTime();
-    if (isCorrected())
+    if (form() == app::CommandForm::Corrected)
         setCorrected();
     else
         setDesigned();
@@ -77,7 +77,7 @@ void ModifDateDialog::accept() {
     value.date = control<QDateEdit>(control::kDate)->date();
     value.time = control<QTimeEdit>(control::kTime)->time();
     edit().fileTime = localMoment(value.date, value.time);
-    if (!isCorrected())
+    if (form() == app::CommandForm::Designed)
         edit().value = joinDateAndTime(value.date, value.time);
     else if (!keepsText_)
         edit().value = dateValueText(value);

@@ -9,7 +9,8 @@ ModifIntDialog::ModifIntDialog(const jobs::OperationParts& parts, tags::TagEditC
     : NumberDialog(parts, edit, kTemplate, text::kNoInteger, parent) {}
 
 std::optional<QString> ModifIntDialog::valueOf(const QString& typed) {
-    return isCorrected() ? correctedInteger(typed, edit().value) : std::optional(designedInteger(typed));
+    return form() == app::CommandForm::Corrected ? correctedInteger(typed, edit().value)
+                                                 : std::optional(designedInteger(typed));
 }
 
 }  // namespace edit

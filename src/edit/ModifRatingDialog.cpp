@@ -49,7 +49,8 @@ ModifRatingDialog::ModifRatingDialog(const jobs::OperationParts& parts, tags::Ta
 }
 
 int ModifRatingDialog::preselection() {
-    if (!isCorrected()) return std::clamp(parts().ratingLog.lastRating(edit().tagId), 0, kMostStars);
+    if (form() == app::CommandForm::Designed)
+        return std::clamp(parts().ratingLog.lastRating(edit().tagId), 0, kMostStars);
     if (edit().value.isEmpty()) return 0;
     bool isNumber = false;
     const int stars = edit().value.toInt(&isNumber);
@@ -62,7 +63,7 @@ bool ModifRatingDialog::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         // Whoever walks through the entries does not want to be stopped at the first.
-        byArrowKey_ = isCorrected() && (key == Qt::Key_Up || key == Qt::Key_Down);
+        byArrowKey_ = form() == app::CommandForm::Corrected && (key == Qt::Key_Up || key == Qt::Key_Down);
     } else if (event->type() == QEvent::MouseButtonPress) {
         byArrowKey_ = false;
     }

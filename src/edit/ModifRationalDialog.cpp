@@ -10,8 +10,8 @@ ModifRationalDialog::ModifRationalDialog(const jobs::OperationParts& parts, tags
     : NumberDialog(parts, edit, kTemplate, text::kNoRational, parent) {}
 
 std::optional<QString> ModifRationalDialog::valueOf(const QString& typed) {
-    return isCorrected() ? correctedRational(typed, edit().value)
-                         : std::optional(designedRational(edit().value, typed));
+    return form() == app::CommandForm::Corrected ? correctedRational(typed, edit().value)
+                                                 : std::optional(designedRational(edit().value, typed));
 }
 
 }  // namespace edit

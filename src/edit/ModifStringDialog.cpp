@@ -30,7 +30,7 @@ ModifStringDialog::ModifStringDialog(const jobs::OperationParts& parts, tags::Ta
     field->selectAll();
     field->installEventFilter(this);
     field->setFocus();
-    const bool several = isCorrected() && parts.labels.takesSeveralValues(edit.tagId);
+    const bool several = form() == app::CommandForm::Corrected && parts.labels.takesSeveralValues(edit.tagId);
     showHint(parts.language.text(several ? text::kEntryLines : text::kNewLine));
 }
 

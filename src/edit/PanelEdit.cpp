@@ -6,11 +6,9 @@
 
 namespace edit {
 
-namespace {
+using app::CommandForm;
 
-bool isCorrected(const jobs::OperationParts& parts) {
-    return parts.context.settings.exifTool.correctedCommands;
-}
+namespace {
 
 /// A rating that shows as stars has no text.
 QString valueOf(const tags::MetadataRow& row) {
@@ -25,7 +23,7 @@ PanelAction viewOf(const tags::TagRecord& record) {
 
 }  // namespace
 
-PanelAction actionOfClick(const jobs::OperationParts& parts, const tags::MetadataRow& row,
+PanelAction actionOfClick(const jobs::OperationParts& parts, CommandForm form, const tags::MetadataRow& row,
                           const std::optional<tags::TagRecord>& record, bool altHeld) {
     if (!record) return PanelAction::ViewText;
     if (altHeld || !record->writable) return viewOf(*record);
@@ -41,28 +39,30 @@ PanelAction actionOfClick(const jobs::OperationParts& parts, const tags::Metadat
         case tags::ValueKind::List:
             if (parts.labels.GetComboIndex(static_cast<int>(record->id), row.value) >= 0)
                 return PanelAction::EditValue;
-            return isCorrected(parts) ? PanelAction::TellNotInList : PanelAction::Nothing;
+            return form == CommandForm::Corrected ? PanelAction::TellNotInList : PanelAction::Nothing;
     }
     return PanelAction::Nothing;
 }
 
-tags::TagEditContext contextOfRow(const jobs::OperationParts& parts, const std::filesystem::path& file,
-                                  const tags::MetadataRow& row, const tags::TagRecord& record) {
+tags::TagEditContext contextOfRow(const jobs::OperationParts& parts, CommandForm form,
+                                  const std::filesystem::path& file, const tags::MetadataRow& row,
+                                  const tags::TagRecord& record) {
     tags::TagEditContext edit;
     edit.filePath = file;
     edit.title = platform::wide(record.name);
     edit.group = platform::wide(record.group);
     edit.tagId = static_cast<int>(record.id);
-    edit.value = editableValue(parts, file, record, valueOf(row));
-    if (record.valueKind == tags::ValueKind::Rating && !isCorrected(parts))
+    edit.value = editableValue(parts, form, file, record, valueOf(row));
+    if (record.valueKind == tags::ValueKind::Rating && form == CommandForm::Designed)
         edit.selection = tags::designedRatingSelection(edit.value);
     if (record.valueKind == tags::ValueKind::List)
         edit.selection = parts.labels.GetComboIndex(edit.tagId, edit.value);
     return edit;
 }
 
-app::CurrentEdit editOfRow(const jobs::OperationParts& parts, const tags::TagEditContext& before,
-                           const tags::TagEditContext& after, const tags::TagRecord& record, int rowIndex) {
+app::CurrentEdit editOfRow(const jobs::OperationParts& parts, CommandForm form,
+                           const tags::TagEditContext& before, const tags::TagEditContext& after,
+                           const tags::TagRecord& record, int rowIndex) {
     app::CurrentEdit edit;
     edit.id = after.tagId;
     edit.groupIndex = static_cast<int>(record.groupIndex);
@@ -76,7 +76,7 @@ app::CurrentEdit editOfRow(const jobs::OperationParts& parts, const tags::TagEdi
     edit.selection = after.selection;
     edit.rowIndex = rowIndex;
     edit.valueBefore = before.value;
-    edit.severalValues = isCorrected(parts) && record.valueKind == tags::ValueKind::Text &&
+    edit.severalValues = form == CommandForm::Corrected && record.valueKind == tags::ValueKind::Text &&
                          parts.labels.takesSeveralValues(after.tagId);
     if (record.valueKind == tags::ValueKind::Rating) {
         parts.ratingMemory.Store(after.tagId, after.selection);
@@ -85,9 +85,9 @@ app::CurrentEdit editOfRow(const jobs::OperationParts& parts, const tags::TagEdi
     return edit;
 }
 
-bool isUnchanged(const jobs::OperationParts& parts, const tags::TagEditContext& before,
-                 const tags::TagEditContext& after, const tags::TagRecord& record) {
-    if (!isCorrected(parts)) return false;
+bool isUnchanged(CommandForm form, const tags::TagEditContext& before, const tags::TagEditContext& after,
+                 const tags::TagRecord& record) {
+    if (form == CommandForm::Designed) return false;
     // A list is shown in the program's language, whatever language the value was read in.
     if (record.valueKind == tags::ValueKind::List) return before.selection == after.selection;
     return before.value == after.value;

@@ -19,19 +19,22 @@ enum class PanelAction {
 };
 
 /// record: the first with the row's id, nothing when there is none. altHeld: only look.
-PanelAction actionOfClick(const jobs::OperationParts& parts, const tags::MetadataRow& row,
-                          const std::optional<tags::TagRecord>& record, bool altHeld);
+PanelAction actionOfClick(const jobs::OperationParts& parts, app::CommandForm form,
+                          const tags::MetadataRow& row, const std::optional<tags::TagRecord>& record,
+                          bool altHeld);
 
 /// What the dialog starts from. Reads the value anew where the row does not hold all of it.
-tags::TagEditContext contextOfRow(const jobs::OperationParts& parts, const std::filesystem::path& file,
-                                  const tags::MetadataRow& row, const tags::TagRecord& record);
+tags::TagEditContext contextOfRow(const jobs::OperationParts& parts, app::CommandForm form,
+                                  const std::filesystem::path& file, const tags::MetadataRow& row,
+                                  const tags::TagRecord& record);
 
 /// What the write gets of a dialog that ended with 1; before is the context on entry. Remembers a rating.
-app::CurrentEdit editOfRow(const jobs::OperationParts& parts, const tags::TagEditContext& before,
-                           const tags::TagEditContext& after, const tags::TagRecord& record, int rowIndex);
+app::CurrentEdit editOfRow(const jobs::OperationParts& parts, app::CommandForm form,
+                           const tags::TagEditContext& before, const tags::TagEditContext& after,
+                           const tags::TagRecord& record, int rowIndex);
 
 /// Nothing has been changed, and in the corrected form nothing is to be written.
-bool isUnchanged(const jobs::OperationParts& parts, const tags::TagEditContext& before,
-                 const tags::TagEditContext& after, const tags::TagRecord& record);
+bool isUnchanged(app::CommandForm form, const tags::TagEditContext& before, const tags::TagEditContext& after,
+                 const tags::TagRecord& record);
 
 }  // namespace edit

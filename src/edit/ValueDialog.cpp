@@ -37,7 +37,10 @@ QPalette secondary(const QWidget& widget) {
 
 ValueDialog::ValueDialog(const jobs::OperationParts& parts, tags::TagEditContext& edit, int templateNumber,
                          QWidget* parent)
-    : DarkModeDialogBase(parts.language, templateNumber, parent), parts_(parts), edit_(edit) {
+    : DarkModeDialogBase(parts.language, templateNumber, parent),
+      parts_(parts),
+      form_(app::commandFormOf(parts.context)),
+      edit_(edit) {
     setWindowTitle(parts.language.formatted(text::kModify, {edit.title}));
     showLabel();
     showHelp();

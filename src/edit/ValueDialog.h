@@ -20,7 +20,7 @@ class ValueDialog : public dialogs::DarkModeDialogBase {
  protected:
     const jobs::OperationParts& parts() const { return parts_; }
     tags::TagEditContext& edit() { return edit_; }
-    bool isCorrected() const { return parts_.context.settings.exifTool.correctedCommands; }
+    app::CommandForm form() const { return form_; }
 
     enum class HintKind { Remark, Refusal };
     /// Empty takes the line away.
@@ -31,6 +31,7 @@ class ValueDialog : public dialogs::DarkModeDialogBase {
     void showHelp();
 
     const jobs::OperationParts& parts_;
+    const app::CommandForm form_;
     tags::TagEditContext& edit_;
 };
 

@@ -5,9 +5,9 @@
 
 namespace edit {
 
-QString ValueEditor::editableValue(const std::filesystem::path& file, const tags::TagRecord& tag,
-                                   const QString& shown) {
-    return edit::editableValue(parts_, file, tag, shown);
+QString ValueEditor::editableValue(app::CommandForm form, const std::filesystem::path& file,
+                                   const tags::TagRecord& tag, const QString& shown) {
+    return edit::editableValue(parts_, form, file, tag, shown);
 }
 
 int ValueEditor::editValue(tags::TagEditContext& edit, tags::ValueKind kind, QWidget* parent) {

@@ -28,9 +28,9 @@ bool couldBeShortened(QStringView shown, bool severalValues) {
     return shown.contains(u'.') || (severalValues && shown.contains(u", "));
 }
 
-CommandText wholeValueCommand(const app::AppContext& context, const fs::path& file, const fs::path& output,
-                              QStringView group, QStringView name) {
-    CommandText command = exiftool::toolStartWithLanguage(context);
+CommandText wholeValueCommand(const app::AppContext& context, app::CommandForm form, const fs::path& file,
+                              const fs::path& output, QStringView group, QStringView name) {
+    CommandText command = exiftool::toolStartWithLanguage(context, form);
     command.literal(" -b -sep \"").literal(std::string_view(&kSeparator, 1)).literal("\" ");
     command.literal(exiftool::kFileNameCharset).literal("-").outside(platform::narrow(group));
     command.literal(":").outside(platform::narrow(name)).literal(" \"");
@@ -45,17 +45,16 @@ QStringList entriesOfOutput(const QByteArray& output) {
     return entries;
 }
 
-QString editableValue(const jobs::OperationParts& parts, const fs::path& file, const tags::TagRecord& tag,
-                      const QString& shown) {
-    const bool asksNothing =
-        !parts.context.settings.exifTool.correctedCommands || tag.valueKind != tags::ValueKind::Text;
+QString editableValue(const jobs::OperationParts& parts, app::CommandForm form, const fs::path& file,
+                      const tags::TagRecord& tag, const QString& shown) {
+    const bool asksNothing = form == app::CommandForm::Designed || tag.valueKind != tags::ValueKind::Text;
     const bool several = parts.labels.takesSeveralValues(static_cast<int>(tag.id));
     if (asksNothing || !couldBeShortened(shown, several)) return shown;
     const fs::path output = parts.context.tempPath / "Value.txt";
     std::error_code ignored;
     fs::remove(output, ignored);
-    const CommandText command =
-        wholeValueCommand(parts.context, file, output, platform::wide(tag.group), platform::wide(tag.name));
+    const CommandText command = wholeValueCommand(parts.context, form, file, output,
+                                                  platform::wide(tag.group), platform::wide(tag.name));
     const bool wasRun = parts.runner.RunToolLine(command) != 0;
     const QStringList entries = wasRun ? entriesOfOutput(bytesOf(output)) : QStringList();
     fs::remove(output, ignored);

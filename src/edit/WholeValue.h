@@ -15,7 +15,8 @@ namespace edit {
 bool couldBeShortened(QStringView shown, bool severalValues);
 
 /// `"TOOL" -lang LANG -b -sep "SEPARATOR" -charset filename=UTF8 -GROUP:NAME "FILE" >"OUTPUT"`.
-platform::CommandText wholeValueCommand(const app::AppContext& context, const std::filesystem::path& file,
+platform::CommandText wholeValueCommand(const app::AppContext& context, app::CommandForm form,
+                                        const std::filesystem::path& file,
                                         const std::filesystem::path& output, QStringView group,
                                         QStringView name);
 
@@ -25,7 +26,7 @@ QStringList entriesOfOutput(const QByteArray& output);
 /// The value that is edited for a row of the panel: one entry a line for a tag that holds several, with its
 /// line feeds for another. The shown text itself where it tells all, in the designed form, and where the file
 /// no longer answers what is shown. Blocks while ExifTool runs, if it has to be asked.
-QString editableValue(const jobs::OperationParts& parts, const std::filesystem::path& file,
-                      const tags::TagRecord& tag, const QString& shown);
+QString editableValue(const jobs::OperationParts& parts, app::CommandForm form,
+                      const std::filesystem::path& file, const tags::TagRecord& tag, const QString& shown);
 
 }  // namespace edit

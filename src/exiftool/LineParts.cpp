@@ -7,6 +7,7 @@
 namespace exiftool {
 
 namespace fs = std::filesystem;
+using app::CommandForm;
 using platform::CommandText;
 
 namespace {
@@ -32,11 +33,11 @@ CommandText toolStart(const app::AppContext& context) {
     return command.literal("\"").outside(platform::narrow(context.exifToolPath)).literal("\" ");
 }
 
-CommandText toolStartWithLanguage(const app::AppContext& context) {
-    const bool corrected = context.settings.exifTool.correctedCommands;
+CommandText toolStartWithLanguage(const app::AppContext& context, CommandForm form) {
     const std::string_view code = languageCode(context.settings.exifTool.dataLanguage);
     // ExifTool refuses to work in the language "ce"; Czech is "cs".
-    return toolStart(context).literal("-lang ").literal(corrected && code == "ce" ? "cs" : code);
+    return toolStart(context).literal("-lang ").literal(
+        form == CommandForm::Corrected && code == "ce" ? "cs" : code);
 }
 
 std::string fileWord(const fs::path& file) {
@@ -45,25 +46,29 @@ std::string fileWord(const fs::path& file) {
     return platform::narrow(error ? file : whole);
 }
 
-CommandText quotedValue(const app::AppContext& context, QStringView value) {
+CommandText quotedValue(CommandForm form, QStringView value) {
     const std::string bytes = value.toUtf8().toStdString();
     CommandText word("\"");
-    if (context.settings.exifTool.correctedCommands)
+    if (form == CommandForm::Corrected)
         word.outside(bytes);
     else
         word.typed(bytes);
     return word.literal("\"");
 }
 
-CommandText lineOnFile(const app::AppContext& context, const CommandText& arguments,
+CommandText lineOnFile(const app::AppContext& context, CommandForm form, const CommandText& arguments,
                        const std::filesystem::path& file) {
-    CommandText line = toolStartWithLanguage(context).literal(" ").append(arguments).literal(" \"");
+    CommandText line = toolStartWithLanguage(context, form).literal(" ").append(arguments).literal(" \"");
     line.outside(fileWord(file)).literal("\" 2>>\"").outside(platform::narrow(context.reportFile));
     return line.literal("\"");
 }
 
 CommandText reportBehind(const app::AppContext& context) {
     return CommandText(" 2>>\"").outside(platform::narrow(context.reportFile)).literal("\"");
+}
+
+CommandText reportBehind(const app::AppContext& context, CommandForm form) {
+    return form == CommandForm::Corrected ? reportBehind(context) : CommandText();
 }
 
 }  // namespace exiftool

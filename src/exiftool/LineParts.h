@@ -21,7 +21,7 @@ std::string_view languageCode(int dataLanguage);
 platform::CommandText toolStart(const app::AppContext& context);
 
 /// `"<tool>" -lang <code>`, without a blank at the end. The corrected form knows Czech by its right code.
-platform::CommandText toolStartWithLanguage(const app::AppContext& context);
+platform::CommandText toolStartWithLanguage(const app::AppContext& context, app::CommandForm form);
 
 /// The file as ExifTool is to get it, named from the root: a relative name could begin with a hyphen and be
 /// taken for an option.
@@ -34,13 +34,16 @@ bool canStandOnLine(std::string_view text);
 /// A value of the user's in quotes, in UTF-8. The designed form takes it as it stands, a quote in it
 /// included; in the corrected form any text, line feeds and quotes too, stays inside the argument that it
 /// stands in.
-platform::CommandText quotedValue(const app::AppContext& context, QStringView value);
+platform::CommandText quotedValue(app::CommandForm form, QStringView value);
 
 /// What ToolRunner::RunOnFile runs: `"<tool>" -lang <lang> <arguments> "<file>" 2>>"<report>"`.
-platform::CommandText lineOnFile(const app::AppContext& context, const platform::CommandText& arguments,
-                                 const std::filesystem::path& file);
+platform::CommandText lineOnFile(const app::AppContext& context, app::CommandForm form,
+                                 const platform::CommandText& arguments, const std::filesystem::path& file);
 
 /// ` 2>>"<report>"`, behind lines whose complaints the batch report collects.
 platform::CommandText reportBehind(const app::AppContext& context);
+
+/// The same in the corrected form, nothing in the designed one: behind lines that were designed without it.
+platform::CommandText reportBehind(const app::AppContext& context, app::CommandForm form);
 
 }  // namespace exiftool

@@ -6,6 +6,7 @@
 namespace exiftool {
 
 namespace fs = std::filesystem;
+using app::CommandForm;
 using platform::CommandText;
 
 namespace {
@@ -14,13 +15,9 @@ namespace {
 /// sets it.
 constexpr bool kReadAllDuplicates = false;
 
-bool isCorrected(const app::AppContext& context) {
-    return context.settings.exifTool.correctedCommands;
-}
-
 /// Without "-a" a tag of the thumbnail's IFD that the main image has too is left out.
-bool readsDuplicates(const app::AppContext& context) {
-    return kReadAllDuplicates || isCorrected(context);
+bool readsDuplicates(CommandForm form) {
+    return kReadAllDuplicates || form == CommandForm::Corrected;
 }
 
 CommandText& appendFile(CommandText& command, const fs::path& file, const fs::path& output) {
@@ -36,14 +33,14 @@ void appendExclusions(CommandText& command, const app::Settings::ExifTool& setti
     if (settings.ignoreFile) command.literal(" -x File:All");
 }
 
-void appendCategory(CommandText& command, int categoryId, bool corrected) {
+void appendCategory(CommandText& command, int categoryId, CommandForm form) {
     if (categoryId == kCategoryOfEverything) return;
     const auto* const row = std::lower_bound(
         kCategorySelectors.begin(), kCategorySelectors.end(), categoryId,
         [](const CategorySelector& selector, int wanted) { return selector.categoryId < wanted; });
     if (row == kCategorySelectors.end() || row->categoryId != categoryId) {
         command.literal(kOtherCategorySelector);
-    } else if (!corrected || row->designed.ends_with(' ')) {
+    } else if (form == CommandForm::Designed || row->designed.ends_with(' ')) {
         command.literal(row->designed);
     } else if (!row->corrected.empty()) {
         command.literal(row->corrected);
@@ -54,39 +51,40 @@ void appendCategory(CommandText& command, int categoryId, bool corrected) {
 
 }  // namespace
 
-CommandText panelReadCommand(const app::AppContext& context, const fs::path& file, const fs::path& output) {
-    CommandText command = toolStartWithLanguage(context).literal(" -a -u");
+CommandText panelReadCommand(const app::AppContext& context, CommandForm form, const fs::path& file,
+                             const fs::path& output) {
+    CommandText command = toolStartWithLanguage(context, form).literal(" -a -u");
     appendExclusions(command, context.settings.exifTool);
     command.literal(" -sort -S -G1 -H --ExifToolVersion -x System:all ").literal(kFileNameCharset);
     return appendFile(command, file, output);
 }
 
-CommandText groupAllCommand(const app::AppContext& context, const fs::path& file, const fs::path& output,
-                            std::string_view groupName) {
-    CommandText command = toolStartWithLanguage(context);
-    if (readsDuplicates(context)) command.literal(" -a");
+CommandText groupAllCommand(const app::AppContext& context, CommandForm form, const fs::path& file,
+                            const fs::path& output, std::string_view groupName) {
+    CommandText command = toolStartWithLanguage(context, form);
+    if (readsDuplicates(form)) command.literal(" -a");
     command.literal(" -sort -S -G1 --ExifToolVersion -");
     command.outside(groupName).literal(":All ").literal(kFileNameCharset);
     return appendFile(command, file, output);
 }
 
-CommandText categoryCommand(const app::AppContext& context, const fs::path& file, const fs::path& output,
-                            int categoryId) {
-    CommandText command = toolStartWithLanguage(context);
-    if (readsDuplicates(context)) command.literal(" -a");
+CommandText categoryCommand(const app::AppContext& context, CommandForm form, const fs::path& file,
+                            const fs::path& output, int categoryId) {
+    CommandText command = toolStartWithLanguage(context, form);
+    if (readsDuplicates(form)) command.literal(" -a");
     appendExclusions(command, context.settings.exifTool);
     if (context.settings.exifTool.ignoreComposite) command.literal(" -e");
     command.literal(" -sort -S -G1 --ExifToolVersion ");
-    appendCategory(command, categoryId, isCorrected(context));
-    if (isCorrected(context)) command.literal(kFileNameCharset);
+    appendCategory(command, categoryId, form);
+    if (form == CommandForm::Corrected) command.literal(kFileNameCharset);
     return appendFile(command, file, output);
 }
 
-CommandText oneValueCommand(const app::AppContext& context, const fs::path& file, const fs::path& output,
-                            std::string_view tagName, bool numeric) {
-    CommandText command = toolStartWithLanguage(context);
+CommandText oneValueCommand(const app::AppContext& context, CommandForm form, const fs::path& file,
+                            const fs::path& output, std::string_view tagName, bool numeric) {
+    CommandText command = toolStartWithLanguage(context, form);
     // -echo4 takes the -S behind it as the text to print.
-    command.literal(isCorrected(context) ? " -q -e -fast2 -q -S " : " -q -e -fast2 -q -echo4 -S ");
+    command.literal(form == CommandForm::Corrected ? " -q -e -fast2 -q -S " : " -q -e -fast2 -q -echo4 -S ");
     if (numeric) command.literal("-n ");
     command.literal("-").outside(tagName).literal(" ").literal(kFileNameCharset);
     return appendFile(command, file, output);
@@ -109,12 +107,14 @@ CommandText dumpVerboseCommand(const app::AppContext& context, const fs::path& f
     return appendFile(command, file, output);
 }
 
-CommandText exportValuesCommand(const app::AppContext& context, const CommandText& fileArgument,
-                                const CommandText& output, const CommandText& extraArguments) {
-    CommandText command = toolStartWithLanguage(context).literal(" -sort --ExifToolVersion -x System:all ");
+CommandText exportValuesCommand(const app::AppContext& context, CommandForm form,
+                                const CommandText& fileArgument, const CommandText& output,
+                                const CommandText& extraArguments) {
+    CommandText command =
+        toolStartWithLanguage(context, form).literal(" -sort --ExifToolVersion -x System:all ");
     // -f takes no argument: "File:All" is then looked for as a file.
     if (context.settings.exifTool.ignoreFile)
-        command.literal(isCorrected(context) ? "-x File:All " : "-f File:All ");
+        command.literal(form == CommandForm::Corrected ? "-x File:All " : "-f File:All ");
     return command.append(extraArguments).append(fileArgument).literal(" >").append(output);
 }
 

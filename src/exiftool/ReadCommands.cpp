@@ -57,19 +57,19 @@ int ReadCommands::ReadForPanel(const fs::path& file, const fs::path& output, boo
     if (file.empty()) return 0;
     const Waiting waiting(feedback_);
     if (showStatus) feedback_.showStatus(readingText(file));
-    return runNamedAfter(file, panelReadCommand(context_, file, output));
+    return runNamedAfter(file, panelReadCommand(context_, form(), file, output));
 }
 
 int ReadCommands::ReadGroupAll(const fs::path& file, const fs::path& output, std::string_view groupName) {
     if (file.empty()) return 0;
-    return runNamedAfter(file, groupAllCommand(context_, file, output, groupName));
+    return runNamedAfter(file, groupAllCommand(context_, form(), file, output, groupName));
 }
 
 int ReadCommands::ReadCategory(const fs::path& file, const fs::path& output, int categoryId) {
     if (file.empty()) return 0;
     const Waiting waiting(feedback_);
     feedback_.showStatus(readingText(file));
-    return runNamedAfter(file, categoryCommand(context_, file, output, categoryId));
+    return runNamedAfter(file, categoryCommand(context_, form(), file, output, categoryId));
 }
 
 QString ReadCommands::ReadOneValue(const fs::path& file, std::string_view tagName, bool numeric) {
@@ -77,7 +77,8 @@ QString ReadCommands::ReadOneValue(const fs::path& file, std::string_view tagNam
     // No separator: the answer lies beside the temp folder.
     fs::path output = context_.tempPath;
     output += "Metadata.txt";
-    if (runner_.RunToolLine(oneValueCommand(context_, file, output, tagName, numeric)) == 0) return {};
+    if (runner_.RunToolLine(oneValueCommand(context_, form(), file, output, tagName, numeric)) == 0)
+        return {};
     std::ifstream stream(output, std::ios::binary);
     std::string line;
     std::getline(stream, line);
@@ -86,7 +87,7 @@ QString ReadCommands::ReadOneValue(const fs::path& file, std::string_view tagNam
     std::string value = line.substr(colon + 2, kLongestValue);
     const std::size_t end = value.find('\r');
     // The designed reader takes only a line that ends in CR, and here none does.
-    if (end == std::string::npos && !context_.settings.exifTool.correctedCommands) return {};
+    if (end == std::string::npos && form() == app::CommandForm::Designed) return {};
     value.resize(std::min(end, value.size()));
     return platform::wide(value);
 }
@@ -111,7 +112,7 @@ int ReadCommands::DumpVerbose(const fs::path& file, const fs::path& output) {
 int ReadCommands::ExportValues(const platform::CommandText& fileArgument, const platform::CommandText& output,
                                const platform::CommandText& extraArguments) {
     return runner_.runBatchFile(context_.tempPath / "Metadata.bat",
-                                exportValuesCommand(context_, fileArgument, output, extraArguments));
+                                exportValuesCommand(context_, form(), fileArgument, output, extraArguments));
 }
 
 }  // namespace exiftool

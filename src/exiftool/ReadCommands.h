@@ -24,15 +24,18 @@ class ReadFeedback {
 
 /// The command texts, as the reads run them. Exact to the blank; separate from the running so that they can
 /// be compared.
-platform::CommandText panelReadCommand(const app::AppContext& context, const std::filesystem::path& file,
+platform::CommandText panelReadCommand(const app::AppContext& context, app::CommandForm form,
+                                       const std::filesystem::path& file,
                                        const std::filesystem::path& output);
-platform::CommandText groupAllCommand(const app::AppContext& context, const std::filesystem::path& file,
-                                      const std::filesystem::path& output, std::string_view groupName);
-platform::CommandText categoryCommand(const app::AppContext& context, const std::filesystem::path& file,
-                                      const std::filesystem::path& output, int categoryId);
-platform::CommandText oneValueCommand(const app::AppContext& context, const std::filesystem::path& file,
-                                      const std::filesystem::path& output, std::string_view tagName,
-                                      bool numeric);
+platform::CommandText groupAllCommand(const app::AppContext& context, app::CommandForm form,
+                                      const std::filesystem::path& file, const std::filesystem::path& output,
+                                      std::string_view groupName);
+platform::CommandText categoryCommand(const app::AppContext& context, app::CommandForm form,
+                                      const std::filesystem::path& file, const std::filesystem::path& output,
+                                      int categoryId);
+platform::CommandText oneValueCommand(const app::AppContext& context, app::CommandForm form,
+                                      const std::filesystem::path& file, const std::filesystem::path& output,
+                                      std::string_view tagName, bool numeric);
 platform::CommandText gpsPositionCommand(const app::AppContext& context, const std::filesystem::path& file,
                                          const std::filesystem::path& output);
 platform::CommandText dumpHtmlCommand(const app::AppContext& context, const std::filesystem::path& file,
@@ -40,7 +43,7 @@ platform::CommandText dumpHtmlCommand(const app::AppContext& context, const std:
 platform::CommandText dumpVerboseCommand(const app::AppContext& context, const std::filesystem::path& file,
                                          const std::filesystem::path& output);
 /// fileArgument and output are put in as the caller quoted them.
-platform::CommandText exportValuesCommand(const app::AppContext& context,
+platform::CommandText exportValuesCommand(const app::AppContext& context, app::CommandForm form,
                                           const platform::CommandText& fileArgument,
                                           const platform::CommandText& output,
                                           const platform::CommandText& extraArguments);
@@ -68,6 +71,7 @@ class ReadCommands {
                                    const platform::CommandText& extraArguments);
 
  private:
+    app::CommandForm form() const { return app::commandFormOf(context_); }
     int runNamedAfter(const std::filesystem::path& file, const platform::CommandText& command);
 
     const app::AppContext& context_;

@@ -76,13 +76,13 @@ std::vector<platform::FileStamp> stampsOf(const std::vector<fs::path>& files) {
     return stamps;
 }
 
-platform::TypedPieces typedPieces(const app::AppContext& context) {
-    return context.settings.exifTool.correctedCommands ? platform::TypedPieces::StayInside
-                                                       : platform::TypedPieces::AsTheyStand;
+platform::TypedPieces typedPieces(app::CommandForm form) {
+    return form == app::CommandForm::Corrected ? platform::TypedPieces::StayInside
+                                               : platform::TypedPieces::AsTheyStand;
 }
 
-bool isQuietCommand(const app::AppContext& context, const CommandText& command) {
-    return std::ranges::any_of(platform::parseCommands(command, typedPieces(context)),
+bool isQuietCommand(app::CommandForm form, const CommandText& command) {
+    return std::ranges::any_of(platform::parseCommands(command, typedPieces(form)),
                                [](const platform::ParsedCommand& line) { return isQuiet(line.words); });
 }
 
@@ -158,7 +158,7 @@ Outcome ToolRunner::RunOnFile(const fs::path& file, const CommandText& arguments
     outcome_ = {};
     if (file.empty()) return {file, OutcomeKind::NotStarted, "No file"};
     copyForSafety(file);
-    const CommandText command = lineOnFile(context_, arguments, file);
+    const CommandText command = lineOnFile(context_, form(), arguments, file);
     return judged({file}, command, [&] { return runBatchFile(context_.tempPath / kWriteBatchFile, command); })
         .front();
 }
@@ -189,7 +189,7 @@ Outcomes ToolRunner::judged(const std::vector<fs::path>& files, const CommandTex
     isCapturing_ = false;
     WriteFacts facts;
     facts.child = endOf(outcome_);
-    facts.wasQuiet = isQuietCommand(context_, command);
+    facts.wasQuiet = isQuietCommand(form(), command);
     const bool isCut = facts.child.kind == platform::ChildOutcome::Kind::Stopped ||
                        facts.child.kind == platform::ChildOutcome::Kind::Killed;
     if (isCut) {
@@ -306,7 +306,7 @@ int ToolRunner::runWritten(const fs::path& batchFile, const CommandText& command
 }
 
 int ToolRunner::run(const CommandText& command, std::vector<fs::path> tools) {
-    platform::CommandInterpreter interpreter(std::move(tools), typedPieces(context_));
+    platform::CommandInterpreter interpreter(std::move(tools), typedPieces(form()));
     interpreter.setOwnFolders({context_.tempPath, context_.reportFile.parent_path()});
     if (warmStarter_ != nullptr) {
         interpreter.setChildRunner(

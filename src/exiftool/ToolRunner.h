@@ -117,6 +117,7 @@ class ToolRunner {
  private:
     using Run = std::function<int()>;
 
+    app::CommandForm form() const { return app::commandFormOf(context_); }
     int runWritten(const std::filesystem::path& batchFile, const platform::CommandText& command);
     int run(const platform::CommandText& command, std::vector<std::filesystem::path> tools);
     Outcomes judged(const std::vector<std::filesystem::path>& files, const platform::CommandText& command,

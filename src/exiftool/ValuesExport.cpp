@@ -51,10 +51,9 @@ CommandText exportFileWord(const fs::path& file) {
     return CommandText("\"").outside(fileWord(file)).literal("\"");
 }
 
-CommandText exportOutputWord(const app::AppContext& context, const fs::path& output) {
-    CommandText word = CommandText("\"").outside(platform::narrow(output)).literal("\"");
-    if (context.settings.exifTool.correctedCommands) word.append(reportBehind(context));
-    return word;
+CommandText exportOutputWord(const app::AppContext& context, app::CommandForm form, const fs::path& output) {
+    CommandText word("\"");
+    return word.outside(platform::narrow(output)).literal("\"").append(reportBehind(context, form));
 }
 
 }  // namespace exiftool

@@ -30,6 +30,7 @@ std::filesystem::path exportTarget(const std::filesystem::path& file, const Valu
 /// The two words that ExportValues takes: the file in quotes, and the output in quotes. The corrected form
 /// leads what ExifTool complains of to the report.
 platform::CommandText exportFileWord(const std::filesystem::path& file);
-platform::CommandText exportOutputWord(const app::AppContext& context, const std::filesystem::path& output);
+platform::CommandText exportOutputWord(const app::AppContext& context, app::CommandForm form,
+                                       const std::filesystem::path& output);
 
 }  // namespace exiftool

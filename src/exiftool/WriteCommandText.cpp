@@ -1,6 +1,5 @@
 #include "exiftool/LineParts.h"
 #include "exiftool/WriteCommands.h"
-#include "platform/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -8,6 +7,7 @@
 namespace exiftool {
 
 namespace fs = std::filesystem;
+using app::CommandForm;
 using platform::CommandText;
 
 namespace {
@@ -35,6 +35,40 @@ bool isEscapeSequence(int tagId, const CommandText& value) {
     return tagId == kCodedCharacterSet && !value.text().starts_with('U');
 }
 
+struct FamilyTerms {
+    std::string_view exif;
+    std::string_view iptc;
+    std::string_view xmp;
+};
+
+/// A bare family is its block of bytes.
+constexpr FamilyTerms kBlocks{"-EXIF ", "-IPTC ", "-XMP "};
+constexpr FamilyTerms kAllTags{"-EXIF:All ", "-IPTC:All ", "-XMP:All "};
+
+CommandText chosenTerms(CopiedFamilies families, const FamilyTerms& terms) {
+    CommandText chosen;
+    if (families.exif) chosen.literal(terms.exif);
+    if (families.iptc) chosen.literal(terms.iptc);
+    if (families.xmp) chosen.literal(terms.xmp);
+    return chosen;
+}
+
+CommandText designedCopy(const app::AppContext& context, CopiedFamilies families, const fs::path& source,
+                         const fs::path& target) {
+    CommandText command = toolStart(context).append(chosenTerms(families, kBlocks));
+    command.literal("-tagsfromfile \"").outside(fileWord(source)).literal("\" ");
+    return command.literal("\"").outside(fileWord(target)).literal("\"");
+}
+
+/// Only what stands behind the source is chosen from it.
+CommandText correctedCopy(const app::AppContext& context, CopiedFamilies families, const fs::path& source,
+                          const fs::path& target) {
+    CommandText command = toolStart(context).literal("-tagsfromfile \"").outside(fileWord(source));
+    command.literal("\" ").append(chosenTerms(families, kAllTags)).literal(fragments::kFileNameCharset);
+    command.literal("\"").outside(fileWord(target)).literal("\"");
+    return command.append(reportBehind(context));
+}
+
 }  // namespace
 
 CommandText removeFamilyArguments(const app::AppContext& context, int commandId) {
@@ -50,21 +84,10 @@ CommandText removeFamilyArguments(const app::AppContext& context, int commandId)
     return arguments;
 }
 
-CommandText copyTagsCommand(const app::AppContext& context, CopiedFamilies families, const fs::path& source,
-                            const fs::path& target) {
-    const bool corrected = context.settings.exifTool.correctedCommands;
-    CommandText chosen;
-    // Only what stands behind the source is chosen from it, and a bare family is its block of bytes.
-    if (families.exif) chosen.literal(corrected ? "-EXIF:All " : "-EXIF ");
-    if (families.iptc) chosen.literal(corrected ? "-IPTC:All " : "-IPTC ");
-    if (families.xmp) chosen.literal(corrected ? "-XMP:All " : "-XMP ");
-    CommandText command = toolStart(context);
-    if (!corrected) command.append(chosen);
-    command.literal("-tagsfromfile \"").outside(fileWord(source)).literal("\" ");
-    if (corrected) command.append(chosen).literal(fragments::kFileNameCharset);
-    command.literal("\"").outside(fileWord(target)).literal("\"");
-    if (corrected) command.literal(" 2>>\"").outside(platform::narrow(context.reportFile)).literal("\"");
-    return command;
+CommandText copyTagsCommand(const app::AppContext& context, CommandForm form, CopiedFamilies families,
+                            const fs::path& source, const fs::path& target) {
+    return form == CommandForm::Corrected ? correctedCopy(context, families, source, target)
+                                          : designedCopy(context, families, source, target);
 }
 
 CommandText singleValueCommand(const app::AppContext& context, const fs::path& file, int tagId,

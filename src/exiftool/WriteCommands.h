@@ -38,8 +38,8 @@ struct CopiedFamilies {
     bool xmp = false;
 };
 
-platform::CommandText copyTagsCommand(const app::AppContext& context, CopiedFamilies families,
-                                      const std::filesystem::path& source,
+platform::CommandText copyTagsCommand(const app::AppContext& context, app::CommandForm form,
+                                      CopiedFamilies families, const std::filesystem::path& source,
                                       const std::filesystem::path& target);
 
 /// An edit in a list column. tagName is ExifTool's, without its hyphen; an empty value deletes the tag. The
@@ -58,7 +58,8 @@ class WriteCommands {
 
     /// No safety copies; ExifTool leaves its own "_original" beside the file. No outcomes when nothing was
     /// chosen or selected.
-    Outcomes CopyTagsFromFile(CopiedFamilies families, const std::filesystem::path& source,
+    Outcomes CopyTagsFromFile(app::CommandForm form, CopiedFamilies families,
+                              const std::filesystem::path& source,
                               const std::vector<std::filesystem::path>& files);
 
     /// Neither safety copy nor report.

@@ -13,6 +13,7 @@
 namespace exiftool {
 
 namespace fs = std::filesystem;
+using app::CommandForm;
 using platform::CommandText;
 
 namespace {
@@ -20,10 +21,6 @@ namespace {
 constexpr int kCodedCharacterSet = 853;
 constexpr std::uint32_t kFirstPropertyGroup = 330;
 constexpr char16_t kLastLatin = 0xFF;
-
-bool isCorrected(const app::AppContext& context) {
-    return context.settings.exifTool.correctedCommands;
-}
 
 bool couldLeaveItsArgument(QStringView text) {
     return std::ranges::any_of(text, [](QChar c) { return QStringView(u"\"<>%\n\r").contains(c); });
@@ -34,25 +31,26 @@ bool isPropertyGroupOfTheList(const app::CurrentEdit& edit) {
            tags::isPropertyGroup(static_cast<std::uint32_t>(edit.groupIndex));
 }
 
-bool goesToThePropertyStore(const app::AppContext& context, const app::CurrentEdit& edit) {
+bool goesToThePropertyStore(CommandForm form, const app::CurrentEdit& edit) {
     if (edit.groupIndex < 0 || edit.id < 0) return false;
     // The rows of [File] and [System] carry the numbers of tags. One that happens to be a property's number
     // as well would write another property than the one that was clicked.
-    return isCorrected(context) ? isPropertyGroupOfTheList(edit)
-                                : tags::isPropertyGroup(static_cast<std::uint32_t>(edit.groupIndex));
+    return form == CommandForm::Corrected
+               ? isPropertyGroupOfTheList(edit)
+               : tags::isPropertyGroup(static_cast<std::uint32_t>(edit.groupIndex));
 }
 
 /// `-GROUP:NAME`; without a group where the designed form or the list's own groups have none to give.
-CommandText tagWord(const app::AppContext& context, const app::CurrentEdit& edit) {
+CommandText tagWord(CommandForm form, const app::CurrentEdit& edit) {
     CommandText word("-");
-    if (isCorrected(context) && !edit.group.isEmpty() && !isPropertyGroupOfTheList(edit))
+    if (form == CommandForm::Corrected && !edit.group.isEmpty() && !isPropertyGroupOfTheList(edit))
         word.outside(platform::narrow(edit.group)).literal(":");
     return word.outside(platform::narrow(edit.name));
 }
 
-bool opensWithEscape(const app::AppContext& context, const app::CurrentEdit& edit) {
+bool opensWithEscape(CommandForm form, const app::CurrentEdit& edit) {
     if (edit.id != kCodedCharacterSet || edit.value.startsWith(u'U')) return false;
-    return !(isCorrected(context) && edit.value.startsWith(u"ESC"));
+    return !(form == CommandForm::Corrected && edit.value.startsWith(u"ESC"));
 }
 
 bool isBeyondLatin(QStringView text) {
@@ -66,8 +64,8 @@ bool isIptcBeyondLatin(const app::CurrentEdit& edit) {
 /// IPTC is Latin unless the file says otherwise, and whatever Latin lacks would become question marks. The
 /// record's other values are rewritten together with the mark of the new encoding, those aside that get a new
 /// value on the same line.
-CommandText encodingTerms(const app::AppContext& context, std::span<const app::CurrentEdit> edits) {
-    if (!isCorrected(context) || std::ranges::none_of(edits, isIptcBeyondLatin)) return {};
+CommandText encodingTerms(CommandForm form, std::span<const app::CurrentEdit> edits) {
+    if (form == CommandForm::Designed || std::ranges::none_of(edits, isIptcBeyondLatin)) return {};
     CommandText terms("-tagsfromfile @ -IPTC:All ");
     for (const app::CurrentEdit& edit : edits)
         if (edit.group == u"IPTC") terms.literal("--IPTC:").outside(platform::narrow(edit.name)).literal(" ");
@@ -81,54 +79,53 @@ bool isWriteProtected(const fs::path& file) {
 
 }  // namespace
 
-CommandText editedValue(const app::AppContext& context, QStringView value, QStringView valueBefore) {
-    if (!couldLeaveItsArgument(valueBefore)) return exiftool::quotedValue(context, value);
+CommandText editedValue(CommandForm form, QStringView value, QStringView valueBefore) {
+    if (!couldLeaveItsArgument(valueBefore)) return exiftool::quotedValue(form, value);
     return CommandText("\"").outside(platform::narrow(value)).literal("\"");
 }
 
 namespace {
 
 /// Without what the encoding of the group asks for.
-CommandText termsOfOneTag(const app::AppContext& context, const app::CurrentEdit& edit) {
-    const CommandText word = tagWord(context, edit);
+CommandText termsOfOneTag(CommandForm form, const app::CurrentEdit& edit) {
+    const CommandText word = tagWord(form, edit);
     CommandText terms;
-    const bool byCode = isCorrected(context) && !edit.comboCode.isEmpty() &&
+    const bool byCode = form == CommandForm::Corrected && !edit.comboCode.isEmpty() &&
                         edit.valueKind == static_cast<int>(tags::ValueKind::List);
     if (byCode)
         return terms.append(word).literal("#=\"").outside(platform::narrow(edit.comboCode)).literal("\" ");
     if (edit.value.isEmpty()) return terms.append(word).literal("= ");
-    if (isCorrected(context) && edit.severalValues) {
+    if (form == CommandForm::Corrected && edit.severalValues) {
         const QStringList entries = tags::splitEntries(edit.value);
         for (const QString& entry : entries)
-            terms.append(word).literal("=").append(editedValue(context, entry, {})).literal(" ");
+            terms.append(word).literal("=").append(editedValue(form, entry, {})).literal(" ");
         if (entries.isEmpty()) terms.append(word).literal("= ");
         return terms;
     }
     // An escape sequence is written in a readable form, with "ESC" for its first byte.
-    const QString opening = opensWithEscape(context, edit) ? QStringLiteral("ESC ") : QString();
-    const CommandText quoted = editedValue(context, opening + edit.value, edit.valueBefore);
+    const QString opening = opensWithEscape(form, edit) ? QStringLiteral("ESC ") : QString();
+    const CommandText quoted = editedValue(form, opening + edit.value, edit.valueBefore);
     return terms.append(word).literal("=").append(quoted).literal(" ");
 }
 
 }  // namespace
 
-CommandText tagTerms(const app::AppContext& context, const app::CurrentEdit& edit) {
-    return termsOfTags(context, {&edit, 1});
+CommandText tagTerms(CommandForm form, const app::CurrentEdit& edit) {
+    return termsOfTags(form, {&edit, 1});
 }
 
-CommandText termsOfTags(const app::AppContext& context, std::span<const app::CurrentEdit> edits) {
-    CommandText terms = encodingTerms(context, edits);
-    for (const app::CurrentEdit& edit : edits) terms.append(termsOfOneTag(context, edit));
+CommandText termsOfTags(CommandForm form, std::span<const app::CurrentEdit> edits) {
+    CommandText terms = encodingTerms(form, edits);
+    for (const app::CurrentEdit& edit : edits) terms.append(termsOfOneTag(form, edit));
     return terms;
 }
 
-CommandText writeTagCommand(const app::AppContext& context, const fs::path& file,
+CommandText writeTagCommand(const app::AppContext& context, CommandForm form, const fs::path& file,
                             const app::CurrentEdit& edit) {
-    CommandText command = exiftool::toolStart(context).append(tagTerms(context, edit));
+    CommandText command = exiftool::toolStart(context).append(tagTerms(form, edit));
     command.literal(exiftool::fragments::kOverwriteOriginal).literal(exiftool::kFileNameCharset);
     command.literal("\"").outside(exiftool::fileWord(file)).literal("\"");
-    if (isCorrected(context)) command.append(exiftool::reportBehind(context));
-    return command;
+    return command.append(exiftool::reportBehind(context, form));
 }
 
 Outcome outcomeOfProperty(const fs::path& file, properties::PropertyResult result) {
@@ -143,26 +140,25 @@ Outcome outcomeOfProperty(const fs::path& file, properties::PropertyResult resul
     return {file, OutcomeKind::Failed, words};
 }
 
-Outcome WriteOneTag(const app::AppContext& context, ToolRunner& runner, const fs::path& file,
-                    const app::CurrentEdit& edit) {
-    if (goesToThePropertyStore(context, edit)) {
+Outcome WriteOneTag(const app::AppContext& context, CommandForm form, ToolRunner& runner,
+                    const fs::path& file, const app::CurrentEdit& edit) {
+    if (goesToThePropertyStore(form, edit)) {
         const auto result =
             tags::WriteProperty(file, {static_cast<std::uint32_t>(edit.id), edit.value, edit.fileTime});
         if (result) return outcomeOfProperty(file, *result);
     }
-    return WriteOneTagWithExifTool(context, runner, file, edit);
+    return WriteOneTagWithExifTool(context, form, runner, file, edit);
 }
 
-Outcome runTagWrite(const app::AppContext& context, ToolRunner& runner, const fs::path& file,
-                    const CommandText& command) {
-    if (isCorrected(context) && isWriteProtected(file))
+Outcome runTagWrite(CommandForm form, ToolRunner& runner, const fs::path& file, const CommandText& command) {
+    if (form == CommandForm::Corrected && isWriteProtected(file))
         return outcomeOfProperty(file, properties::PropertyResult::AccessDenied);
     return runner.runWriteLine(file, command);
 }
 
-Outcome WriteOneTagWithExifTool(const app::AppContext& context, ToolRunner& runner, const fs::path& file,
-                                const app::CurrentEdit& edit) {
-    return runTagWrite(context, runner, file, writeTagCommand(context, file, edit));
+Outcome WriteOneTagWithExifTool(const app::AppContext& context, CommandForm form, ToolRunner& runner,
+                                const fs::path& file, const app::CurrentEdit& edit) {
+    return runTagWrite(form, runner, file, writeTagCommand(context, form, file, edit));
 }
 
 }  // namespace exiftool

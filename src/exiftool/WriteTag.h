@@ -15,33 +15,33 @@ namespace exiftool {
 
 /// The new value in quotes. Text that came out of a file with the value before, and could end the argument,
 /// stays inside it in the designed form too: a user who confirms it has not typed it.
-platform::CommandText editedValue(const app::AppContext& context, QStringView value, QStringView valueBefore);
+platform::CommandText editedValue(app::CommandForm form, QStringView value, QStringView valueBefore);
 
 /// What sets one tag, each term with a blank behind it: designed `-NAME="VALUE" `, corrected
 /// `-GROUP:NAME="VALUE" `, one term for each entry where the tag holds several, and `-GROUP:NAME#="CODE" `
 /// for a choice from a list. An empty value deletes: `-NAME= `.
-platform::CommandText tagTerms(const app::AppContext& context, const app::CurrentEdit& edit);
+platform::CommandText tagTerms(app::CommandForm form, const app::CurrentEdit& edit);
 
 /// The same for several tags of one line.
-platform::CommandText termsOfTags(const app::AppContext& context, std::span<const app::CurrentEdit> edits);
+platform::CommandText termsOfTags(app::CommandForm form, std::span<const app::CurrentEdit> edits);
 
 /// The line that writes one tag: tool, terms, `-overwrite_original -charset filename=UTF8 "FILE"`; in the
 /// corrected form the report takes what ExifTool has to say.
-platform::CommandText writeTagCommand(const app::AppContext& context, const std::filesystem::path& file,
-                                      const app::CurrentEdit& edit);
+platform::CommandText writeTagCommand(const app::AppContext& context, app::CommandForm form,
+                                      const std::filesystem::path& file, const app::CurrentEdit& edit);
 
 /// Writes one tag by the road that fits its group: as a property of the file, or by ExifTool. No safety copy.
 /// Blocks until the tool has ended.
-Outcome WriteOneTag(const app::AppContext& context, ToolRunner& runner, const std::filesystem::path& file,
-                    const app::CurrentEdit& edit);
+Outcome WriteOneTag(const app::AppContext& context, app::CommandForm form, ToolRunner& runner,
+                    const std::filesystem::path& file, const app::CurrentEdit& edit);
 
 /// Runs a line that writes the file. In the corrected form a file that is marked read-only is left alone;
 /// ExifTool would put a new one in its place.
-Outcome runTagWrite(const app::AppContext& context, ToolRunner& runner, const std::filesystem::path& file,
+Outcome runTagWrite(app::CommandForm form, ToolRunner& runner, const std::filesystem::path& file,
                     const platform::CommandText& command);
 
 /// The road by ExifTool.
-Outcome WriteOneTagWithExifTool(const app::AppContext& context, ToolRunner& runner,
+Outcome WriteOneTagWithExifTool(const app::AppContext& context, app::CommandForm form, ToolRunner& runner,
                                 const std::filesystem::path& file, const app::CurrentEdit& edit);
 
 /// What became of a write of a property, as an outcome of the file.

@@ -17,6 +17,7 @@ namespace jobs {
 /// meets it.
 struct JobWork {
     const app::AppContext& context;
+    app::CommandForm form;  ///< of the context; the one form of all lines of the job
     exiftool::ToolRunner& runner;
     std::stop_token stop;  ///< no further file is to be begun
     /// To be called by work over all files when it turns to a file, and when a file has ended; any thread.
@@ -27,8 +28,8 @@ struct JobWork {
 using WorkOnFile = std::function<exiftool::Outcome(JobWork& work, const std::filesystem::path& file)>;
 /// Puts together the line of one file: the tool first, the file last, then perhaps a redirection of the
 /// errors. Any thread.
-using ComposeLine =
-    std::function<platform::CommandText(const app::AppContext& context, const std::filesystem::path& file)>;
+using ComposeLine = std::function<platform::CommandText(const app::AppContext& context, app::CommandForm form,
+                                                        const std::filesystem::path& file)>;
 using WorkOnAll =
     std::function<exiftool::Outcomes(JobWork& work, const std::vector<std::filesystem::path>& files)>;
 

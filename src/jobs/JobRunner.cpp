@@ -147,7 +147,10 @@ void JobRunner::work(const std::shared_ptr<Running>& own) {
     const Job& job = running.job;
     std::error_code error;
     fs::create_directories(running.context.tempPath, error);
-    JobWork work{running.context, running.runner, running.stop.get_token(),
+    JobWork work{running.context,
+                 app::commandFormOf(running.context),
+                 running.runner,
+                 running.stop.get_token(),
                  [this, own](const fs::path& file) { noteBegun(own, file); },
                  [this, own](const Outcome& outcome) { noteEnded(own, outcome); }};
     Outcomes outcomes = inOrder(job.files, workOn(running, work));
@@ -164,8 +167,7 @@ void JobRunner::work(const std::shared_ptr<Running>& own) {
 Outcomes JobRunner::workOn(Running& running, JobWork& work) {
     const Job& job = running.job;
     if (job.workOnAll && !job.files.empty()) return job.workOnAll(work, job.files);
-    const bool isCorrected = running.context.settings.exifTool.correctedCommands;
-    if (job.sameForAll && isCorrected && job.files.size() > 1)
+    if (job.sameForAll && work.form == app::CommandForm::Corrected && job.files.size() > 1)
         return writeSameToAll(job.sameForAll, work, job.files);
     return workOnFiles(running, work);
 }

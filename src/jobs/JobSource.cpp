@@ -5,7 +5,12 @@ namespace jobs {
 exiftool::Outcomes runHere(const Job& job, const app::AppContext& context, exiftool::ToolRunner& runner) {
     const std::uint8_t copies = runner.safetyCopies().SafetyCopyEnabled;
     if (!job.makesSafetyCopies) runner.safetyCopies().SafetyCopyEnabled = 0;
-    JobWork work{context, runner, {}, [](const std::filesystem::path&) {}, [](const exiftool::Outcome&) {}};
+    JobWork work{.context = context,
+                 .form = app::commandFormOf(context),
+                 .runner = runner,
+                 .stop = {},
+                 .fileBegun = [](const std::filesystem::path&) {},
+                 .fileEnded = [](const exiftool::Outcome&) {}};
     exiftool::Outcomes outcomes;
     if (job.workOnAll && !job.files.empty()) {
         outcomes = job.workOnAll(work, job.files);

@@ -36,7 +36,7 @@ std::string copyForSafety(const app::AppContext& context, const exiftool::Safety
 }  // namespace
 
 Outcomes writeSameToAll(const ComposeLine& compose, JobWork& work, const std::vector<fs::path>& files) {
-    const auto arguments = argumentsOf(compose(work.context, files.front()), files.front());
+    const auto arguments = argumentsOf(compose(work.context, work.form, files.front()), files.front());
     if (!arguments) {
         Outcomes refused;
         for (const fs::path& file : files)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/CommandForm.h"
 #include "tags/TagDictionary.h"
 #include "tags/TagEditContext.h"
 
@@ -18,8 +19,8 @@ class ValueEditing {
 
     /// The value that is edited for a shown text: one entry a line for a tag that holds several. Blocks while
     /// ExifTool runs, if it has to be asked.
-    virtual QString editableValue(const std::filesystem::path& file, const tags::TagRecord& tag,
-                                  const QString& shown) = 0;
+    virtual QString editableValue(app::CommandForm form, const std::filesystem::path& file,
+                                  const tags::TagRecord& tag, const QString& shown) = 0;
 
     /// Shows the dialog that fits the kind of value, modally over the parent. 1 when edit holds a new value,
     /// 0 when the user cancelled or the kind has no editor.

@@ -48,6 +48,7 @@ DisplayHexaDialog::DisplayHexaDialog(const jobs::OperationParts& parts, const ta
                                      int templateNumber, QWidget* parent)
     : DarkModeDialogBase(parts.language, templateNumber, parent),
       parts_(parts),
+      form_(app::commandFormOf(parts.context)),
       edit_(edit),
       places_(parts.context.tempPath, edit.title) {
     if (!hasForm()) return;
@@ -91,9 +92,8 @@ void DisplayHexaDialog::makeViews() {
     layout->addWidget(stack_);
     hexView_ = new controls::HexView(stack_);
     hexView_->setProperty(dialogs::kControlIdProperty, kOutput);
-    hexView_->setShortLineFill(parts_.context.settings.exifTool.correctedCommands
-                                   ? controls::ShortLineFill::Aligned
-                                   : controls::ShortLineFill::FourBlanks);
+    hexView_->setShortLineFill(form_ == app::CommandForm::Corrected ? controls::ShortLineFill::Aligned
+                                                                    : controls::ShortLineFill::FourBlanks);
     stack_->addWidget(hexView_);
     setFocusProxy(hexView_);
     if (templateNumber() != kImageTemplate) return;
@@ -184,8 +184,7 @@ void DisplayHexaDialog::chooseView() {
 
 void DisplayHexaDialog::save() {
     const bool hasPicture = !picture_.empty();
-    const SaveTypes types =
-        typesToSave(data_->bytes(), kind_, hasPicture, parts_.context.settings.exifTool.correctedCommands);
+    const SaveTypes types = typesToSave(data_->bytes(), kind_, hasPicture, form_);
     const fs::path proposed = edit_.filePath.parent_path() / places_.fetched.stem();
     dialogs::FileQuestion question{parts_.language.formatted(text::kSaveValue, {edit_.title}),
                                    types.types,

@@ -59,6 +59,7 @@ class DisplayHexaDialog : public dialogs::DarkModeDialogBase, public jobs::JobSo
     void say(const QString& text);
 
     jobs::OperationParts parts_;
+    const app::CommandForm form_;
     tags::TagEditContext edit_;
     PayloadPlaces places_;
     std::shared_ptr<const platform::MappedFile> data_;

@@ -74,7 +74,7 @@ void ExportDialogPayload::accept() {
 
 bool ExportDialogPayload::decideAboutExisting(PayloadExporter& exporter,
                                               const std::vector<PayloadExport>& chosen) {
-    if (!parts_.context.settings.exifTool.correctedCommands) return true;
+    if (app::commandFormOf(parts_.context) == app::CommandForm::Designed) return true;
     const fs::path existing = exporter.firstExisting(chosen);
     if (existing.empty()) return true;
     const auto answer = dialogs::showMessage(

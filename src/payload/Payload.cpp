@@ -86,15 +86,16 @@ fs::path copyPicture(const PayloadPlaces& places, std::span<const unsigned char>
 }
 
 SaveTypes typesToSave(std::span<const unsigned char> bytes, PayloadKind kind, bool pictureShown,
-                      bool corrected) {
+                      app::CommandForm form) {
     const QString all = QStringLiteral("All Documents (*)");
+    const bool isCalledWhatItIs = pictureShown && form == app::CommandForm::Corrected;
     const bool isJpeg =
-        kind == PayloadKind::Jpeg || (corrected && pictureShown && kind == PayloadKind::JpegBehindHeader);
+        kind == PayloadKind::Jpeg || (isCalledWhatItIs && kind == PayloadKind::JpegBehindHeader);
     if (isJpeg) return {{QStringLiteral("JPEG image (*.jpg)"), all}, QStringLiteral("jpg")};
     if (!bytes.empty() && bytes[0] == '<')
         return {{QStringLiteral("XML text (*.xml *.jpeg)"), all}, QStringLiteral("xml")};
     if (!pictureShown) return {{all}, {}};
-    if (corrected && kind == PayloadKind::Png)
+    if (isCalledWhatItIs && kind == PayloadKind::Png)
         return {{QStringLiteral("PNG image (*.png)"), all}, QStringLiteral("png")};
     return {{QStringLiteral("TIFF image (*.tif)"), all}, QStringLiteral("tif")};
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "app/CommandForm.h"
+
 #include <QString>
 #include <QStringList>
 #include <QStringView>
@@ -54,7 +56,7 @@ struct SaveTypes {
 /// pictureShown: the view shows a picture of the kind. The corrected form offers what the copy really is:
 /// PNG, and JPEG for a JPEG behind a header.
 SaveTypes typesToSave(std::span<const unsigned char> bytes, PayloadKind kind, bool pictureShown,
-                      bool corrected);
+                      app::CommandForm form);
 
 /// "File name:" in the language of the interface, where it is one of three.
 QString fileNameLabel(int language);

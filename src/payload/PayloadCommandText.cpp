@@ -10,7 +10,9 @@
 namespace payload {
 
 namespace fs = std::filesystem;
+using app::CommandForm;
 using exiftool::fileWord;
+using exiftool::reportBehind;
 using exiftool::toolStart;
 using platform::CommandText;
 
@@ -34,19 +36,10 @@ bool isTagWord(QStringView word) {
         word, [](QChar c) { return c == u'-' || c == u'_' || (c.unicode() < 0x80 && c.isLetterOrNumber()); });
 }
 
-bool isCorrected(const app::AppContext& context) {
-    return context.settings.exifTool.correctedCommands;
-}
-
 CommandText replacement(const app::AppContext& context, const fs::path& picture, const fs::path& file) {
     CommandText command = toolStart(context).literal("\"-ThumbnailImage<=").outside(fileWord(picture));
     command.literal("\"").literal(exiftool::fragments::kOverwriteOriginalBehind).literal(" \"");
     return command.outside(fileWord(file)).literal("\"");
-}
-
-CommandText withReport(const app::AppContext& context, CommandText command) {
-    if (isCorrected(context)) command.append(exiftool::reportBehind(context));
-    return command;
 }
 
 }  // namespace
@@ -69,29 +62,29 @@ CommandText fetchPayloadCommand(const app::AppContext& context, QStringView grou
     return command.literal("\" >\"").outside(platform::narrow(output)).literal("\"");
 }
 
-CommandText replaceThumbnailCommand(const app::AppContext& context, const fs::path& picture,
+CommandText replaceThumbnailCommand(const app::AppContext& context, CommandForm form, const fs::path& picture,
                                     const fs::path& file) {
-    return withReport(context, replacement(context, picture, file));
+    return replacement(context, picture, file).append(reportBehind(context, form));
 }
 
-CommandText deleteThumbnailCommand(const app::AppContext& context, const fs::path& file) {
+CommandText deleteThumbnailCommand(const app::AppContext& context, CommandForm form, const fs::path& file) {
     CommandText command = toolStart(context).literal("-ThumbnailImage= ");
     command.literal(exiftool::fragments::kOverwriteOriginal).literal("\"").outside(fileWord(file));
-    return withReport(context, command.literal("\""));
+    return command.literal("\"").append(reportBehind(context, form));
 }
 
-CommandText addThumbnailCommand(const app::AppContext& context, const fs::path& picture,
+CommandText addThumbnailCommand(const app::AppContext& context, CommandForm form, const fs::path& picture,
                                 const fs::path& file) {
-    if (isCorrected(context)) return replaceThumbnailCommand(context, picture, file);
+    if (form == CommandForm::Corrected) return replaceThumbnailCommand(context, form, picture, file);
     CommandText command = replacement(context, picture, file).literal(" 2>\"");
     return command.outside(platform::narrow(context.reportFile)).literal("\"");
 }
 
-CommandText exportPayloadCommand(const app::AppContext& context, const PayloadExport& payload,
-                                 const fs::path& file, const fs::path& target) {
+CommandText exportPayloadCommand(const app::AppContext& context, CommandForm form,
+                                 const PayloadExport& payload, const fs::path& file, const fs::path& target) {
     CommandText command = toolStart(context).literal(payload.argument).literal("\"");
     command.outside(fileWord(file)).literal("\" >\"").outside(fileWord(target)).literal("\"");
-    return withReport(context, command);
+    return command.append(reportBehind(context, form));
 }
 
 bool isNamePattern(std::string_view path) {

@@ -30,19 +30,19 @@ platform::CommandText fetchPayloadCommand(const app::AppContext& context, QStrin
                                           const std::filesystem::path& output);
 
 /// The JPEG becomes the file's thumbnail; see usablePicture for the names that can stand here.
-platform::CommandText replaceThumbnailCommand(const app::AppContext& context,
+platform::CommandText replaceThumbnailCommand(const app::AppContext& context, app::CommandForm form,
                                               const std::filesystem::path& picture,
                                               const std::filesystem::path& file);
-platform::CommandText deleteThumbnailCommand(const app::AppContext& context,
+platform::CommandText deleteThumbnailCommand(const app::AppContext& context, app::CommandForm form,
                                              const std::filesystem::path& file);
 /// The same as replaceThumbnailCommand for each file of a selection, with a report of its own.
-platform::CommandText addThumbnailCommand(const app::AppContext& context,
+platform::CommandText addThumbnailCommand(const app::AppContext& context, app::CommandForm form,
                                           const std::filesystem::path& picture,
                                           const std::filesystem::path& file);
 
 /// One kind of data of one file into the target, which is emptied in any case.
-platform::CommandText exportPayloadCommand(const app::AppContext& context, const PayloadExport& payload,
-                                           const std::filesystem::path& file,
+platform::CommandText exportPayloadCommand(const app::AppContext& context, app::CommandForm form,
+                                           const PayloadExport& payload, const std::filesystem::path& file,
                                            const std::filesystem::path& target);
 
 /// Whether ExifTool may read the name of a file that a value is taken from as a pattern: "%d", "%f", "%e" and

@@ -54,7 +54,8 @@ Outcome notWritten(const jobs::JobWork& work, const fs::path& file, OutcomeKind 
 Outcome fetchInto(const fs::path& output, jobs::JobWork& work, const PayloadExport& payload,
                   const fs::path& file, const fs::path& target) {
     const std::uintmax_t reported = exiftool::reportSize(work.context);
-    static_cast<void>(work.runner.RunToolLine(exportPayloadCommand(work.context, payload, file, output)));
+    static_cast<void>(
+        work.runner.RunToolLine(exportPayloadCommand(work.context, work.form, payload, file, output)));
     std::string said = exiftool::reportFrom(work.context, reported);
     while (said.ends_with('\n')) said.pop_back();
     const OutcomeKind end = work.runner.lastEnd();
@@ -123,8 +124,8 @@ fs::path PayloadExporter::targetOf(const PayloadExport& payload, const fs::path&
 }
 
 Outcome PayloadExporter::Export(jobs::JobWork& work, const PayloadExport& payload, const fs::path& file) {
-    return work.context.settings.exifTool.correctedCommands ? exportCorrected(work, payload, file)
-                                                            : exportAsDesigned(work, payload, file);
+    return work.form == app::CommandForm::Corrected ? exportCorrected(work, payload, file)
+                                                    : exportAsDesigned(work, payload, file);
 }
 
 Outcome PayloadExporter::exportAsDesigned(jobs::JobWork& work, const PayloadExport& payload,

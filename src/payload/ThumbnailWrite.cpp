@@ -24,8 +24,8 @@ namespace {
 constexpr const char* kPlainName = "NewThumbnail.jpg";
 constexpr std::chrono::milliseconds kDesignedPause{300};
 
-using PictureLine = platform::CommandText (*)(const app::AppContext& context, const fs::path& picture,
-                                              const fs::path& file);
+using PictureLine = platform::CommandText (*)(const app::AppContext& context, app::CommandForm form,
+                                              const fs::path& picture, const fs::path& file);
 
 Outcome writeThumbnail(jobs::JobWork& work, const fs::path& file, const platform::CommandText& command) {
     work.runner.copyForSafety(file);
@@ -33,10 +33,10 @@ Outcome writeThumbnail(jobs::JobWork& work, const fs::path& file, const platform
 }
 
 Outcome writePicture(jobs::JobWork& work, const fs::path& picture, const fs::path& file, PictureLine line) {
-    const fs::path usable = usablePicture(work.context, picture);
+    const fs::path usable = usablePicture(work.context, work.form, picture);
     if (usable.empty())
         return {file, OutcomeKind::NotStarted, "Cannot be copied - " + platform::narrow(picture)};
-    return writeThumbnail(work, file, line(work.context, usable, file));
+    return writeThumbnail(work, file, line(work.context, work.form, usable, file));
 }
 
 /// Ends early when the job is stopped.
@@ -48,9 +48,8 @@ void rest(const std::stop_token& stop) {
 
 }  // namespace
 
-fs::path usablePicture(const app::AppContext& context, const fs::path& picture) {
-    if (!context.settings.exifTool.correctedCommands || !isNamePattern(exiftool::fileWord(picture)))
-        return picture;
+fs::path usablePicture(const app::AppContext& context, app::CommandForm form, const fs::path& picture) {
+    if (form == app::CommandForm::Designed || !isNamePattern(exiftool::fileWord(picture))) return picture;
     const fs::path copy = context.tempPath / kPlainName;
     return platform::copyFile(picture, copy) == 0 ? copy : fs::path();
 }
@@ -71,7 +70,7 @@ jobs::Job replaceThumbnailJob(const QString& title, const fs::path& picture, con
 jobs::Job deleteThumbnailJob(const QString& title, const fs::path& file) {
     jobs::Job job{.title = title, .files = {file}};
     job.workOnFile = [](jobs::JobWork& work, const fs::path& one) {
-        return writeThumbnail(work, one, deleteThumbnailCommand(work.context, one));
+        return writeThumbnail(work, one, deleteThumbnailCommand(work.context, work.form, one));
     };
     return job;
 }
@@ -80,7 +79,7 @@ jobs::Job embedThumbnailJob(const QString& title, const fs::path& picture,
                             const std::vector<fs::path>& files) {
     jobs::Job job{.title = title, .files = files};
     job.workOnFile = [picture](jobs::JobWork& work, const fs::path& file) {
-        const bool isDesigned = !work.context.settings.exifTool.correctedCommands;
+        const bool isDesigned = work.form == app::CommandForm::Designed;
         // The line empties the report too, but only after its end has been noted, behind which the words of
         // this file are looked for.
         std::error_code ignored;
@@ -89,9 +88,9 @@ jobs::Job embedThumbnailJob(const QString& title, const fs::path& picture,
         if (isDesigned) rest(work.stop);
         return outcome;
     };
-    job.sameForAll = [picture](const app::AppContext& context, const fs::path& file) {
-        const fs::path usable = usablePicture(context, picture);
-        return usable.empty() ? platform::CommandText() : addThumbnailCommand(context, usable, file);
+    job.sameForAll = [picture](const app::AppContext& context, app::CommandForm form, const fs::path& file) {
+        const fs::path usable = usablePicture(context, form, picture);
+        return usable.empty() ? platform::CommandText() : addThumbnailCommand(context, form, usable, file);
     };
     return job;
 }

@@ -13,7 +13,8 @@ namespace payload {
 
 /// The picture under a name that ExifTool takes as it is: in the corrected form a copy in the temp folder,
 /// when the picture's own name may be read as a pattern. Empty when the copy cannot be made.
-std::filesystem::path usablePicture(const app::AppContext& context, const std::filesystem::path& picture);
+std::filesystem::path usablePicture(const app::AppContext& context, app::CommandForm form,
+                                    const std::filesystem::path& picture);
 
 /// Whether the file begins like a JPEG.
 bool isJpegFile(const std::filesystem::path& file);

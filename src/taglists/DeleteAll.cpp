@@ -25,6 +25,7 @@ DeleteAll::DeleteAll(const jobs::OperationParts& parts, app::Settings::DeleteAll
                      std::vector<std::filesystem::path> files, QWidget* parent)
     : DarkModeDialogBase(parts.language, kTemplate, parent),
       parts_(parts),
+      form_(app::commandFormOf(parts.context)),
       settings_(settings),
       files_(std::move(files)) {
     setWindowTitle(
@@ -38,7 +39,7 @@ DeleteAll::DeleteAll(const jobs::OperationParts& parts, app::Settings::DeleteAll
 }
 
 void DeleteAll::showSettings() {
-    const bool corrected = parts_.context.settings.exifTool.correctedCommands;
+    const bool corrected = form_ == app::CommandForm::Corrected;
     const auto show = [&](int controlId, bool ticked) {
         auto* box = control<QAbstractButton>(controlId);
         if (box == nullptr) return;
@@ -50,7 +51,7 @@ void DeleteAll::showSettings() {
 }
 
 void DeleteAll::storeSettings() {
-    if (parts_.context.settings.exifTool.correctedCommands) {
+    if (form_ == app::CommandForm::Corrected) {
         settings_.safetyCopy = isTicked(kSafetyCopy);
         settings_.keepDate = isTicked(kKeepDate);
     } else {
@@ -61,7 +62,7 @@ void DeleteAll::storeSettings() {
 
 void DeleteAll::enableFamilies() {
     // In the designed form the boxes mean something either way.
-    const bool enabled = !parts_.context.settings.exifTool.correctedCommands || !isTicked(kEverything);
+    const bool enabled = form_ == app::CommandForm::Designed || !isTicked(kEverything);
     for (const int family : {kExif, kIptc, kXmp}) {
         if (auto* box = control<QAbstractButton>(family)) box->setEnabled(enabled);
     }
@@ -81,7 +82,7 @@ void DeleteAll::accept() {
             this, {QStringLiteral("Please select at least one tag."), dialogs::MessageIcon::Exclamation});
         return;
     }
-    const bool makeCopies = !parts_.context.settings.exifTool.correctedCommands || settings_.safetyCopy;
+    const bool makeCopies = form_ == app::CommandForm::Designed || settings_.safetyCopy;
     setJob(deleteAllTagsJob(windowTitle(), choice, makeCopies, files_));
     DarkModeDialogBase::accept();
 }

@@ -32,6 +32,7 @@ class DeleteAll : public dialogs::DarkModeDialogBase, public jobs::JobSource {
     bool isTicked(int controlId) const;
 
     const jobs::OperationParts parts_;
+    const app::CommandForm form_;
     app::Settings::DeleteAll& settings_;
     const std::vector<std::filesystem::path> files_;
 };

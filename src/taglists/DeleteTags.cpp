@@ -9,8 +9,9 @@ namespace taglists {
 
 namespace {
 
-std::optional<TagAddress> addressOf(const jobs::OperationParts& parts, const tags::MetadataRow& row) {
-    if (!parts.context.settings.exifTool.correctedCommands)
+std::optional<TagAddress> addressOf(const jobs::OperationParts& parts, app::CommandForm form,
+                                    const tags::MetadataRow& row) {
+    if (form == app::CommandForm::Designed)
         return TagAddress{platform::narrow(row.group), platform::narrow(row.tag)};
     if (row.tagId < 0) return std::nullopt;
     const auto record = parts.dictionary.FindTagById(static_cast<std::uint32_t>(row.tagId));
@@ -20,26 +21,26 @@ std::optional<TagAddress> addressOf(const jobs::OperationParts& parts, const tag
 
 }  // namespace
 
-std::vector<TagAddress> addressesOf(const jobs::OperationParts& parts,
+std::vector<TagAddress> addressesOf(const jobs::OperationParts& parts, app::CommandForm form,
                                     const std::vector<tags::MetadataRow>& rows) {
     std::vector<TagAddress> addresses;
     for (const tags::MetadataRow& row : rows) {
-        const std::optional<TagAddress> address = addressOf(parts, row);
+        const std::optional<TagAddress> address = addressOf(parts, form, row);
         if (address && std::ranges::find(addresses, *address) == addresses.end())
             addresses.push_back(*address);
     }
     return addresses;
 }
 
-jobs::Job deleteTagsJob(const jobs::OperationParts& parts, const QString& title,
-                        const std::vector<TagAddress>& tags, const std::filesystem::path& file) {
+jobs::Job deleteTagsJob(app::CommandForm form, const QString& title, const std::vector<TagAddress>& tags,
+                        const std::filesystem::path& file) {
     jobs::Job job{.title = title};
-    if (tags.empty() && parts.context.settings.exifTool.correctedCommands) return job;
+    if (tags.empty() && form == app::CommandForm::Corrected) return job;
     job.files = {file};
     job.workOnFile = [tags](jobs::JobWork& work, const std::filesystem::path& one) {
         work.runner.copyForSafety(one);
-        return exiftool::runTagWrite(work.context, work.runner, one,
-                                     removeTagsOfFileCommand(work.context, tags, one));
+        return exiftool::runTagWrite(work.form, work.runner, one,
+                                     removeTagsOfFileCommand(work.context, work.form, tags, one));
     };
     return job;
 }

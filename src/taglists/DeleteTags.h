@@ -13,11 +13,11 @@ namespace taglists {
 
 /// Under which names the rows are deleted, each once. The designed form takes all rows as they are shown, the
 /// corrected one those that can be written, under the names that ExifTool knows them by.
-std::vector<TagAddress> addressesOf(const jobs::OperationParts& parts,
+std::vector<TagAddress> addressesOf(const jobs::OperationParts& parts, app::CommandForm form,
                                     const std::vector<tags::MetadataRow>& rows);
 
 /// One run after a safety copy. Without an address the corrected form has nothing to do: a job without files.
-jobs::Job deleteTagsJob(const jobs::OperationParts& parts, const QString& title,
-                        const std::vector<TagAddress>& tags, const std::filesystem::path& file);
+jobs::Job deleteTagsJob(app::CommandForm form, const QString& title, const std::vector<TagAddress>& tags,
+                        const std::filesystem::path& file);
 
 }  // namespace taglists

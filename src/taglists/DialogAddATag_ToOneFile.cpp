@@ -29,14 +29,15 @@ DialogAddATag_ToOneFile::DialogAddATag_ToOneFile(const jobs::OperationParts& par
     list().setColumnWidths({kNameWidth, kKindWidth});
     TagRows rows = rowsOfGroup(parts.dictionary, group);
     // Some groups have another name in the panel than in ExifTool.
-    const QString asked = isCorrected() && !rows.empty() ? rows.front().group : group_;
+    const QString asked =
+        form() == app::CommandForm::Corrected && !rows.empty() ? rows.front().group : group_;
     fill(std::move(rows), parts.context.tempPath / "Metadata.txt", [&](const std::filesystem::path& output) {
         return this->parts().reads.ReadGroupAll(file, output, asked.toStdString());
     });
 }
 
 jobs::Job DialogAddATag_ToOneFile::jobOf(const TagRows& rows) {
-    return addATagJob(parts(), windowTitle(), rows, group_, files().front());
+    return addATagJob(parts(), form(), windowTitle(), rows, group_, files().front());
 }
 
 }  // namespace taglists

@@ -35,7 +35,7 @@ DialogAddTagsMain::DialogAddTagsMain(const jobs::OperationParts& parts, int comm
 }
 
 jobs::Job DialogAddTagsMain::jobOf(const TagRows& rows) {
-    return addTagsJob(parts(), windowTitle(), rows, platform::wide(group_.group), files());
+    return addTagsJob(parts(), form(), windowTitle(), rows, platform::wide(group_.group), files());
 }
 
 }  // namespace taglists

@@ -8,10 +8,11 @@
 
 namespace taglists {
 
-DialogDeleteATag::DialogDeleteATag(const jobs::OperationParts& parts, const tags::MetadataRow& row,
-                                   std::filesystem::path file, QWidget* parent)
+DialogDeleteATag::DialogDeleteATag(const jobs::OperationParts& parts, app::CommandForm form,
+                                   const tags::MetadataRow& row, std::filesystem::path file, QWidget* parent)
     : DarkModeDialogBase(parts.language, kTemplate, parent),
       parts_(parts),
+      form_(form),
       row_(row),
       file_(std::move(file)) {
     if (auto* text = control<QLabel>(control::kQuestion))
@@ -22,7 +23,7 @@ DialogDeleteATag::DialogDeleteATag(const jobs::OperationParts& parts, const tags
 }
 
 void DialogDeleteATag::accept() {
-    setJob(deleteTagsJob(parts_, row_.tag, addressesOf(parts_, {row_}), file_));
+    setJob(deleteTagsJob(form_, row_.tag, addressesOf(parts_, form_, {row_}), file_));
     DarkModeDialogBase::accept();
 }
 

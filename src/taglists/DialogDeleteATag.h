@@ -13,13 +13,14 @@ class DialogDeleteATag : public dialogs::DarkModeDialogBase, public jobs::JobSou
  public:
     static constexpr int kTemplate = 80075;
 
-    DialogDeleteATag(const jobs::OperationParts& parts, const tags::MetadataRow& row,
+    DialogDeleteATag(const jobs::OperationParts& parts, app::CommandForm form, const tags::MetadataRow& row,
                      std::filesystem::path file, QWidget* parent);
 
     void accept() override;
 
  private:
     jobs::OperationParts parts_;
+    app::CommandForm form_;
     tags::MetadataRow row_;
     std::filesystem::path file_;
 };

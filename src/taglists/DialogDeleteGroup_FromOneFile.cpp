@@ -10,11 +10,12 @@
 namespace taglists {
 
 DialogDeleteGroup_FromOneFile::DialogDeleteGroup_FromOneFile(const jobs::OperationParts& parts,
+                                                             app::CommandForm form,
                                                              const std::vector<tags::MetadataRow>& rows,
                                                              std::filesystem::path file, QWidget* parent)
     : DarkModeDialogBase(parts.language, kTemplate, parent),
-      parts_(parts),
-      tags_(addressesOf(parts, rows)),
+      form_(form),
+      tags_(addressesOf(parts, form, rows)),
       file_(std::move(file)) {
     const QString group = rows.front().group;
     if (auto* text = control<QLabel>(control::kQuestion))
@@ -29,7 +30,7 @@ DialogDeleteGroup_FromOneFile::DialogDeleteGroup_FromOneFile(const jobs::Operati
 }
 
 void DialogDeleteGroup_FromOneFile::accept() {
-    setJob(deleteTagsJob(parts_, windowTitle(), tags_, file_));
+    setJob(deleteTagsJob(form_, windowTitle(), tags_, file_));
     DarkModeDialogBase::accept();
 }
 

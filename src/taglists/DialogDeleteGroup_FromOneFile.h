@@ -15,14 +15,14 @@ class DialogDeleteGroup_FromOneFile : public dialogs::DarkModeDialogBase, public
     static constexpr int kTemplate = 80077;
 
     /// rows: those of the group in the panel, at least one.
-    DialogDeleteGroup_FromOneFile(const jobs::OperationParts& parts,
+    DialogDeleteGroup_FromOneFile(const jobs::OperationParts& parts, app::CommandForm form,
                                   const std::vector<tags::MetadataRow>& rows, std::filesystem::path file,
                                   QWidget* parent);
 
     void accept() override;
 
  private:
-    jobs::OperationParts parts_;
+    app::CommandForm form_;
     std::vector<TagAddress> tags_;
     std::filesystem::path file_;
 };

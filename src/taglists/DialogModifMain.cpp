@@ -38,15 +38,15 @@ TagValuesDialog::Task taskOf(const jobs::OperationParts& parts, int commandId,
 DialogModifMain::DialogModifMain(const jobs::OperationParts& parts, int commandId,
                                  std::vector<std::filesystem::path> files, QWidget* parent)
     : TagValuesDialog(parts, taskOf(parts, commandId, std::move(files)), parent),
-      mode_(modeOfCommand(parts.context, commandId)) {
+      mode_(modeOfCommand(form(), commandId)) {
     list().setColumnWidths({kNameWidth, kGroupWidth, kKindWidth});
     list().setEmptyText(parts.language.text(text::kNoTagOfMode));
     const std::filesystem::path& first = this->files().front();
-    const bool wasRead = fill(rowsOfMode(parts.dictionary, mode_), valuesOutput(parts.context, first),
-                              [&](const std::filesystem::path& output) {
-                                  return this->parts().reads.ReadCategory(
-                                      first, output, readCategoryOfMode(this->parts().context, mode_));
-                              });
+    const bool wasRead =
+        fill(rowsOfMode(parts.dictionary, mode_), valuesOutput(parts.context, first),
+             [&](const std::filesystem::path& output) {
+                 return this->parts().reads.ReadCategory(first, output, readCategoryOfMode(form(), mode_));
+             });
     showStrip(wasRead);
 }
 
@@ -75,7 +75,7 @@ bool DialogModifMain::eventFilter(QObject* watched, QEvent* event) {
 
 void DialogModifMain::chooseValuesFile() {
     const ValuesFileType type = valuesFileTypeOfMode(mode_);
-    const QStringList types = valuesFileTypes(parts().context);
+    const QStringList types = valuesFileTypes(form());
     const std::filesystem::path chosen =
         dialogs::chooseFileToOpen(this, {.title = parts().language.text(text::kChooseValuesTitle),
                                          .types = types,
@@ -88,13 +88,12 @@ void DialogModifMain::chooseValuesFile() {
 }
 
 void DialogModifMain::loadValues(const std::filesystem::path& file) {
-    const ValuesFileForm form = isCorrected() ? ValuesFileForm::Corrected : ValuesFileForm::Designed;
     const platform::FileContent content = platform::readRegularFile(file, kLargestValuesFile);
     const bool isRead = content.status == platform::FileContent::Status::Read;
     const std::vector<NamedValue> values =
-        isRead ? parseValuesFile(content.bytes, form) : std::vector<NamedValue>();
+        isRead ? parseValuesFile(content.bytes, form()) : std::vector<NamedValue>();
     if (values.empty()) {
-        if (isCorrected() || !isRead)
+        if (form() == app::CommandForm::Corrected || !isRead)
             dialogs::showMessage(
                 this, {.text = parts().language.formatted(text::kNoValuesInFile, {platform::display(file)}),
                        .icon = dialogs::MessageIcon::Exclamation});
@@ -102,7 +101,7 @@ void DialogModifMain::loadValues(const std::filesystem::path& file) {
     }
     LoadedValues loaded;
     list().model().changeRows([&](TagRows& rows) {
-        loaded = applyValues(rows, values, form,
+        loaded = applyValues(rows, values, form(),
                              [&](int tagId) { return parts().labels.takesSeveralValues(tagId); });
     });
     const QLocale locale;
@@ -112,7 +111,7 @@ void DialogModifMain::loadValues(const std::filesystem::path& file) {
 }
 
 jobs::Job DialogModifMain::jobOf(const TagRows& rows) {
-    return modifyFilesJob(parts(), windowTitle(), mode_, rows, files());
+    return modifyFilesJob(parts(), form(), windowTitle(), mode_, rows, files());
 }
 
 }  // namespace taglists

@@ -45,7 +45,7 @@ DialogRemoveTags::DialogRemoveTags(const jobs::OperationParts& parts,
       files_(std::move(files)) {
     setWindowTitle(parts.language.formatted(text::kRemoveTags, {filesText(parts.language, files_.size())}));
     if (list() == nullptr) return;
-    const HeldTagsRead held = readHeldTags(parts, files_);
+    const HeldTagsRead held = readHeldTags(parts, form(), files_);
     showHeldTags(rowsOf(parts, held.tags, files_.size()), held.fault);
     list()->setColumnWidths(kWidths);
 }
@@ -66,8 +66,9 @@ DialogRemoveATag_FromOneFile::DialogRemoveATag_FromOneFile(const jobs::Operation
     setWindowTitle(group.isEmpty() ? parts.language.text(text::kRemoveTagsOfFile)
                                    : parts.language.formatted(text::kRemoveTagsOfGroup, {shortGroup}));
     if (list() == nullptr) return;
-    const HeldTagsRead held = group.isEmpty() ? readHeldTags(parts, {file_})
-                                              : readHeldTagsOfGroup(parts, file_, shortGroup.toStdString());
+    const HeldTagsRead held = group.isEmpty()
+                                  ? readHeldTags(parts, form(), {file_})
+                                  : readHeldTagsOfGroup(parts, form(), file_, shortGroup.toStdString());
     showHeldTags(rowsOf(parts, held.tags, 1), held.fault);
     list()->setColumnWidths(kWidths);
 }

@@ -10,6 +10,7 @@ namespace taglists {
 
 namespace fs = std::filesystem;
 namespace fragments = exiftool::fragments;
+using app::CommandForm;
 using exiftool::fileWord;
 using platform::CommandText;
 
@@ -123,10 +124,6 @@ constexpr auto kRemovableGroups = std::to_array<const char*>({"EXIF",
                                                               "XMP-xmpRights",
                                                               "XMP-xmpTPg"});
 
-bool isCorrected(const app::AppContext& context) {
-    return context.settings.exifTool.correctedCommands;
-}
-
 void appendTerms(CommandText& command, const std::vector<TagAddress>& tags, std::string_view lead) {
     for (const TagAddress& tag : tags) {
         if (!isPlainName(tag.group) || !isPlainName(tag.name)) continue;
@@ -134,10 +131,10 @@ void appendTerms(CommandText& command, const std::vector<TagAddress>& tags, std:
     }
 }
 
-CommandText& endWithFile(CommandText& command, const app::AppContext& context, const fs::path& file) {
+CommandText& endWithFile(CommandText& command, const app::AppContext& context, CommandForm form,
+                         const fs::path& file) {
     command.literal(fragments::kFileNameCharset).literal("\"").outside(fileWord(file)).literal("\"");
-    if (isCorrected(context)) command.append(exiftool::reportBehind(context));
-    return command;
+    return command.append(exiftool::reportBehind(context, form));
 }
 
 }  // namespace
@@ -150,28 +147,28 @@ bool isPlainName(std::string_view name) {
     return !name.empty() && std::all_of(name.begin(), name.end(), isPlain);
 }
 
-CommandText removeTagsOfFileCommand(const app::AppContext& context, const std::vector<TagAddress>& tags,
-                                    const fs::path& file) {
+CommandText removeTagsOfFileCommand(const app::AppContext& context, CommandForm form,
+                                    const std::vector<TagAddress>& tags, const fs::path& file) {
     CommandText command = exiftool::toolStart(context);
     appendTerms(command, tags, "-");
     command.literal(fragments::kOverwriteOriginal);
-    return endWithFile(command, context, file);
+    return endWithFile(command, context, form, file);
 }
 
-CommandText removeTagsOfSelectionCommand(const app::AppContext& context, const std::vector<TagAddress>& tags,
-                                         const fs::path& file) {
+CommandText removeTagsOfSelectionCommand(const app::AppContext& context, CommandForm form,
+                                         const std::vector<TagAddress>& tags, const fs::path& file) {
     CommandText command("\"");
     command.outside(platform::narrow(context.exifToolPath)).literal("\"");
     appendTerms(command, tags, " -");
     command.literal(fragments::kQuietOverwriteOriginal);
-    return endWithFile(command, context, file);
+    return endWithFile(command, context, form, file);
 }
 
-CommandText removeTypesCommand(const app::AppContext& context, const std::vector<std::string>& groups,
-                               const fs::path& fileList) {
+CommandText removeTypesCommand(const app::AppContext& context, CommandForm form,
+                               const std::vector<std::string>& groups, const fs::path& fileList) {
     CommandText command = exiftool::toolStart(context);
     command.literal("-@ \"").outside(platform::narrow(fileList)).literal("\"");
-    if (!isCorrected(context)) {
+    if (form == CommandForm::Designed) {
         command.literal(" -overwrite_original \"");
         for (const std::string& group : groups) command.outside(group).literal("= ");
         return command.literal("\"");
@@ -183,7 +180,7 @@ CommandText removeTypesCommand(const app::AppContext& context, const std::vector
     return command.append(exiftool::reportBehind(context));
 }
 
-CommandText deleteAllArguments(const app::AppContext& context, const DeleteAllChoice& choice) {
+CommandText deleteAllArguments(CommandForm form, const DeleteAllChoice& choice) {
     CommandText arguments;
     if (choice.everything) {
         arguments.literal(" -All=");
@@ -192,13 +189,13 @@ CommandText deleteAllArguments(const app::AppContext& context, const DeleteAllCh
         if (choice.iptc) arguments.literal(" -IPTC:All=");
         if (choice.xmp) arguments.literal(" -XMP:All=");
     }
-    if (choice.keepDate && isCorrected(context)) arguments.literal(" -P");
+    if (choice.keepDate && form == CommandForm::Corrected) arguments.literal(" -P");
     return arguments;
 }
 
-CommandText heldTagsCommand(const app::AppContext& context, const fs::path& fileList,
+CommandText heldTagsCommand(const app::AppContext& context, CommandForm form, const fs::path& fileList,
                             const std::vector<fs::path>& otherFiles, const fs::path& output) {
-    CommandText command = exiftool::toolStartWithLanguage(context);
+    CommandText command = exiftool::toolStartWithLanguage(context, form);
     command.literal(" -a -sort -S -G1 --ExifToolVersion -x System:all ").literal(fragments::kFileNameCharset);
     if (!fileList.empty()) command.literal("-@ \"").outside(platform::narrow(fileList)).literal("\" ");
     for (const fs::path& file : otherFiles) command.literal("\"").outside(fileWord(file)).literal("\" ");

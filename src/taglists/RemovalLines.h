@@ -26,18 +26,18 @@ bool isPlainName(std::string_view name);
 
 /// What removes ticked tags of the shown file, command 1819: one term for each. Names that are not plain are
 /// left out. The designed form says nothing of what went wrong; the corrected one fills the report.
-platform::CommandText removeTagsOfFileCommand(const app::AppContext& context,
+platform::CommandText removeTagsOfFileCommand(const app::AppContext& context, app::CommandForm form,
                                               const std::vector<TagAddress>& tags,
                                               const std::filesystem::path& file);
 
 /// The same for a file of a selection, command 177.
-platform::CommandText removeTagsOfSelectionCommand(const app::AppContext& context,
+platform::CommandText removeTagsOfSelectionCommand(const app::AppContext& context, app::CommandForm form,
                                                    const std::vector<TagAddress>& tags,
                                                    const std::filesystem::path& file);
 
 /// What removes whole groups from all files of the list, command 178. The designed form puts all terms inside
 /// one pair of quotes, which ExifTool takes for the name of a file.
-platform::CommandText removeTypesCommand(const app::AppContext& context,
+platform::CommandText removeTypesCommand(const app::AppContext& context, app::CommandForm form,
                                          const std::vector<std::string>& groups,
                                          const std::filesystem::path& fileList);
 
@@ -53,11 +53,12 @@ struct DeleteAllChoice {
 };
 
 /// For RunOnFile.
-platform::CommandText deleteAllArguments(const app::AppContext& context, const DeleteAllChoice& choice);
+platform::CommandText deleteAllArguments(app::CommandForm form, const DeleteAllChoice& choice);
 
 /// Reads what a selection holds into output, with the files of the list and, behind them, those whose names
 /// cannot stand on a line of it. An empty list has no `-@`.
-platform::CommandText heldTagsCommand(const app::AppContext& context, const std::filesystem::path& fileList,
+platform::CommandText heldTagsCommand(const app::AppContext& context, app::CommandForm form,
+                                      const std::filesystem::path& fileList,
                                       const std::vector<std::filesystem::path>& otherFiles,
                                       const std::filesystem::path& output);
 

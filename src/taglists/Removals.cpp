@@ -70,10 +70,11 @@ jobs::Job removeTagsJob(const QString& title, const std::vector<TagAddress>& tag
     leaveOutUnknownFiles(job);
     job.workOnFile = [tags](jobs::JobWork& work, const fs::path& file) {
         work.runner.copyForSafety(file);
-        return work.runner.runWriteLine(file, removeTagsOfSelectionCommand(work.context, tags, file));
+        return work.runner.runWriteLine(file,
+                                        removeTagsOfSelectionCommand(work.context, work.form, tags, file));
     };
-    job.sameForAll = [tags](const app::AppContext& context, const fs::path& file) {
-        return removeTagsOfSelectionCommand(context, tags, file);
+    job.sameForAll = [tags](const app::AppContext& context, app::CommandForm form, const fs::path& file) {
+        return removeTagsOfSelectionCommand(context, form, tags, file);
     };
     return job;
 }
@@ -83,7 +84,7 @@ jobs::Job removeTagsFromShownFileJob(const QString& title, const std::vector<Tag
     jobs::Job job = removeTagsJob(title, tags, {file});
     job.workOnFile = [tags](jobs::JobWork& work, const fs::path& shown) {
         work.runner.copyForSafety(shown);
-        return work.runner.runWriteLine(shown, removeTagsOfFileCommand(work.context, tags, shown));
+        return work.runner.runWriteLine(shown, removeTagsOfFileCommand(work.context, work.form, tags, shown));
     };
     return job;
 }
@@ -101,8 +102,8 @@ jobs::Job removeTypesJob(const QString& title, const std::vector<std::string>& g
             for (const fs::path& file : list.listed)
                 outcomes.push_back({file, OutcomeKind::NotStarted, "The list of files could not be written"});
         } else if (!list.listed.empty()) {
-            outcomes =
-                work.runner.runWriteLine(list.listed, removeTypesCommand(work.context, groups, list.path));
+            outcomes = work.runner.runWriteLine(
+                list.listed, removeTypesCommand(work.context, work.form, groups, list.path));
         }
         outcomes.insert(outcomes.end(), list.refused.begin(), list.refused.end());
         return outcomes;
@@ -117,10 +118,10 @@ jobs::Job deleteAllTagsJob(const QString& title, const DeleteAllChoice& choice, 
     job.files = files;
     job.makesSafetyCopies = makeSafetyCopies;
     job.workOnFile = [choice](jobs::JobWork& work, const fs::path& file) {
-        return work.runner.RunOnFile(file, deleteAllArguments(work.context, choice));
+        return work.runner.RunOnFile(file, deleteAllArguments(work.form, choice));
     };
-    job.sameForAll = [choice](const app::AppContext& context, const fs::path& file) {
-        return exiftool::lineOnFile(context, deleteAllArguments(context, choice), file);
+    job.sameForAll = [choice](const app::AppContext& context, app::CommandForm form, const fs::path& file) {
+        return exiftool::lineOnFile(context, form, deleteAllArguments(form, choice), file);
     };
     return job;
 }
@@ -131,8 +132,9 @@ jobs::Job removeFamilyJob(const QString& title, int commandId, const std::vector
         exiftool::WriteCommands writes(work.context, work.runner);
         return writes.RemoveFamilyFromSelection(commandId, {file}).front();
     };
-    job.sameForAll = [commandId](const app::AppContext& context, const fs::path& file) {
-        return exiftool::lineOnFile(context, exiftool::removeFamilyArguments(context, commandId), file);
+    job.sameForAll = [commandId](const app::AppContext& context, app::CommandForm form,
+                                 const fs::path& file) {
+        return exiftool::lineOnFile(context, form, exiftool::removeFamilyArguments(context, commandId), file);
     };
     return job;
 }
@@ -144,12 +146,13 @@ jobs::Job copyTagsJob(const QString& title, exiftool::CopiedFamilies families, c
     job.files = files;
     job.workOnFile = [families, source](jobs::JobWork& work, const fs::path& file) {
         exiftool::WriteCommands writes(work.context, work.runner);
-        return writes.CopyTagsFromFile(families, source, {file}).front();
+        return writes.CopyTagsFromFile(work.form, families, source, {file}).front();
     };
     return job;
 }
 
-HeldTagsRead readHeldTags(const jobs::OperationParts& parts, const std::vector<fs::path>& files) {
+HeldTagsRead readHeldTags(const jobs::OperationParts& parts, app::CommandForm form,
+                          const std::vector<fs::path>& files) {
     if (files.empty()) return {};
     std::vector<fs::path> listed;
     std::vector<fs::path> others;
@@ -161,7 +164,7 @@ HeldTagsRead readHeldTags(const jobs::OperationParts& parts, const std::vector<f
     const fs::path output = parts.context.tempPath / kReadOutput;
     std::error_code ignored;
     fs::remove(output, ignored);
-    const platform::CommandText command = heldTagsCommand(parts.context, list.path, others, output);
+    const platform::CommandText command = heldTagsCommand(parts.context, form, list.path, others, output);
     static_cast<void>(parts.runner.RunToolLine(command));
     const std::string answer = bytesOf(output);
     std::string fault = parts.runner.lastFaultOfRead(output);
@@ -170,10 +173,10 @@ HeldTagsRead readHeldTags(const jobs::OperationParts& parts, const std::vector<f
     return {heldTags(answer, parts.dictionary), platform::wide(fault)};
 }
 
-HeldTagsRead readHeldTagsOfGroup(const jobs::OperationParts& parts, const fs::path& file,
-                                 const std::string& group) {
-    if (parts.context.settings.exifTool.correctedCommands) {
-        HeldTagsRead held = readHeldTags(parts, {file});
+HeldTagsRead readHeldTagsOfGroup(const jobs::OperationParts& parts, app::CommandForm form,
+                                 const fs::path& file, const std::string& group) {
+    if (form == app::CommandForm::Corrected) {
+        HeldTagsRead held = readHeldTags(parts, form, {file});
         const auto id = tags::FindGroup(QStringLiteral("[%1]").arg(QString::fromStdString(group)));
         std::erase_if(held.tags, [&](const HeldTag& tag) { return tag.groupId != id; });
         return held;

@@ -50,13 +50,13 @@ struct HeldTagsRead {
 };
 
 /// The writable tags that the files hold, in one ExifTool run and without safety copies.
-[[nodiscard]] HeldTagsRead readHeldTags(const jobs::OperationParts& parts,
+[[nodiscard]] HeldTagsRead readHeldTags(const jobs::OperationParts& parts, app::CommandForm form,
                                         const std::vector<std::filesystem::path>& files);
 
 /// The writable tags of one group that the file holds. group is in the catalogue's spelling, which ExifTool
 /// does not know of every group: the designed form reads by it and then finds nothing, the corrected one
 /// reads all and takes those of the group.
-[[nodiscard]] HeldTagsRead readHeldTagsOfGroup(const jobs::OperationParts& parts,
+[[nodiscard]] HeldTagsRead readHeldTagsOfGroup(const jobs::OperationParts& parts, app::CommandForm form,
                                                const std::filesystem::path& file, const std::string& group);
 
 }  // namespace taglists

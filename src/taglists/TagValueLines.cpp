@@ -32,17 +32,16 @@ bool isTyped(const TagRow& row) {
     return row.changed && !row.loaded;
 }
 
-CommandText quotedValue(const app::AppContext& context, const TagRow& row, const QString& value) {
-    if (isTyped(row)) return exiftool::editedValue(context, value, row.fileValue);
+CommandText quotedValue(const TagRow& row, const QString& value) {
+    if (isTyped(row)) return exiftool::editedValue(app::CommandForm::Designed, value, row.fileValue);
     return CommandText("\"").outside(platform::narrow(value)).literal("\"");
 }
 
 /// `-GROUP:NAME="VALUE"`
-CommandText rowTerm(const app::AppContext& context, const TagRow& row, QStringView group,
-                    const QString& value) {
+CommandText rowTerm(const TagRow& row, QStringView group, const QString& value) {
     CommandText term("-");
     term.outside(platform::narrow(group)).literal(":").outside(platform::narrow(row.name)).literal("=");
-    return term.append(quotedValue(context, row, value));
+    return term.append(quotedValue(row, value));
 }
 
 struct Spelling {
@@ -91,7 +90,7 @@ CommandText emptyGroupOfFirstRowCommand(const app::AppContext& context, const Ta
 CommandText writeRowsCommand(const app::AppContext& context, const TagRows& rows, const fs::path& file) {
     CommandText command = tool(context);
     for (const TagRow& row : rows) {
-        if (!row.value.isEmpty()) command.literal(" ").append(rowTerm(context, row, row.group, row.value));
+        if (!row.value.isEmpty()) command.literal(" ").append(rowTerm(row, row.group, row.value));
     }
     command.literal(" -n -z").literal(kOverwriteOriginalBehind);
     appendFile(command, file);
@@ -121,7 +120,7 @@ CommandText addRowsCommand(const app::AppContext& context, const TagRows& rows, 
                            const fs::path& file) {
     CommandText command = tool(context);
     for (const TagRow& row : rows) {
-        if (!row.value.isEmpty()) command.literal(" ").append(rowTerm(context, row, group, addedValue(row)));
+        if (!row.value.isEmpty()) command.literal(" ").append(rowTerm(row, group, addedValue(row)));
     }
     command.literal(kOverwriteOriginalBehind);
     appendFile(command, file);
@@ -132,7 +131,7 @@ CommandText addRowsToOneFileCommand(const app::AppContext& context, const TagRow
                                     const fs::path& file) {
     CommandText command = exiftool::toolStart(context);
     for (const TagRow& row : rows) {
-        if (!row.value.isEmpty()) command.append(rowTerm(context, row, group, row.value)).literal(" ");
+        if (!row.value.isEmpty()) command.append(rowTerm(row, group, row.value)).literal(" ");
     }
     command.literal(kOverwriteOriginal).literal(exiftool::kFileNameCharset).literal("\"");
     return command.outside(exiftool::fileWord(file)).literal("\"");
@@ -161,7 +160,8 @@ std::vector<app::CurrentEdit> changedTags(const jobs::OperationParts& parts, con
 
 CommandText writeChangedTagsCommand(const app::AppContext& context,
                                     const std::vector<app::CurrentEdit>& changed, const fs::path& file) {
-    CommandText command = exiftool::toolStart(context).append(exiftool::termsOfTags(context, changed));
+    CommandText command =
+        exiftool::toolStart(context).append(exiftool::termsOfTags(app::CommandForm::Corrected, changed));
     command.literal(kOverwriteOriginal).literal(exiftool::kFileNameCharset).literal("\"");
     command.outside(exiftool::fileWord(file)).literal("\"");
     return command.append(exiftool::reportBehind(context));

@@ -11,6 +11,7 @@
 namespace taglists {
 
 namespace fs = std::filesystem;
+using app::CommandForm;
 using exiftool::Outcome;
 using exiftool::OutcomeKind;
 
@@ -33,10 +34,6 @@ constexpr int kGpsMode = 10;
 constexpr int kFileNameMode = 11;
 constexpr int kOtherXmpMode = 281;
 constexpr std::size_t kLongestName = 255;
-
-bool isCorrected(const app::AppContext& context) {
-    return context.settings.exifTool.correctedCommands;
-}
 
 const ModifyMode* rowOf(int ModifyMode::*column, int number) {
     const auto* const found = std::ranges::find(kModes, number, column);
@@ -76,7 +73,7 @@ jobs::Job changedTagsJob(const jobs::OperationParts& parts, const QString& title
         work.runner.copyForSafety(file);
         return work.runner.runWriteLine(file, writeChangedTagsCommand(work.context, changed, file));
     });
-    job.sameForAll = [changed](const app::AppContext& context, const fs::path& file) {
+    job.sameForAll = [changed](const app::AppContext& context, CommandForm, const fs::path& file) {
         return writeChangedTagsCommand(context, changed, file);
     };
     return job;
@@ -86,14 +83,14 @@ jobs::Job changedTagsJob(const jobs::OperationParts& parts, const QString& title
 Outcome writeFileName(jobs::JobWork& work, const fs::path& file) {
     app::CurrentEdit edit;
     edit.value = platform::display(file);
-    return exiftool::WriteOneTag(work.context, work.runner, file, edit);
+    return exiftool::WriteOneTag(work.context, work.form, work.runner, file, edit);
 }
 
 }  // namespace
 
-int modeOfCommand(const app::AppContext& context, int commandId) {
+int modeOfCommand(CommandForm form, int commandId) {
     const ModifyMode* const row = rowOf(&ModifyMode::commandId, commandId);
-    return isCorrected(context) && row != nullptr ? row->mode : commandId;
+    return form == CommandForm::Corrected && row != nullptr ? row->mode : commandId;
 }
 
 TagRows rowsOfMode(const tags::TagDictionary& dictionary, int mode) {
@@ -101,10 +98,10 @@ TagRows rowsOfMode(const tags::TagDictionary& dictionary, int mode) {
     return row == nullptr ? TagRows() : rowsOfFamily(dictionary, *tags::findFamily(row->family));
 }
 
-int readCategoryOfMode(const app::AppContext& context, int mode) {
+int readCategoryOfMode(CommandForm form, int mode) {
     const ModifyMode* const row = rowOf(&ModifyMode::mode, mode);
     // The read knows the numbers of categories, of which a mode is none.
-    return isCorrected(context) && row != nullptr ? row->readCategory : mode;
+    return form == CommandForm::Corrected && row != nullptr ? row->readCategory : mode;
 }
 
 QString familyNameOfCommand(int commandId) {
@@ -112,13 +109,13 @@ QString familyNameOfCommand(int commandId) {
     return row == nullptr ? QString() : QString::fromLatin1(row->extension).toUpper();
 }
 
-QStringList valuesFileTypes(const app::AppContext& context) {
+QStringList valuesFileTypes(CommandForm form) {
     QStringList types;
     for (const ModifyMode& row : kModes) {
         const QString extension = QString::fromLatin1(row.extension);
         types.append(QStringLiteral("%1 (*.%2)").arg(extension.toUpper(), extension));
     }
-    if (isCorrected(context)) types << QStringLiteral("CSV (*.csv)");
+    if (form == CommandForm::Corrected) types << QStringLiteral("CSV (*.csv)");
     return types;
 }
 
@@ -129,10 +126,10 @@ ValuesFileType valuesFileTypeOfMode(int mode) {
     return {static_cast<int>(row - kModes.data()), QString::fromLatin1(row->extension)};
 }
 
-jobs::Job modifyFilesJob(const jobs::OperationParts& parts, const QString& title, int mode,
+jobs::Job modifyFilesJob(const jobs::OperationParts& parts, CommandForm form, const QString& title, int mode,
                          const TagRows& rows, const std::vector<fs::path>& files) {
     if (mode == kFileNameMode) return jobOver(title, files, writeFileName);
-    if (isCorrected(parts.context)) return changedTagsJob(parts, title, rows, files);
+    if (form == CommandForm::Corrected) return changedTagsJob(parts, title, rows, files);
     if (mode == kGpsMode)
         return jobOver(title, files, [rows](jobs::JobWork& work, const fs::path& file) {
             return work.runner.runWriteLine(file, writeGpsRowsCommand(work.context, rows, file));
@@ -158,9 +155,9 @@ TagRows rowsOfGroup(const tags::TagDictionary& dictionary, const QString& group)
     return rows;
 }
 
-jobs::Job addTagsJob(const jobs::OperationParts& parts, const QString& title, const TagRows& rows,
-                     const QString& group, const std::vector<fs::path>& files) {
-    if (isCorrected(parts.context)) return changedTagsJob(parts, title, rows, files);
+jobs::Job addTagsJob(const jobs::OperationParts& parts, CommandForm form, const QString& title,
+                     const TagRows& rows, const QString& group, const std::vector<fs::path>& files) {
+    if (form == CommandForm::Corrected) return changedTagsJob(parts, title, rows, files);
     return jobOver(title, files, [rows, group](jobs::JobWork& work, const fs::path& file) {
         work.runner.copyForSafety(file);
         Outcome emptied = work.runner.runWriteLine(file, emptyGroupCommand(work.context, group, file));
@@ -170,9 +167,9 @@ jobs::Job addTagsJob(const jobs::OperationParts& parts, const QString& title, co
     });
 }
 
-jobs::Job addATagJob(const jobs::OperationParts& parts, const QString& title, const TagRows& rows,
-                     const QString& group, const fs::path& file) {
-    if (isCorrected(parts.context)) return changedTagsJob(parts, title, rows, {file});
+jobs::Job addATagJob(const jobs::OperationParts& parts, CommandForm form, const QString& title,
+                     const TagRows& rows, const QString& group, const fs::path& file) {
+    if (form == CommandForm::Corrected) return changedTagsJob(parts, title, rows, {file});
     return jobOver(title, {file}, [rows, group](jobs::JobWork& work, const fs::path& one) {
         work.runner.copyForSafety(one);
         return work.runner.runWriteLine(one, addRowsToOneFileCommand(work.context, rows, group, one));
@@ -186,19 +183,19 @@ fs::path valuesOutput(const app::AppContext& context, const fs::path& file) {
     return context.tempPath / (fits ? name + std::string(kExtension) : "Metadata.txt");
 }
 
-bool readValues(const jobs::OperationParts& parts, TagRows& rows, const fs::path& output,
+bool readValues(const jobs::OperationParts& parts, CommandForm form, TagRows& rows, const fs::path& output,
                 const ReadInto& read) {
     std::error_code ignored;
     // What an earlier file of this name held is none of this one's.
     fs::remove(output, ignored);
     if (read(output) == 0 || !parts.runner.lastFaultOfRead(output).empty()) return false;
-    fillValues(rows, output, isCorrected(parts.context) ? GroupMatch::WithoutCase : GroupMatch::Exact);
+    fillValues(rows, output, form == CommandForm::Corrected ? GroupMatch::WithoutCase : GroupMatch::Exact);
     fs::remove(output, ignored);
     return true;
 }
 
-bool hasSomethingToWrite(const jobs::OperationParts& parts, const TagRows& rows) {
-    return !isCorrected(parts.context) || changedCount(rows) > 0;
+bool hasSomethingToWrite(CommandForm form, const TagRows& rows) {
+    return form == CommandForm::Designed || changedCount(rows) > 0;
 }
 
 }  // namespace taglists

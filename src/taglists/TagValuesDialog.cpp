@@ -11,6 +11,8 @@
 
 namespace taglists {
 
+using app::CommandForm;
+
 namespace {
 
 enum Control { kListPlace = 80522, kStatusFile = 80523, kStatusNow = 80524 };
@@ -31,7 +33,10 @@ QString filesText(const app::LanguageFile& language, const std::vector<std::file
 }
 
 TagValuesDialog::TagValuesDialog(const jobs::OperationParts& parts, Task task, QWidget* parent)
-    : DarkModeDialogBase(parts.language, task.templateNumber, parent), parts_(parts), task_(std::move(task)) {
+    : DarkModeDialogBase(parts.language, task.templateNumber, parent),
+      parts_(parts),
+      form_(app::commandFormOf(parts.context)),
+      task_(std::move(task)) {
     setWindowTitle(task_.title);
     setSizeGripEnabled(true);
     placeList();
@@ -48,7 +53,7 @@ void TagValuesDialog::placeList() {
     auto* place = control<QWidget>(kListPlace);
     TagList::Wishes wishes{.listControl = kList,
                            .look = {.columns = task_.columns},
-                           .severalFiles = isCorrected() && !hasOneFile()};
+                           .severalFiles = form_ == CommandForm::Corrected && !hasOneFile()};
     list_ = place == nullptr ? new TagList(parts_, std::move(wishes), this)
                              : TagList::placeIn(*place, parts_, std::move(wishes));
     list_->setEmptyText(parts_.language.text(text::kNoTagOfGroup));
@@ -67,18 +72,18 @@ void TagValuesDialog::showStatus(const QString& text) {
 }
 
 bool TagValuesDialog::fill(TagRows rows, const std::filesystem::path& output, const ReadInto& read) {
-    const bool wasRead = !hasOneFile() || readValues(parts_, rows, output, read);
+    const bool wasRead = !hasOneFile() || readValues(parts_, form_, rows, output, read);
     list_->model().setRows(wasRead ? std::move(rows) : TagRows());
     if (!wasRead) list_->setEmptyText(parts_.language.text(text::kFileNotRead));
     return wasRead;
 }
 
 QString TagValuesDialog::editableValue(const TagRow& row) const {
-    if (!isCorrected()) return row.value.left(kLongestDesignedValue);
+    if (form_ == CommandForm::Designed) return row.value.left(kLongestDesignedValue);
     const auto record =
         row.tagId < 0 ? std::nullopt : parts_.dictionary.FindTagById(static_cast<std::uint32_t>(row.tagId));
     if (row.changed || row.value.isEmpty() || !record) return row.value;
-    return parts_.values->editableValue(files().front(), *record, row.value);
+    return parts_.values->editableValue(form_, files().front(), *record, row.value);
 }
 
 void TagValuesDialog::startEdit(const TagRow& row) {
@@ -89,7 +94,7 @@ void TagValuesDialog::startEdit(const TagRow& row) {
     edit_.tagId = row.tagId;
     edit_.comboCode.clear();
     if (row.kind == tags::ValueKind::Rating) edit_.selection = tags::designedRatingSelection(edit_.value);
-    if (row.kind == tags::ValueKind::List && isCorrected())
+    if (row.kind == tags::ValueKind::List && form_ == CommandForm::Corrected)
         edit_.selection = parts_.labels.GetComboIndex(row.tagId, edit_.value);
 }
 
@@ -101,8 +106,8 @@ void TagValuesDialog::editValue(std::size_t row) {
     if (parts_.values->editValue(edit_, *edited.kind, this) == 0) return;
     const bool isSame = edited.kind == tags::ValueKind::List ? edit_.selection == before.selection
                                                              : edit_.value == before.value;
-    if (isCorrected() && isSame) return;
-    const bool severalEntries = isCorrected() && edited.kind == tags::ValueKind::Text &&
+    if (form_ == CommandForm::Corrected && isSame) return;
+    const bool severalEntries = form_ == CommandForm::Corrected && edited.kind == tags::ValueKind::Text &&
                                 parts_.labels.takesSeveralValues(edited.tagId);
     list_->model().setValue(
         row, {.value = edit_.value, .code = edit_.comboCode, .severalEntries = severalEntries});

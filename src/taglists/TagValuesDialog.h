@@ -47,7 +47,7 @@ class TagValuesDialog : public dialogs::DarkModeDialogBase, public jobs::JobSour
 
     const jobs::OperationParts& parts() const { return parts_; }
     const std::vector<std::filesystem::path>& files() const { return task_.files; }
-    bool isCorrected() const { return parts_.context.settings.exifTool.correctedCommands; }
+    app::CommandForm form() const { return form_; }
     bool hasOneFile() const { return task_.files.size() == 1; }
     void showStatus(const QString& text);
 
@@ -59,6 +59,7 @@ class TagValuesDialog : public dialogs::DarkModeDialogBase, public jobs::JobSour
     QString editableValue(const TagRow& row) const;
 
     const jobs::OperationParts parts_;
+    const app::CommandForm form_;
     Task task_;
     TagList* list_ = nullptr;
     QLabel* status_ = nullptr;

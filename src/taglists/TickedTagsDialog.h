@@ -26,6 +26,7 @@ class TickedTagsDialog : public dialogs::DarkModeDialogBase, public jobs::JobSou
                      QSize size, QWidget* parent);
 
     const jobs::OperationParts& parts() const { return parts_; }
+    app::CommandForm form() const { return app::commandFormOf(parts_.context); }
     TagList* list() const { return list_; }  ///< null when the form is missing
     /// The ticked rows that have a tag, as ExifTool is to get them.
     std::vector<TagAddress> tickedTags() const;

@@ -126,37 +126,37 @@ std::size_t rankOf(const QString& group) {
 
 }  // namespace
 
-std::vector<NamedValue> parseValuesFile(std::string_view bytes, ValuesFileForm form) {
-    return form == ValuesFileForm::Designed ? parseDesigned(bytes) : parseCorrected(bytes);
+std::vector<NamedValue> parseValuesFile(std::string_view bytes, app::CommandForm form) {
+    return form == app::CommandForm::Designed ? parseDesigned(bytes) : parseCorrected(bytes);
 }
 
-TagRow* rowOfValue(TagRows& rows, const NamedValue& value, ValuesFileForm form) {
-    const bool corrected = form == ValuesFileForm::Corrected;
+TagRow* rowOfValue(TagRows& rows, const NamedValue& value, app::CommandForm form) {
+    const bool isDesigned = form == app::CommandForm::Designed;
     TagRow* best = nullptr;
     for (TagRow& row : rows) {
         const QString name =
-            corrected ? row.name : QString::fromUtf8(row.name.toUtf8().left(kLongestNameOfRow));
+            isDesigned ? QString::fromUtf8(row.name.toUtf8().left(kLongestNameOfRow)) : row.name;
         if (!equalWithoutCase(name, value.name)) continue;
         if (!value.group.isEmpty() && !equalWithoutCase(row.group, value.group)) continue;
-        if (!corrected) return &row;
+        if (isDesigned) return &row;
         if (best == nullptr || rankOf(row.group) < rankOf(best->group)) best = &row;
     }
     return best;
 }
 
-LoadedValues applyValues(TagRows& rows, std::span<const NamedValue> values, ValuesFileForm form,
+LoadedValues applyValues(TagRows& rows, std::span<const NamedValue> values, app::CommandForm form,
                          const TakesSeveral& takesSeveral) {
     LoadedValues loaded;
     for (const NamedValue& value : values) {
         // What a file lacks says nothing about what is to become of it in another.
-        if (form == ValuesFileForm::Corrected && value.value.isEmpty()) continue;
+        if (form == app::CommandForm::Corrected && value.value.isEmpty()) continue;
         TagRow* const row = rowOfValue(rows, value, form);
         if (row == nullptr) {
             ++loaded.unknown;
             continue;
         }
         NewValue newValue{.value = value.value, .loaded = true};
-        newValue.severalEntries = form == ValuesFileForm::Corrected && takesSeveral(row->tagId);
+        newValue.severalEntries = form == app::CommandForm::Corrected && takesSeveral(row->tagId);
         if (newValue.severalEntries)
             newValue.value = tags::joinEntries(value.value.split(QStringLiteral(", "), Qt::SkipEmptyParts));
         if (value.value == row->fileValue)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/CommandForm.h"
 #include "taglists/TagListRows.h"
 
 #include <QString>
@@ -10,19 +11,11 @@
 #include <vector>
 
 /// A file with values to fill a list with: a line of names separated by commas, and a line with the values
-/// that belong to them. It begins with the name of the file that the values were read from.
+/// that belong to them. It begins with the name of the file that the values were read from. In the designed
+/// form the first line has to end in a carriage return and is cut at 256 names, a name at 255 bytes, the
+/// values at 5096 bytes. The corrected form takes what ExifTool writes with -csv, on any platform and of any
+/// length: quotes are doubled within quotes, and a name may have its group before it ("IFD0:Make").
 namespace taglists {
-
-enum class ValuesFileForm {
-    /// The first line has to end in a carriage return and is cut at 256 names, a name at 255 bytes, the
-    /// values at
-    /// 5096 bytes.
-    Designed,
-    /// As ExifTool writes it with -csv, on any platform and of any length: quotes are doubled within quotes,
-    /// and a
-    /// name may have its group before it ("IFD0:Make").
-    Corrected,
-};
 
 struct NamedValue {
     QString group;  ///< empty when the name stood alone
@@ -33,7 +26,7 @@ struct NamedValue {
 };
 
 /// Nothing when the file has no such two lines. Names without a value are left out.
-std::vector<NamedValue> parseValuesFile(std::string_view bytes, ValuesFileForm form);
+std::vector<NamedValue> parseValuesFile(std::string_view bytes, app::CommandForm form);
 
 struct LoadedValues {
     std::size_t set = 0;
@@ -45,7 +38,7 @@ struct LoadedValues {
 /// an empty value touches no row there. takesSeveral: whether the tag of an id holds a list, whose entries
 /// ExifTool writes with ", " between them.
 using TakesSeveral = std::function<bool(int tagId)>;
-LoadedValues applyValues(TagRows& rows, std::span<const NamedValue> values, ValuesFileForm form,
+LoadedValues applyValues(TagRows& rows, std::span<const NamedValue> values, app::CommandForm form,
                          const TakesSeveral& takesSeveral);
 
 }  // namespace taglists

@@ -63,7 +63,7 @@ void EditingCommands::EditTagFromPanel(int rowIndex, bool altHeld) {
     const tags::MetadataRow row = parts_.panel.model().row(rowIndex);
     const std::optional<tags::TagRecord> record =
         row.tagId < 0 ? std::nullopt : parts_.dictionary.FindTagById(static_cast<std::uint32_t>(row.tagId));
-    switch (edit::actionOfClick(parts_.operations, row, record, altHeld)) {
+    switch (edit::actionOfClick(parts_.operations, currentForm(), row, record, altHeld)) {
         case edit::PanelAction::ViewText:
             viewRow(row, payload::DisplayHexaDialog::kPlainTemplate);
             break;
@@ -115,16 +115,17 @@ void EditingCommands::viewRow(const tags::MetadataRow& row, int templateNumber) 
 
 void EditingCommands::editRow(int rowIndex, const tags::MetadataRow& row, const tags::TagRecord& record) {
     const jobs::OperationParts parts = parts_.operations;
+    const app::CommandForm form = currentForm();
     const fs::path file = parts_.panel.file();
-    const tags::TagEditContext before = edit::contextOfRow(parts, file, row, record);
+    const tags::TagEditContext before = edit::contextOfRow(parts, form, file, row, record);
     tags::TagEditContext after = before;
     if (edit::editValue(parts, after, record.valueKind, &parts_.window) != 1) return;
-    if (edit::isUnchanged(parts, before, after, record)) {
+    if (edit::isUnchanged(form, before, after, record)) {
         parts_.showStatus(parts_.language.formatted(edit::text::kUnchanged, {before.title}));
         return;
     }
     if (!mayWriteAfterAll(file)) return;
-    parts_.context.currentEdit = edit::editOfRow(parts, before, after, record, rowIndex);
+    parts_.context.currentEdit = edit::editOfRow(parts, form, before, after, record, rowIndex);
     writeEdit(file, parts_.context.currentEdit);
 }
 
@@ -144,25 +145,25 @@ void EditingCommands::writeEdit(const fs::path& file, const app::CurrentEdit& ed
     jobs::Job job{.title = parts_.language.formatted(edit::text::kModify, {edit.name}), .files = {file}};
     job.workOnFile = [edit](jobs::JobWork& work, const fs::path& one) {
         work.runner.copyForSafety(one);
-        return exiftool::WriteOneTag(work.context, work.runner, one, edit);
+        return exiftool::WriteOneTag(work.context, work.form, work.runner, one, edit);
     };
     const QString done = parts_.language.formatted(edit::text::kWritten, {edit.name, name});
     begin(std::move(job), done, edit);
 }
 
 void EditingCommands::begin(jobs::Job job, const QString& done, const std::optional<app::CurrentEdit>& edit) {
-    const bool isBegun = parts_.jobs.begin(std::move(job), [this, done, edit](const jobs::JobResult& result) {
-        const exiftool::Outcome& outcome = result.outcomes.front();
-        const bool isShown = parts_.panel.file() == outcome.file;
-        // What ExifTool has made of the value is known only when the file is read. The new value is seen
-        // before.
-        if (edit && isShown && exiftool::isWritten(outcome.kind))
-            parts_.panel.showWrittenValue(edit->rowIndex, edit->value);
-        if (isShown && (!edit || parts_.context.settings.exifTool.correctedCommands))
-            parts_.panel.readAgainQuietly();
-        tellWrite(result, done);
-        if (result.isClosing) QTimer::singleShot(0, &parts_.window, &QWidget::close);
-    });
+    const bool isBegun = parts_.jobs.begin(
+        std::move(job), [this, done, edit, form = currentForm()](const jobs::JobResult& result) {
+            const exiftool::Outcome& outcome = result.outcomes.front();
+            const bool isShown = parts_.panel.file() == outcome.file;
+            // What ExifTool has made of the value is known only when the file is read. The new value is seen
+            // before.
+            if (edit && isShown && exiftool::isWritten(outcome.kind))
+                parts_.panel.showWrittenValue(edit->rowIndex, edit->value);
+            if (isShown && (!edit || form == app::CommandForm::Corrected)) parts_.panel.readAgainQuietly();
+            tellWrite(result, done);
+            if (result.isClosing) QTimer::singleShot(0, &parts_.window, &QWidget::close);
+        });
     if (!isBegun) parts_.showStatus(parts_.language.formatted(jobs::text::kIsRunning, {parts_.jobs.title()}));
 }
 
@@ -198,14 +199,15 @@ void EditingCommands::deleteTag(app::CommandId) {
     }
     if (!isPanelUpToDate()) return;
     const tags::MetadataRow row = parts_.panel.model().row(current.row());
-    const bool corrected = parts_.context.settings.exifTool.correctedCommands;
-    if (corrected && taglists::addressesOf(parts_.operations, {row}).empty()) {
+    const app::CommandForm form = currentForm();
+    if (form == app::CommandForm::Corrected &&
+        taglists::addressesOf(parts_.operations, form, {row}).empty()) {
         parts_.showStatus(parts_.language.formatted(edit::text::kCannotBeDeleted, {row.tag}));
         return;
     }
     const fs::path file = parts_.panel.file();
     if (!ending_.isReadyToBegin()) return;
-    taglists::DialogDeleteATag dialog(parts_.operations, row, file, &parts_.window);
+    taglists::DialogDeleteATag dialog(parts_.operations, form, row, file, &parts_.window);
     if (dialog.run() != 1) return;
     const QString done =
         parts_.language.formatted(edit::text::kDeleted, {row.tag, platform::display(file.filename())});
@@ -220,14 +222,14 @@ void EditingCommands::deleteGroup(app::CommandId) {
     }
     if (!isPanelUpToDate()) return;
     const std::vector<tags::MetadataRow> rows = parts_.panel.rowsOfCurrentGroup();
-    const bool corrected = parts_.context.settings.exifTool.correctedCommands;
-    if (corrected && taglists::addressesOf(parts_.operations, rows).empty()) {
+    const app::CommandForm form = currentForm();
+    if (form == app::CommandForm::Corrected && taglists::addressesOf(parts_.operations, form, rows).empty()) {
         parts_.showStatus(parts_.language.formatted(edit::text::kCannotBeDeleted, {rows.front().group}));
         return;
     }
     const fs::path file = parts_.panel.file();
     if (!ending_.isReadyToBegin()) return;
-    taglists::DialogDeleteGroup_FromOneFile dialog(parts_.operations, rows, file, &parts_.window);
+    taglists::DialogDeleteGroup_FromOneFile dialog(parts_.operations, form, rows, file, &parts_.window);
     if (dialog.run() != 1) return;
     const QString done = parts_.language.formatted(edit::text::kDeleted,
                                                    {rows.front().group, platform::display(file.filename())});

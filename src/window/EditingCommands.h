@@ -30,6 +30,7 @@ class EditingCommands {
  private:
     CommandState deleteTagState(app::CommandId id) const;
     CommandState deleteGroupState(app::CommandId id) const;
+    app::CommandForm currentForm() const { return app::commandFormOf(parts_.context); }
     bool canDelete(const tags::MetadataRow& row) const;
     /// False, with the reason told, when the shown file is gone or no longer the one that was read.
     bool isPanelUpToDate();

@@ -107,11 +107,11 @@ void ExportCommands::exportValues(app::CommandId id) {
     const fs::path target = exiftool::exportTarget(file, *format);
     std::error_code error;
     const bool isNew = !fs::exists(fs::symlink_status(target, error));
-    if (!isNew && !clearTheWay(target)) return;
+    const app::CommandForm form = app::commandFormOf(parts_.context);
+    if (!isNew && !clearTheWay(form, target)) return;
     if (!ending_.isReadyToBegin()) return;
-    const QString problem = parts_.context.settings.exifTool.correctedCommands
-                                ? exportByWayOfTemp(file, target, *format)
-                                : exportStraight(file, target, *format);
+    const QString problem = form == app::CommandForm::Corrected ? exportByWayOfTemp(file, target, *format)
+                                                                : exportStraight(form, file, target, *format);
     if (parts_.runner.wasStopped()) return;
     if (!problem.isEmpty()) {
         dialogs::showMessage(&parts_.window, {problem, dialogs::MessageIcon::Stop});
@@ -131,8 +131,8 @@ void ExportCommands::tellExported(const fs::path& file, const fs::path& target) 
     parts_.showStatus(parts_.language.formatted(text::kExported, {platform::display(target)}));
 }
 
-bool ExportCommands::clearTheWay(const fs::path& target) {
-    if (!parts_.context.settings.exifTool.correctedCommands) {
+bool ExportCommands::clearTheWay(app::CommandForm form, const fs::path& target) {
+    if (form == app::CommandForm::Designed) {
         std::error_code error;
         if (!fs::is_directory(target, error)) fs::remove(target, error);
         return true;
@@ -143,10 +143,10 @@ bool ExportCommands::clearTheWay(const fs::path& target) {
     return dialogs::showMessage(&parts_.window, question) == QMessageBox::Yes;
 }
 
-QString ExportCommands::exportStraight(const fs::path& file, const fs::path& target,
+QString ExportCommands::exportStraight(app::CommandForm form, const fs::path& file, const fs::path& target,
                                        const exiftool::ValuesExport& format) {
     const int ran = parts_.reads.ExportValues(exiftool::exportFileWord(file),
-                                              exiftool::exportOutputWord(parts_.context, target),
+                                              exiftool::exportOutputWord(parts_.context, form, target),
                                               platform::CommandText(format.arguments));
     const std::string fault = parts_.runner.lastFaultOfRead(target);
     if (!fault.empty())
@@ -160,7 +160,7 @@ QString ExportCommands::exportByWayOfTemp(const fs::path& file, const fs::path& 
     const fs::path output = parts_.context.tempPath / "Export.tmp";
     std::error_code error;
     fs::remove(output, error);
-    const QString problem = exportStraight(file, output, format);
+    const QString problem = exportStraight(app::CommandForm::Corrected, file, output, format);
     if (!problem.isEmpty()) return problem;
     if (!hasContent(output))
         return parts_.language.formatted(text::kExportEmpty, {platform::display(target)});

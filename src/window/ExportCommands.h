@@ -36,10 +36,10 @@ class ExportCommands {
     /// The designed form deletes what stands in the target's place; the corrected one asks, and replaces it
     /// when the new content is there.
     void tellExported(const std::filesystem::path& file, const std::filesystem::path& target);
-    bool clearTheWay(const std::filesystem::path& target);
+    bool clearTheWay(app::CommandForm form, const std::filesystem::path& target);
     /// Both give the reason for people when nothing has been written, else an empty text.
-    QString exportStraight(const std::filesystem::path& file, const std::filesystem::path& target,
-                           const exiftool::ValuesExport& format);
+    QString exportStraight(app::CommandForm form, const std::filesystem::path& file,
+                           const std::filesystem::path& target, const exiftool::ValuesExport& format);
     QString exportByWayOfTemp(const std::filesystem::path& file, const std::filesystem::path& target,
                               const exiftool::ValuesExport& format);
 

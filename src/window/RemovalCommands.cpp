@@ -74,7 +74,7 @@ void RemovalCommands::removeFamily(app::CommandId id) {
     // The designed form removes without a question.
     const std::optional<QString> question =
         taglists::familyRemovalQuestion(parts_.language, id, files.size());
-    if (parts_.context.settings.exifTool.correctedCommands && question &&
+    if (app::commandFormOf(parts_.context) == app::CommandForm::Corrected && question &&
         dialogs::showMessage(&parts_.window, {.text = *question,
                                               .icon = dialogs::MessageIcon::Exclamation,
                                               .buttons = QMessageBox::Yes | QMessageBox::No}) !=

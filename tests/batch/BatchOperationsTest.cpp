@@ -261,7 +261,8 @@ TEST_F(BatchOperationsTest, TheLineForAllFilesIsTheLineOfEach) {
         std::string seen[2];
         for (const bool asOne : {true, false}) {
             if (asOne) {
-                EXPECT_EQ(runner_.RunToolLine(job.sameForAll(context_, photo)), 1);
+                EXPECT_EQ(runner_.RunToolLine(job.sameForAll(context_, app::commandFormOf(context_), photo)),
+                          1);
             } else {
                 jobs::runHere(job, context_, runner_);
             }

@@ -41,12 +41,12 @@ TEST_F(PanelEdit, AClickLeadsToWhatTheTagAllows) {
         {u"System", u"FileName", "a.jpg", false, PanelAction::ViewText},
     };
     for (const auto& each : cases)
-        EXPECT_EQ(actionOfClick(parts, row(each.value), record(each.group, each.name), each.altHeld),
+        EXPECT_EQ(actionOfClick(parts, form(), row(each.value), record(each.group, each.name), each.altHeld),
                   each.action)
             << QString::fromUtf16(each.name).toStdString() << each.value << each.altHeld;
-    EXPECT_EQ(actionOfClick(parts, row("x"), std::nullopt, false), PanelAction::ViewText);
+    EXPECT_EQ(actionOfClick(parts, form(), row("x"), std::nullopt, false), PanelAction::ViewText);
     context.settings.exifTool.correctedCommands = false;
-    EXPECT_EQ(actionOfClick(parts, row("Unknown (77)"), record(u"IFD0", u"Orientation"), false),
+    EXPECT_EQ(actionOfClick(parts, form(), row("Unknown (77)"), record(u"IFD0", u"Orientation"), false),
               PanelAction::Nothing);
 }
 
@@ -60,18 +60,18 @@ TEST_F(PanelEdit, ARatingIsPreselectedAsDesigned) {
 
 TEST_F(PanelEdit, AnEditedRowBecomesTheCurrentEdit) {
     const tags::TagRecord tag = record(u"IFD0", u"Orientation");
-    const TagEditContext before = contextOfRow(parts, "/p/a.jpg", row("Rotate 180"), tag);
+    const TagEditContext before = contextOfRow(parts, form(), "/p/a.jpg", row("Rotate 180"), tag);
     EXPECT_EQ(before.title, QStringLiteral("Orientation"));
     EXPECT_EQ(before.group, QStringLiteral("IFD0"));
     EXPECT_EQ(before.value, QStringLiteral("Rotate 180"));
     EXPECT_EQ(before.selection, labels.GetComboIndex(static_cast<int>(tag.id), u"Rotate 180"));
     TagEditContext after = before;
-    EXPECT_TRUE(isUnchanged(parts, before, after, tag));
+    EXPECT_TRUE(isUnchanged(form(), before, after, tag));
     after.selection = 0;
     after.value = "Horizontal (normal)";
     after.comboCode = "1";
-    EXPECT_FALSE(isUnchanged(parts, before, after, tag));
-    const app::CurrentEdit edit = editOfRow(parts, before, after, tag, 7);
+    EXPECT_FALSE(isUnchanged(form(), before, after, tag));
+    const app::CurrentEdit edit = editOfRow(parts, form(), before, after, tag, 7);
     EXPECT_EQ(edit.id, static_cast<int>(tag.id));
     EXPECT_EQ(edit.groupIndex, 78);
     EXPECT_EQ(edit.name, QStringLiteral("Orientation"));
@@ -86,15 +86,15 @@ TEST_F(PanelEdit, ARatingThatShowsAsStarsIsEditedAsItsNumberAndRemembered) {
     const tags::TagRecord tag = record(u"XMP-Xmp", u"Rating");
     tags::MetadataRow stars;
     stars.stars = 3;
-    const TagEditContext before = contextOfRow(parts, "/p/a.jpg", stars, tag);
+    const TagEditContext before = contextOfRow(parts, form(), "/p/a.jpg", stars, tag);
     EXPECT_EQ(before.value, QStringLiteral("3"));
     TagEditContext after = before;
     after.selection = 4;
     after.value = "4";
-    EXPECT_EQ(editOfRow(parts, before, after, tag, 0).value, QStringLiteral("4"));
+    EXPECT_EQ(editOfRow(parts, form(), before, after, tag, 0).value, QStringLiteral("4"));
     EXPECT_EQ(memory.Rating(8849), 4);
     context.settings.exifTool.correctedCommands = false;
-    EXPECT_EQ(contextOfRow(parts, "/p/a.jpg", stars, tag).selection, 6);
+    EXPECT_EQ(contextOfRow(parts, form(), "/p/a.jpg", stars, tag).selection, 6);
 }
 
 TEST_F(PanelEdit, TheLibraryKnowsWhichTagsHoldSeveralValues) {

@@ -299,7 +299,7 @@ TEST_F(ValueDialogs, ATagIsDeletedAfterItsSafetyCopy) {
     row.group = "IFD0";
     row.tag = "Artist";
     row.tagId = static_cast<int>(record(u"IFD0", u"Artist").id);
-    DialogDeleteATag dialog(parts, row, file, nullptr);
+    DialogDeleteATag dialog(parts, form(), row, file, nullptr);
     EXPECT_EQ(at<QLabel>(dialog, ::edit::control::kQuestion).text(),
               QStringLiteral("Artist is going to be deleted."));
     dialog.reject();
@@ -322,7 +322,7 @@ TEST_F(ValueDialogs, AGroupIsDeletedTagByTag) {
     rows[1].tag = "Subject";
     rows[1].tagId = static_cast<int>(record(u"XMP-dc", u"Subject").id);
     rows[2].tag = "Something";
-    DialogDeleteGroup_FromOneFile dialog(parts, rows, file, nullptr);
+    DialogDeleteGroup_FromOneFile dialog(parts, form(), rows, file, nullptr);
     EXPECT_EQ(at<QLabel>(dialog, ::edit::control::kQuestion).text(),
               QStringLiteral("You are going to delete the XMP-dc group.\nPlease confirm."));
     EXPECT_EQ(at<QPlainTextEdit>(dialog, ::edit::control::kHelp).toPlainText(),
@@ -333,9 +333,9 @@ TEST_F(ValueDialogs, AGroupIsDeletedTagByTag) {
     EXPECT_EQ(valueOf(file, "IFD0:Artist"), "kept");
 
     context.settings.exifTool.correctedCommands = false;
-    const std::vector<TagAddress> all = addressesOf(parts, rows);
+    const std::vector<TagAddress> all = addressesOf(parts, form(), rows);
     EXPECT_EQ(all.size(), 3u) << "as designed every row is a term";
-    EXPECT_EQ(removeTagsOfFileCommand(context, all, "/p/a.jpg").text(),
+    EXPECT_EQ(removeTagsOfFileCommand(context, form(), all, "/p/a.jpg").text(),
               "\"/usr/bin/exiftool\" -XMP-dc:Title= -XMP-dc:Subject= -XMP-dc:Something= -overwrite_original "
               "-charset filename=UTF8 \"/p/a.jpg\"");
 }
@@ -345,7 +345,7 @@ TEST_F(ValueDialogs, AFileThatIsMarkedReadOnlyIsLeftAlone) {
     std::filesystem::permissions(file, std::filesystem::perms::owner_read);
     if (::access(file.c_str(), W_OK) == 0) GTEST_SKIP() << "nothing is read-only for this user";
     const std::string before = support::readBytes(file);
-    const jobs::Job job = deleteTagsJob(parts, QString(), {{"IFD0", "Artist"}}, file);
+    const jobs::Job job = deleteTagsJob(form(), QString(), {{"IFD0", "Artist"}}, file);
     const exiftool::Outcomes outcomes = jobs::runHere(job, context, runner);
     ASSERT_EQ(outcomes.size(), 1U);
     EXPECT_EQ(outcomes.front().kind, exiftool::OutcomeKind::Failed);

@@ -104,7 +104,7 @@ class WriteTag : public EditedFile {
         to.tagId = static_cast<int>(tag.id);
         to.comboCode = code;
         to.selection = value.toInt();
-        return WriteOneTag(context, runner, file, editOfRow(parts, from, to, tag, 0));
+        return WriteOneTag(context, form(), runner, file, editOfRow(parts, form(), from, to, tag, 0));
     }
 
     void SetUp() override { fs::current_path(folder / "photos"); }
@@ -121,7 +121,7 @@ TEST_F(WriteTag, TheLinesAreExactToTheBlank) {
                                          (corrected ? row.corrected : row.designed) +
                                          "-overwrite_original -charset filename=UTF8 \"/p/a b.jpg\"" +
                                          (corrected ? " 2>>\"" + context.reportFile.string() + "\"" : "");
-            EXPECT_EQ(writeTagCommand(context, "/p/a b.jpg", row.edit).text(), expected) << row.what;
+            EXPECT_EQ(writeTagCommand(context, form(), "/p/a b.jpg", row.edit).text(), expected) << row.what;
         }
     }
 }
@@ -176,7 +176,7 @@ TEST_F(WriteTag, EntriesStayEntries) {
         EXPECT_EQ(write(file, group, name, QStringLiteral("one\ntwo, three\n\u65E5\u672C")),
                   (Outcome{file, Done, {}}));
         const tags::TagRecord tag = record(group, name);
-        EXPECT_EQ(editableValue(parts, file, tag, QStringLiteral("one, two, three, \u65E5\u672C")),
+        EXPECT_EQ(editableValue(parts, form(), file, tag, QStringLiteral("one, two, three, \u65E5\u672C")),
                   QStringLiteral("one\ntwo, three\n\u65E5\u672C"));
     }
 }
@@ -243,7 +243,7 @@ TEST_F(WriteTag, SeveralSuchTextsOfOneLineAllArrive) {
     const fs::path file = photo({"-IPTC:City=Rom", "-IPTC:Credit=gr\xC3\xBCn"});
     const app::CurrentEdit edits[] = {edited("IPTC", "City", "\xE6\x9D\xB1"), edited("IFD0", "Artist", "Ada"),
                                       edited("IPTC", "Headline", "\xE4\xBA\xAC")};
-    const platform::CommandText terms = termsOfTags(context, edits);
+    const platform::CommandText terms = termsOfTags(form(), edits);
     EXPECT_EQ(terms.text(),
               "-tagsfromfile @ -IPTC:All --IPTC:City --IPTC:Headline -IPTC:CodedCharacterSet=UTF8 "
               "-IPTC:City=\"\xE6\x9D\xB1\" -IFD0:Artist=\"Ada\" -IPTC:Headline=\"\xE4\xBA\xAC\" ");
@@ -294,7 +294,7 @@ TEST_F(WriteTag, APropertyOfTheListGoesThroughTheStoreAndARowOfThePanelDoesNot) 
     app::CurrentEdit property = edited("Summary", "Title", "By the store");
     property.groupIndex = 330;
     property.id = 31;  // Title
-    EXPECT_EQ(WriteOneTag(context, runner, file, property), (Outcome{file, Done, {}}));
+    EXPECT_EQ(WriteOneTag(context, form(), runner, file, property), (Outcome{file, Done, {}}));
     EXPECT_THAT(support::ExifTool({"-s", file.string()}), HasSubstr("By the store"));
 
     // A tag of [File] whose number is a property's as well.
@@ -303,12 +303,12 @@ TEST_F(WriteTag, APropertyOfTheListGoesThroughTheStoreAndARowOfThePanelDoesNot) 
     property.group = "File";
     property.name = "NoSuchTag";
     property.value = "no";
-    const Outcome refused = WriteOneTag(context, runner, file, property);
+    const Outcome refused = WriteOneTag(context, form(), runner, file, property);
     EXPECT_FALSE(isWritten(refused.kind));
     EXPECT_THAT(refused.words, HasSubstr("NoSuchTag"));
     EXPECT_EQ(support::readBytes(file), before);
     context.settings.exifTool.correctedCommands = false;
-    EXPECT_EQ(WriteOneTag(context, runner, file, property).kind, Done);
+    EXPECT_EQ(WriteOneTag(context, form(), runner, file, property).kind, Done);
     EXPECT_NE(support::readBytes(file), before) << "the designed form takes the number for the property's";
 }
 
@@ -318,7 +318,7 @@ TEST_F(WriteTag, AStoreThatRefusesIsTold) {
     app::CurrentEdit property = edited("Photo", "DateTaken", "");
     property.groupIndex = 335;
     property.id = 250;
-    EXPECT_EQ(WriteOneTag(context, runner, text, property),
+    EXPECT_EQ(WriteOneTag(context, form(), runner, text, property),
               (Outcome{text, Failed, "This property is not supported by this codec!"}));
     EXPECT_EQ(support::readBytes(text), "no picture");
 }
@@ -358,11 +358,11 @@ TEST_F(WriteTag, TheWholeValueIsReadWhereTheRowCouldHideSome) {
     };
     for (const auto& row : cases) {
         const tags::TagRecord tag = record(u"XMP-dc", row.name);
-        EXPECT_EQ(editableValue(parts, file, tag, row.shown).toStdString(), row.whole);
+        EXPECT_EQ(editableValue(parts, form(), file, tag, row.shown).toStdString(), row.whole);
     }
-    EXPECT_EQ(editableValue(parts, folder / "gone.jpg", record(u"XMP-dc", u"Title"), "a.b"),
+    EXPECT_EQ(editableValue(parts, form(), folder / "gone.jpg", record(u"XMP-dc", u"Title"), "a.b"),
               QStringLiteral("a.b"));
     context.settings.exifTool.correctedCommands = false;
-    EXPECT_EQ(editableValue(parts, file, record(u"XMP-dc", u"Title"), "two.lines"),
+    EXPECT_EQ(editableValue(parts, form(), file, record(u"XMP-dc", u"Title"), "two.lines"),
               QStringLiteral("two.lines"));
 }

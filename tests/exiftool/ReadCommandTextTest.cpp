@@ -7,17 +7,17 @@
 #include <string>
 
 using app::AppContext;
+using app::CommandForm;
 using platform::CommandText;
 using namespace exiftool;
 using namespace std::string_literals;
 
 namespace {
 
-AppContext contextFor(bool corrected) {
+AppContext makeContext() {
     AppContext context;
     context.exifToolPath = "/opt/my tools/exiftool";
     context.tempPath = "/install/Temp";
-    context.settings.exifTool.correctedCommands = corrected;
     return context;
 }
 
@@ -32,11 +32,12 @@ std::string joined(std::initializer_list<std::string_view> parts) {
     return all;
 }
 
-class BothForms : public testing::TestWithParam<bool> {
+class BothForms : public testing::TestWithParam<CommandForm> {
  protected:
-    AppContext context_ = contextFor(GetParam());
+    AppContext context_ = makeContext();
 };
-INSTANTIATE_TEST_SUITE_P(DesignedAndCorrected, BothForms, testing::Bool());
+INSTANTIATE_TEST_SUITE_P(DesignedAndCorrected, BothForms,
+                         testing::Values(CommandForm::Designed, CommandForm::Corrected));
 
 }  // namespace
 
@@ -60,15 +61,15 @@ TEST_P(BothForms, PanelRead) {
         context_.settings.exifTool.ignoreFile = row.file;
         context_.settings.exifTool.displayUnknownTags = row.xml;  // looked at by no command
         EXPECT_EQ(
-            panelReadCommand(context_, kFile, kOutput).text(),
+            panelReadCommand(context_, GetParam(), kFile, kOutput).text(),
             joined({kTool, "-lang en -a -u", row.exclusions,
                     " -sort -S -G1 -H --ExifToolVersion -x System:all -charset filename=UTF8 ", kTail}));
     }
 }
 
 TEST_P(BothForms, GroupAll) {
-    EXPECT_EQ(groupAllCommand(context_, kFile, kOutput, "XMP-dc").text(),
-              kTool + (GetParam() ? "-lang en -a" : "-lang en") +
+    EXPECT_EQ(groupAllCommand(context_, GetParam(), kFile, kOutput, "XMP-dc").text(),
+              kTool + (GetParam() == CommandForm::Corrected ? "-lang en -a" : "-lang en") +
                   " -sort -S -G1 --ExifToolVersion -XMP-dc:All -charset filename=UTF8 " + kTail);
 }
 
@@ -89,24 +90,24 @@ TEST_P(BothForms, Dumps) {
 
 TEST_P(BothForms, LanguageStandsInTheRightCommands) {
     context_.settings.exifTool.dataLanguage = 14;
-    const CommandText panel = panelReadCommand(context_, kFile, kOutput);
+    const CommandText panel = panelReadCommand(context_, GetParam(), kFile, kOutput);
     EXPECT_EQ(panel.text().rfind(kTool + "-lang zh-cn -a -u ", 0), 0U);
     context_.settings.exifTool.dataLanguage = 0;
-    EXPECT_EQ(groupAllCommand(context_, kFile, kOutput, "GPS").text(),
-              kTool + (GetParam() ? "-lang cs -a" : "-lang ce") +
+    EXPECT_EQ(groupAllCommand(context_, GetParam(), kFile, kOutput, "GPS").text(),
+              kTool + (GetParam() == CommandForm::Corrected ? "-lang cs -a" : "-lang ce") +
                   " -sort -S -G1 --ExifToolVersion -GPS:All -charset filename=UTF8 " + kTail);
     EXPECT_EQ(gpsPositionCommand(context_, kFile, kOutput).text().find("-lang"), std::string::npos);
 }
 
 TEST_P(BothForms, ARelativeFileIsNamedFromTheRoot) {
-    const std::string text = panelReadCommand(context_, "-if.jpg", kOutput).text();
+    const std::string text = panelReadCommand(context_, GetParam(), "-if.jpg", kOutput).text();
     EXPECT_NE(text.find(" \"" + (std::filesystem::current_path() / "-if.jpg").string() + "\" >"),
               std::string::npos);
 }
 
 TEST_P(BothForms, PathsArePiecesFromOutside) {
     std::vector<std::string> outside;
-    const CommandText command = panelReadCommand(context_, kFile, kOutput);
+    const CommandText command = panelReadCommand(context_, GetParam(), kFile, kOutput);
     for (const CommandText::Piece& piece : command.pieces()) {
         if (piece.origin == CommandText::Origin::Outside)
             outside.push_back(command.text().substr(piece.begin, piece.end - piece.begin));
@@ -116,12 +117,12 @@ TEST_P(BothForms, PathsArePiecesFromOutside) {
 }
 
 TEST(ReadCommandText, OneValue) {
-    const AppContext designed = contextFor(false);
-    EXPECT_EQ(oneValueCommand(designed, kFile, kOutput, "GPSLatitude", true).text(),
+    const AppContext context = makeContext();
+    EXPECT_EQ(oneValueCommand(context, CommandForm::Designed, kFile, kOutput, "GPSLatitude", true).text(),
               kTool + "-lang en -q -e -fast2 -q -echo4 -S -n -GPSLatitude -charset filename=UTF8 " + kTail);
-    EXPECT_EQ(oneValueCommand(designed, kFile, kOutput, "GPSLatitudeRef", false).text(),
+    EXPECT_EQ(oneValueCommand(context, CommandForm::Designed, kFile, kOutput, "GPSLatitudeRef", false).text(),
               kTool + "-lang en -q -e -fast2 -q -echo4 -S -GPSLatitudeRef -charset filename=UTF8 " + kTail);
-    EXPECT_EQ(oneValueCommand(contextFor(true), kFile, kOutput, "GPSLatitude", true).text(),
+    EXPECT_EQ(oneValueCommand(context, CommandForm::Corrected, kFile, kOutput, "GPSLatitude", true).text(),
               kTool + "-lang en -q -e -fast2 -q -S -n -GPSLatitude -charset filename=UTF8 " + kTail);
 }
 
@@ -129,20 +130,23 @@ TEST(ReadCommandText, ExportValues) {
     CommandText file("\"/a b.jpg\"");
     CommandText output("\"/a b.txt\"");
     const CommandText extra("-csv ");
-    for (const bool corrected : {false, true}) {
-        AppContext context = contextFor(corrected);
-        EXPECT_EQ(exportValuesCommand(context, file, output, extra).text(),
-                  kTool + "-lang en -sort --ExifToolVersion -x System:all " + (corrected ? "-x" : "-f") +
+    for (const CommandForm form : {CommandForm::Designed, CommandForm::Corrected}) {
+        AppContext context = makeContext();
+        EXPECT_EQ(exportValuesCommand(context, form, file, output, extra).text(),
+                  kTool + "-lang en -sort --ExifToolVersion -x System:all " +
+                      (form == CommandForm::Corrected ? "-x" : "-f") +
                       " File:All -csv \"/a b.jpg\" >\"/a b.txt\"");
         context.settings.exifTool.ignoreFile = false;
-        EXPECT_EQ(exportValuesCommand(context, file, output, extra).text(),
+        EXPECT_EQ(exportValuesCommand(context, form, file, output, extra).text(),
                   kTool + "-lang en -sort --ExifToolVersion -x System:all -csv \"/a b.jpg\" >\"/a b.txt\"");
     }
 }
 
 TEST(ReadCommandText, CategoryWithAllSettings) {
-    AppContext context = contextFor(false);
-    const auto text = [&](int category) { return categoryCommand(context, kFile, kOutput, category).text(); };
+    AppContext context = makeContext();
+    const auto text = [&](int category) {
+        return categoryCommand(context, CommandForm::Designed, kFile, kOutput, category).text();
+    };
     EXPECT_EQ(text(1436),
               kTool + "-lang en -x XML:All -x File:All -e -sort -S -G1 --ExifToolVersion -XMP-dc" + kTail);
     context.settings.exifTool.ignoreXml = false;
@@ -181,9 +185,9 @@ TEST(ReadCommandText, CategorySelectors) {
     };
     const std::string rest = " -x XML:All -x File:All -e -sort -S -G1 --ExifToolVersion ";
     for (const SelectorCase& row : cases) {
-        EXPECT_EQ(categoryCommand(contextFor(false), kFile, kOutput, row.category).text(),
+        EXPECT_EQ(categoryCommand(makeContext(), CommandForm::Designed, kFile, kOutput, row.category).text(),
                   joined({kTool, "-lang en", rest, row.designed, kTail}));
-        EXPECT_EQ(categoryCommand(contextFor(true), kFile, kOutput, row.category).text(),
+        EXPECT_EQ(categoryCommand(makeContext(), CommandForm::Corrected, kFile, kOutput, row.category).text(),
                   joined({kTool, "-lang en -a", rest, row.corrected, "-charset filename=UTF8 ", kTail}));
     }
 }

@@ -13,18 +13,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
-app::AppContext contextFor(bool corrected) {
+app::AppContext makeContext() {
     app::AppContext context;
     context.exifToolPath = "/opt/exiftool";
     context.reportFile = "/install/cache/reports/report.txt";
-    context.settings.exifTool.correctedCommands = corrected;
     return context;
 }
 
-std::string lineOf(const app::AppContext& context, app::CommandId command) {
+std::string lineOf(app::CommandForm form, app::CommandId command) {
+    const app::AppContext context = makeContext();
     const ValuesExport* format = findValuesExport(command);
-    return exportValuesCommand(context, exportFileWord("/photos/a \"b\".jpg"),
-                               exportOutputWord(context, "/photos/a \"b\".x"),
+    return exportValuesCommand(context, form, exportFileWord("/photos/a \"b\".jpg"),
+                               exportOutputWord(context, form, "/photos/a \"b\".x"),
                                platform::CommandText(format->arguments))
         .text();
 }
@@ -45,11 +45,11 @@ TEST(ValuesExport, EveryCommandHasItsExtensionAndItsArguments) {
         ASSERT_NE(format, nullptr) << command;
         EXPECT_EQ(format->extension, extension);
         EXPECT_EQ(
-            lineOf(contextFor(false), command),
+            lineOf(app::CommandForm::Designed, command),
             std::string("\"/opt/exiftool\" -lang en -sort --ExifToolVersion -x System:all -f File:All ") +
                 arguments + "\"/photos/a \"b\".jpg\" >\"/photos/a \"b\".x\"");
         EXPECT_EQ(
-            lineOf(contextFor(true), command),
+            lineOf(app::CommandForm::Corrected, command),
             std::string("\"/opt/exiftool\" -lang en -sort --ExifToolVersion -x System:all -x File:All ") +
                 arguments +
                 "\"/photos/a \"b\".jpg\" >\"/photos/a \"b\".x\" "

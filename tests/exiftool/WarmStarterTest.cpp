@@ -167,8 +167,8 @@ class WarmStarterTest : public testing::Test {
         const fs::path output = folder_ / "unused";
         platform::CommandText unsorted("\"");
         unsorted.outside(kExifTool.native()).literal("\" -a -G1 \"").outside(file.native()).literal("\"");
-        return {panelReadCommand(context, file, output), dumpHtmlCommand(context, file, output),
-                dumpVerboseCommand(context, file, output), unsorted};
+        return {panelReadCommand(context, app::commandFormOf(context), file, output),
+                dumpHtmlCommand(context, file, output), dumpVerboseCommand(context, file, output), unsorted};
     }
 
     std::vector<platform::CommandText> otherCommands(const fs::path& file) const {
@@ -178,18 +178,20 @@ class WarmStarterTest : public testing::Test {
         std::vector<platform::CommandText> commands;
         for (const bool corrected : {false, true}) {
             context.settings.exifTool.correctedCommands = corrected;
-            commands.push_back(oneValueCommand(context, file, output, "GPSLatitude", true));
-            commands.push_back(categoryCommand(context, file, output, 1436));
+            commands.push_back(
+                oneValueCommand(context, app::commandFormOf(context), file, output, "GPSLatitude", true));
+            commands.push_back(categoryCommand(context, app::commandFormOf(context), file, output, 1436));
         }
-        commands.push_back(groupAllCommand(context, file, output, "XMP"));
-        commands.push_back(categoryCommand(context, file, output, 7));
+        commands.push_back(groupAllCommand(context, app::commandFormOf(context), file, output, "XMP"));
+        commands.push_back(categoryCommand(context, app::commandFormOf(context), file, output, 7));
         commands.push_back(gpsPositionCommand(context, file, output));
         platform::CommandText word("\"");
         word.outside(file.native()).literal("\"");
-        commands.push_back(exportValuesCommand(context, word, platform::CommandText("x"),
+        commands.push_back(exportValuesCommand(context, app::commandFormOf(context), word,
+                                               platform::CommandText("x"),
                                                platform::CommandText("-G1 -s -a -u ")));
         context.settings.exifTool.dataLanguage = 1;
-        commands.push_back(panelReadCommand(context, file, output));
+        commands.push_back(panelReadCommand(context, app::commandFormOf(context), file, output));
         return commands;
     }
 
@@ -589,7 +591,8 @@ TEST_F(WarmStarterTest, KillingTheStarterAtAnyMomentLosesNothing) {
             EXPECT_EQ(runner.RunOnFile(file, arguments.outside(title).literal("\"")).kind,
                       exiftool::OutcomeKind::Done);
             const fs::path output = folder_ / "read";
-            EXPECT_EQ(runner.RunToolLine(panelReadCommand(context, file, output)), 1);
+            EXPECT_EQ(
+                runner.RunToolLine(panelReadCommand(context, app::commandFormOf(context), file, output)), 1);
             EXPECT_THAT(readBytes(output), HasSubstr(" Title: " + title + "\n"));
         }
         isOver = true;

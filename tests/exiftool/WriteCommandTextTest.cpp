@@ -5,16 +5,16 @@
 #include <QLocale>
 
 using app::AppContext;
+using app::CommandForm;
 using platform::CommandText;
 using namespace exiftool;
 
 namespace {
 
-AppContext contextFor(bool corrected) {
+AppContext makeContext() {
     AppContext context;
     context.exifToolPath = "/opt/my tools/exiftool";
     context.reportFile = "/install/cache/reports/day.txt";
-    context.settings.exifTool.correctedCommands = corrected;
     return context;
 }
 
@@ -47,13 +47,12 @@ TEST(WriteCommandText, FamilyRemovalByCommand) {
         {0, "-m -P -x XML:All -x FILE:All "},
     };
     for (const auto& row : cases) {
-        for (const bool corrected : {false, true})
-            EXPECT_EQ(removeFamilyArguments(contextFor(corrected), row.commandId).text(), row.arguments);
+        EXPECT_EQ(removeFamilyArguments(makeContext(), row.commandId).text(), row.arguments);
     }
 }
 
 TEST(WriteCommandText, FamilyRemovalFollowsTheSettings) {
-    AppContext context = contextFor(true);
+    AppContext context = makeContext();
     context.settings.exifTool.ignoreMinorErrors = false;  // does not decide it
     context.settings.exifTool.preserveDateTime = false;
     EXPECT_EQ(removeFamilyArguments(context, 10067).text(), "-m -iptc= -x XML:All -x FILE:All ");
@@ -75,13 +74,15 @@ TEST(WriteCommandText, CopyingTags) {
         {{false, false, true}, "-XMP ", "-XMP:All "},
     };
     for (const auto& row : cases) {
-        EXPECT_EQ(copyTagsCommand(contextFor(false), row.families, "/a b.jpg", kFile).text(),
-                  std::string("\"/opt/my tools/exiftool\" ") + row.designed +
-                      "-tagsfromfile \"/a b.jpg\" \"/photos/\"best\" 100%.jpg\"");
-        EXPECT_EQ(copyTagsCommand(contextFor(true), row.families, "/a b.jpg", kFile).text(),
-                  std::string("\"/opt/my tools/exiftool\" -tagsfromfile \"/a b.jpg\" ") + row.corrected +
-                      "-charset filename=UTF8 \"/photos/\"best\" 100%.jpg\" "
-                      "2>>\"/install/cache/reports/day.txt\"");
+        EXPECT_EQ(
+            copyTagsCommand(makeContext(), CommandForm::Designed, row.families, "/a b.jpg", kFile).text(),
+            std::string("\"/opt/my tools/exiftool\" ") + row.designed +
+                "-tagsfromfile \"/a b.jpg\" \"/photos/\"best\" 100%.jpg\"");
+        EXPECT_EQ(
+            copyTagsCommand(makeContext(), CommandForm::Corrected, row.families, "/a b.jpg", kFile).text(),
+            std::string("\"/opt/my tools/exiftool\" -tagsfromfile \"/a b.jpg\" ") + row.corrected +
+                "-charset filename=UTF8 \"/photos/\"best\" 100%.jpg\" "
+                "2>>\"/install/cache/reports/day.txt\"");
     }
 }
 
@@ -99,13 +100,10 @@ TEST(WriteCommandText, SingleValue) {
         {854, "Other", "% G", "-Other=\"% G\""},
     };
     for (const auto& row : cases) {
-        for (const bool corrected : {false, true}) {
-            EXPECT_EQ(singleValueCommand(contextFor(corrected), kFile, row.tagId, row.tag,
-                                         CommandText().typed(row.value))
-                          .text(),
-                      std::string("\"/opt/my tools/exiftool\" ") + row.written +
-                          " -overwrite_original -charset filename=UTF8 \"/photos/\"best\" 100%.jpg\"");
-        }
+        EXPECT_EQ(singleValueCommand(makeContext(), kFile, row.tagId, row.tag, CommandText().typed(row.value))
+                      .text(),
+                  std::string("\"/opt/my tools/exiftool\" ") + row.written +
+                      " -overwrite_original -charset filename=UTF8 \"/photos/\"best\" 100%.jpg\"");
     }
 }
 

@@ -280,7 +280,7 @@ TEST_F(WriteCommandsTest, OnlyTheChosenFamiliesAreCopied) {
     const fs::path target = folder_ / "photos/target.jpg";
     support::writeJpeg(target);
     ExifTool({"-q", "-overwrite_original", "-XMP-dc:Creator=kept", "-IPTC:City=kept", target.string()});
-    EXPECT_THAT(writes_.CopyTagsFromFile({true, false, true}, source, {target}),
+    EXPECT_THAT(writes_.CopyTagsFromFile(app::CommandForm::Corrected, {true, false, true}, source, {target}),
                 ElementsAre(Outcome{target, Done, {}}));
     EXPECT_EQ(valueOf(target, "-EXIF:Artist"), "Somebody");
     EXPECT_EQ(valueOf(target, "-XMP-dc:Title"), "A title");
@@ -288,9 +288,11 @@ TEST_F(WriteCommandsTest, OnlyTheChosenFamiliesAreCopied) {
     EXPECT_EQ(valueOf(target, "-IPTC:City"), "kept");
     EXPECT_EQ(valueOf(target, "-IPTC:Keywords"), "") << "was not chosen";
     EXPECT_FALSE(fs::exists(context_.cachePath / "sav"));
-    EXPECT_THAT(writes_.CopyTagsFromFile({}, source, {target}), IsEmpty());
-    EXPECT_THAT(writes_.CopyTagsFromFile({true, true, true}, source, {}), IsEmpty());
-    EXPECT_THAT(kindsOf(writes_.CopyTagsFromFile({true, true, true}, source, {folder_ / "photos/gone.jpg"})),
+    EXPECT_THAT(writes_.CopyTagsFromFile(app::CommandForm::Corrected, {}, source, {target}), IsEmpty());
+    EXPECT_THAT(writes_.CopyTagsFromFile(app::CommandForm::Corrected, {true, true, true}, source, {}),
+                IsEmpty());
+    EXPECT_THAT(kindsOf(writes_.CopyTagsFromFile(app::CommandForm::Corrected, {true, true, true}, source,
+                                                 {folder_ / "photos/gone.jpg"})),
                 ElementsAre(Failed));
     EXPECT_THAT(report(), HasSubstr("gone.jpg"));
 }

@@ -270,6 +270,7 @@ TEST_F(JobRunnerTest, WhatTheUserSetsMeanwhileDoesNotReachTheJob) {
         ++begun_;
         const bool isOpen = gate_.try_acquire_for(kLimit);
         seen.push_back(work.context);
+        EXPECT_EQ(work.form, app::CommandForm::Corrected);
         copies.push_back(work.runner.safetyCopies().SafetyCopyEnabled);
         return Outcome{file, isOpen ? Done : Failed, {}};
     };
@@ -389,8 +390,9 @@ TEST_F(JobRunnerTest, WhatIsTheSameForAllFilesStartsTheToolOnceAProcessorInTheCo
         job.workOnFile = [arguments](JobWork& work, const fs::path& file) {
             return work.runner.RunOnFile(file, arguments);
         };
-        job.sameForAll = [arguments](const app::AppContext& context, const fs::path& file) {
-            return exiftool::lineOnFile(context, arguments, file);
+        job.sameForAll = [arguments](const app::AppContext& context, app::CommandForm form,
+                                     const fs::path& file) {
+            return exiftool::lineOnFile(context, form, arguments, file);
         };
         EXPECT_TRUE(exiftool::isEveryFileDone(carryOut(std::move(job)).outcomes));
         for (const fs::path& file : files)

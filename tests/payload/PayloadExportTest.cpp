@@ -37,7 +37,7 @@ class PayloadExportTest : public PayloadFile {
         return PayloadExporter(target, std::move(files));
     }
     Outcome exportBy(PayloadExporter& run, const PayloadExport& payload, const fs::path& file) {
-        jobs::JobWork work{context, runner, {}, {}, {}};
+        jobs::JobWork work{context, app::commandFormOf(context), runner, {}, {}, {}};
         return run.Export(work, payload, file);
     }
     Outcome exportOne(const PayloadExport& payload, const fs::path& file) {
@@ -242,10 +242,11 @@ TEST_F(PayloadExportTest, TheLineForAllFilesEmbedsThePictureUnderANameThatIsNoPa
     const fs::path file = photoWithThumbnail("a.jpg");
     const fs::path picture = smallJpeg("new 100%f.jpg", Qt::green);
     const jobs::Job job = embedThumbnailJob({}, picture, {file});
-    EXPECT_EQ(runner.runWriteLine(file, job.sameForAll(context, file)), (Outcome{file, Done, {}}));
+    EXPECT_EQ(runner.runWriteLine(file, job.sameForAll(context, app::commandFormOf(context), file)),
+              (Outcome{file, Done, {}}));
     EXPECT_EQ(thumbnailOf(file), readBytes(picture));
     fs::remove(picture);
-    EXPECT_TRUE(job.sameForAll(context, file).empty());
+    EXPECT_TRUE(job.sameForAll(context, app::commandFormOf(context), file).empty());
 }
 
 TEST_F(PayloadExportTest, APictureThatIsGoneMeanwhileIsToldForEachFile) {

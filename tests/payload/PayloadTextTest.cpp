@@ -11,16 +11,16 @@
 #include <algorithm>
 
 using namespace payload;
+using app::CommandForm;
 
 namespace {
 
 namespace fs = std::filesystem;
 
-app::AppContext contextFor(bool corrected) {
+app::AppContext makeContext() {
     app::AppContext context;
     context.exifToolPath = "/opt/my tools/exiftool";
     context.reportFile = "/install/cache/reports/day.txt";
-    context.settings.exifTool.correctedCommands = corrected;
     return context;
 }
 
@@ -56,31 +56,30 @@ TEST(PayloadCommandText, FetchingAValue) {
         {"IFD0", "gr\u00FCn", ""},
         {"IFD0", "", ""},
     };
-    for (const bool corrected : {false, true}) {
-        for (const auto& row : cases) {
-            const std::string line =
-                fetchPayloadCommand(contextFor(corrected), row.group, row.tag, kFile, "/t/out.bin").text();
-            const std::string expected =
-                row.words.empty() ? "" : kTool + row.words + " -u -b " + kFileWord + " >\"/t/out.bin\"";
-            EXPECT_EQ(line, expected);
-        }
+    for (const auto& row : cases) {
+        const std::string line =
+            fetchPayloadCommand(makeContext(), row.group, row.tag, kFile, "/t/out.bin").text();
+        const std::string expected =
+            row.words.empty() ? "" : kTool + row.words + " -u -b " + kFileWord + " >\"/t/out.bin\"";
+        EXPECT_EQ(line, expected);
     }
 }
 
 TEST(PayloadCommandText, Thumbnails) {
-    const app::AppContext designed = contextFor(false);
-    const app::AppContext corrected = contextFor(true);
+    const app::AppContext context = makeContext();
     const fs::path picture = "/new pictures/small \"1\".jpg";
     const std::string replaced =
         kTool + "\"-ThumbnailImage<=/new pictures/small \"1\".jpg\" -overwrite_original " + kFileWord;
-    EXPECT_EQ(replaceThumbnailCommand(designed, picture, kFile).text(), replaced);
-    EXPECT_EQ(replaceThumbnailCommand(corrected, picture, kFile).text(), replaced + kReport);
-    EXPECT_EQ(addThumbnailCommand(designed, picture, kFile).text(),
+    EXPECT_EQ(replaceThumbnailCommand(context, CommandForm::Designed, picture, kFile).text(), replaced);
+    EXPECT_EQ(replaceThumbnailCommand(context, CommandForm::Corrected, picture, kFile).text(),
+              replaced + kReport);
+    EXPECT_EQ(addThumbnailCommand(context, CommandForm::Designed, picture, kFile).text(),
               replaced + " 2>\"/install/cache/reports/day.txt\"");
-    EXPECT_EQ(addThumbnailCommand(corrected, picture, kFile).text(), replaced + kReport);
+    EXPECT_EQ(addThumbnailCommand(context, CommandForm::Corrected, picture, kFile).text(),
+              replaced + kReport);
     const std::string deleted = kTool + "-ThumbnailImage= -overwrite_original " + kFileWord;
-    EXPECT_EQ(deleteThumbnailCommand(designed, kFile).text(), deleted);
-    EXPECT_EQ(deleteThumbnailCommand(corrected, kFile).text(), deleted + kReport);
+    EXPECT_EQ(deleteThumbnailCommand(context, CommandForm::Designed, kFile).text(), deleted);
+    EXPECT_EQ(deleteThumbnailCommand(context, CommandForm::Corrected, kFile).text(), deleted + kReport);
 }
 
 TEST(PayloadCommandText, Exports) {
@@ -104,19 +103,22 @@ TEST(PayloadCommandText, Exports) {
         EXPECT_EQ(payload.box, cases[at].box);
         EXPECT_EQ(payload.suffix, cases[at].suffix);
         const std::string line = kTool + cases[at].argument + kFileWord + " >\"/to/x\"";
-        EXPECT_EQ(exportPayloadCommand(contextFor(false), payload, kFile, "/to/x").text(), line);
-        EXPECT_EQ(exportPayloadCommand(contextFor(true), payload, kFile, "/to/x").text(), line + kReport);
+        EXPECT_EQ(exportPayloadCommand(makeContext(), CommandForm::Designed, payload, kFile, "/to/x").text(),
+                  line);
+        EXPECT_EQ(exportPayloadCommand(makeContext(), CommandForm::Corrected, payload, kFile, "/to/x").text(),
+                  line + kReport);
     }
     EXPECT_EQ(iccExport().suffix, ".icc");
-    EXPECT_EQ(exportPayloadCommand(contextFor(false), iccExport(), kFile, "/to/a.icc").text(),
-              kTool + "-icc_profile -b " + kFileWord + " >\"/to/a.icc\"");
+    EXPECT_EQ(
+        exportPayloadCommand(makeContext(), CommandForm::Designed, iccExport(), kFile, "/to/a.icc").text(),
+        kTool + "-icc_profile -b " + kFileWord + " >\"/to/a.icc\"");
 }
 
 TEST(PayloadCommandText, NamesFromOutsideStayInTheirArgument) {
     const platform::CommandText lines[] = {
-        fetchPayloadCommand(contextFor(true), u"IFD1", u"ThumbnailImage", kFile, "/t/\"o\" >x"),
-        addThumbnailCommand(contextFor(false), "/p\" -if \"1\" >owned", kFile),
-        exportPayloadCommand(contextFor(true), iccExport(), kFile, "/t/\" >owned"),
+        fetchPayloadCommand(makeContext(), u"IFD1", u"ThumbnailImage", kFile, "/t/\"o\" >x"),
+        addThumbnailCommand(makeContext(), CommandForm::Designed, "/p\" -if \"1\" >owned", kFile),
+        exportPayloadCommand(makeContext(), CommandForm::Corrected, iccExport(), kFile, "/t/\" >owned"),
     };
     for (const platform::CommandText& line : lines) {
         for (const platform::CommandText::Piece& piece : line.pieces()) {
@@ -209,26 +211,26 @@ TEST(Payload, TypesToSave) {
     struct {
         const char* bytes;
         bool pictureShown;
-        bool corrected;
+        CommandForm form;
         QStringList types;
         const char* extension;
     } const cases[] = {
-        {"\xFF\xD8\xFF", true, false, {jpeg, all}, "jpg"},
-        {"\xFF\xD8\xFF", false, true, {jpeg, all}, "jpg"},
-        {"<x>", false, false, {"XML text (*.xml *.jpeg)", all}, "xml"},
-        {"II*", true, true, {tiff, all}, "tif"},
-        {"II*", false, true, {all}, ""},
-        {"\x89PNG", true, false, {tiff, all}, "tif"},
-        {"\x89PNG", true, true, {"PNG image (*.png)", all}, "png"},
-        {"\x31\x02", true, false, {tiff, all}, "tif"},
-        {"\x31\x02", true, true, {jpeg, all}, "jpg"},
-        {"text", false, false, {all}, ""},
-        {"", false, true, {all}, ""},
+        {"\xFF\xD8\xFF", true, CommandForm::Designed, {jpeg, all}, "jpg"},
+        {"\xFF\xD8\xFF", false, CommandForm::Corrected, {jpeg, all}, "jpg"},
+        {"<x>", false, CommandForm::Designed, {"XML text (*.xml *.jpeg)", all}, "xml"},
+        {"II*", true, CommandForm::Corrected, {tiff, all}, "tif"},
+        {"II*", false, CommandForm::Corrected, {all}, ""},
+        {"\x89PNG", true, CommandForm::Designed, {tiff, all}, "tif"},
+        {"\x89PNG", true, CommandForm::Corrected, {"PNG image (*.png)", all}, "png"},
+        {"\x31\x02", true, CommandForm::Designed, {tiff, all}, "tif"},
+        {"\x31\x02", true, CommandForm::Corrected, {jpeg, all}, "jpg"},
+        {"text", false, CommandForm::Designed, {all}, ""},
+        {"", false, CommandForm::Corrected, {all}, ""},
     };
     for (const auto& row : cases) {
         const std::string bytes = row.bytes;
         const SaveTypes types =
-            typesToSave(bytesOf(bytes), kindOfPayload(bytesOf(bytes)), row.pictureShown, row.corrected);
+            typesToSave(bytesOf(bytes), kindOfPayload(bytesOf(bytes)), row.pictureShown, row.form);
         EXPECT_EQ(types.types, row.types) << bytes;
         EXPECT_EQ(types.extension, QString(row.extension)) << bytes;
     }

@@ -195,6 +195,33 @@ TEST(Layers, OnlyThePlatformsSystemFilesSpeakWithTheSystem) {
     EXPECT_GT(systemHeaders, 20U);
 }
 
+TEST(Layers, TheFormOfCommandsIsAskedForWhereAnOperationBegins) {
+    static const QRegularExpression setting(R"(\b(correctedCommands)\b)");
+    static const QRegularExpression question(R"(\b(commandFormOf)\()");
+    static const std::set<std::string> beginnings = {"src/edit/ValueDialog.cpp",
+                                                     "src/exiftool/ReadCommands.h",
+                                                     "src/exiftool/ToolRunner.h",
+                                                     "src/jobs/JobRunner.cpp",
+                                                     "src/jobs/JobSource.cpp",
+                                                     "src/payload/DisplayHexaDialog.cpp",
+                                                     "src/payload/ExportDialogPayload.cpp",
+                                                     "src/taglists/DeleteAll.cpp",
+                                                     "src/taglists/TagValuesDialog.cpp",
+                                                     "src/taglists/TickedTagsDialog.h",
+                                                     "src/window/EditingCommands.h",
+                                                     "src/window/ExportCommands.cpp",
+                                                     "src/window/RemovalCommands.cpp"};
+    std::size_t asked = 0;
+    for (const auto& [file, text] : programText()) {
+        if (!file.starts_with("src/") || file.starts_with("src/app/")) continue;
+        EXPECT_THAT(matchesIn(text, setting), testing::IsEmpty()) << file << " asks the setting itself";
+        const std::size_t questions = matchesIn(text, question).size();
+        EXPECT_LE(questions, beginnings.contains(file) ? 1U : 0U) << file;
+        asked += questions;
+    }
+    EXPECT_GT(asked, 5U);
+}
+
 TEST(Layers, NoTestWaitsForABareTime) {
     static const QRegularExpression sleep(
         R"(\b(sleep_for|sleep_until|usleep|nanosleep|QTest::qWait|QThread::m?sleep)\s*\()");

@@ -52,6 +52,8 @@ class EditedFile : public testing::Test {
         return std::filesystem::exists(context.reportFile) ? support::readBytes(context.reportFile) : "";
     }
 
+    app::CommandForm form() const { return app::commandFormOf(context); }
+
     support::TemporaryFolder folder;
     app::AppContext context;
     app::LanguageFile language{TAGWRIGHT_BIN_DIR, 9};

@@ -9,18 +9,18 @@
 #include <set>
 
 using app::AppContext;
+using app::CommandForm;
 using platform::CommandText;
 using testing::ElementsAre;
 using namespace taglists;
 
 namespace {
 
-AppContext contextFor(bool corrected) {
+AppContext makeContext() {
     AppContext context;
     context.exifToolPath = "/opt/my tools/exiftool";
     context.reportFile = "/install/cache/reports/day.txt";
     context.tempPath = "/install/Temp";
-    context.settings.exifTool.correctedCommands = corrected;
     return context;
 }
 
@@ -56,8 +56,9 @@ TEST(RemovalLines, TagsOfOneFile) {
          "\"/photos/\"best\" 100%.jpg\""},
     };
     for (const auto& row : cases) {
-        EXPECT_EQ(removeTagsOfFileCommand(contextFor(false), row.tags, kFile).text(), row.designed);
-        EXPECT_EQ(removeTagsOfFileCommand(contextFor(true), row.tags, kFile).text(),
+        EXPECT_EQ(removeTagsOfFileCommand(makeContext(), CommandForm::Designed, row.tags, kFile).text(),
+                  row.designed);
+        EXPECT_EQ(removeTagsOfFileCommand(makeContext(), CommandForm::Corrected, row.tags, kFile).text(),
                   std::string(row.designed) + " 2>>\"/install/cache/reports/day.txt\"");
     }
 }
@@ -75,20 +76,21 @@ TEST(RemovalLines, TagsOfASelection) {
          "filename=UTF8 \"/photos/\"best\" 100%.jpg\""},
     };
     for (const auto& row : cases) {
-        EXPECT_EQ(removeTagsOfSelectionCommand(contextFor(false), row.tags, kFile).text(), row.designed);
-        EXPECT_EQ(removeTagsOfSelectionCommand(contextFor(true), row.tags, kFile).text(),
+        EXPECT_EQ(removeTagsOfSelectionCommand(makeContext(), CommandForm::Designed, row.tags, kFile).text(),
+                  row.designed);
+        EXPECT_EQ(removeTagsOfSelectionCommand(makeContext(), CommandForm::Corrected, row.tags, kFile).text(),
                   std::string(row.designed) + " 2>>\"/install/cache/reports/day.txt\"");
     }
 }
 
 TEST(RemovalLines, GroupsOfAListOfFiles) {
     const std::filesystem::path list = "/install/Temp/files.tmp";
-    EXPECT_EQ(removeTypesCommand(contextFor(false), {"EXIF"}, list).text(),
+    EXPECT_EQ(removeTypesCommand(makeContext(), CommandForm::Designed, {"EXIF"}, list).text(),
               "\"/opt/my tools/exiftool\" -@ \"/install/Temp/files.tmp\" -overwrite_original \"EXIF= \"");
     EXPECT_EQ(
-        removeTypesCommand(contextFor(false), {"EXIF", "XMP-dc"}, list).text(),
+        removeTypesCommand(makeContext(), CommandForm::Designed, {"EXIF", "XMP-dc"}, list).text(),
         "\"/opt/my tools/exiftool\" -@ \"/install/Temp/files.tmp\" -overwrite_original \"EXIF= XMP-dc= \"");
-    EXPECT_EQ(removeTypesCommand(contextFor(true), {"EXIF", "XMP-dc"}, list).text(),
+    EXPECT_EQ(removeTypesCommand(makeContext(), CommandForm::Corrected, {"EXIF", "XMP-dc"}, list).text(),
               "\"/opt/my tools/exiftool\" -@ \"/install/Temp/files.tmp\" -overwrite_original -charset "
               "filename=UTF8 -EXIF:All= -XMP-dc:All= 2>>\"/install/cache/reports/day.txt\"");
 }
@@ -109,8 +111,8 @@ TEST(RemovalLines, EverythingOrFamilies) {
     };
     for (const auto& row : cases) {
         EXPECT_FALSE(row.choice.choosesNothing());
-        EXPECT_EQ(deleteAllArguments(contextFor(false), row.choice).text(), row.designed);
-        EXPECT_EQ(deleteAllArguments(contextFor(true), row.choice).text(), row.corrected);
+        EXPECT_EQ(deleteAllArguments(CommandForm::Designed, row.choice).text(), row.designed);
+        EXPECT_EQ(deleteAllArguments(CommandForm::Corrected, row.choice).text(), row.corrected);
     }
     EXPECT_TRUE(DeleteAllChoice{.everything = false}.choosesNothing());
 }
@@ -128,28 +130,31 @@ TEST(RemovalLines, OnlyPlainNamesBecomeTerms) {
                                              {"IFD0", "Ma\nke"},
                                              {"IFD0", "Make>owned"},
                                              kTitle};
-    for (const bool corrected : {false, true}) {
-        EXPECT_EQ(removeTagsOfFileCommand(contextFor(corrected), hostile, kFile).text(),
-                  removeTagsOfFileCommand(contextFor(corrected), {kTitle}, kFile).text());
-        EXPECT_EQ(removeTagsOfSelectionCommand(contextFor(corrected), hostile, kFile).text(),
-                  removeTagsOfSelectionCommand(contextFor(corrected), {kTitle}, kFile).text());
+    for (const CommandForm form : {CommandForm::Designed, CommandForm::Corrected}) {
+        EXPECT_EQ(removeTagsOfFileCommand(makeContext(), form, hostile, kFile).text(),
+                  removeTagsOfFileCommand(makeContext(), form, {kTitle}, kFile).text());
+        EXPECT_EQ(removeTagsOfSelectionCommand(makeContext(), form, hostile, kFile).text(),
+                  removeTagsOfSelectionCommand(makeContext(), form, {kTitle}, kFile).text());
     }
-    EXPECT_EQ(removeTypesCommand(contextFor(true), {"EXIF", "x y", "*", "All= -b"}, "/f").text(),
-              removeTypesCommand(contextFor(true), {"EXIF"}, "/f").text());
+    EXPECT_EQ(removeTypesCommand(makeContext(), CommandForm::Corrected, {"EXIF", "x y", "*", "All= -b"}, "/f")
+                  .text(),
+              removeTypesCommand(makeContext(), CommandForm::Corrected, {"EXIF"}, "/f").text());
 }
 
 TEST(RemovalLines, NamesAndPathsCountAsComingFromOutside) {
-    const std::string literals = literalsOf(removeTagsOfFileCommand(contextFor(true), {kTitle}, kFile));
+    const std::string literals =
+        literalsOf(removeTagsOfFileCommand(makeContext(), CommandForm::Corrected, {kTitle}, kFile));
     EXPECT_EQ(literals, "\"\" -:= -overwrite_original -charset filename=UTF8 \"\" 2>>\"\"");
-    EXPECT_EQ(literalsOf(removeTypesCommand(contextFor(false), {"EXIF"}, "/f")),
+    EXPECT_EQ(literalsOf(removeTypesCommand(makeContext(), CommandForm::Designed, {"EXIF"}, "/f")),
               "\"\" -@ \"\" -overwrite_original \"= \"");
 }
 
 TEST(RemovalLines, TheReadOfASelection) {
-    EXPECT_EQ(heldTagsCommand(contextFor(true), "/install/Temp/files.tmp", {}, "/o.txt").text(),
+    EXPECT_EQ(heldTagsCommand(makeContext(), CommandForm::Corrected, "/install/Temp/files.tmp", {}, "/o.txt")
+                  .text(),
               "\"/opt/my tools/exiftool\" -lang en -a -sort -S -G1 --ExifToolVersion -x System:all "
               "-charset filename=UTF8 -@ \"/install/Temp/files.tmp\" >\"/o.txt\"");
-    EXPECT_EQ(heldTagsCommand(contextFor(true), {}, {"/a\nb.jpg"}, "/o.txt").text(),
+    EXPECT_EQ(heldTagsCommand(makeContext(), CommandForm::Corrected, {}, {"/a\nb.jpg"}, "/o.txt").text(),
               "\"/opt/my tools/exiftool\" -lang en -a -sort -S -G1 --ExifToolVersion -x System:all "
               "-charset filename=UTF8 \"/a\nb.jpg\" >\"/o.txt\"");
 }

@@ -62,6 +62,8 @@ class RemovalParts {
     /// What a dialog has left.
     exiftool::Outcomes carryOut(jobs::JobSource& dialog) { return carryOut(dialog.takeJob()); }
 
+    app::CommandForm form() const { return app::commandFormOf(context); }
+
     support::TemporaryFolder folder;
     app::AppContext context;
     app::LanguageFile language{TAGWRIGHT_BIN_DIR, 9};

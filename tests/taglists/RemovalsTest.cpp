@@ -213,7 +213,7 @@ TEST_F(RemovalsTest, NoJobTellsASuccessThatIsNone) {
         // Its line keeps ExifTool from counting.
         {"tags", [&] { return remove(tags, files); }, Unchanged},
         {"tags of the shown file", [&] { return carryOut(removeTagsFromShownFileJob({}, tags, files[0])); }},
-        {"one tag of the panel", [&] { return carryOut(deleteTagsJob(parts, {}, tags, files[0])); }},
+        {"one tag of the panel", [&] { return carryOut(deleteTagsJob(form(), {}, tags, files[0])); }},
         {"groups", [&] { return carryOut(removeTypesJob({}, {"EXIF"}, files)); }},
         {"everything", [&] { return carryOut(deleteAllTagsJob({}, {}, true, files)); }},
         {"a family", [&] { return carryOut(removeFamilyJob({}, 10067, files)); }},
@@ -232,12 +232,12 @@ TEST_F(RemovalsTest, WhatWasCutWhileItWasReadIsNoEmptyList) {
         runner.setKeepWaiting([&](std::chrono::milliseconds) { return !standIn.hangs; });
         for (const bool corrected : {false, true}) {
             context.settings.exifTool.correctedCommands = corrected;
-            const HeldTagsRead all = readHeldTags(parts, {file});
+            const HeldTagsRead all = readHeldTags(parts, form(), {file});
             EXPECT_THAT(all.tags, IsEmpty());
             EXPECT_NE(all.fault, QString()) << standIn.what;
             // A group that the file does not hold gives nothing either.
             if (standIn.isMute && !corrected) continue;
-            const HeldTagsRead ofGroup = readHeldTagsOfGroup(parts, file, "IPTC");
+            const HeldTagsRead ofGroup = readHeldTagsOfGroup(parts, form(), file, "IPTC");
             EXPECT_THAT(ofGroup.tags, IsEmpty());
             EXPECT_NE(ofGroup.fault, QString()) << standIn.what;
         }
@@ -245,7 +245,7 @@ TEST_F(RemovalsTest, WhatWasCutWhileItWasReadIsNoEmptyList) {
     runner.setKeepWaiting({});
     context.settings.exifTool.correctedCommands = true;
     support::useTool(context, folder / "tool", "echo '[IPTC] City: Town'; kill -KILL $$\n");
-    const HeldTagsRead part = readHeldTags(parts, {file});
+    const HeldTagsRead part = readHeldTags(parts, form(), {file});
     EXPECT_EQ(part.tags.size(), 1u);
     EXPECT_THAT(part.fault.toStdString(), HasSubstr("signal 9"));
 }
@@ -270,7 +270,7 @@ TEST_F(RemovalsTest, HostileNamesAreReadAndTheirTagsRemoved) {
     for (const std::string& name : support::hostileNames()) files.push_back(makePhoto(name));
     const std::string before = readBytes(files[0]);
     std::size_t holders = 0;
-    for (const HeldTag& tag : readHeldTags(parts, files).tags) {
+    for (const HeldTag& tag : readHeldTags(parts, form(), files).tags) {
         if (tag.address == TagAddress{"XMP-dc", "Title"}) holders = tag.files;
     }
     EXPECT_EQ(holders, files.size());
@@ -292,14 +292,14 @@ TEST_F(RemovalsTest, ValuesOfAHostileFileAreShownAndDoNothing) {
     const std::string title = "x\" -if \"system('touch owned')\" \" >owned [IFD0] Make: y";
     support::ExifTool({"-q", "-overwrite_original", "-XMP-dc:Title=" + title, file.string()});
     QString shown;
-    for (const HeldTag& tag : readHeldTagsOfGroup(parts, file, "XMP-dc").tags) {
+    for (const HeldTag& tag : readHeldTagsOfGroup(parts, form(), file, "XMP-dc").tags) {
         EXPECT_EQ(tag.address.group, "XMP-dc");
         if (tag.address.name == "Title") shown = tag.value;
     }
     EXPECT_EQ(shown.toStdString(), title);
     EXPECT_THAT(kindsOf(remove({{"XMP-dc", "Title"}}, {file})), ElementsAre(Done));
     EXPECT_EQ(valueOf(file, "XMP-dc:Title"), "");
-    EXPECT_THAT(readHeldTagsOfGroup(parts, file, "all -b \"x").tags, IsEmpty());
+    EXPECT_THAT(readHeldTagsOfGroup(parts, form(), file, "all -b \"x").tags, IsEmpty());
     EXPECT_FALSE(fs::exists(folder / "photos/owned"));
 }
 
@@ -308,11 +308,11 @@ TEST_F(RemovalsTest, AGroupIsReadInEitherFormAndUnderTheCataloguesSpelling) {
     for (const bool corrected : {false, true}) {
         context.settings.exifTool.correctedCommands = corrected;
         std::vector<std::string> names;
-        for (const HeldTag& tag : readHeldTagsOfGroup(parts, file, "IPTC").tags)
+        for (const HeldTag& tag : readHeldTagsOfGroup(parts, form(), file, "IPTC").tags)
             names.push_back(tag.address.name);
         EXPECT_THAT(names, testing::IsSupersetOf({"City", "Keywords"}));
         // ExifTool calls it XMP-lr.
-        EXPECT_EQ(readHeldTagsOfGroup(parts, file, "XMP_lr").tags.size(), corrected ? 1u : 0u);
+        EXPECT_EQ(readHeldTagsOfGroup(parts, form(), file, "XMP_lr").tags.size(), corrected ? 1u : 0u);
     }
 }
 

@@ -58,13 +58,12 @@ TEST(TagListRows, OtherNumbersAreNoMode) {
 }
 
 TEST(TagListRows, CommandsGiveTheirOwnNumberAsDesigned) {
-    app::AppContext context;
-    for (const int command : {22, 31, 35}) EXPECT_EQ(modeOfCommand(context, command), command);
-    context.settings.exifTool.correctedCommands = true;
-    EXPECT_EQ(modeOfCommand(context, 22), 1);
-    EXPECT_EQ(modeOfCommand(context, 31), 2);
-    EXPECT_EQ(modeOfCommand(context, 35), 7);
-    EXPECT_EQ(modeOfCommand(context, 23), 23);
+    for (const int command : {22, 31, 35})
+        EXPECT_EQ(modeOfCommand(app::CommandForm::Designed, command), command);
+    EXPECT_EQ(modeOfCommand(app::CommandForm::Corrected, 22), 1);
+    EXPECT_EQ(modeOfCommand(app::CommandForm::Corrected, 31), 2);
+    EXPECT_EQ(modeOfCommand(app::CommandForm::Corrected, 35), 7);
+    EXPECT_EQ(modeOfCommand(app::CommandForm::Corrected, 23), 23);
     EXPECT_EQ(familyNameOfCommand(22), "EXIF");
     EXPECT_EQ(familyNameOfCommand(31), "IPTC");
     EXPECT_EQ(familyNameOfCommand(35), "XMP");
@@ -82,8 +81,8 @@ TEST(TagListRows, ValuesFileTypesFollowTheMode) {
         EXPECT_EQ(type.preselected, row.preselected) << row.mode;
         EXPECT_EQ(type.extension, row.extension) << row.mode;
     }
-    app::AppContext context;
-    EXPECT_EQ(valuesFileTypes(context), QStringList({"EXIF (*.exif)", "IPTC (*.iptc)", "XMP (*.xmp)"}));
+    EXPECT_EQ(valuesFileTypes(app::CommandForm::Designed),
+              QStringList({"EXIF (*.exif)", "IPTC (*.iptc)", "XMP (*.xmp)"}));
 }
 
 TEST(AddTagsGroups, EveryCommandHasItsGroup) {

@@ -28,10 +28,8 @@ class TagValueLines : public EditedFile {
     TagValueLines() {
         context.exifToolPath = "/opt/my tools/exiftool";
         context.reportFile = "/cache/day.txt";
-        context.settings.exifTool.correctedCommands = false;
     }
     std::string changedLine(const TagRows& rows) {
-        context.settings.exifTool.correctedCommands = true;
         return writeChangedTagsCommand(context, changedTags(parts, rows), kFile).text();
     }
     /// The words that ExifTool gets.
@@ -152,7 +150,6 @@ TEST_F(TagValueLines, WhatNobodyTypedStaysInsideItsArgument) {
 TEST_F(TagValueLines, TypedTextBreaksTheDesignedLineOnly) {
     const TagRows rows{row("IFD0", "Make", "a\" -ver \"b")};
     EXPECT_EQ(words(writeRowsCommand(context, rows, kFile))[2], "-ver");
-    context.settings.exifTool.correctedCommands = true;
     EXPECT_EQ(words(writeChangedTagsCommand(context, changedTags(parts, rows), kFile))[1],
               "-IFD0:Make=a\" -ver \"b");
 }

@@ -26,8 +26,8 @@ class TagValueWrites : public EditedFile {
  protected:
     TagRows rowsOf(int mode, const fs::path& file) {
         TagRows rows = rowsOfMode(dictionary, mode);
-        EXPECT_TRUE(readValues(parts, rows, valuesOutput(context, file), [&](const fs::path& output) {
-            return reads.ReadCategory(file, output, readCategoryOfMode(context, mode));
+        EXPECT_TRUE(readValues(parts, form(), rows, valuesOutput(context, file), [&](const fs::path& output) {
+            return reads.ReadCategory(file, output, readCategoryOfMode(form(), mode));
         }));
         return rows;
     }
@@ -47,10 +47,10 @@ class TagValueWrites : public EditedFile {
     }
     Outcomes carryOut(const jobs::Job& job) { return jobs::runHere(job, context, runner); }
     Outcomes write(const std::vector<fs::path>& files, const TagRows& rows) {
-        return carryOut(modifyFilesJob(parts, "Title", 1, rows, files));
+        return carryOut(modifyFilesJob(parts, form(), "Title", 1, rows, files));
     }
     std::vector<OutcomeKind> addTags(const TagRows& rows, const QString& group, const fs::path& file) {
-        return kindsOf(carryOut(addTagsJob(parts, {}, rows, group, {file})));
+        return kindsOf(carryOut(addTagsJob(parts, form(), {}, rows, group, {file})));
     }
     std::string copyOf(const fs::path& file) const {
         return support::readBytes(exiftool::safetyCopyPath(file, context.cachePath, {}, QDateTime()));
@@ -106,11 +106,11 @@ TEST_F(TagValueWrites, NothingChangedRunsNothing) {
     const fs::path file = photo({"-IFD0:Make=Acme"});
     const std::string before = support::readBytes(file);
     const TagRows rows = rowsOf(1, file);
-    EXPECT_FALSE(hasSomethingToWrite(parts, rows));
-    EXPECT_THAT(modifyFilesJob(parts, {}, 1, rows, {file}).files, IsEmpty());
+    EXPECT_FALSE(hasSomethingToWrite(form(), rows));
+    EXPECT_THAT(modifyFilesJob(parts, form(), {}, 1, rows, {file}).files, IsEmpty());
     EXPECT_EQ(support::readBytes(file), before);
     context.settings.exifTool.correctedCommands = false;
-    EXPECT_TRUE(hasSomethingToWrite(parts, rows));
+    EXPECT_TRUE(hasSomethingToWrite(form(), rows));
 }
 
 TEST_F(TagValueWrites, TagsAreAddedToAFileThatLacksTheGroup) {
@@ -132,7 +132,7 @@ TEST_F(TagValueWrites, TagsAreAddedToAFileThatLacksTheGroup) {
         const fs::path file = photo({}, std::to_string(row.command) + ".jpg");
         const AddTagsGroup& group = addTagsGroupOf(row.command);
         TagRows rows = rowsOfCategory(dictionary, group.categoryId);
-        EXPECT_TRUE(readValues(parts, rows, valuesOutput(context, file), [&](const fs::path& output) {
+        EXPECT_TRUE(readValues(parts, form(), rows, valuesOutput(context, file), [&](const fs::path& output) {
             return reads.ReadCategory(file, output, static_cast<int>(group.categoryId));
         }));
         set(rows, row.group, row.name, row.value);
@@ -147,7 +147,8 @@ TEST_F(TagValueWrites, AnAddedTagLeavesTheRestOfItsGroup) {
     const fs::path file = photo({"-XMP-dc:Title=kept", "-XMP-dc:Subject=one"});
     TagRows rows = rowsOfGroup(dictionary, "XMP-dc");
     set(rows, "XMP-dc", "Source", "new");
-    EXPECT_THAT(carryOut(addATagJob(parts, {}, rows, "XMP-dc", file)), ElementsAre(Outcome{file, Done, {}}));
+    EXPECT_THAT(carryOut(addATagJob(parts, form(), {}, rows, "XMP-dc", file)),
+                ElementsAre(Outcome{file, Done, {}}));
     EXPECT_EQ(valueOf(file, "XMP-dc:Title"), "kept");
     EXPECT_EQ(valueOf(file, "XMP-dc:Subject"), "one");
     EXPECT_EQ(valueOf(file, "XMP-dc:Source"), "new");
@@ -169,7 +170,7 @@ TEST_F(TagValueWrites, TheDesignedModifyEmptiesTheGroupOfTheFirstRow) {
     context.settings.exifTool.correctedCommands = false;
     TagRows rows = rowsOfGroup(dictionary, "IPTC");
     set(rows, "IPTC", "City", "New");
-    EXPECT_THAT(kindsOf(carryOut(modifyFilesJob(parts, {}, 22, rows, {file}))), ElementsAre(Done));
+    EXPECT_THAT(kindsOf(carryOut(modifyFilesJob(parts, form(), {}, 22, rows, {file}))), ElementsAre(Done));
     EXPECT_EQ(valueOf(file, "IPTC:City"), "New");
     EXPECT_EQ(valueOf(file, "IPTC:Source"), "");
     EXPECT_EQ(valueOf(file, "XMP-dc:Title"), "stays");
@@ -233,10 +234,10 @@ TEST_F(TagValueWrites, NoJobTellsASuccessThatIsNone) {
     TagRows rows = rowsOfGroup(dictionary, "IPTC");
     set(rows, "IPTC", "City", "New");
     const std::vector<support::NamedWork> works = {
-        {"modify", [&] { return carryOut(modifyFilesJob(parts, {}, 2, rows, files)); }},
-        {"modify the position", [&] { return carryOut(modifyFilesJob(parts, {}, 10, rows, files)); }},
-        {"add to all", [&] { return carryOut(addTagsJob(parts, {}, rows, "IPTC", files)); }},
-        {"add to one", [&] { return carryOut(addATagJob(parts, {}, rows, "IPTC", files[0])); }},
+        {"modify", [&] { return carryOut(modifyFilesJob(parts, form(), {}, 2, rows, files)); }},
+        {"modify the position", [&] { return carryOut(modifyFilesJob(parts, form(), {}, 10, rows, files)); }},
+        {"add to all", [&] { return carryOut(addTagsJob(parts, form(), {}, rows, "IPTC", files)); }},
+        {"add to one", [&] { return carryOut(addATagJob(parts, form(), {}, rows, "IPTC", files[0])); }},
     };
     support::expectTruthOfStandIns(context, runner, folder.path(), folder / "photos", works);
 }
@@ -252,7 +253,7 @@ TEST_F(TagValueWrites, TheSecondLineOfAFileDoesNotHideWhatBecameOfTheFirst) {
                          "'; kill -KILL $$; fi\nexec exiftool \"$@\"\n");
     EXPECT_THAT(addTags(rows, "IPTC", file), ElementsAre(Killed));
     fs::remove(first);
-    EXPECT_THAT(kindsOf(carryOut(modifyFilesJob(parts, {}, 22, rows, {file}))), ElementsAre(Killed));
+    EXPECT_THAT(kindsOf(carryOut(modifyFilesJob(parts, form(), {}, 22, rows, {file}))), ElementsAre(Killed));
 }
 
 TEST_F(TagValueWrites, ValuesThatCouldNotBeReadAreNotEmptyOnes) {
@@ -263,9 +264,10 @@ TEST_F(TagValueWrites, ValuesThatCouldNotBeReadAreNotEmptyOnes) {
         support::useTool(context, folder / "tool", standIn.script);
         runner.setKeepWaiting([&](std::chrono::milliseconds) { return !standIn.hangs; });
         TagRows rows = rowsOfMode(dictionary, 1);
-        EXPECT_FALSE(readValues(parts, rows, valuesOutput(context, file), [&](const fs::path& output) {
-            return reads.ReadCategory(file, output, 1413);
-        })) << standIn.what;
+        EXPECT_FALSE(
+            readValues(parts, form(), rows, valuesOutput(context, file),
+                       [&](const fs::path& output) { return reads.ReadCategory(file, output, 1413); }))
+            << standIn.what;
     }
 }
 
@@ -377,7 +379,7 @@ TEST_F(TagValueWrites, WithoutAToolNothingIsReadOrWritten) {
     context.exifToolPath = folder / "no tool";
     TagRows rows = rowsOfMode(dictionary, 1);
     set(rows, "IFD0", "Make", "New");
-    EXPECT_FALSE(readValues(parts, rows, valuesOutput(context, file),
+    EXPECT_FALSE(readValues(parts, form(), rows, valuesOutput(context, file),
                             [&](const fs::path& output) { return reads.ReadCategory(file, output, 1413); }));
     EXPECT_THAT(kindsOf(write({file}, rows)), ElementsAre(NotStarted));
     EXPECT_EQ(valueOf(file, "IFD0:Make"), "Acme");

@@ -242,8 +242,12 @@ TEST_F(TagValuesDialogTest, AFileWithoutValuesIsTold) {
     dialog.loadValues(folder / "missing.exif");
     EXPECT_EQ(messages.size(), 2);
     context.settings.exifTool.correctedCommands = false;
-    dialog.loadValues(folder / "none.exif");
+    DialogModifMain designed(parts, 22, {photo({})}, nullptr);
+    designed.loadValues(folder / "none.exif");
     EXPECT_EQ(messages.size(), 2);
+    // An operation has one form, that of its beginning.
+    dialog.loadValues(folder / "none.exif");
+    EXPECT_EQ(messages.size(), 3);
 }
 
 TEST_F(TagValuesDialogTest, TagsOfACommandsGroupAreAdded) {

@@ -6,7 +6,7 @@ using namespace taglists;
 
 namespace {
 
-constexpr ValuesFileForm kBoth[] = {ValuesFileForm::Designed, ValuesFileForm::Corrected};
+constexpr app::CommandForm kBoth[] = {app::CommandForm::Designed, app::CommandForm::Corrected};
 
 std::string text(const std::vector<NamedValue>& values) {
     QStringList all;
@@ -50,7 +50,7 @@ TEST(ValuesFile, WhatBothFormsRead) {
         {"\r", ""},
     };
     for (const auto& row : cases)
-        for (const ValuesFileForm form : kBoth)
+        for (const app::CommandForm form : kBoth)
             EXPECT_EQ(text(parseValuesFile(row.bytes, form)), row.values) << row.bytes;
 }
 
@@ -68,44 +68,45 @@ TEST(ValuesFile, WhereTheFormsDiffer) {
         {"\xEF\xBB\xBFSourceFile,Make\r\na.jpg,Acme\r\n", "Make=Acme", "Make=Acme"},
     };
     for (const auto& row : cases) {
-        EXPECT_EQ(text(parseValuesFile(row.bytes, ValuesFileForm::Designed)), row.designed) << row.bytes;
-        EXPECT_EQ(text(parseValuesFile(row.bytes, ValuesFileForm::Corrected)), row.corrected) << row.bytes;
+        EXPECT_EQ(text(parseValuesFile(row.bytes, app::CommandForm::Designed)), row.designed) << row.bytes;
+        EXPECT_EQ(text(parseValuesFile(row.bytes, app::CommandForm::Corrected)), row.corrected) << row.bytes;
     }
 }
 
 TEST(ValuesFile, LimitsOfTheDesignedForm) {
     const std::string many = repeated(300, "N") + "\r\n" + repeated(300, "v");
-    EXPECT_EQ(parseValuesFile(many, ValuesFileForm::Designed).size(), 255U);
-    EXPECT_EQ(parseValuesFile(many, ValuesFileForm::Corrected).size(), 300U);
+    EXPECT_EQ(parseValuesFile(many, app::CommandForm::Designed).size(), 255U);
+    EXPECT_EQ(parseValuesFile(many, app::CommandForm::Corrected).size(), 300U);
 
     const std::string name(300, 'n');
-    const auto longName = parseValuesFile("SourceFile," + name + "\r\na,b", ValuesFileForm::Designed);
+    const auto longName = parseValuesFile("SourceFile," + name + "\r\na,b", app::CommandForm::Designed);
     ASSERT_EQ(longName.size(), 1U);
     EXPECT_EQ(longName[0].name.size(), 255);
 
     const std::string longLine = "SourceFile,Make,Model\r\na," + std::string(6000, 'v') + ",x";
-    const auto designed = parseValuesFile(longLine, ValuesFileForm::Designed);
+    const auto designed = parseValuesFile(longLine, app::CommandForm::Designed);
     ASSERT_EQ(designed.size(), 1U);
     EXPECT_EQ(designed[0].value.size(), 5096 - 2);
-    EXPECT_EQ(parseValuesFile(longLine, ValuesFileForm::Corrected)[0].value.size(), 6000);
+    EXPECT_EQ(parseValuesFile(longLine, app::CommandForm::Corrected)[0].value.size(), 6000);
 }
 
 TEST(ValuesFile, NoBytesAreTooOdd) {
     std::string bytes = "SourceFile,\"Make\r\n,,\"\",\"\n\r";
     for (int round = 0; round < 400; ++round) {
-        for (const ValuesFileForm form : kBoth) EXPECT_LE(parseValuesFile(bytes, form).size(), bytes.size());
+        for (const app::CommandForm form : kBoth)
+            EXPECT_LE(parseValuesFile(bytes, form).size(), bytes.size());
         bytes[static_cast<std::size_t>(round * 7) % bytes.size()] = ",\"\r\n\0x"[round % 6];
         if (round % 9 == 0) bytes += static_cast<char>(round);
     }
 }
 
 TEST(ValuesFile, ValuesGoToTheFirstRowOfTheirName) {
-    for (const ValuesFileForm form : kBoth) {
+    for (const app::CommandForm form : kBoth) {
         TagRows rows{row("IFD1", "Make"), row("IFD0", "Make"), row("IFD0", "Model")};
         rows[2].value = rows[2].fileValue = "kept";
         const NamedValue values[] = {{"", "MAKE", "Acme"}, {"", "Unknown", "x"}, {"", "Model", ""}};
         const LoadedValues loaded = applyValues(rows, values, form, [](int) { return false; });
-        const bool corrected = form == ValuesFileForm::Corrected;
+        const bool corrected = form == app::CommandForm::Corrected;
         // A name alone means the picture, and not its thumbnail.
         EXPECT_EQ(rows[corrected ? 1 : 0].value, "Acme");
         EXPECT_TRUE(rows[corrected ? 1 : 0].changed && rows[corrected ? 1 : 0].loaded);
@@ -120,7 +121,7 @@ TEST(ValuesFile, AGroupBeforeTheNameCounts) {
     TagRows rows{row("IFD1", "Make"), row("IFD0", "Make")};
     const NamedValue values[] = {{"ifd0", "Make", "Acme"}, {"IFD2", "Make", "x"}};
     const LoadedValues loaded =
-        applyValues(rows, values, ValuesFileForm::Corrected, [](int) { return false; });
+        applyValues(rows, values, app::CommandForm::Corrected, [](int) { return false; });
     EXPECT_FALSE(rows[0].changed);
     EXPECT_EQ(rows[1].value, "Acme");
     EXPECT_EQ(loaded.unknown, 1U);
@@ -130,7 +131,7 @@ TEST(ValuesFile, AListIsTakenApart) {
     TagRows rows{row("XMP-dc", "Subject"), row("XMP-dc", "Creator")};
     rows[1].value = rows[1].fileValue = "a, b";
     const NamedValue values[] = {{"", "Subject", "one, two"}, {"", "Creator", "a, b"}};
-    applyValues(rows, values, ValuesFileForm::Corrected, [](int) { return true; });
+    applyValues(rows, values, app::CommandForm::Corrected, [](int) { return true; });
     EXPECT_EQ(rows[0].value, "one\ntwo");
     EXPECT_TRUE(rows[0].severalEntries);
     EXPECT_FALSE(rows[1].changed);

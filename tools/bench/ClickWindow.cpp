@@ -36,7 +36,8 @@ double runTool(const app::AppContext& context, const fs::path& file) {
     const fs::path output = context.tempPath / "Plain.txt";
     // Some file systems write a file out at once when it replaces what was cut off; that would be counted.
     fs::remove(output);
-    const auto commands = platform::parseCommands(exiftool::panelReadCommand(context, file, output));
+    const auto commands = platform::parseCommands(
+        exiftool::panelReadCommand(context, app::commandFormOf(context), file, output));
     const double begin = bench::monotonicSeconds();
     bench::runPlainly(commands.at(0).words, output);
     return bench::monotonicSeconds() - begin;

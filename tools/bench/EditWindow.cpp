@@ -96,8 +96,8 @@ class EditedWindow {
     double runTool(const QString& value) {
         app::CurrentEdit same = program_.context().currentEdit;
         same.value = value;
-        const auto commands =
-            platform::parseCommands(exiftool::writeTagCommand(program_.context(), file_, same));
+        const auto commands = platform::parseCommands(exiftool::writeTagCommand(
+            program_.context(), app::commandFormOf(program_.context()), file_, same));
         const fs::path output = program_.context().tempPath / "Plain.txt";
         fs::remove(output);
         const double begin = bench::monotonicSeconds();

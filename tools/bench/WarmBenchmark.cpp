@@ -61,8 +61,8 @@ class Competitors {
     platform::ProcessId starter() const { return starter_.processId(); }
 
     double read(bool isWarm, const fs::path& file) {
-        const platform::CommandText line =
-            exiftool::panelReadCommand(context_, file, context_.tempPath / "Metadata.txt");
+        const platform::CommandText line = exiftool::panelReadCommand(
+            context_, app::commandFormOf(context_), file, context_.tempPath / "Metadata.txt");
         return secondsOf([&] { check(runner(isWarm).runBatchFile(context_.tempPath / "read.bat", line)); });
     }
 
