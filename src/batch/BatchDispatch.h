@@ -5,6 +5,7 @@
 #include "batch/BatchTable.h"
 #include "exiftool/ToolRunner.h"
 #include "jobs/Job.h"
+#include "jobs/Operation.h"
 
 #include <filesystem>
 #include <functional>
@@ -15,6 +16,7 @@ namespace batch {
 
 /// What the operations are put together with. Owned by the main window; all of it outlives them. GUI thread.
 struct BatchParts {
+    const app::AppContext& context;
     const app::LanguageFile& language;
     exiftool::ToolRunner& runner;
 };
@@ -30,23 +32,22 @@ struct BatchOptions {
 /// Opens the dialog of an operation: what it leaves to be done, or nothing when it was cancelled. Stands in
 /// the ui, which alone knows the dialogs.
 using OpenBatchDialog =
-    std::function<std::optional<jobs::Job>(const BatchOperation& operation, BatchOptions& options)>;
+    std::function<std::optional<jobs::Job>(const jobs::Operation& operation, BatchOptions& options)>;
 
 /// Puts the operation of a command over the gathered files together; carrying it out is the caller's.
 class BatchDispatcher {
  public:
     BatchDispatcher(const BatchParts& parts, OpenBatchDialog openDialog);
 
-    /// Nothing when the dialog was cancelled; also for a number that is no batch command, for an operation
-    /// that is not built or of the window, and without files.
-    std::optional<jobs::Job> BatchDispatch(app::CommandId id,
+    /// operation is that of the command, or null where it is not built. Nothing when the dialog was
+    /// cancelled; also for a number that is no batch command, for an operation of the window, and without
+    /// files.
+    std::optional<jobs::Job> BatchDispatch(app::CommandId id, const jobs::Operation* operation,
                                            const std::vector<std::filesystem::path>& files);
 
     const BatchOptions& options() const { return options_; }
 
  private:
-    std::optional<jobs::Job> jobWithoutDialog(const BatchOperation& operation) const;
-
     BatchParts parts_;
     OpenBatchDialog openDialog_;
     BatchOptions options_;

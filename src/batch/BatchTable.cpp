@@ -1,7 +1,5 @@
 #include "batch/BatchTable.h"
 
-#include "batch/BatchTexts.h"
-
 #include <algorithm>
 #include <array>
 
@@ -10,15 +8,15 @@ namespace batch {
 namespace {
 
 constexpr BatchOperation asking(app::CommandId id, const char* dialog, int templateNumber = 0) {
-    return {id, dialog, templateNumber, 0};
+    return {id, dialog, templateNumber};
 }
 
-constexpr BatchOperation withoutDialog(app::CommandId id, int titleNumber) {
-    return {id, "", 0, titleNumber};
+constexpr BatchOperation withoutDialog(app::CommandId id) {
+    return {id, "", 0};
 }
 
 constexpr BatchOperation silent(app::CommandId id, const char* dialog) {
-    return {.id = id, .dialog = dialog, .templateNumber = 0, .titleNumber = 0, .reportFollows = false};
+    return {.id = id, .dialog = dialog, .templateNumber = 0, .reportFollows = false};
 }
 
 constexpr BatchOperation search(app::CommandId id) {
@@ -43,7 +41,7 @@ constexpr auto kOperations = std::to_array<BatchOperation>({
     asking(154, "BatchDateAdjustDialog", 130),
     asking(155, "BatchDateResetDialog", 141),
     asking(156, "BatchDateSetDateTimeDialog", 142),
-    withoutDialog(157, text::kSettingFileDates),
+    withoutDialog(157),
     asking(159, "BatchAddDescriptionDialog"),
     asking(160, "BatchRemoveDescriptionDialog"),
     asking(162, "BatchGeotaggingDialog"),
@@ -53,13 +51,13 @@ constexpr auto kOperations = std::to_array<BatchOperation>({
     asking(167, "BatchAddKeywordsFromFileDialog", 138),
     asking(168, "BatchRemoveKeywordsDialog", 139),
     asking(171, "BatchRenameFromFileDialog", 143),
-    withoutDialog(172, text::kRenamingByShutterCount),
-    withoutDialog(173, text::kRenamingByDateAndMaker),
-    withoutDialog(174, text::kRenamingByDateAndModel),
+    withoutDialog(172),
+    withoutDialog(173),
+    withoutDialog(174),
     silent(180, "BatchValidateDialog"),
     silent(181, "BatchValidateDialog"),
     asking(183, "ThumbnailAddDialog", 157),
-    withoutDialog(185, text::kRemovingThumbnails),
+    withoutDialog(185),
     asking(187, "BatchAddTitleDialog"),
     asking(188, "BatchRemoveTitleDialog"),
     search(191),

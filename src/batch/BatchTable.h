@@ -13,9 +13,8 @@ inline constexpr app::CommandId kLastBatchCommand = 228;
 /// and never dispatched.
 struct BatchOperation {
     app::CommandId id;
-    const char* dialog;         ///< the class that asks for the parameters; empty: nothing is asked
+    const char* dialog;         ///< that asks for the parameters; empty: nothing is asked
     int templateNumber;         ///< of the dialog where it is fixed, else 0
-    int titleNumber;            ///< what a progress says is done; 0 where a dialog tells it
     bool listsFiles = false;    ///< <temp>/files.tmp is written before the dialog
     bool reportFollows = true;  ///< ShowBatchReport comes after it
     bool isOfWindow = false;    ///< the window has an entry of its own for the command, and that one runs

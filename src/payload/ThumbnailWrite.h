@@ -6,7 +6,6 @@
 
 #include <QString>
 #include <filesystem>
-#include <vector>
 
 /// What the thumbnail dialogs leave to be done. Every write has a safety copy before it when they are on.
 namespace payload {
@@ -23,10 +22,5 @@ bool isJpegFile(const std::filesystem::path& file);
 jobs::Job replaceThumbnailJob(const QString& title, const std::filesystem::path& picture,
                               const std::filesystem::path& file);
 jobs::Job deleteThumbnailJob(const QString& title, const std::filesystem::path& file);
-
-/// The picture becomes the thumbnail of each file. In the designed form every file's complaints replace those
-/// of the file before in the report, and the job rests a little behind each file.
-jobs::Job embedThumbnailJob(const QString& title, const std::filesystem::path& picture,
-                            const std::vector<std::filesystem::path>& files);
 
 }  // namespace payload

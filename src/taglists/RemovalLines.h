@@ -48,8 +48,6 @@ struct DeleteAllChoice {
     bool iptc = false;
     bool xmp = false;
     bool keepDate = false;  ///< of the file; the designed form has no place for it
-
-    bool choosesNothing() const { return !everything && !exif && !iptc && !xmp; }
 };
 
 /// For RunOnFile.

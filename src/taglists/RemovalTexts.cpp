@@ -57,9 +57,4 @@ QString typesRemovedText(const app::LanguageFile& language, std::span<const exif
     return language.text(done + warned > 0 ? text::kEndedWithReport : text::kNotCarriedOut);
 }
 
-int copyRefusal(bool sourceExists, bool anyFamily) {
-    if (!sourceExists) return text::kNoSuchSource;
-    return anyFamily ? 0 : text::kChooseFamilies;
-}
-
 }  // namespace taglists

@@ -25,7 +25,4 @@ QString familyRemovalTitle(const app::LanguageFile& language, int commandId, std
 /// What RemoveDialogTypes says at its end.
 QString typesRemovedText(const app::LanguageFile& language, std::span<const exiftool::Outcome> outcomes);
 
-/// Where copyTags cannot begin, the number of the string that says why; 0 when it can.
-int copyRefusal(bool sourceExists, bool anyFamily);
-
 }  // namespace taglists

@@ -111,21 +111,6 @@ jobs::Job removeTypesJob(const QString& title, const std::vector<std::string>& g
     return job;
 }
 
-jobs::Job deleteAllTagsJob(const QString& title, const DeleteAllChoice& choice, bool makeSafetyCopies,
-                           const std::vector<fs::path>& files) {
-    jobs::Job job{.title = title};
-    if (choice.choosesNothing()) return job;
-    job.files = files;
-    job.makesSafetyCopies = makeSafetyCopies;
-    job.workOnFile = [choice](jobs::JobWork& work, const fs::path& file) {
-        return work.runner.RunOnFile(file, deleteAllArguments(work.form, choice));
-    };
-    job.sameForAll = [choice](const app::AppContext& context, app::CommandForm form, const fs::path& file) {
-        return exiftool::lineOnFile(context, form, deleteAllArguments(form, choice), file);
-    };
-    return job;
-}
-
 jobs::Job removeFamilyJob(const QString& title, int commandId, const std::vector<fs::path>& files) {
     jobs::Job job{.title = title, .files = files};
     job.workOnFile = [commandId](jobs::JobWork& work, const fs::path& file) {
@@ -135,18 +120,6 @@ jobs::Job removeFamilyJob(const QString& title, int commandId, const std::vector
     job.sameForAll = [commandId](const app::AppContext& context, app::CommandForm form,
                                  const fs::path& file) {
         return exiftool::lineOnFile(context, form, exiftool::removeFamilyArguments(context, commandId), file);
-    };
-    return job;
-}
-
-jobs::Job copyTagsJob(const QString& title, exiftool::CopiedFamilies families, const fs::path& source,
-                      const std::vector<fs::path>& files) {
-    jobs::Job job{.title = title};
-    if (!families.exif && !families.iptc && !families.xmp) return job;
-    job.files = files;
-    job.workOnFile = [families, source](jobs::JobWork& work, const fs::path& file) {
-        exiftool::WriteCommands writes(work.context, work.runner);
-        return writes.CopyTagsFromFile(work.form, families, source, {file}).front();
     };
     return job;
 }

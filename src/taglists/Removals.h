@@ -32,16 +32,8 @@ jobs::Job removeTagsFromShownFileJob(const QString& title, const std::vector<Tag
 jobs::Job removeTypesJob(const QString& title, const std::vector<std::string>& groups,
                          const std::vector<std::filesystem::path>& files);
 
-/// makeSafetyCopies false leaves out the copies of this job; true leaves it to the safety settings.
-jobs::Job deleteAllTagsJob(const QString& title, const DeleteAllChoice& choice, bool makeSafetyCopies,
-                           const std::vector<std::filesystem::path>& files);
-
 jobs::Job removeFamilyJob(const QString& title, int commandId,
                           const std::vector<std::filesystem::path>& files);
-
-/// A job without files when no family is chosen.
-jobs::Job copyTagsJob(const QString& title, exiftool::CopiedFamilies families,
-                      const std::filesystem::path& source, const std::vector<std::filesystem::path>& files);
 
 /// What the reads of held tags came to.
 struct HeldTagsRead {

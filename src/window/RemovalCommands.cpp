@@ -3,8 +3,6 @@
 #include "browser/ShellBrowser.h"
 #include "dialogs/Messages.h"
 #include "panel/MetadataPanel.h"
-#include "taglists/CopyTagsDialog.h"
-#include "taglists/DeleteAll.h"
 #include "taglists/DialogRemoveTags.h"
 #include "taglists/RemovalTexts.h"
 #include "taglists/Removals.h"
@@ -19,13 +17,10 @@ namespace fs = std::filesystem;
 std::span<const CommandRow<RemovalCommands>> RemovalCommands::rows() {
     using namespace app::command;
     static constexpr CommandRow<RemovalCommands> kRows[] = {
-        {kDeleteAll, kDeleteAll, &RemovalCommands::deleteAll},
         {kRemoveTags, kRemoveTags, &RemovalCommands::removeTags},
         {kRemoveGroupTypes, kRemoveGroupTypes, &RemovalCommands::removeGroupTypes},
         {kRemoveTagsFromFile, kRemoveTagsFromFile, &RemovalCommands::removeTagsFromShownFile},
         {kRemoveEverything, kRemoveEverything, &RemovalCommands::removeFamily},
-        {kCopyTagsFromFile, kCopyTagsFromFile, &RemovalCommands::copyTags},
-        {kCopyTags, kCopyTags, &RemovalCommands::copyTags},
         {kRemoveExif, kRemoveIccProfile, &RemovalCommands::removeFamily},
         {kRemoveGps, kRemoveAllMetadata, &RemovalCommands::removeFamily},
     };
@@ -35,13 +30,6 @@ std::span<const CommandRow<RemovalCommands>> RemovalCommands::rows() {
 template <typename Dialog>
 void RemovalCommands::askAndRemove(Dialog&& dialog, const OperationEnding::Tell& tell) {
     if (dialog.run() == 1) ending_.carryOut(dialog.takeJob(), tell);
-}
-
-void RemovalCommands::deleteAll(app::CommandId) {
-    const std::vector<fs::path> files = gathering_.GatherSelection();
-    if (files.empty()) return;
-    askAndRemove(
-        taglists::DeleteAll(parts_.operations, parts_.context.settings.deleteAll, files, &parts_.window));
 }
 
 void RemovalCommands::removeTags(app::CommandId) {
@@ -60,12 +48,6 @@ void RemovalCommands::removeGroupTypes(app::CommandId) {
                                            dialogs::MessageIcon::Information});
                      ending_.ShowBatchReport(result);
                  });
-}
-
-void RemovalCommands::copyTags(app::CommandId) {
-    const std::vector<fs::path> files = gathering_.GatherSelection();
-    if (files.empty()) return;
-    askAndRemove(taglists::CopyTagsDialog(parts_.operations, files, &parts_.window));
 }
 
 void RemovalCommands::removeFamily(app::CommandId id) {

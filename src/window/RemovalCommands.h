@@ -8,7 +8,7 @@ namespace window {
 
 class SelectionGathering;
 
-/// Removing and copying tags. GUI thread.
+/// Removing tags that are chosen from a list, and families. GUI thread.
 class RemovalCommands {
  public:
     RemovalCommands(const WindowParts& parts, SelectionGathering& gathering, OperationEnding& ending)
@@ -16,11 +16,9 @@ class RemovalCommands {
 
     static std::span<const CommandRow<RemovalCommands>> rows();
 
-    void deleteAll(app::CommandId id);
     void removeTags(app::CommandId id);
     void removeGroupTypes(app::CommandId id);
     void removeFamily(app::CommandId id);
-    void copyTags(app::CommandId id);
     /// Of the group of the panel's current row; without one, of all groups.
     void removeTagsFromShownFile(app::CommandId id);
 

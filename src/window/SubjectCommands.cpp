@@ -20,11 +20,11 @@ void collect(std::vector<Registered>& all, std::string_view name) {
 const std::vector<Registered>& registered() {
     static const std::vector<Registered> all = [] {
         std::vector<Registered> collected;
-        collect<BatchCommands>(collected, "BatchCommands");
         collect<BrowseCommands>(collected, "BrowseCommands");
         collect<EditingCommands>(collected, "EditingCommands");
         collect<ExportCommands>(collected, "ExportCommands");
         collect<FrameCommands>(collected, "FrameCommands");
+        collect<OperationCommands>(collected, "OperationCommands");
         collect<PayloadCommands>(collected, "PayloadCommands");
         collect<ReadingCommands>(collected, "ReadingCommands");
         collect<RemovalCommands>(collected, "RemovalCommands");
@@ -48,7 +48,7 @@ SubjectCommands::SubjectCommands(const WindowParts& parts, const std::function<v
       removals_(parts, gathering_, ending_),
       tagLists_(parts, gathering_, ending_),
       payloads_(parts, gathering_, ending_),
-      batch_(parts, gathering_, ending_) {
+      operations_(parts, gathering_, ending_) {
     const auto add = [this]<class Subject>(Subject& subject) { map_.addSubject(subject, Subject::rows()); };
     add(reading_);
     add(browse_);
@@ -58,7 +58,7 @@ SubjectCommands::SubjectCommands(const WindowParts& parts, const std::function<v
     add(removals_);
     add(tagLists_);
     add(payloads_);
-    add(batch_);
+    add(operations_);
     map_.setSelectionQuestion([&parts] { return parts.hasSelection(); });
     map_.createActions(parts.language, chosen);
 }

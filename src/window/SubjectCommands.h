@@ -1,12 +1,12 @@
 #pragma once
 
-#include "window/BatchCommands.h"
 #include "window/BrowseCommands.h"
 #include "window/CommandMap.h"
 #include "window/EditingCommands.h"
 #include "window/ExportCommands.h"
 #include "window/FrameCommands.h"
 #include "window/OperationEnding.h"
+#include "window/OperationCommands.h"
 #include "window/PayloadCommands.h"
 #include "window/ReadingCommands.h"
 #include "window/RemovalCommands.h"
@@ -53,7 +53,7 @@ class SubjectCommands {
     RemovalCommands removals_;
     TagListCommands tagLists_;
     PayloadCommands payloads_;
-    BatchCommands batch_;
+    OperationCommands operations_;
 };
 
 }  // namespace window

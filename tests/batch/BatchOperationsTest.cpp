@@ -1,4 +1,5 @@
 #include "batch/BatchDispatch.h"
+#include "batch/BatchOperations.h"
 #include "jobs/JobSource.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
@@ -53,9 +54,14 @@ class BatchOperationsTest : public testing::Test {
         if (value.ends_with('\n')) value.pop_back();
         return value;
     }
+    static const jobs::Operation* operationOf(CommandId id) {
+        for (const jobs::Operation& operation : batch::operations())
+            if (operation.id == id) return &operation;
+        return nullptr;
+    }
     jobs::Job jobOf(CommandId id, const std::vector<fs::path>& files) {
-        std::optional<jobs::Job> job =
-            batch::BatchDispatcher({language_, runner_}, {}).BatchDispatch(id, files);
+        std::optional<jobs::Job> job = batch::BatchDispatcher({context_, language_, runner_}, {})
+                                           .BatchDispatch(id, operationOf(id), files);
         EXPECT_TRUE(job) << id;
         return job.value_or(jobs::Job());
     }
@@ -374,42 +380,45 @@ TEST_F(BatchOperationsTest, NoOperationTellsASuccessThatIsNone) {
 TEST_F(BatchOperationsTest, NothingIsDispatchedThatIsNoBatchCommand) {
     const fs::path photo = make("a.jpg");
     int opened = 0;
-    batch::BatchDispatcher dispatcher({language_, runner_},
-                                      [&](const batch::BatchOperation&, batch::BatchOptions&) {
+    batch::BatchDispatcher dispatcher({context_, language_, runner_},
+                                      [&](const jobs::Operation&, batch::BatchOptions&) {
                                           ++opened;
                                           return jobs::Job();
                                       });
     for (const CommandId id : {0, 12, 145, 149, 170, 206, 210, 229})
-        EXPECT_FALSE(dispatcher.BatchDispatch(id, {photo})) << id;
-    EXPECT_FALSE(dispatcher.BatchDispatch(173, {}));
+        EXPECT_FALSE(dispatcher.BatchDispatch(id, operationOf(173), {photo})) << id;
+    EXPECT_FALSE(dispatcher.BatchDispatch(173, operationOf(173), {}));
+    EXPECT_FALSE(dispatcher.BatchDispatch(146, nullptr, {photo})) << "not built";
     EXPECT_EQ(opened, 0);
     EXPECT_THAT(names(), ElementsAre("a.jpg"));
 }
 
 TEST_F(BatchOperationsTest, WhatADialogLeavesIsHandedBack) {
     const fs::path photo = make("a.jpg");
+    const jobs::Operation asking{.id = 183, .templateNumber = 157};
     bool isCancelled = false;
-    batch::BatchDispatcher dispatcher({language_, runner_}, [&](const batch::BatchOperation& operation,
-                                                                const batch::BatchOptions& options) {
-        EXPECT_EQ(operation.id, options.command);
-        return isCancelled ? std::nullopt
-                           : std::optional(jobs::Job{.title = "Asked", .files = options.files});
-    });
-    const std::optional<jobs::Job> job = dispatcher.BatchDispatch(183, {photo});
+    batch::BatchDispatcher dispatcher(
+        {context_, language_, runner_},
+        [&](const jobs::Operation& operation, const batch::BatchOptions& options) {
+            EXPECT_EQ(operation.id, options.command);
+            return isCancelled ? std::nullopt
+                               : std::optional(jobs::Job{.title = "Asked", .files = options.files});
+        });
+    const std::optional<jobs::Job> job = dispatcher.BatchDispatch(183, &asking, {photo});
     ASSERT_TRUE(job);
     EXPECT_EQ(job->title, QStringLiteral("Asked"));
     EXPECT_THAT(job->files, ElementsAre(photo));
     isCancelled = true;
-    EXPECT_FALSE(dispatcher.BatchDispatch(183, {photo}));
+    EXPECT_FALSE(dispatcher.BatchDispatch(183, &asking, {photo}));
 }
 
 TEST_F(BatchOperationsTest, TheOptionsOfTheLastOperationAreCleared) {
     const fs::path photo = make("a.jpg");
-    batch::BatchDispatcher dispatcher({language_, runner_}, {});
-    EXPECT_TRUE(dispatcher.BatchDispatch(185, {photo}));
+    batch::BatchDispatcher dispatcher({context_, language_, runner_}, {});
+    EXPECT_TRUE(dispatcher.BatchDispatch(185, operationOf(185), {photo}));
     EXPECT_EQ(dispatcher.options().command, 185);
     EXPECT_THAT(dispatcher.options().files, ElementsAre(photo));
-    EXPECT_FALSE(dispatcher.BatchDispatch(145, {photo}));
+    EXPECT_FALSE(dispatcher.BatchDispatch(145, operationOf(185), {photo}));
     EXPECT_EQ(dispatcher.options().command, 0);
     EXPECT_THAT(dispatcher.options().files, IsEmpty());
 }

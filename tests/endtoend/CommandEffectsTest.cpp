@@ -1,6 +1,6 @@
 #include "DrivenProgram.h"
 #include "PictureFolder.h"
-#include "window/BatchCommands.h"
+#include "window/OperationCommands.h"
 #include "window/BrowseCommands.h"
 #include "window/EditingCommands.h"
 #include "window/ExportCommands.h"
@@ -313,7 +313,7 @@ TEST_F(CommandEffectsTest, NoHandlerIsLeftOut) {
     std::set<int> tried;
     for (const std::vector<Try>& tries : {frameTries(), browseTries(), fileTries(), changingTries()})
         for (const Try& row : tries) tried.insert(row.command);
-    expectTried<window::BatchCommands>(tried);
+    expectTried<window::OperationCommands>(tried);
     expectTried<window::BrowseCommands>(tried);
     expectTried<window::EditingCommands>(tried);
     expectTried<window::ExportCommands>(tried);

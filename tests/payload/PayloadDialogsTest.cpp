@@ -4,10 +4,11 @@
 #include "payload/ExportDialogICC.h"
 #include "payload/ExportDialogThumbnail.h"
 #include "payload/PayloadFile.h"
-#include "payload/ThumbnailAddDialog.h"
+#include "payload/ThumbnailOperations.h"
 #include "support/ToolStandIns.h"
 
 #include "dialogs/Messages.h"
+#include "jobs/OperationDialog.h"
 
 #include <gmock/gmock.h>
 
@@ -264,7 +265,7 @@ TEST_F(PayloadDialogsTest, OneThumbnailForManyFiles) {
                                          folder / "photos/missing.jpg", photo({}, "c.jpg")};
     const fs::path picture = smallJpeg("new 50%d.jpg", Qt::green);
     const std::string before = readBytes(files[0]);
-    ThumbnailAddDialog dialog(parts, files, nullptr);
+    jobs::OperationDialog dialog(parts, payload::operations().front(), files, nullptr);
     ASSERT_TRUE(dialog.hasForm());
     EXPECT_EQ(dialog.windowTitle(), "Embed a thumbnail in 4 files");
     EXPECT_EQ(runAndPress(dialog, dialogs::kOkControl), 0);
@@ -280,7 +281,7 @@ TEST_F(PayloadDialogsTest, OneThumbnailForManyFiles) {
 TEST_F(PayloadDialogsTest, TheDesignedRunReplacesTheReportOfTheLastFile) {
     context.settings.exifTool.correctedCommands = false;
     const std::vector<fs::path> files = {folder / "photos/missing.jpg", photo({}, "c.jpg")};
-    ThumbnailAddDialog dialog(parts, files, nullptr);
+    jobs::OperationDialog dialog(parts, payload::operations().front(), files, nullptr);
     dialog.control<QLineEdit>(1321)->setText(
         QString::fromStdString(smallJpeg("new.jpg", Qt::green).string()));
     EXPECT_EQ(runAndPress(dialog, dialogs::kOkControl), 1);

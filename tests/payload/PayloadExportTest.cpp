@@ -1,7 +1,9 @@
 #include "jobs/JobSource.h"
+#include "jobs/OperationJob.h"
 #include "payload/PayloadExporter.h"
 #include "payload/PayloadFetch.h"
 #include "payload/PayloadFile.h"
+#include "payload/ThumbnailOperations.h"
 #include "payload/ThumbnailWrite.h"
 #include "support/ToolStandIns.h"
 
@@ -45,6 +47,11 @@ class PayloadExportTest : public PayloadFile {
         return exportBy(run, payload, file);
     }
     exiftool::Outcomes carryOut(const jobs::Job& job) { return jobs::runHere(job, context, runner); }
+    jobs::Job embeddingJob(const fs::path& picture, const std::vector<fs::path>& files) const {
+        jobs::FilledForm filled;
+        filled.set(1321, picture);
+        return jobs::jobOf(payload::operations().front(), {}, app::commandFormOf(context), filled, files);
+    }
     void useTool(const std::string& script) { support::useTool(context, folder / "tool", script); }
     static const PayloadExport& kind(std::string_view tag) {
         for (const PayloadExport& payload : thumbnailExports())
@@ -230,8 +237,7 @@ TEST_F(PayloadExportTest, TheDesignedJobTellsOfEachFileWhatItsRunSaid) {
     const fs::path text = folder / "photos/text.jpg";
     writeBytes(text, "no picture at all");
     const std::vector<fs::path> files = {folder / "photos/missing with a long name.jpg", text};
-    const exiftool::Outcomes outcomes =
-        carryOut(embedThumbnailJob({}, smallJpeg("new.jpg", Qt::green), files));
+    const exiftool::Outcomes outcomes = carryOut(embeddingJob(smallJpeg("new.jpg", Qt::green), files));
     EXPECT_THAT(kindsOf(outcomes), ElementsAre(Failed, Failed));
     EXPECT_THAT(outcomes[0].words, HasSubstr("long name.jpg"));
     EXPECT_THAT(outcomes[1].words, HasSubstr("text.jpg"));
@@ -241,7 +247,7 @@ TEST_F(PayloadExportTest, TheDesignedJobTellsOfEachFileWhatItsRunSaid) {
 TEST_F(PayloadExportTest, TheLineForAllFilesEmbedsThePictureUnderANameThatIsNoPattern) {
     const fs::path file = photoWithThumbnail("a.jpg");
     const fs::path picture = smallJpeg("new 100%f.jpg", Qt::green);
-    const jobs::Job job = embedThumbnailJob({}, picture, {file});
+    const jobs::Job job = embeddingJob(picture, {file});
     EXPECT_EQ(runner.runWriteLine(file, job.sameForAll(context, app::commandFormOf(context), file)),
               (Outcome{file, Done, {}}));
     EXPECT_EQ(thumbnailOf(file), readBytes(picture));
@@ -254,7 +260,7 @@ TEST_F(PayloadExportTest, APictureThatIsGoneMeanwhileIsToldForEachFile) {
     const std::string before = readBytes(file);
     for (const char* name : {"gone.jpg", "gone 100%f.jpg"}) {
         const fs::path picture = smallJpeg(name, Qt::green);
-        const jobs::Job job = embedThumbnailJob({}, picture, {file, file});
+        const jobs::Job job = embeddingJob(picture, {file, file});
         fs::remove(picture);
         for (const Outcome& outcome : carryOut(job)) {
             EXPECT_TRUE(outcome.kind == Failed || outcome.kind == NotStarted) << name;
@@ -309,7 +315,7 @@ TEST_F(PayloadExportTest, NoJobTellsASuccessThatIsNone) {
     const std::vector<support::NamedWork> works = {
         {"replace", [&] { return carryOut(replaceThumbnailJob({}, picture, files[0])); }},
         {"delete", [&] { return carryOut(deleteThumbnailJob({}, files[0])); }},
-        {"embed", [&] { return carryOut(embedThumbnailJob({}, picture, files)); }},
+        {"embed", [&] { return carryOut(embeddingJob(picture, files)); }},
         {"export thumbnails",
          [&] { return carryOut(exportPayloadsJob({}, exporter(files), {kind("ThumbnailImage")})); },
          Unchanged},

@@ -23,6 +23,10 @@ void LanguageSources::replace(const std::string& name, const std::string& from, 
     writeBytes(folder_ / name, content.replace(at, from.size(), to));
 }
 
+void LanguageSources::add(const std::string& name, const std::string& content) const {
+    writeBytes(folder_ / name, content);
+}
+
 void LanguageSources::remove(const std::string& name) const {
     EXPECT_TRUE(fs::remove(folder_ / name)) << name;
 }

@@ -16,6 +16,7 @@ class LanguageSources {
     /// A test failure when the file does not hold what is to be replaced.
     void replace(const std::string& name, const std::string& from, const std::string& to) const;
     void remove(const std::string& name) const;
+    void add(const std::string& name, const std::string& content) const;
 
     /// Gives the numbered text, or the text of the forms' context, a translation.
     void translate(int number, const std::string& translation) const;

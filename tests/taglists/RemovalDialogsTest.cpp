@@ -1,7 +1,7 @@
 #include "dialogs/Messages.h"
-#include "taglists/CopyTagsDialog.h"
-#include "taglists/DeleteAll.h"
+#include "jobs/OperationDialog.h"
 #include "taglists/DialogRemoveTags.h"
+#include "taglists/RemovalOperations.h"
 #include "taglists/RemovalParts.h"
 #include "taglists/RemovalTexts.h"
 #include "taglists/RemoveDialogTypes.h"
@@ -80,9 +80,10 @@ TEST_F(RemovalDialogs, TheTitlesSayWhatAndOfHowManyFiles) {
               QStringLiteral("Remove tags from 2 files"));
     EXPECT_EQ(RemoveDialogTypes(parts, one, nullptr).windowTitle(),
               QStringLiteral("Remove groups from 1 file"));
-    EXPECT_EQ(DeleteAll(parts, context.settings.deleteAll, two, nullptr).windowTitle(),
+    EXPECT_EQ(jobs::OperationDialog(parts, operationOf(176), two, nullptr).windowTitle(),
               QStringLiteral("Delete the metadata of 2 files"));
-    EXPECT_EQ(CopyTagsDialog(parts, two, nullptr).windowTitle(), QStringLiteral("Copy tags to 2 files"));
+    EXPECT_EQ(jobs::OperationDialog(parts, operationOf(10062), two, nullptr).windowTitle(),
+              QStringLiteral("Copy tags to 2 files"));
     EXPECT_EQ(DialogRemoveATag_FromOneFile(parts, one[0], QStringLiteral("IPTC"), nullptr).windowTitle(),
               QStringLiteral("Remove tags of the group IPTC"));
 }
@@ -152,8 +153,8 @@ TEST_F(RemovalDialogs, EscapeRemovesNothing) {
     const std::string before = readBytes(file);
     RemoveDialogTypes types(parts, {file}, nullptr);
     DialogRemoveTags tags(parts, {file}, nullptr);
-    DeleteAll all(parts, context.settings.deleteAll, {file}, nullptr);
-    CopyTagsDialog copy(parts, {file}, nullptr);
+    jobs::OperationDialog all(parts, operationOf(176), {file}, nullptr);
+    jobs::OperationDialog copy(parts, operationOf(10065), {file}, nullptr);
     for (QDialog* dialog : std::initializer_list<QDialog*>{&types, &tags, &all, &copy}) {
         dialog->show();
         QTest::keyClick(dialog, Qt::Key_Escape);
@@ -243,7 +244,7 @@ TEST_F(RemovalDialogs, AListThatCannotBeWrittenEndsTheGroupsJobWithoutSuccess) {
 TEST_F(RemovalDialogs, DeleteAllKeepsTwoSettingsOfItsOwn) {
     const fs::path file = makePhoto("a.jpg");
     context.settings.deleteAll.safetyCopy = false;
-    DeleteAll dialog(parts, context.settings.deleteAll, {file}, nullptr);
+    jobs::OperationDialog dialog(parts, operationOf(176), {file}, nullptr);
     EXPECT_TRUE(dialog.control<QAbstractButton>(1930)->isChecked());
     EXPECT_FALSE(dialog.control<QAbstractButton>(1089)->isChecked());
     EXPECT_TRUE(dialog.control<QAbstractButton>(1678)->isChecked());
@@ -268,7 +269,7 @@ TEST_F(RemovalDialogs, DeleteAllKeepsTwoSettingsOfItsOwn) {
 TEST_F(RemovalDialogs, TheDesignedBoxesOfDeleteAllServeTwice) {
     context.settings.exifTool.correctedCommands = false;
     const fs::path file = makePhoto("a.jpg");
-    DeleteAll dialog(parts, context.settings.deleteAll, {file}, nullptr);
+    jobs::OperationDialog dialog(parts, operationOf(176), {file}, nullptr);
     EXPECT_TRUE(dialog.control<QAbstractButton>(1089)->isChecked());
     EXPECT_FALSE(dialog.control<QAbstractButton>(1678)->isChecked());
     press(dialog, 1009);
@@ -279,7 +280,7 @@ TEST_F(RemovalDialogs, TheDesignedBoxesOfDeleteAllServeTwice) {
     EXPECT_THAT(kindsOf(carryOut(dialog)), ElementsAre(Done));
     EXPECT_EQ(valueOf(file, "XMP:All") + valueOf(file, "EXIF:All"), "");
     EXPECT_TRUE(fs::exists(context.cachePath / "sav"));
-    DeleteAll next(parts, context.settings.deleteAll, {file}, nullptr);
+    jobs::OperationDialog next(parts, operationOf(176), {file}, nullptr);
     EXPECT_FALSE(next.control<QAbstractButton>(1089)->isChecked());
     EXPECT_TRUE(next.control<QAbstractButton>(1678)->isChecked());
 }
@@ -288,7 +289,7 @@ TEST_F(RemovalDialogs, CopyingAsksForASourceAndFamilies) {
     const fs::path source = makePhoto("source \"x\" $(y).jpg");
     const fs::path target = folder / "photos/target.jpg";
     support::writeJpeg(target);
-    CopyTagsDialog dialog(parts, {target}, nullptr);
+    jobs::OperationDialog dialog(parts, operationOf(10065), {target}, nullptr);
     auto* edit = dialog.control<QLineEdit>(1321);
     edit->setText(QStringLiteral("/no/such.jpg"));
     press(dialog, dialogs::kOkControl);

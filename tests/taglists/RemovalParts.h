@@ -5,9 +5,11 @@
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 #include "support/ToolStandIns.h"
+#include "taglists/RemovalOperations.h"
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -37,6 +39,12 @@ class RemovalParts {
         const fs::path file = folder / "photos" / name;
         fs::copy_file(master_, file);
         return file;
+    }
+
+    static const jobs::Operation& operationOf(app::CommandId id) {
+        for (const jobs::Operation& operation : taglists::operations())
+            if (operation.id == id) return operation;
+        throw std::out_of_range("no such operation");
     }
 
     /// The safety copy's bytes.

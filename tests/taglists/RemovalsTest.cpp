@@ -1,5 +1,6 @@
 #include "taglists/Removals.h"
 
+#include "jobs/OperationJob.h"
 #include "taglists/DeleteTags.h"
 #include "taglists/RemovalParts.h"
 #include "taglists/RemovalTexts.h"
@@ -30,10 +31,32 @@ class RemovalsTest : public testing::Test, public RemovalParts {
     Outcomes remove(const std::vector<TagAddress>& tags, const std::vector<fs::path>& files) {
         return carryOut(removeTagsJob(QStringLiteral("Remove"), tags, files));
     }
+    Outcomes deleteAll(const std::vector<int>& ticked, const std::vector<fs::path>& files) {
+        jobs::FilledForm filled;
+        for (const int box : ticked) filled.set(box, true);
+        return carryOut(jobs::jobOf(operationOf(176), {}, app::commandFormOf(context), filled, files));
+    }
+    jobs::Job copying(const std::vector<int>& families, const fs::path& source,
+                      const std::vector<fs::path>& files) const {
+        jobs::FilledForm filled;
+        filled.set(1321, source);
+        for (const int box : families) filled.set(box, true);
+        return jobs::jobOf(operationOf(10062), QStringLiteral("Copy"), app::commandFormOf(context), filled,
+                           files);
+    }
     std::vector<OutcomeKind> removeGroups(const std::vector<std::string>& groups,
                                           const std::vector<fs::path>& files) {
         return kindsOf(carryOut(removeTypesJob({}, groups, files)));
     }
+};
+
+enum Box {
+    kExif = 1008,
+    kIptc = 1009,
+    kXmp = 1011,
+    kSafetyCopy = 1089,
+    kKeepDate = 1678,
+    kEverything = 1930
 };
 
 /// The lines without those that begin so.
@@ -155,25 +178,23 @@ TEST_F(RemovalsTest, EveryGroupThatIsOfferedCanBeRemoved) {
 TEST_F(RemovalsTest, EverythingOrChosenFamiliesAreDeleted) {
     const char* const kTags[] = {"EXIF:Artist", "IPTC:City", "XMP-dc:Title", "File:Comment"};
     struct {
-        DeleteAllChoice choice;
+        std::vector<int> ticked;
         std::vector<bool> left;
     } const cases[] = {
-        {{.everything = true}, {false, false, false, false}},
-        {{.everything = false, .exif = true}, {false, true, true, true}},
-        {{.everything = false, .iptc = true}, {true, false, true, true}},
-        {{.everything = false, .iptc = true, .xmp = true}, {true, false, false, true}},
+        {{kEverything, kSafetyCopy, kExif}, {false, false, false, false}},
+        {{kExif, kSafetyCopy}, {false, true, true, true}},
+        {{kIptc, kSafetyCopy}, {true, false, true, true}},
+        {{kIptc, kXmp, kSafetyCopy}, {true, false, false, true}},
     };
     int number = 0;
     for (const auto& row : cases) {
         const fs::path file = makePhoto("everything" + std::to_string(++number) + ".jpg");
         const std::string before = readBytes(file);
-        EXPECT_THAT(kindsOf(carryOut(deleteAllTagsJob({}, row.choice, true, {file}))), ElementsAre(Done));
+        EXPECT_THAT(kindsOf(deleteAll(row.ticked, {file})), ElementsAre(Done));
         for (std::size_t at = 0; at < row.left.size(); ++at)
             EXPECT_EQ(!valueOf(file, kTags[at]).empty(), row.left[at]) << number << kTags[at];
         EXPECT_EQ(copyOf(file), before);
     }
-    const fs::path file = makePhoto("nothing.jpg");
-    EXPECT_THAT(carryOut(deleteAllTagsJob({}, {.everything = false}, true, {file})), IsEmpty());
     EXPECT_EQ(report(), "");
 }
 
@@ -181,8 +202,7 @@ TEST_F(RemovalsTest, DeletingCanKeepTheDateAndDoWithoutSafetyCopies) {
     const fs::path file = makePhoto("a.jpg");
     const auto long_ago = fs::last_write_time(file) - std::chrono::hours(1000);
     fs::last_write_time(file, long_ago);
-    EXPECT_THAT(kindsOf(carryOut(deleteAllTagsJob({}, {.keepDate = true}, false, {file}))),
-                ElementsAre(Done));
+    EXPECT_THAT(kindsOf(deleteAll({kEverything, kKeepDate}, {file})), ElementsAre(Done));
     // ExifTool sets whole seconds.
     EXPECT_LT(fs::last_write_time(file) - long_ago, std::chrono::seconds(2));
     EXPECT_EQ(valueOf(file, "XMP-dc:Title"), "");
@@ -215,11 +235,14 @@ TEST_F(RemovalsTest, NoJobTellsASuccessThatIsNone) {
         {"tags of the shown file", [&] { return carryOut(removeTagsFromShownFileJob({}, tags, files[0])); }},
         {"one tag of the panel", [&] { return carryOut(deleteTagsJob(form(), {}, tags, files[0])); }},
         {"groups", [&] { return carryOut(removeTypesJob({}, {"EXIF"}, files)); }},
-        {"everything", [&] { return carryOut(deleteAllTagsJob({}, {}, true, files)); }},
+        {"everything",
+         [&] {
+             return deleteAll({kEverything, kSafetyCopy}, files);
+         }},
         {"a family", [&] { return carryOut(removeFamilyJob({}, 10067, files)); }},
         {"copying",
          [&] {
-             return carryOut(copyTagsJob({}, {true, true, true}, source, files));
+             return carryOut(copying({kExif, kIptc, kXmp}, source, files));
          }},
     };
     support::expectTruthOfStandIns(context, runner, folder.path(), folder / "photos", works);
@@ -321,14 +344,12 @@ TEST_F(RemovalsTest, TagsAreCopiedAndAMissingTargetIsInTheReport) {
     const fs::path target = folder / "photos/target.jpg";
     support::writeJpeg(target);
     const fs::path gone = folder / "photos/gone.jpg";
-    const jobs::Job job = copyTagsJob(QStringLiteral("Copy"), {.exif = false, .iptc = true, .xmp = true},
-                                      source, {gone, target});
+    const jobs::Job job = copying({kIptc, kXmp}, source, {gone, target});
     EXPECT_EQ(job.title, QStringLiteral("Copy"));
     EXPECT_THAT(kindsOf(carryOut(job)), ElementsAre(Failed, Done));
     EXPECT_EQ(valueOf(target, "IPTC:City") + valueOf(target, "XMP-dc:Title"), "TownA title");
     EXPECT_EQ(valueOf(target, "EXIF:All"), "");
     EXPECT_THAT(report(), HasSubstr("gone.jpg"));
-    EXPECT_THAT(copyTagsJob({}, {}, source, {target}).files, IsEmpty());
 }
 
 TEST_F(RemovalsTest, WhatIsAskedTellsWhatOfHowManyFiles) {
@@ -348,7 +369,4 @@ TEST_F(RemovalsTest, WhatIsAskedTellsWhatOfHowManyFiles) {
         EXPECT_NE(typesRemovedText(language, Outcomes{done, {"b.jpg", kind, {}}}), success);
     EXPECT_NE(typesRemovedText(language, Outcomes{done, {"b.jpg", Failed, {}}}),
               typesRemovedText(language, Outcomes{{"b.jpg", Failed, {}}}));
-    EXPECT_EQ(copyRefusal(false, true), text::kNoSuchSource);
-    EXPECT_EQ(copyRefusal(true, false), text::kChooseFamilies);
-    EXPECT_EQ(copyRefusal(true, true), 0);
 }

@@ -1,8 +1,11 @@
 #include "app/CommandTable.h"
 #include "batch/BatchTable.h"
+#include "dialogs/FormControls.h"
 #include "window/SubjectCommands.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -26,30 +29,55 @@ TEST(CommandHandlers, EveryCommandIsDoneByTheSubjectThatItIsAbout) {
          {Case{8, 9, "FrameCommands"},           Case{12, 12, "BrowseCommands"},
           Case{17, 17, "FrameCommands"},         Case{22, 36, "TagListCommands"},
           Case{57, 106, "TagListCommands"},      Case{108, 142, "TagListCommands"},
-          Case{157, 157, "BatchCommands"},       Case{172, 174, "BatchCommands"},
-          Case{176, 178, "RemovalCommands"},     Case{183, 183, "BatchCommands"},
-          Case{185, 185, "BatchCommands"},       Case{216, 217, "PayloadCommands"},
-          Case{245, 248, "BrowseCommands"},      Case{284, 284, "FrameCommands"},
-          Case{1819, 1819, "RemovalCommands"},   Case{1821, 1821, "EditingCommands"},
-          Case{1824, 1824, "TagListCommands"},   Case{5033, 5037, "BrowseCommands"},
-          Case{8003, 8003, "ReadingCommands"},   Case{8056, 8056, "ReadingCommands"},
-          Case{10004, 10004, "ExportCommands"},  Case{10033, 10041, "ExportCommands"},
-          Case{10065, 10069, "RemovalCommands"}, Case{10075, 10075, "EditingCommands"},
-          Case{40012, 40012, "BrowseCommands"},  Case{40100, 40100, "ReadingCommands"},
-          Case{50001, 50004, "BrowseCommands"}})
+          Case{157, 157, "OperationCommands"},   Case{172, 174, "OperationCommands"},
+          Case{176, 176, "OperationCommands"},   Case{177, 178, "RemovalCommands"},
+          Case{183, 183, "OperationCommands"},   Case{185, 185, "OperationCommands"},
+          Case{216, 217, "PayloadCommands"},     Case{245, 248, "BrowseCommands"},
+          Case{284, 284, "FrameCommands"},       Case{1819, 1819, "RemovalCommands"},
+          Case{1821, 1821, "EditingCommands"},   Case{1824, 1824, "TagListCommands"},
+          Case{5033, 5037, "BrowseCommands"},    Case{8003, 8003, "ReadingCommands"},
+          Case{8056, 8056, "ReadingCommands"},   Case{10004, 10004, "ExportCommands"},
+          Case{10033, 10041, "ExportCommands"},  Case{10065, 10069, "RemovalCommands"},
+          Case{10075, 10075, "EditingCommands"}, Case{40012, 40012, "BrowseCommands"},
+          Case{40100, 40100, "ReadingCommands"}, Case{50001, 50004, "BrowseCommands"}})
         for (int id = first; id <= last; ++id) EXPECT_EQ(SubjectCommands::subjectOf(id), subject) << id;
 }
 
 TEST(CommandHandlers, EveryBatchOperationThatAsksNothingIsBuilt) {
     for (const batch::BatchOperation& row : batch::batchTable()) {
         if (*row.dialog != '\0' || row.isOfWindow) continue;
-        EXPECT_EQ(SubjectCommands::subjectOf(row.id), "BatchCommands") << row.id;
+        EXPECT_EQ(SubjectCommands::subjectOf(row.id), "OperationCommands") << row.id;
     }
 }
 
 TEST(CommandHandlers, EveryKeyThatIsToldSendsACommandThatIsBuilt) {
     for (const app::Shortcut& shortcut : app::shortcuts())
         EXPECT_TRUE(SubjectCommands::isBuilt(shortcut.command)) << shortcut.keys;
+}
+
+TEST(CommandHandlers, AnOperationNamesControlsThatItsFormHas) {
+    const auto isDeclared = [](int form, int control) {
+        const auto rows = dialogs::formControls(form);
+        return std::ranges::find(rows, control, &dialogs::FormControl::controlId) != rows.end();
+    };
+    for (const auto& row : window::OperationCommands::rows()) {
+        const jobs::Operation* const operation = window::OperationCommands::find(row.first);
+        ASSERT_NE(operation, nullptr) << row.first;
+        EXPECT_NE(app::findCommand(operation->id), nullptr) << row.first;
+        const int form = operation->templateNumber;
+        if (form == 0) {
+            EXPECT_TRUE(operation->fields.empty() && operation->boxes.empty()) << row.first;
+            continue;
+        }
+        for (const jobs::OperationField& field : operation->fields) {
+            EXPECT_TRUE(isDeclared(form, field.control)) << form << ' ' << field.control;
+            if (field.offer.button != 0) {
+                EXPECT_TRUE(isDeclared(form, field.offer.button)) << form << ' ' << field.offer.button;
+            }
+        }
+        for (const jobs::OperationBox& box : operation->boxes)
+            EXPECT_TRUE(isDeclared(form, box.control)) << form << ' ' << box.control;
+    }
 }
 
 }  // namespace

@@ -1,0 +1,159 @@
+#pragma once
+
+#include "app/AppContext.h"
+#include "app/CommandForm.h"
+#include "app/CommandTable.h"
+#include "app/LanguageFile.h"
+#include "exiftool/Outcome.h"
+#include "jobs/FilledForm.h"
+#include "platform/CommandText.h"
+
+#include <chrono>
+#include <optional>
+#include <span>
+
+/// Operations over files as data: what is asked, what must be filled in, and the line that it makes. Rows are
+/// constants, and all that they point to lives as long as the program.
+namespace jobs {
+
+/// What a dialog says when it cannot go on.
+struct OperationMessage {
+    enum class Icon { Error = 16, Warning = 48 };
+
+    int text = 0;                   ///< number; %s is what the field holds
+    const char* literal = nullptr;  ///< in the place of text, where it is the same in every language
+    Icon icon = Icon::Warning;
+};
+
+enum class FieldKind {
+    Box,       ///< a check box or radio button: bool
+    Text,      ///< one line or several: QString
+    File,      ///< the path of a file, typed or chosen: path
+    Folder,    ///< path
+    Number,    ///< a spin box, or digits in a line: int
+    Choice,    ///< which of a list of offers: int, from 0
+    DateTime,  ///< a date, a time or both: QDateTime
+    Rows,      ///< a list of rows with boxes: the ids of those ticked
+};
+
+/// What the designed form keeps of a text. The corrected one takes Unicode, as long as wanted.
+struct DesignedText {
+    enum class Encoding { Unicode, Western };  ///< Western: one byte a character, else a question mark
+
+    Encoding encoding = Encoding::Unicode;
+    std::size_t limit = 0;  ///< in characters; 0: none
+};
+
+/// A row of a list of boxes.
+struct OperationListRow {
+    int id;
+    const char* name;
+    const char* group = "";
+};
+
+/// The button beside a path, and what it asks.
+struct PathOffer {
+    int button = 0;
+    int title = 0;                         ///< number of the text
+    const char* titleLiteral = nullptr;    ///< in the place of title
+    std::span<const char* const> types{};  ///< "JPEG (*.jpg *.jpeg)"; none: all files
+};
+
+/// Something that the user fills in, besides the boxes that stand for tags.
+struct OperationField {
+    int control;
+    FieldKind kind;
+    DesignedText designed{};
+    bool mustBeFilled = false;
+    int neededWith = 0;          ///< mustBeFilled only counts while this box is ticked; 0: always
+    OperationMessage missing{};  ///< without text and literal the field only gets the focus
+    /// What a path must be besides; null: any.
+    bool (*accepts)(const std::filesystem::path& path) = nullptr;
+    PathOffer offer{};
+    std::span<const OperationListRow> rows{};
+};
+
+/// How a ticked box reads on the line, in one form: the literal, the value, and what closes it.
+struct BoxTerm {
+    const char* first = "";    ///< where no term stands before it
+    const char* joined = "";   ///< behind another term
+    const char* closing = "";  ///< behind the value, or behind the literal where there is no value
+};
+
+/// A box that stands for a tag or a family.
+struct OperationBox {
+    int control;
+    BoxTerm designed{};
+    BoxTerm corrected{};  ///< the value comes in quotes of its own
+    int value = 0;        ///< the field whose text follows the literal; 0: none
+};
+
+enum class NothingTicked { Runs, IsTold, Cancels };
+
+/// What a line is put together from.
+struct Composing {
+    const app::AppContext& context;
+    app::CommandForm form;
+    const FilledForm& filled;
+    const std::filesystem::path& file;                  ///< for a line over all: their list
+    std::span<const std::filesystem::path> filesSoFar;  ///< those of the run up to this one
+};
+
+/// The line, or what is told of the file in the place of a run: passed over, or why it could not be begun.
+struct Composed {
+    Composed(platform::CommandText composed) : text(std::move(composed)) {}  // NOLINT: a text is a line
+    Composed(exiftool::OutcomeKind kind, std::string words) : instead(kind), words(std::move(words)) {}
+
+    platform::CommandText text{};
+    std::optional<exiftool::OutcomeKind> instead{};
+    std::string words{};
+};
+
+/// What compose() gives, and with it the road that it takes.
+enum class ComposedAs {
+    Arguments,   ///< ToolRunner::RunOnFile puts tool, language, file and report around them
+    Line,        ///< a whole line a file, by way of <temp>/Metadata.bat
+    HiddenLine,  ///< a whole line a file, without a batch file
+    LineOfAll,   ///< one line over the list of all files
+};
+
+/// What only the designed form does around each file.
+struct DesignedHabits {
+    bool emptiesReport = false;         ///< the words of one file replace those of the file before
+    std::chrono::milliseconds rest{0};  ///< behind the file
+};
+
+struct Operation {
+    app::CommandId id;
+    int templateNumber = 0;  ///< of the form; 0: nothing is asked
+    /// The dialog's title; null: none.
+    QString (*title)(const app::LanguageFile& language, std::size_t files) = nullptr;
+    int progressText = 0;  ///< what a progress says is done; 0: the dialog's title
+    std::span<const OperationField> fields{};
+    std::span<const OperationBox> boxes{};
+    NothingTicked nothingTicked = NothingTicked::Runs;  ///< none of the boxes, or of the rows of a list
+    OperationMessage noneTicked{};
+    int focus = 0;  ///< the control that has it at the start
+
+    /// Which of the controls can be used while the others stand as they do; null: all.
+    bool (*isEnabled)(int control, app::CommandForm form, const FilledForm& filled) = nullptr;
+    /// What the dialog shows at its start beyond what its form says, and what it keeps when OK is pressed.
+    void (*offer)(const app::Settings& settings, app::CommandForm form, FilledForm& filled) = nullptr;
+    void (*keep)(const FilledForm& filled, app::CommandForm form, app::Settings& settings) = nullptr;
+
+    ComposedAs composedAs = ComposedAs::Arguments;
+    /// Any thread. Null: the terms of the ticked boxes.
+    Composed (*compose)(const Composing& composing) = nullptr;
+    /// Whether the line is the same but for the file, so that in the corrected form sessions can share it.
+    bool isSameForAll = true;
+    /// Null: as the settings say. False: no copies, whatever they say.
+    bool (*makesSafetyCopies)(app::CommandForm form, const FilledForm& filled) = nullptr;
+    DesignedHabits designed{};
+};
+
+/// For makesSafetyCopies.
+inline bool never(app::CommandForm /*form*/, const FilledForm& /*filled*/) {
+    return false;
+}
+
+}  // namespace jobs

@@ -1,0 +1,211 @@
+#include "jobs/OperationDialog.h"
+
+#include "dialogs/FileChooser.h"
+#include "dialogs/Messages.h"
+#include "jobs/OperationJob.h"
+#include "platform/Text.h"
+
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QDateTimeEdit>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QSpinBox>
+#include <QTreeWidget>
+
+namespace jobs {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+QString textIn(const QWidget* widget) {
+    if (const auto* line = qobject_cast<const QLineEdit*>(widget)) return line->text();
+    if (const auto* lines = qobject_cast<const QPlainTextEdit*>(widget)) return lines->toPlainText();
+    return {};
+}
+
+void setText(QWidget* widget, const QString& text) {
+    if (auto* line = qobject_cast<QLineEdit*>(widget)) line->setText(text);
+    if (auto* lines = qobject_cast<QPlainTextEdit*>(widget)) lines->setPlainText(text);
+}
+
+int numberIn(const QWidget* widget) {
+    if (const auto* spin = qobject_cast<const QSpinBox*>(widget)) return spin->value();
+    if (const auto* offers = qobject_cast<const QComboBox*>(widget)) return offers->currentIndex();
+    return textIn(widget).toInt();
+}
+
+void setNumber(QWidget* widget, int number) {
+    if (auto* spin = qobject_cast<QSpinBox*>(widget)) return spin->setValue(number);
+    if (auto* offers = qobject_cast<QComboBox*>(widget)) return offers->setCurrentIndex(number);
+    setText(widget, QString::number(number));
+}
+
+std::vector<int> tickedRows(const QTreeWidget* list) {
+    std::vector<int> ids;
+    for (int row = 0; list != nullptr && row < list->topLevelItemCount(); ++row) {
+        const QTreeWidgetItem* const item = list->topLevelItem(row);
+        if (item->checkState(0) == Qt::Checked) ids.push_back(item->data(0, Qt::UserRole).toInt());
+    }
+    return ids;
+}
+
+}  // namespace
+
+OperationDialog::OperationDialog(const OperationParts& parts, const Operation& operation,
+                                 std::vector<fs::path> files, QWidget* parent)
+    : DarkModeDialogBase(parts.language, operation.templateNumber, parent),
+      parts_(parts),
+      operation_(operation),
+      form_(app::commandFormOf(parts.context)),
+      files_(std::move(files)) {
+    if (operation_.title != nullptr) setWindowTitle(operation_.title(parts_.language, files_.size()));
+    for (const OperationField& field : operation_.fields) prepare(field);
+    FilledForm offered;
+    if (operation_.offer != nullptr) operation_.offer(parts_.context.settings, form_, offered);
+    showOffered(offered);
+    if (operation_.isEnabled != nullptr) {
+        for (QAbstractButton* button : findChildren<QAbstractButton*>())
+            if (button->isCheckable())
+                connect(button, &QAbstractButton::toggled, this, &OperationDialog::enable);
+        enable();
+    }
+    if (auto* first = operation_.focus != 0 ? widget(operation_.focus) : nullptr) first->setFocus();
+}
+
+QWidget* OperationDialog::widget(int controlId) const {
+    return dialogs::findControl(*this, controlId);
+}
+
+void OperationDialog::prepare(const OperationField& field) {
+    if (field.kind == FieldKind::Rows) fillRows(field);
+    if (field.offer.button == 0) return;
+    if (auto* choose = qobject_cast<QAbstractButton*>(widget(field.offer.button)))
+        connect(choose, &QAbstractButton::clicked, this, [this, &field] { choosePath(field); });
+}
+
+void OperationDialog::fillRows(const OperationField& field) {
+    auto* list = qobject_cast<QTreeWidget*>(widget(field.control));
+    if (list == nullptr) return;
+    for (const OperationListRow& row : field.rows) {
+        auto* item =
+            new QTreeWidgetItem(list, {QString::fromLatin1(row.name), QString::fromLatin1(row.group)});
+        item->setData(0, Qt::UserRole, row.id);
+        item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
+        item->setCheckState(0, Qt::Unchecked);
+    }
+    for (int column = 0; column < list->columnCount(); ++column) list->resizeColumnToContents(column);
+}
+
+void OperationDialog::showOffered(const FilledForm& offered) {
+    const auto showBox = [&](int controlId) {
+        const FilledForm::Value value = offered.value(controlId);
+        auto* box =
+            std::holds_alternative<bool>(value) ? qobject_cast<QAbstractButton*>(widget(controlId)) : nullptr;
+        if (box != nullptr) box->setChecked(std::get<bool>(value));
+    };
+    for (const OperationBox& box : operation_.boxes) showBox(box.control);
+    for (const OperationField& field : operation_.fields) {
+        showBox(field.control);
+        const FilledForm::Value value = offered.value(field.control);
+        auto* const holder = widget(field.control);
+        if (const auto* text = std::get_if<QString>(&value)) setText(holder, *text);
+        if (const auto* number = std::get_if<int>(&value)) setNumber(holder, *number);
+        if (const auto* path = std::get_if<fs::path>(&value)) {
+            chosen_[field.control] = *path;
+            setText(holder, platform::display(*path));
+        }
+        auto* dateEdit = qobject_cast<QDateTimeEdit*>(holder);
+        if (const auto* time = std::get_if<QDateTime>(&value); time != nullptr && dateEdit != nullptr)
+            dateEdit->setDateTime(*time);
+    }
+}
+
+void OperationDialog::enable() {
+    const FilledForm now = filled();
+    const auto set = [&](int controlId) {
+        if (QWidget* const changed = widget(controlId))
+            changed->setEnabled(operation_.isEnabled(controlId, form_, now));
+    };
+    for (const OperationBox& box : operation_.boxes) set(box.control);
+    for (const OperationField& field : operation_.fields) {
+        set(field.control);
+        if (field.offer.button != 0) set(field.offer.button);
+    }
+}
+
+void OperationDialog::choosePath(const OperationField& field) {
+    const PathOffer& offer = field.offer;
+    dialogs::FileQuestion question;
+    question.title = offer.titleLiteral != nullptr ? QString::fromLatin1(offer.titleLiteral)
+                                                   : parts_.language.text(offer.title);
+    for (const char* type : offer.types) question.types.append(QString::fromLatin1(type));
+    question.start = pathIn(field.control);
+    if (question.start.empty() && !files_.empty()) question.start = files_.front().parent_path();
+    const fs::path path = field.kind == FieldKind::Folder
+                              ? dialogs::chooseFolder(this, question.title, question.start)
+                              : dialogs::chooseFileToOpen(this, question);
+    if (path.empty()) return;
+    chosen_[field.control] = path;
+    setText(widget(field.control), platform::display(path));
+}
+
+fs::path OperationDialog::pathIn(int controlId) const {
+    const QString text = textIn(widget(controlId));
+    const auto chosen = chosen_.find(controlId);
+    return chosen != chosen_.end() && text == platform::display(chosen->second)
+               ? chosen->second
+               : platform::pathFromText(text);
+}
+
+FilledForm::Value OperationDialog::valueOf(const OperationField& field) const {
+    const QWidget* const holder = widget(field.control);
+    switch (field.kind) {
+        case FieldKind::Box:
+            if (const auto* box = qobject_cast<const QAbstractButton*>(holder)) return box->isChecked();
+            return false;
+        case FieldKind::Text:
+            return textIn(holder);
+        case FieldKind::File:
+        case FieldKind::Folder:
+            return pathIn(field.control);
+        case FieldKind::Number:
+        case FieldKind::Choice:
+            return numberIn(holder);
+        case FieldKind::DateTime:
+            if (const auto* time = qobject_cast<const QDateTimeEdit*>(holder)) return time->dateTime();
+            return QDateTime();
+        case FieldKind::Rows:
+            return tickedRows(qobject_cast<const QTreeWidget*>(holder));
+    }
+    return {};
+}
+
+FilledForm OperationDialog::filled() const {
+    FilledForm form;
+    for (const OperationBox& row : operation_.boxes) {
+        const auto* box = qobject_cast<QAbstractButton*>(widget(row.control));
+        form.set(row.control, box != nullptr && box->isChecked());
+    }
+    for (const OperationField& field : operation_.fields) form.set(field.control, valueOf(field));
+    return form;
+}
+
+void OperationDialog::accept() {
+    const FilledForm form = filled();
+    if (operation_.keep != nullptr) operation_.keep(form, form_, parts_.context.settings);
+    if (const std::optional<OperationRefusal> refusal = refusalOf(operation_, form, parts_.language)) {
+        if (refusal->cancels) return reject();
+        if (!refusal->text.isEmpty())
+            dialogs::showMessage(this, {refusal->text, static_cast<dialogs::MessageIcon>(refusal->icon)});
+        if (auto* missing = refusal->control != 0 ? widget(refusal->control) : nullptr) missing->setFocus();
+        return;
+    }
+    const QString title =
+        operation_.progressText != 0 ? parts_.language.text(operation_.progressText) : windowTitle();
+    setJob(jobOf(operation_, title, form_, form, files_));
+    DarkModeDialogBase::accept();
+}
+
+}  // namespace jobs

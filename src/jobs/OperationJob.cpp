@@ -1,0 +1,207 @@
+#include "jobs/OperationJob.h"
+
+#include "exiftool/LineParts.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <condition_variable>
+#include <iterator>
+#include <mutex>
+#include <system_error>
+
+namespace jobs {
+
+namespace fs = std::filesystem;
+using app::CommandForm;
+using exiftool::Outcome;
+using exiftool::OutcomeKind;
+using exiftool::Outcomes;
+using platform::CommandText;
+
+namespace {
+
+OperationRefusal refused(const OperationMessage& message, int control, const QString& held,
+                         const app::LanguageFile& language) {
+    OperationRefusal refusal{.control = control, .icon = message.icon};
+    if (message.literal != nullptr)
+        refusal.text = QString::fromLatin1(message.literal);
+    else if (message.text != 0)
+        refusal.text = language.formatted(message.text, {held});
+    return refusal;
+}
+
+bool isFilled(const OperationField& field, const FilledForm& filled) {
+    switch (field.kind) {
+        case FieldKind::Text:
+            return !filled.text(field.control).isEmpty();
+        case FieldKind::File:
+        case FieldKind::Folder:
+            return !filled.path(field.control).empty();
+        case FieldKind::Rows:
+            return !filled.rows(field.control).empty();
+        case FieldKind::DateTime:
+            return filled.dateTime(field.control).isValid();
+        case FieldKind::Box:
+            return filled.isTicked(field.control);
+        case FieldKind::Number:
+        case FieldKind::Choice:
+            break;
+    }
+    return true;
+}
+
+bool isMissing(const OperationField& field, const FilledForm& filled) {
+    if (field.neededWith != 0 && !filled.isTicked(field.neededWith)) return false;
+    if (field.mustBeFilled && !isFilled(field, filled)) return true;
+    return field.accepts != nullptr && !field.accepts(filled.path(field.control));
+}
+
+bool isAnythingTicked(const Operation& operation, const FilledForm& filled) {
+    return std::ranges::any_of(operation.boxes,
+                               [&](const OperationBox& box) { return filled.isTicked(box.control); }) ||
+           std::ranges::any_of(operation.fields, [&](const OperationField& field) {
+               return field.kind == FieldKind::Rows && !filled.rows(field.control).empty();
+           });
+}
+
+const OperationField* fieldOf(const Operation& operation, int control) {
+    const auto found = std::ranges::find(operation.fields, control, &OperationField::control);
+    return found != operation.fields.end() ? &*found : nullptr;
+}
+
+void appendValue(CommandText& terms, const OperationField& field, const Composing& composing) {
+    const std::string bytes = textOf(field, composing.form, composing.filled);
+    if (composing.form == CommandForm::Corrected)
+        terms.literal("\"").outside(bytes).literal("\"");
+    else
+        terms.typed(bytes);
+}
+
+Composed composed(const Operation& operation, const Composing& composing) {
+    return operation.compose != nullptr ? operation.compose(composing) : boxTerms(operation, composing);
+}
+
+/// Ends early when the job is stopped.
+void rest(const std::stop_token& stop, std::chrono::milliseconds time) {
+    if (time.count() == 0) return;
+    std::mutex mutex;
+    std::unique_lock lock(mutex);
+    std::condition_variable_any().wait_for(lock, stop, time, [] { return false; });
+}
+
+std::span<const fs::path> upTo(const std::vector<fs::path>& files, const fs::path& file) {
+    const auto found = std::ranges::find(files, file);
+    const auto count = std::distance(files.begin(), found) + (found != files.end() ? 1 : 0);
+    return std::span(files).first(static_cast<std::size_t>(count));
+}
+
+Outcome run(const Operation& operation, JobWork& work, const fs::path& file, const CommandText& command) {
+    if (operation.composedAs == ComposedAs::Arguments) return work.runner.RunOnFile(file, command);
+    work.runner.copyForSafety(file);
+    return operation.composedAs == ComposedAs::HiddenLine ? work.runner.runHiddenOnFile(file, command)
+                                                          : work.runner.runWriteLine(file, command);
+}
+
+/// What runs on the job's thread: an operation with what was filled in, and the files of the run.
+struct Run {
+    const Operation* operation;
+    FilledForm filled;
+    std::vector<fs::path> files;
+
+    Outcome onFile(JobWork& work, const fs::path& file) const {
+        const DesignedHabits habits =
+            work.form == CommandForm::Designed ? operation->designed : DesignedHabits();
+        // The line itself may empty the report too, but only after its end has been noted, behind which the
+        // words of this file are looked for.
+        std::error_code ignored;
+        if (habits.emptiesReport) fs::remove(work.context.reportFile, ignored);
+        const Composed line =
+            composed(*operation, {work.context, work.form, filled, file, upTo(files, file)});
+        Outcome outcome =
+            line.instead ? Outcome{file, *line.instead, line.words} : run(*operation, work, file, line.text);
+        rest(work.stop, habits.rest);
+        return outcome;
+    }
+
+    Outcomes onAll(JobWork& work, const std::vector<fs::path>& all) const {
+        for (const fs::path& file : all) work.runner.copyForSafety(file);
+        const exiftool::FileList list = work.runner.WriteFileList(all);
+        Outcomes outcomes = list.refused;
+        if (list.path.empty()) return outcomes;
+        const Composed line = composed(*operation, {work.context, work.form, filled, list.path, list.listed});
+        if (line.instead) {
+            for (const fs::path& file : list.listed) outcomes.push_back({file, *line.instead, line.words});
+            return outcomes;
+        }
+        std::ranges::copy(work.runner.runWriteLine(list.listed, line.text), std::back_inserter(outcomes));
+        return outcomes;
+    }
+
+    CommandText wholeLine(const app::AppContext& context, CommandForm form, const fs::path& file) const {
+        const Composed line = composed(*operation, {context, form, filled, file, {&file, 1}});
+        if (line.instead) return {};
+        return operation->composedAs == ComposedAs::Arguments
+                   ? exiftool::lineOnFile(context, form, line.text, file)
+                   : line.text;
+    }
+};
+
+}  // namespace
+
+std::optional<OperationRefusal> refusalOf(const Operation& operation, const FilledForm& filled,
+                                          const app::LanguageFile& language) {
+    for (const OperationField& field : operation.fields) {
+        if (!isMissing(field, filled)) continue;
+        const QString held = field.kind == FieldKind::Text ? filled.text(field.control)
+                                                           : platform::display(filled.path(field.control));
+        return refused(field.missing, field.control, held, language);
+    }
+    if (operation.nothingTicked == NothingTicked::Runs || isAnythingTicked(operation, filled)) return {};
+    if (operation.nothingTicked == NothingTicked::Cancels) return OperationRefusal{.cancels = true};
+    return refused(operation.noneTicked, 0, {}, language);
+}
+
+std::string textOf(const OperationField& field, CommandForm form, const FilledForm& filled) {
+    const QString text = filled.text(field.control);
+    if (form == CommandForm::Corrected) return text.toStdString();
+    const QString kept =
+        field.designed.limit != 0 ? text.left(static_cast<qsizetype>(field.designed.limit)) : text;
+    return field.designed.encoding == DesignedText::Encoding::Western ? kept.toLatin1().toStdString()
+                                                                      : kept.toStdString();
+}
+
+CommandText boxTerms(const Operation& operation, const Composing& composing) {
+    CommandText terms;
+    for (const OperationBox& box : operation.boxes) {
+        if (!composing.filled.isTicked(box.control)) continue;
+        const BoxTerm& term = composing.form == CommandForm::Corrected ? box.corrected : box.designed;
+        terms.literal(terms.empty() ? term.first : term.joined);
+        if (const OperationField* const value = fieldOf(operation, box.value))
+            appendValue(terms, *value, composing);
+        terms.literal(term.closing);
+    }
+    return terms;
+}
+
+Job jobOf(const Operation& operation, const QString& title, CommandForm form, const FilledForm& filled,
+          std::vector<fs::path> files) {
+    Job job{.title = title, .files = files};
+    const Run run{&operation, filled, std::move(files)};
+    if (operation.makesSafetyCopies != nullptr)
+        job.makesSafetyCopies = operation.makesSafetyCopies(form, filled);
+    if (operation.composedAs == ComposedAs::LineOfAll) {
+        job.countsFiles = false;
+        job.workOnAll = [run](JobWork& work, const std::vector<fs::path>& all) {
+            return run.onAll(work, all);
+        };
+        return job;
+    }
+    job.workOnFile = [run](JobWork& work, const fs::path& file) { return run.onFile(work, file); };
+    if (operation.isSameForAll)
+        job.sameForAll = [run](const app::AppContext& context, CommandForm runForm, const fs::path& file) {
+            return run.wholeLine(context, runForm, file);
+        };
+    return job;
+}
+
+}  // namespace jobs

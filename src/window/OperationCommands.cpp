@@ -1,0 +1,76 @@
+#include "window/OperationCommands.h"
+
+#include "batch/BatchDispatch.h"
+#include "batch/BatchOperations.h"
+#include "jobs/OperationDialog.h"
+#include "payload/ThumbnailOperations.h"
+#include "taglists/RemovalOperations.h"
+#include "window/OperationEnding.h"
+#include "window/SelectionGathering.h"
+
+namespace window {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const std::vector<const jobs::Operation*>& allOperations() {
+    static const std::vector<const jobs::Operation*> all = [] {
+        std::vector<const jobs::Operation*> collected;
+        for (const auto& table : {batch::operations(), payload::operations(), taglists::operations()})
+            for (const jobs::Operation& operation : table) collected.push_back(&operation);
+        return collected;
+    }();
+    return all;
+}
+
+}  // namespace
+
+std::span<const CommandRow<OperationCommands>> OperationCommands::rows() {
+    static const std::vector<CommandRow<OperationCommands>> all = [] {
+        std::vector<CommandRow<OperationCommands>> collected;
+        for (const jobs::Operation* operation : allOperations())
+            collected.push_back({operation->id, operation->id, &OperationCommands::run});
+        return collected;
+    }();
+    return all;
+}
+
+const jobs::Operation* OperationCommands::find(app::CommandId id) {
+    for (const jobs::Operation* operation : allOperations())
+        if (operation->id == id) return operation;
+    return nullptr;
+}
+
+void OperationCommands::run(app::CommandId id) {
+    const jobs::Operation* const operation = find(id);
+    const std::vector<fs::path> files = gathering_.GatherSelection();
+    if (operation == nullptr || files.empty()) return;
+    const batch::BatchOperation* const row = batch::findBatchOperation(id);
+    std::optional<jobs::Job> job = row != nullptr ? dispatch(*operation, files) : ask(*operation, files);
+    if (!job) {
+        ending_.showReportBeginning();
+        return;
+    }
+    OperationEnding::Tell tell;
+    if (row != nullptr && !row->reportFollows) tell = [](const jobs::JobResult&) {};
+    ending_.carryOut(std::move(*job), tell);
+}
+
+std::optional<jobs::Job> OperationCommands::dispatch(const jobs::Operation& operation,
+                                                     const std::vector<fs::path>& files) {
+    batch::BatchDispatcher dispatcher({parts_.context, parts_.language, parts_.runner},
+                                      [this](const jobs::Operation& asking, batch::BatchOptions& options) {
+                                          return ask(asking, options.files);
+                                      });
+    return dispatcher.BatchDispatch(operation.id, &operation, files);
+}
+
+std::optional<jobs::Job> OperationCommands::ask(const jobs::Operation& operation,
+                                                const std::vector<fs::path>& files) {
+    jobs::OperationDialog dialog(parts_.operations, operation, files, &parts_.window);
+    if (dialog.run() == 0) return std::nullopt;
+    return dialog.takeJob();
+}
+
+}  // namespace window

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "jobs/Job.h"
+#include "jobs/Operation.h"
+#include "window/CommandMap.h"
+#include "window/WindowParts.h"
+
+#include <optional>
+
+namespace window {
+
+class OperationEnding;
+class SelectionGathering;
+
+/// Every operation that is data, over the gathered files: a row in the table of its folder is a command here.
+/// GUI thread.
+class OperationCommands {
+ public:
+    OperationCommands(const WindowParts& parts, SelectionGathering& gathering, OperationEnding& ending)
+        : parts_(parts), gathering_(gathering), ending_(ending) {}
+
+    static std::span<const CommandRow<OperationCommands>> rows();
+
+    /// Of all tables; null when the command is no such operation.
+    static const jobs::Operation* find(app::CommandId id);
+
+    void run(app::CommandId id);
+
+ private:
+    /// What the dialog leaves to be done, nothing when it was cancelled.
+    std::optional<jobs::Job> ask(const jobs::Operation& operation,
+                                 const std::vector<std::filesystem::path>& files);
+    std::optional<jobs::Job> dispatch(const jobs::Operation& operation,
+                                      const std::vector<std::filesystem::path>& files);
+
+    const WindowParts& parts_;
+    SelectionGathering& gathering_;
+    OperationEnding& ending_;
+};
+
+}  // namespace window

@@ -1,0 +1,302 @@
+#include "jobs/OperationJob.h"
+
+#include "exiftool/LineParts.h"
+#include "jobs/JobSource.h"
+#include "support/SmallFiles.h"
+#include "support/TemporaryFolder.h"
+#include "support/ToolStandIns.h"
+
+#include <gmock/gmock.h>
+
+#include <array>
+
+using app::CommandForm;
+using enum exiftool::OutcomeKind;
+using jobs::Composed;
+using jobs::Composing;
+using jobs::FieldKind;
+using jobs::FilledForm;
+using jobs::NothingTicked;
+using jobs::Operation;
+using jobs::OperationBox;
+using jobs::OperationField;
+using support::kindsOf;
+using support::readBytes;
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+namespace fs = std::filesystem;
+
+namespace {
+
+// Operations of every shape that dialogs over files have, under numbers of their own.
+
+enum Control {
+    kText = 1,
+    kFile = 2,
+    kFromFile = 3,
+    kSameName = 4,
+    kRows = 5,
+    kDays = 6,
+    kBack = 7,
+    kFirst = 10,
+    kSecond = 11
+};
+
+constexpr auto kComment = std::to_array<OperationField>({
+    {.control = kText,
+     .kind = FieldKind::Text,
+     .designed = {jobs::DesignedText::Encoding::Western, 8},
+     .mustBeFilled = true,
+     .missing = {.literal = "Enter it.", .icon = jobs::OperationMessage::Icon::Error}},
+});
+
+constexpr auto kCommentBoxes = std::to_array<OperationBox>({
+    {kFirst,
+     {" -File:comment=\"", " -File:comment=\"", "\""},
+     {"-File:Comment=", "-File:Comment=", " "},
+     kText},
+    {kSecond,
+     {" -XMP-dc:Title=\"", " -XMP-dc:Title=\"", "\""},
+     {"-XMP-dc:Title=", "-XMP-dc:Title=", " "},
+     kText},
+});
+
+constexpr Operation kAddComment{.id = 900,
+                                .fields = kComment,
+                                .boxes = kCommentBoxes,
+                                .nothingTicked = NothingTicked::IsTold,
+                                .noneTicked = {.literal = "Tick one."}};
+
+constexpr auto kRemovalBoxes = std::to_array<OperationBox>({
+    {kFirst, {"-A=", "-A=", ""}, {"-A= ", "-A= ", ""}},
+    {kSecond, {"-B=", " -B=", ""}, {"-B= ", "-B= ", ""}},
+});
+
+constexpr Operation kRemoval{.id = 901, .boxes = kRemovalBoxes, .nothingTicked = NothingTicked::Cancels};
+
+bool isReadable(const fs::path& path) {
+    return fs::exists(path);
+}
+
+constexpr auto kFromFileFields = std::to_array<OperationField>({
+    {.control = kFromFile, .kind = FieldKind::Box},
+    {.control = kFile, .kind = FieldKind::File, .mustBeFilled = true, .neededWith = kFromFile},
+});
+
+/// A text file beside each photo, or one for all; a photo without one is passed over.
+Composed fromFile(const Composing& composing) {
+    fs::path text = composing.filled.path(kFile);
+    if (!composing.filled.isTicked(kFromFile)) text = fs::path(composing.file).replace_extension(".txt");
+    if (!isReadable(text)) return {Unchanged, "No text beside it"};
+    platform::CommandText arguments("-overwrite_original \"-XMP-dc:Title<=");
+    return arguments.outside(text.string()).literal("\"");
+}
+
+constexpr Operation kTitleFromFile{.id = 902, .fields = kFromFileFields, .compose = fromFile};
+
+constexpr auto kDateRows =
+    std::to_array<jobs::OperationListRow>({{1213, "CreateDate"}, {1220, "ModifyDate"}});
+
+constexpr auto kDateFields = std::to_array<OperationField>({
+    {.control = kRows, .kind = FieldKind::Rows, .rows = kDateRows},
+    {.control = kDays, .kind = FieldKind::Number},
+    {.control = kBack, .kind = FieldKind::Box},
+});
+
+Composed shifted(const Composing& composing) {
+    platform::CommandText line = exiftool::toolStart(composing.context).literal("-overwrite_original ");
+    for (const int id : composing.filled.rows(kRows)) {
+        line.literal(id == 1213 ? "\"-ExifIFD:CreateDate" : "\"-IFD0:ModifyDate");
+        line.literal(composing.filled.isTicked(kBack) ? "-=" : "+=");
+        line.literal("0:0:" + std::to_string(composing.filled.number(kDays)) + " 0:0:0\" ");
+    }
+    return line.literal("\"").outside(composing.file.string()).literal("\"");
+}
+
+constexpr Operation kShift{.id = 903,
+                           .fields = kDateFields,
+                           .nothingTicked = NothingTicked::IsTold,
+                           .noneTicked = {.literal = "Tick one."},
+                           .composedAs = jobs::ComposedAs::Line,
+                           .compose = shifted,
+                           .makesSafetyCopies = jobs::never};
+
+Composed titleOfAll(const Composing& composing) {
+    platform::CommandText line = exiftool::toolStart(composing.context);
+    line.literal("-overwrite_original -XMP-dc:Title=all -@ \"");
+    return line.outside(composing.file.string()).literal("\"");
+}
+
+constexpr Operation kOfAll{.id = 904, .composedAs = jobs::ComposedAs::LineOfAll, .compose = titleOfAll};
+
+class OperationJobTest : public testing::Test {
+ protected:
+    OperationJobTest() {
+        for (const char* name : {"Temp", "photos", "cache"}) fs::create_directory(folder_ / name);
+        context_.tempPath = folder_ / "Temp";
+        context_.cachePath = folder_ / "cache";
+        context_.reportFile = folder_ / "cache/report.txt";
+        context_.exifToolPath = "/usr/bin/exiftool";
+        context_.settings.exifTool.correctedCommands = true;
+    }
+
+    fs::path photo(const std::string& name, const std::string& assignment = "-XMP-dc:Title=old") const {
+        const fs::path file = folder_ / "photos" / name;
+        support::writeJpeg(file);
+        support::ExifTool({"-q", "-overwrite_original", assignment, file.string()});
+        return file;
+    }
+    static std::string valueOf(const fs::path& file, const std::string& tag) {
+        std::string value = support::ExifTool({"-s3", "-b", tag, file.string()});
+        return value;
+    }
+    exiftool::Outcomes run(const Operation& operation, const FilledForm& filled,
+                           const std::vector<fs::path>& files) {
+        return jobs::runHere(jobs::jobOf(operation, {}, app::commandFormOf(context_), filled, files),
+                             context_, runner_);
+    }
+    bool hasSafetyCopy(const fs::path& file) const {
+        return fs::exists(exiftool::safetyCopyPath(file, context_.cachePath, {}, QDateTime()));
+    }
+
+    support::TemporaryFolder folder_;
+    app::AppContext context_;
+    exiftool::ToolRunner runner_{context_};
+    const app::LanguageFile language_;
+    const fs::path list_;
+};
+
+FilledForm filledWith(const QString& text, const std::vector<int>& ticked) {
+    FilledForm filled;
+    filled.set(kText, text);
+    for (const int box : ticked) filled.set(box, true);
+    return filled;
+}
+
+}  // namespace
+
+TEST_F(OperationJobTest, TermsOfTickedBoxesReadAsEachFormJoinsThem) {
+    struct {
+        const Operation& operation;
+        QString text;
+        std::vector<int> ticked;
+        const char* designed;
+        const char* corrected;
+    } const cases[] = {
+        {kAddComment, "one", {kFirst}, " -File:comment=\"one\"", "-File:Comment=\"one\" "},
+        {kAddComment,
+         "one",
+         {kFirst, kSecond},
+         " -File:comment=\"one\" -XMP-dc:Title=\"one\"",
+         "-File:Comment=\"one\" -XMP-dc:Title=\"one\" "},
+        {kAddComment,
+         QStringLiteral(u"\u00FC\u65E5 and more"),
+         {kFirst},
+         " -File:comment=\"\xFC? and m\"",
+         "-File:Comment=\"\u00FC\u65E5 and more\" "},
+        {kRemoval, "", {kFirst}, "-A=", "-A= "},
+        {kRemoval, "", {kSecond}, "-B=", "-B= "},
+        {kRemoval, "", {kFirst, kSecond}, "-A= -B=", "-A= -B= "},
+        {kRemoval, "", {}, "", ""},
+    };
+    for (const auto& row : cases) {
+        const FilledForm filled = filledWith(row.text, row.ticked);
+        EXPECT_EQ(boxTerms(row.operation, {context_, CommandForm::Designed, filled, list_, {}}).text(),
+                  row.designed);
+        EXPECT_EQ(boxTerms(row.operation, {context_, CommandForm::Corrected, filled, list_, {}}).text(),
+                  row.corrected);
+    }
+}
+
+TEST_F(OperationJobTest, WhatIsMissingIsToldInTheOrderOfTheForm) {
+    const auto refusal = [&](const Operation& operation, const FilledForm& filled) {
+        return jobs::refusalOf(operation, filled, language_);
+    };
+    const auto empty = refusal(kAddComment, filledWith("", {}));
+    ASSERT_TRUE(empty);
+    EXPECT_EQ(empty->text, QStringLiteral("Enter it."));
+    EXPECT_EQ(empty->control, kText);
+    EXPECT_EQ(empty->icon, jobs::OperationMessage::Icon::Error);
+    const auto none = refusal(kAddComment, filledWith("x", {}));
+    ASSERT_TRUE(none);
+    EXPECT_EQ(none->text, QStringLiteral("Tick one."));
+    EXPECT_EQ(none->icon, jobs::OperationMessage::Icon::Warning);
+    EXPECT_FALSE(refusal(kAddComment, filledWith("x", {kSecond})));
+
+    EXPECT_TRUE(refusal(kRemoval, {})->cancels);
+    EXPECT_FALSE(refusal(kRemoval, filledWith("", {kFirst})));
+
+    const auto needsFile = refusal(kTitleFromFile, filledWith("", {kFromFile}));
+    ASSERT_TRUE(needsFile);
+    EXPECT_EQ(needsFile->text, QString());
+    EXPECT_EQ(needsFile->control, kFile);
+    EXPECT_FALSE(refusal(kTitleFromFile, {})) << "nobody needs the file then";
+
+    FilledForm rows;
+    EXPECT_TRUE(refusal(kShift, rows));
+    rows.set(kRows, std::vector<int>{1220});
+    EXPECT_FALSE(refusal(kShift, rows));
+}
+
+TEST_F(OperationJobTest, ATypedTextStaysInItsArgument) {
+    for (const QString& text : {QStringLiteral("-overwrite_original"), QStringLiteral("a\" -All= \"b"),
+                                QStringLiteral("$(touch owned) `touch owned`"), QStringLiteral("two\nlines"),
+                                QStringLiteral(u"\u65E5\u672C")}) {
+        const fs::path one = photo("a.jpg");
+        const fs::path two = photo("b.jpg");
+        const std::string before = readBytes(one);
+        EXPECT_THAT(kindsOf(run(kAddComment, filledWith(text, {kFirst, kSecond}), {one, two})),
+                    ElementsAre(Done, Done));
+        for (const fs::path& file : {one, two}) {
+            EXPECT_EQ(valueOf(file, "-File:Comment"), text.toStdString());
+            EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), text.toStdString());
+        }
+        EXPECT_EQ(readBytes(exiftool::safetyCopyPath(one, context_.cachePath, {}, QDateTime())), before);
+        fs::remove_all(context_.cachePath / "sav");
+    }
+    EXPECT_FALSE(fs::exists("owned"));
+}
+
+TEST_F(OperationJobTest, AFileIsPassedOverWithItsReason) {
+    const fs::path with = photo("with.jpg");
+    const fs::path without = photo("without.jpg");
+    support::writeBytes(folder_ / "photos/with.txt", "beside");
+    const exiftool::Outcomes beside = run(kTitleFromFile, {}, {with, without});
+    EXPECT_THAT(kindsOf(beside), ElementsAre(Done, Unchanged));
+    EXPECT_EQ(beside[1].words, "No text beside it");
+    EXPECT_EQ(valueOf(with, "-XMP-dc:Title") + valueOf(without, "-XMP-dc:Title"), "besideold");
+    FilledForm forAll = filledWith("", {kFromFile});
+    forAll.set(kFile, folder_ / "photos/with.txt");
+    EXPECT_THAT(kindsOf(run(kTitleFromFile, forAll, {without})), ElementsAre(Done));
+    EXPECT_EQ(valueOf(without, "-XMP-dc:Title"), "beside");
+}
+
+TEST_F(OperationJobTest, RowsAndNumbersMakeALineOfTheirOwn) {
+    FilledForm filled;
+    filled.set(kRows, std::vector<int>{1213});
+    filled.set(kDays, 3);
+    filled.set(kBack, true);
+    for (const bool corrected : {true, false}) {
+        context_.settings.exifTool.correctedCommands = corrected;
+        const fs::path one = photo("a.jpg", "-ExifIFD:CreateDate=2020:05:10 01:02:03");
+        const fs::path two = photo("b.jpg", "-IFD0:ModifyDate=2020:05:10 01:02:03");
+        EXPECT_THAT(kindsOf(run(kShift, filled, {one, two})), ElementsAre(Done, Unchanged));
+        EXPECT_EQ(valueOf(one, "-ExifIFD:CreateDate"), "2020:05:07 01:02:03");
+        EXPECT_EQ(valueOf(two, "-IFD0:ModifyDate"), "2020:05:10 01:02:03");
+        EXPECT_FALSE(hasSafetyCopy(one));
+    }
+}
+
+TEST_F(OperationJobTest, OneLineForAllFilesHasASafetyCopyOfEach) {
+    const std::vector<fs::path> files = {photo("a.jpg"), photo("b \"c\".jpg")};
+    EXPECT_THAT(kindsOf(run(kOfAll, {}, files)), ElementsAre(Done, Done));
+    for (const fs::path& file : files) {
+        EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), "all");
+        EXPECT_TRUE(hasSafetyCopy(file)) << file;
+    }
+    const auto works = std::vector<support::NamedWork>{
+        {"list", [&] { return run(kOfAll, {}, files); }},
+        {"arguments", [&] { return run(kAddComment, filledWith("x", {kSecond}), files); }}};
+    support::expectTruthOfStandIns(context_, runner_, folder_.path(), folder_ / "photos", works);
+}
