@@ -1,10 +1,10 @@
 #include "DrivenProgram.h"
 #include "PictureFolder.h"
-#include "window/OperationCommands.h"
 #include "window/BrowseCommands.h"
 #include "window/EditingCommands.h"
 #include "window/ExportCommands.h"
 #include "window/FrameCommands.h"
+#include "window/OperationCommands.h"
 #include "window/PayloadCommands.h"
 #include "window/ReadingCommands.h"
 #include "window/RemovalCommands.h"
@@ -130,7 +130,9 @@ const std::vector<Try>& changingTries() {
         {183, {}, "dialog 157 Embed a thumbnail in 1 file"},
         {185, {}, "*thumbnail gone"},
         {157, {}, "*date of the photo"},
-        {173, {}, "*renamed by its date"},
+        {172, {}, "status 1 unchanged"},
+        {173, {}, "*renamed by its date and Maker"},
+        {174, {}, "*renamed by its date and Camera"},
     };
     return tries;
 }
@@ -268,10 +270,11 @@ class CommandEffectsTest : public endtoend::PictureFolder {
     QString changeOfFile() const {
         if (!fs::exists(one())) {
             static const QRegularExpression renamed(
-                "^\\d{4}-\\d\\d-\\d\\d \\d\\d-\\d\\d-\\d\\d .*-one\\.jpg$");
-            for (const auto& entry : fs::directory_iterator(place_ / "b"))
-                if (renamed.match(QString::fromStdString(entry.path().filename().string())).hasMatch())
-                    return "*renamed by its date";
+                "^\\d{4}-\\d\\d-\\d\\d \\d\\d-\\d\\d-\\d\\d - (.*)-one\\.jpg$");
+            for (const auto& entry : fs::directory_iterator(place_ / "b")) {
+                const auto match = renamed.match(QString::fromStdString(entry.path().filename().string()));
+                if (match.hasMatch()) return "*renamed by its date and " + match.captured(1);
+            }
             return "*gone";
         }
         if (support::ExifTool({"-s3", "-FileModifyDate", one().string()}).starts_with("2001:02:03 04:05:06"))

@@ -64,6 +64,7 @@ constexpr Exemption kExemptions[] = {
     {"exiftool/SafetyCopy.cpp", "CopyFile failed", kEveryLanguage},
     {"exiftool/MetadataLoad.cpp", "An error occured!", kEveryLanguage},
     {"payload/ThumbnailOperations.cpp", "Select a JPEG file", kEveryLanguage},
+    {"payload/ThumbnailOperations.cpp", "Cannot be copied", kToolReason},
     {"taglists/RemovalOperations.cpp", "Please select at least one tag.", kEveryLanguage},
     {"taglists/DialogRemoveTags.cpp", "Please select at least one tag.", kEveryLanguage},
     {"taglists/DialogDeleteATag.cpp", " is going to be deleted.", kEveryLanguage},

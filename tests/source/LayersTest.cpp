@@ -198,14 +198,15 @@ TEST(Layers, OnlyThePlatformsSystemFilesSpeakWithTheSystem) {
 TEST(Layers, TheFormOfCommandsIsAskedForWhereAnOperationBegins) {
     static const QRegularExpression setting(R"(\b(correctedCommands)\b)");
     static const QRegularExpression question(R"(\b(commandFormOf)\()");
-    static const std::set<std::string> beginnings = {"src/edit/ValueDialog.cpp",
+    static const std::set<std::string> beginnings = {"src/batch/BatchDispatch.cpp",
+                                                     "src/edit/ValueDialog.cpp",
                                                      "src/exiftool/ReadCommands.h",
                                                      "src/exiftool/ToolRunner.h",
                                                      "src/jobs/JobRunner.cpp",
                                                      "src/jobs/JobSource.cpp",
+                                                     "src/jobs/OperationDialog.cpp",
                                                      "src/payload/DisplayHexaDialog.cpp",
                                                      "src/payload/ExportDialogPayload.cpp",
-                                                     "src/taglists/DeleteAll.cpp",
                                                      "src/taglists/TagValuesDialog.cpp",
                                                      "src/taglists/TickedTagsDialog.h",
                                                      "src/window/EditingCommands.h",

@@ -37,9 +37,10 @@ TEST(CommandHandlers, EveryCommandIsDoneByTheSubjectThatItIsAbout) {
           Case{1821, 1821, "EditingCommands"},   Case{1824, 1824, "TagListCommands"},
           Case{5033, 5037, "BrowseCommands"},    Case{8003, 8003, "ReadingCommands"},
           Case{8056, 8056, "ReadingCommands"},   Case{10004, 10004, "ExportCommands"},
-          Case{10033, 10041, "ExportCommands"},  Case{10065, 10069, "RemovalCommands"},
-          Case{10075, 10075, "EditingCommands"}, Case{40012, 40012, "BrowseCommands"},
-          Case{40100, 40100, "ReadingCommands"}, Case{50001, 50004, "BrowseCommands"}})
+          Case{10033, 10041, "ExportCommands"},  Case{10065, 10065, "OperationCommands"},
+          Case{10066, 10069, "RemovalCommands"}, Case{10075, 10075, "EditingCommands"},
+          Case{40012, 40012, "BrowseCommands"},  Case{40100, 40100, "ReadingCommands"},
+          Case{50001, 50004, "BrowseCommands"}})
         for (int id = first; id <= last; ++id) EXPECT_EQ(SubjectCommands::subjectOf(id), subject) << id;
 }
 

@@ -20,6 +20,7 @@ namespace fs = std::filesystem;
 using std::chrono::steady_clock;
 
 constexpr int kFiles = 500;
+constexpr int kFilesOfWindow = 1000;
 constexpr int kFileBytes = 200'000;
 constexpr const char* kTool = "/usr/bin/exiftool";
 
@@ -90,6 +91,32 @@ void writeWithSessions(benchmark::State& state) {
     });
 }
 
+/// Photos with a date, that the window's operation can set the date of the files by.
+void writeInTheWindow(benchmark::State& state) {
+    const QTemporaryDir place;
+    const fs::path folder = place.path().toStdString();
+    const fs::path master = folder / "master.jpg";
+    bench::writeNoisePhoto(master, kFileBytes / 10);
+    bench::runPlainly(
+        {kTool, "-overwrite_original", "-DateTimeOriginal=2001:02:03 04:05:06", master.string()},
+        folder / "output");
+    for (const char* name : {"photos", "other"}) fs::create_directory(folder / name);
+    for (int i = 0; i < kFilesOfWindow; ++i)
+        fs::copy_file(master, folder / "photos" / (std::to_string(i) + ".jpg"));
+    try {
+        for (auto _ : state) {
+            const bench::Measurements measured = bench::runMeasuringProgram(
+                "tagwright-bench-writing",
+                {TAGWRIGHT_BENCH_INSTALL, (folder / "photos").string(), (folder / "other").string()});
+            state.SetIterationTime(measured.at("seconds"));
+            state.counters["block"] = measured.at("block");
+        }
+    } catch (const std::exception& failure) {
+        state.SkipWithError(failure.what());
+    }
+}
+
+BENCHMARK(writeInTheWindow)->Name("Batch/Window")->UseManualTime()->Iterations(1);
 BENCHMARK(writePlainly)->Name("Batch/Plain")->UseManualTime()->Iterations(1);
 BENCHMARK(writeWithSessions)->Name("Batch/Sessions")->UseManualTime()->Iterations(1);
 

@@ -77,6 +77,8 @@ constexpr bench::Figure kFigures[] = {
      Goal::AtMost, 100},
     {"500 photos of 200 KB with safety copies : ExifTool's plain run", "Batch/Sessions", "pace",
      Comparison::Ratio, "Batch/Plain", "pace", 1, "times", Goal::AtLeast, 1.3},
+    {"Longest block of the window while 1,000 photos are written", "Batch/Window", "block", Comparison::None,
+     "", "", 1000, "ms", Goal::AtMost, 50},
     {"  the same in files a second", "Batch/Sessions", "pace", Comparison::None, "", "", 1, "files/s",
      Goal::None, 0},
 };
