@@ -116,7 +116,7 @@ void writeInTheWindow(benchmark::State& state) {
     }
 }
 
-BENCHMARK(writeInTheWindow)->Name("Batch/Window")->UseManualTime()->Iterations(1);
+BENCHMARK(writeInTheWindow)->Name("Writing/Window")->UseManualTime()->Iterations(1);
 BENCHMARK(writePlainly)->Name("Batch/Plain")->UseManualTime()->Iterations(1);
 BENCHMARK(writeWithSessions)->Name("Batch/Sessions")->UseManualTime()->Iterations(1);
 
