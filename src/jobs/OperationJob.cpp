@@ -124,7 +124,7 @@ struct Run {
     }
 
     Outcomes onAll(JobWork& work, const std::vector<fs::path>& all) const {
-        for (const fs::path& file : all) work.runner.copyForSafety(file);
+        // Makes the safety copies, too.
         const exiftool::FileList list = work.runner.WriteFileList(all);
         Outcomes outcomes = list.refused;
         if (list.path.empty()) return outcomes;
