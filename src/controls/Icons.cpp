@@ -159,9 +159,15 @@ QPixmap namedPixmap(const QString& name, QSize pixels, qreal ratio, QIcon::Mode 
     QPixmap picture;
     if (QPixmapCache::find(key, &picture)) return picture;
     if (!hasIcon(name)) return picture;
-    picture = isOwn(name) ? drawOwn(name, pixels, ratio) : drawFromTheme(name, pixels, ratio);
+    if (mode == QIcon::Disabled) {
+        // From the one that is shown already: a whole ribbon is greyed at once when an operation begins.
+        picture = namedPixmap(name, pixels, ratio, QIcon::Normal);
+        picture.setDevicePixelRatio(1);
+        if (!picture.isNull()) picture = faded(picture);
+    } else {
+        picture = isOwn(name) ? drawOwn(name, pixels, ratio) : drawFromTheme(name, pixels, ratio);
+    }
     if (picture.isNull()) return picture;
-    if (mode == QIcon::Disabled) picture = faded(picture);
     picture.setDevicePixelRatio(ratio);
     QPixmapCache::insert(key, picture);
     return picture;

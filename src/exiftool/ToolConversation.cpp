@@ -44,6 +44,7 @@ ChildOutcome ToolConversation::start(const std::filesystem::path& exifTool,
     command.output = ChildStream::to(outputPipe.writeEnd.get());
     command.errors = ChildStream::to(errorsPipe.writeEnd.get());
     command.endsWithStartingThread = true;
+    command.letsOthersFirst = true;
     ChildOutcome outcome = child_.start(command);
     if (outcome.kind == ChildOutcome::Kind::NotStarted) return outcome;
     input_ = std::move(input.own);

@@ -41,6 +41,8 @@ struct ChildCommand {
     /// children that would else stay for ever; to be started from a thread that lives as long as they are
     /// needed.
     bool endsWithStartingThread = false;
+    /// Who waits for input goes first where the processors do not suffice for all.
+    bool letsOthersFirst = false;
 };
 
 struct ChildOutcome {

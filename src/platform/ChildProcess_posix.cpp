@@ -6,6 +6,7 @@
 #include <signal.h>
 #include <spawn.h>
 #include <sys/prctl.h>
+#include <sys/resource.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -27,6 +28,7 @@ constexpr milliseconds kUnaskedInterval{std::chrono::hours(1)};
 constexpr milliseconds kDeathLimit{2000};
 constexpr mode_t kNewFileMode = 0666;
 constexpr int kStandardStreams = 3;
+constexpr int kPoliteness = 5;  // of 19
 
 /// Null-ended lists of the words for the system's calls; the command has to outlive them.
 struct WordLists {
@@ -210,6 +212,9 @@ ChildOutcome ChildProcess::start(const ChildCommand& command) {
     const int error = command.endsWithStartingThread ? forkTied(command, streams, lists, child)
                                                      : spawn(command, streams, lists, child);
     if (error != 0) return childNotStarted(error, command.program.string());
+    // It only costs time when that fails.
+    if (command.letsOthersFirst)
+        static_cast<void>(::setpriority(PRIO_PROCESS, static_cast<id_t>(child), kPoliteness));
     process_ = child;
     watch_ = FileDescriptor(static_cast<int>(::syscall(SYS_pidfd_open, child, 0)));
     return {ChildOutcome::Kind::Ended, 0, {}};

@@ -125,6 +125,24 @@ TEST_P(ChildProcessRoads, GivesTheChildNothingOfOurs) {
     EXPECT_EQ(group, process);
 }
 
+TEST_P(ChildProcessRoads, OneThatLetsOthersFirstIsNicerThanTheRest) {
+    const TemporaryFolder folder;
+    const auto nicenessOf = [&](bool letsOthersFirst) {
+        const std::filesystem::path go = folder / "go";
+        std::filesystem::remove(go);
+        ChildCommand command =
+            shell("while [ ! -e '" + go.string() + "' ]; do sleep 0.01; done; nice", folder / "out");
+        command.endsWithStartingThread = GetParam();
+        command.letsOthersFirst = letsOthersFirst;
+        ChildProcess child;
+        EXPECT_NE(child.start(command).kind, ChildOutcome::Kind::NotStarted);
+        support::writeBytes(go, "");
+        EXPECT_EQ(child.wait({}).number, 0);
+        return std::stoi(readBytes(folder / "out"));
+    };
+    EXPECT_GT(nicenessOf(true), nicenessOf(false));
+}
+
 TEST_P(ChildProcessRoads, AProgramThatCannotStartIsAnAnswer) {
     ChildCommand command;
     command.program = "/etc/passwd";

@@ -1,6 +1,7 @@
 // The program's window while an operation writes every file of a folder, browsed meanwhile: INSTALL_FOLDER
 // FOLDER OTHER_FOLDER. Prints the seconds until everything is told, and the longest block of the window.
 
+#include "FirstPaint.h"
 #include "LoopWatch.h"
 #include "PlainProcess.h"
 #include "browser/FileListView.h"
@@ -34,8 +35,14 @@ void waitForFolder(window::MainWindow& window, const fs::path& folder) {
 }
 
 void write(window::MainWindow& window, const fs::path& folder, const fs::path& other) {
+    bool isPainted = false;
+    const QWidget* list = window.activeBrowser().view().viewport();
+    const bench::FirstPaint paint([list](const QWidget& widget) { return &widget == list; },
+                                  [&isPainted] { isPainted = true; });
     window.openFolder(folder);
     waitForFolder(window, folder);
+    // Nobody can begin an operation in a window that is not yet on the screen.
+    waitFor([&] { return isPainted; }, "the folder is not painted");
     window.activeBrowser().view().selectAll();
     std::optional<bench::LoopWatch> watch;
     watch.emplace();
