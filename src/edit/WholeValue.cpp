@@ -1,11 +1,9 @@
 #include "edit/WholeValue.h"
 
 #include "exiftool/LineParts.h"
-#include "platform/AtomicFile.h"
+#include "platform/FileAccess.h"
 #include "platform/Text.h"
 #include "tags/Entries.h"
-
-#include <limits>
 
 namespace edit {
 
@@ -18,8 +16,7 @@ namespace {
 constexpr char kSeparator = '\x1E';
 
 QByteArray bytesOf(const fs::path& file) {
-    return QByteArray::fromStdString(
-        platform::readRegularFile(file, std::numeric_limits<std::size_t>::max()).bytes);
+    return QByteArray::fromStdString(platform::readOwnFile(file));
 }
 
 }  // namespace

@@ -1,10 +1,9 @@
 #include "exiftool/ReadCommands.h"
 
-#include "platform/AtomicFile.h"
+#include "platform/FileAccess.h"
 #include "platform/Text.h"
 
 #include <array>
-#include <fstream>
 
 namespace exiftool {
 
@@ -79,9 +78,11 @@ QString ReadCommands::ReadOneValue(const fs::path& file, std::string_view tagNam
     output += "Metadata.txt";
     if (runner_.RunToolLine(oneValueCommand(context_, form(), file, output, tagName, numeric)) == 0)
         return {};
-    std::ifstream stream(output, std::ios::binary);
     std::string line;
-    std::getline(stream, line);
+    platform::forEachLineOfOwnFile(output, [&](std::string_view first) {
+        line = first;
+        return false;
+    });
     const std::size_t colon = line.find(':');
     if (colon == std::string::npos || colon + 2 > line.size()) return {};
     std::string value = line.substr(colon + 2, kLongestValue);

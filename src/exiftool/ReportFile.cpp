@@ -3,8 +3,6 @@
 #include "platform/FileAccess.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 
 namespace exiftool {
 
@@ -17,9 +15,7 @@ std::uintmax_t reportSize(const app::AppContext& context) {
 }
 
 std::string reportFrom(const app::AppContext& context, std::uintmax_t offset) {
-    std::ifstream stream(context.reportFile, std::ios::binary);
-    stream.seekg(static_cast<std::streamoff>(offset));
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    return platform::readOwnFile(context.reportFile, offset);
 }
 
 std::string deleteReport(const app::AppContext& context) {

@@ -10,8 +10,6 @@
 #include "platform/Text.h"
 
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <utility>
 
 namespace exiftool {
@@ -33,12 +31,6 @@ std::string refusalLine(std::string name) {
     std::replace_if(
         name.begin(), name.end(), [](char c) { return c == '\n' || c == '\r' || c == 0; }, '?');
     return "Error: A line end in a file name cannot stand in a list of files - " + name + '\n';
-}
-
-std::string contentsOf(const fs::path& file, std::uintmax_t from = 0) {
-    std::ifstream stream(file, std::ios::binary);
-    stream.seekg(static_cast<std::streamoff>(from));
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
 }
 
 /// What is to be said of a tool that could not say it itself; empty when it ended by itself.
@@ -195,8 +187,8 @@ Outcomes ToolRunner::judged(const std::vector<fs::path>& files, const CommandTex
     if (isCut) {
         for (const LeftoverRemover& remover : removers) remover.removeLeftover();
     }
-    const std::string said = contentsOf(context_.reportFile, reported) + contentsOf(errors);
-    const ToolAccount account = accountOf(contentsOf(output), said);
+    const std::string said = reportFrom(context_, reported) + platform::readOwnFile(errors);
+    const ToolAccount account = accountOf(platform::readOwnFile(output), said);
     Outcomes outcomes;
     for (std::size_t at = 0; at < files.size(); ++at) {
         facts.before = before[at];

@@ -1,10 +1,13 @@
 #include "jobs/ReportText.h"
 
+#include "exiftool/ReportFile.h"
+#include "platform/FileAccess.h"
+#include "platform/RegularFile.h"
 #include "platform/Text.h"
 
 #include <QStringView>
 #include <algorithm>
-#include <fstream>
+#include <span>
 #include <string_view>
 
 namespace jobs {
@@ -16,6 +19,7 @@ namespace {
 /// In lower case.
 constexpr std::string_view kToolHead = "---- exiftool";
 constexpr std::size_t kBeginning = 256;
+constexpr std::size_t kCopiedAtATime = 1 << 16;
 constexpr qsizetype kLongestLine = 4000;
 
 bool isToolHead(std::string_view line) {
@@ -23,7 +27,7 @@ bool isToolHead(std::string_view line) {
 }
 
 /// Keeps the end of what is added.
-void addShown(ReportText& shown, const std::string& line) {
+void addShown(ReportText& shown, std::string_view line) {
     shown.bytes.append(line) += '\n';
     if (shown.bytes.size() < 2 * kShownReportBytes) return;
     shown.isShort = true;
@@ -33,20 +37,30 @@ void addShown(ReportText& shown, const std::string& line) {
 }  // namespace
 
 std::optional<ReportText> filterReport(const app::AppContext& context) {
-    std::error_code error;
-    const std::uintmax_t size = fs::file_size(context.reportFile, error);
-    if (error || size == 0) return std::nullopt;
-    std::ifstream report(context.reportFile, std::ios::binary);
+    if (exiftool::reportSize(context) == 0) return std::nullopt;
+    const fs::path copy = context.tempPath / "Metadata.txt";
+    std::string copied;
+    std::error_code ignored;
     // What stands under that name may be a link; a new file is none.
-    fs::remove(context.tempPath / "Metadata.txt", error);
-    std::ofstream copy(context.tempPath / "Metadata.txt", std::ios::binary | std::ios::trunc);
+    fs::remove(copy, ignored);
+    bool isCopied = platform::writeFile(copy, platform::WriteMode::Replace, {}) == 0;
+    const auto addToCopy = [&](std::size_t atLeast) {
+        if (copied.size() < atLeast) return;
+        isCopied = isCopied && platform::writeFile(copy, platform::WriteMode::Append, copied) == 0;
+        copied.clear();
+    };
     ReportText shown;
-    for (std::string line; std::getline(report, line);) {
-        if (line.ends_with('\r')) line.pop_back();
-        if (isToolHead(line)) continue;
-        copy << line << '\n';
+    platform::forEachLineOfOwnFile(context.reportFile, [&](std::string_view line) {
+        if (line.ends_with('\r')) line.remove_suffix(1);
+        if (isToolHead(line)) return true;
+        copied.append(line) += '\n';
+        addToCopy(kCopiedAtATime);
         addShown(shown, line);
-    }
+        return true;
+    });
+    addToCopy(0);
+    // Half a copy would be taken for the whole.
+    if (!isCopied) fs::remove(copy, ignored);
     if (shown.bytes.size() > kShownReportBytes) {
         shown.isShort = true;
         shown.bytes.erase(0, shown.bytes.size() - kShownReportBytes);
@@ -57,10 +71,9 @@ std::optional<ReportText> filterReport(const app::AppContext& context) {
 }
 
 std::string reportBeginning(const app::AppContext& context) {
-    std::ifstream report(context.reportFile, std::ios::binary);
+    const platform::RegularFile report(context.reportFile, platform::Links::Refused);
     std::string bytes(kBeginning, '\0');
-    report.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-    bytes.resize(static_cast<std::size_t>(std::max<std::streamsize>(report.gcount(), 0)));
+    bytes.resize(report.readAt(0, std::as_writable_bytes(std::span(bytes))));
     return bytes;
 }
 

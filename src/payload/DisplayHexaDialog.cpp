@@ -63,7 +63,7 @@ void DisplayHexaDialog::fetch() {
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     const std::string fault = fetchPayload(parts_.context, parts_.runner, edit_, places_);
     QGuiApplication::restoreOverrideCursor();
-    data_ = platform::MappedFile::Open(places_.fetched);
+    data_ = platform::MappedFile::Open(places_.fetched, platform::Links::Refused);
     // A value that was not read is not an empty one.
     if (!fault.empty() && data_ != nullptr && data_->bytes().empty()) data_.reset();
     if (data_ != nullptr) hexView_->setBytes(data_->bytes(), data_);
@@ -133,7 +133,7 @@ void DisplayHexaDialog::connectControls() {
 void DisplayHexaDialog::readPicture() {
     if (pictureView_ == nullptr || data_ == nullptr || kind_ == PayloadKind::Other) return;
     picture_ = copyPicture(places_, data_->bytes(), kind_);
-    const auto bytes = platform::MappedFile::Open(picture_);
+    const auto bytes = platform::MappedFile::Open(picture_, platform::Links::Refused);
     if (picture_.empty() || bytes == nullptr) return;
     say(parts_.language.text(text::kReadingPicture));
     pictureThread_.reset(QThread::create([this, bytes] {
@@ -194,7 +194,7 @@ void DisplayHexaDialog::save() {
     question.nameLabel = fileNameLabel(parts_.context.settings.main.language);
     const fs::path target = dialogs::chooseFileToSave(this, question);
     if (target.empty()) return;
-    const auto source = hasPicture ? platform::MappedFile::Open(picture_) : data_;
+    const auto source = hasPicture ? platform::MappedFile::Open(picture_, platform::Links::Refused) : data_;
     const std::span<const unsigned char> bytes = source != nullptr ? source->bytes() : data_->bytes();
     const std::string failure =
         platform::replaceFile(target, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});

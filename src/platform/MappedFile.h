@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/FileAccess.h"
+
 #include <cstddef>
 #include <filesystem>
 #include <memory>
@@ -16,7 +18,8 @@ class MappedFile {
     MappedFile& operator=(const MappedFile&) = delete;
 
     /// Null when it cannot be opened or is no regular file.
-    static std::shared_ptr<const MappedFile> Open(const std::filesystem::path& file);
+    static std::shared_ptr<const MappedFile> Open(const std::filesystem::path& file,
+                                                  Links links = Links::Followed);
 
     std::span<const unsigned char> bytes() const { return {begin_, size_}; }
 

@@ -8,8 +8,9 @@
 
 namespace platform {
 
-std::shared_ptr<const MappedFile> MappedFile::Open(const std::filesystem::path& file) {
-    const FileDescriptor descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
+std::shared_ptr<const MappedFile> MappedFile::Open(const std::filesystem::path& file, Links links) {
+    const FileDescriptor descriptor(::open(file.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY |
+                                                             (links == Links::Refused ? O_NOFOLLOW : 0)));
     struct stat facts {};
     if (!descriptor.isOpen() || ::fstat(descriptor.get(), &facts) != 0 || !S_ISREG(facts.st_mode))
         return nullptr;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/FileAccess.h"
 #include "platform/FileDescriptor.h"
 
 #include <cstddef>
@@ -14,7 +15,7 @@ namespace platform {
 /// is not opened and holds up nobody. One thread.
 class RegularFile {
  public:
-    explicit RegularFile(const std::filesystem::path& file);
+    explicit RegularFile(const std::filesystem::path& file, Links links = Links::Followed);
 
     bool isOpen() const { return descriptor_.isOpen(); }
     std::uint64_t size() const { return size_; }  ///< bytes, at the time of opening

@@ -8,8 +8,9 @@
 
 namespace platform {
 
-RegularFile::RegularFile(const std::filesystem::path& file)
-    : descriptor_(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC)) {
+RegularFile::RegularFile(const std::filesystem::path& file, Links links)
+    : descriptor_(::open(file.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC |
+                                           (links == Links::Refused ? O_NOFOLLOW : 0))) {
     struct stat facts {};
     if (isOpen() && ::fstat(descriptor_.get(), &facts) == 0 && S_ISREG(facts.st_mode))
         size_ = static_cast<std::uint64_t>(facts.st_size);

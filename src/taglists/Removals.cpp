@@ -1,7 +1,7 @@
 #include "taglists/Removals.h"
 
 #include "exiftool/LineParts.h"
-#include "platform/AtomicFile.h"
+#include "platform/FileAccess.h"
 #include "platform/Text.h"
 #include "taglists/RemovalTexts.h"
 #include "tags/ExtensionTable.h"
@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <iterator>
-#include <limits>
 
 namespace taglists {
 
@@ -36,10 +35,6 @@ class WithoutSafetyCopies {
     std::uint8_t& enabled_;
     std::uint8_t before_;
 };
-
-std::string bytesOf(const fs::path& file) {
-    return platform::readRegularFile(file, std::numeric_limits<std::size_t>::max()).bytes;
-}
 
 bool canStandInList(const fs::path& file) {
     return exiftool::canStandOnLine(platform::narrow(file));
@@ -139,7 +134,7 @@ HeldTagsRead readHeldTags(const jobs::OperationParts& parts, app::CommandForm fo
     fs::remove(output, ignored);
     const platform::CommandText command = heldTagsCommand(parts.context, form, list.path, others, output);
     static_cast<void>(parts.runner.RunToolLine(command));
-    const std::string answer = bytesOf(output);
+    const std::string answer = platform::readOwnFile(output);
     std::string fault = parts.runner.lastFaultOfRead(output);
     // Of every file there is something to say, if only its type.
     if (fault.empty() && answer.empty()) fault = "ExifTool gave no answer";
@@ -159,7 +154,7 @@ HeldTagsRead readHeldTagsOfGroup(const jobs::OperationParts& parts, app::Command
     std::error_code ignored;
     fs::remove(output, ignored);
     static_cast<void>(parts.reads.ReadGroupAll(file, output, group));
-    return {heldTags(bytesOf(output), parts.dictionary),
+    return {heldTags(platform::readOwnFile(output), parts.dictionary),
             platform::wide(parts.runner.lastFaultOfRead(output))};
 }
 

@@ -1,9 +1,8 @@
 #include "tags/OutputParser.h"
 
+#include "platform/FileAccess.h"
 #include "platform/Text.h"
 
-#include <cstring>
-#include <fstream>
 #include <string>
 
 namespace tags {
@@ -14,41 +13,6 @@ constexpr qsizetype kShortestBinaryLine = 8;
 constexpr QStringView kBinaryHint = u", use -b";
 /// Column 2 is a field of ten wide characters with a zero at its end.
 constexpr qsizetype kLongestId = 9;
-
-/// Reads a file by blocks and hands out its lines without their LF. A last line without LF counts.
-class LineReader {
- public:
-    explicit LineReader(const std::filesystem::path& file) : stream_(file, std::ios::binary) {}
-    bool isOpen() const { return stream_.is_open(); }
-
-    template <typename Call>
-    void forEachLine(Call&& call) {
-        std::string carried;
-        std::vector<char> block(1 << 16);
-        while (stream_.read(block.data(), static_cast<std::streamsize>(block.size())) ||
-               stream_.gcount() > 0) {
-            const char* begin = block.data();
-            const char* end = begin + stream_.gcount();
-            while (const void* found = std::memchr(begin, '\n', static_cast<std::size_t>(end - begin))) {
-                const char* feed = static_cast<const char*>(found);
-                const std::string_view rest(begin, static_cast<std::size_t>(feed - begin));
-                begin = feed + 1;
-                if (carried.empty()) {
-                    if (!call(rest)) return;
-                } else {
-                    carried += rest;
-                    if (!call(std::string_view(carried))) return;
-                    carried.clear();
-                }
-            }
-            carried.append(begin, end);
-        }
-        if (!carried.empty()) call(std::string_view(carried));
-    }
-
- private:
-    std::ifstream stream_;
-};
 
 QStringView takeToken(QStringView& rest) {
     const qsizetype blank = rest.indexOf(u' ');
@@ -165,13 +129,10 @@ void OutputParser::begin() {
 
 bool OutputParser::ParseExifToolOutput(const std::filesystem::path& outputFile,
                                        const InsertMetadataRow& insert) {
-    LineReader reader(outputFile);
-    if (!reader.isOpen()) return false;
-    reader.forEachLine([&](std::string_view line) {
+    return platform::forEachLineOfOwnFile(outputFile, [&](std::string_view line) {
         parseLine(line, insert);
         return true;
     });
-    return true;
 }
 
 void OutputParser::parseLine(std::string_view bytes, const InsertMetadataRow& insert) {
@@ -285,9 +246,7 @@ void OutputParser::noteRating(std::uint32_t groupId, QStringView tag, QStringVie
 
 QString FindTagValue(const std::filesystem::path& outputFile, QStringView group, QStringView tagName) {
     QString found;
-    LineReader reader(outputFile);
-    if (!reader.isOpen()) return found;
-    reader.forEachLine([&](std::string_view bytes) {
+    platform::forEachLineOfOwnFile(outputFile, [&](std::string_view bytes) {
         const QString line = valueLine(bytes);
         const std::optional<ValueLine> parts = splitValueLine(line);
         if (!parts || parts->group != group || parts->tag != tagName) return true;
@@ -299,34 +258,12 @@ QString FindTagValue(const std::filesystem::path& outputFile, QStringView group,
 
 bool forEachTagValue(const std::filesystem::path& outputFile,
                      const std::function<void(QStringView, QStringView, QStringView)>& call) {
-    LineReader reader(outputFile);
-    if (!reader.isOpen()) return false;
-    reader.forEachLine([&](std::string_view bytes) {
+    return platform::forEachLineOfOwnFile(outputFile, [&](std::string_view bytes) {
         const QString line = valueLine(bytes);
         if (const std::optional<ValueLine> parts = splitValueLine(line))
             call(parts->group, parts->tag, parts->value);
         return true;
     });
-    return true;
-}
-
-std::optional<QString> readReport(const std::filesystem::path& reportFile,
-                                  const std::filesystem::path& cleanedCopy) {
-    std::error_code error;
-    const auto size = std::filesystem::file_size(reportFile, error);
-    if (error || size == 0) return std::nullopt;
-    LineReader reader(reportFile);
-    std::ofstream copy(cleanedCopy, std::ios::binary | std::ios::trunc);
-    if (!reader.isOpen() || !copy.is_open()) return std::nullopt;
-    QString text;
-    reader.forEachLine([&](std::string_view bytes) {
-        const QString line = platform::wide(bytes);
-        if (startsWithoutCase(line, u"---- ExifTool")) return true;
-        copy << bytes << '\n';
-        text += line + u'\n';
-        return true;
-    });
-    return text;
 }
 
 }  // namespace tags

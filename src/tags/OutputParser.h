@@ -111,9 +111,4 @@ bool forEachTagValue(
     const std::filesystem::path& outputFile,
     const std::function<void(QStringView group, QStringView tagName, QStringView value)>& call);
 
-/// What a batch left in its report, without the headings ExifTool writes over each file. Absent: the report
-/// is missing or empty, and nothing was wrong.
-std::optional<QString> readReport(const std::filesystem::path& reportFile,
-                                  const std::filesystem::path& cleanedCopy);
-
 }  // namespace tags

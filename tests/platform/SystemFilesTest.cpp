@@ -1,4 +1,5 @@
 #include "platform/FileAccess.h"
+#include "platform/MappedFile.h"
 #include "platform/OwnProcess.h"
 #include "platform/ProgramSearch.h"
 #include "platform/RegularFile.h"
@@ -41,6 +42,32 @@ TEST(RegularFile, NeitherWaitsForAPipeNorReadsAFolder) {
     for (const char* name : {"pipe", ".", "missing"}) {
         EXPECT_FALSE(platform::RegularFile(folder / name).isOpen()) << name;
         EXPECT_EQ(platform::readHead(folder / name, 10), "") << name;
+    }
+}
+
+TEST(FileAccess, ReadsOwnFilesNeverThroughALink) {
+    const TemporaryFolder folder;
+    // Lines that end before, on and behind the border of a block, and one without its feed.
+    const std::string content = "a\n" + std::string(65533, 'b') + "\n\n" + std::string(140000, 'c') + "\nend";
+    writeBytes(folder / "own", content);
+    fs::create_symlink("own", folder / "link");
+    EXPECT_EQ(platform::readOwnFile(folder / "own"), content);
+    EXPECT_EQ(platform::readOwnFile(folder / "own", content.size() - 3), "end");
+    EXPECT_EQ(platform::readOwnFile(folder / "own", content.size() + 3), "");
+    std::string joined;
+    int lines = 0;
+    EXPECT_TRUE(platform::forEachLineOfOwnFile(folder / "own", [&](std::string_view line) {
+        joined.append(lines++ == 0 ? "" : "\n").append(line);
+        return true;
+    }));
+    EXPECT_EQ(joined, content);
+    EXPECT_EQ(lines, 5);
+    for (const char* name : {"link", "missing", "."}) {
+        EXPECT_EQ(platform::readOwnFile(folder / name), "") << name;
+        EXPECT_FALSE(platform::forEachLineOfOwnFile(folder / name, [](std::string_view) { return true; }))
+            << name;
+        EXPECT_FALSE(platform::RegularFile(folder / name, platform::Links::Refused).isOpen()) << name;
+        EXPECT_EQ(platform::MappedFile::Open(folder / name, platform::Links::Refused), nullptr) << name;
     }
 }
 

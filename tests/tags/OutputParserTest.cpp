@@ -246,15 +246,3 @@ TEST(FindTagValue, TakesTheFirstLineOfGroupAndTag) {
     EXPECT_EQ(tags::FindTagValue(file, u"XMP-dc", u"Absent"), QString());
     EXPECT_EQ(tags::FindTagValue(folder / "absent", u"XMP-dc", u"Title"), QString());
 }
-
-TEST(ReadReport, LeavesOutTheHeadingsOfTheTool) {
-    const support::TemporaryFolder folder;
-    const auto report = folder / "report.txt";
-    const auto copy = folder / "Metadata.txt";
-    EXPECT_FALSE(tags::readReport(report, copy)) << "no report: nothing was wrong";
-    support::writeBytes(report, "");
-    EXPECT_FALSE(tags::readReport(report, copy));
-    support::writeBytes(report, "---- EXIFTOOL 12 ----\nWarning: a\n");
-    EXPECT_EQ(tags::readReport(report, copy), QString("Warning: a\n"));
-    EXPECT_EQ(support::readBytes(copy), "Warning: a\n");
-}
