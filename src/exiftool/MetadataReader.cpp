@@ -15,6 +15,13 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr const char* kOutput = "Metadata.txt";
+constexpr const char* kFolder = "panel";
+
+app::AppContext contextOfPanel(const app::AppContext& context) {
+    app::AppContext own = context;
+    own.tempPath = context.tempPath / kFolder;
+    return own;
+}
 
 }  // namespace
 
@@ -39,7 +46,7 @@ void MetadataReader::request(const fs::path& file, Answer answer) {
         const std::scoped_lock lock(guard_);
         wanted_ = ++lastNumber_;
         isStopped_ = false;
-        next_ = Request{lastNumber_, file, context_};
+        next_ = Request{lastNumber_, file, contextOfPanel(context_)};
     }
     wake_.notify_all();
 }
@@ -82,6 +89,7 @@ MetadataRead MetadataReader::read(const Request& request) {
     answer.file = request.file;
     answer.output = request.context.tempPath / kOutput;
     std::error_code error;
+    fs::create_directory(request.context.tempPath, error);
     // What the last read left must never be taken for this file's tags when the tool fails to write.
     fs::remove(answer.output, error);
     ToolRunner runner(request.context);

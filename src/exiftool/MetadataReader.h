@@ -26,8 +26,8 @@ struct MetadataRead {
 
 /// Reads the tags of one file after another on a thread of its own, for the panel, while nothing in the
 /// window waits. Only the last request counts: an earlier one is ended and never answered. It has a tool
-/// runner of its own, so that reads go on while an operation writes. Lives on the GUI thread; its end ends
-/// the thread.
+/// runner and a temp folder of its own, so that reads go on while an operation writes or a dialog reads.
+/// Lives on the GUI thread; its end ends the thread.
 class MetadataReader : public QObject {
  public:
     using Answer = std::function<void(const MetadataRead& read)>;
@@ -52,7 +52,7 @@ class MetadataReader : public QObject {
     struct Request {
         std::uint64_t number = 0;
         std::filesystem::path file;
-        app::AppContext context;
+        app::AppContext context;  ///< with the reader's temp folder
     };
 
     void work();

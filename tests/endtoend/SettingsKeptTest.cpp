@@ -84,13 +84,13 @@ TEST_F(SettingsKeptTest, TheTempFolderIsEmptiedByANormalExitAndWhatACrashLeftByT
     support::writeBytes(program.tempRoot() / "left over.txt", "x");
     program.tell("open", {path()});
     program.tell("click", {"a.jpg"});
-    EXPECT_TRUE(std::filesystem::exists(program.temp() / "Metadata.txt"));
+    EXPECT_TRUE(std::filesystem::exists(program.temp() / "panel/Metadata.txt"));
     program.kill();
-    EXPECT_TRUE(std::filesystem::exists(program.temp() / "Metadata.txt"));
+    EXPECT_TRUE(std::filesystem::exists(program.temp() / "panel/Metadata.txt"));
     program.restart();
     program.tell("title");
     EXPECT_TRUE(std::filesystem::is_directory(program.temp()));
-    EXPECT_FALSE(std::filesystem::exists(program.temp() / "Metadata.txt"));
+    EXPECT_FALSE(std::filesystem::exists(program.temp() / "panel/Metadata.txt"));
     EXPECT_TRUE(std::filesystem::exists(program.tempRoot() / "left over.txt")) << "no process's own";
     EXPECT_EQ(program.quit(), 0);
     EXPECT_TRUE(std::filesystem::is_directory(program.tempRoot()));

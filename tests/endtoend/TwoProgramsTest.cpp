@@ -67,8 +67,8 @@ TEST_F(TwoProgramsTest, EveryClickShowsTheValuesOfItsOwnWindow) {
             EXPECT_EQ(program.value("XMP-dc", "Title"), QString::fromStdString(side + "/" + name + ".jpg"));
         }
     });
-    EXPECT_TRUE(fs::exists(left.temp() / "Metadata.txt"));
-    EXPECT_TRUE(fs::exists(right.temp() / "Metadata.txt"));
+    EXPECT_TRUE(fs::exists(left.temp() / "panel/Metadata.txt"));
+    EXPECT_TRUE(fs::exists(right.temp() / "panel/Metadata.txt"));
     EXPECT_EQ(right.quit(), 0);
     EXPECT_FALSE(fs::exists(right.temp()));
     left.tell("click", {"b.jpg"});
@@ -148,16 +148,17 @@ TEST_F(TwoProgramsTest, NothingIsLeftOfAKilledOneAfterTheNextStart) {
     left.tell("click", {"a.jpg"});
     const auto kept = filesOf(left);
     right.kill();
-    EXPECT_TRUE(fs::exists(right.temp() / "Metadata.txt"));
+    EXPECT_TRUE(fs::exists(right.temp() / "panel/Metadata.txt"));
     right.restart();
     right.tell("title");
-    EXPECT_FALSE(fs::exists(right.temp() / "Metadata.txt")) << "the number is free and its folder empty";
+    EXPECT_FALSE(fs::exists(right.temp() / "panel/Metadata.txt"))
+        << "the number is free and its folder empty";
     right.kill();
     left.kill();
     left.restart();
     left.tell("title");
     EXPECT_FALSE(fs::exists(right.temp()));
-    EXPECT_FALSE(fs::exists(left.temp() / "Metadata.txt"));
+    EXPECT_FALSE(fs::exists(left.temp() / "panel/Metadata.txt"));
     EXPECT_FALSE(kept.empty());
     struct stat facts {};
     ASSERT_EQ(stat(left.temp().c_str(), &facts), 0);
