@@ -92,8 +92,9 @@ void MainWindow::showCopyFailure(const QString& message) {
     dialogs::showMessage(this, {message, dialogs::MessageIcon::Stop, QStringLiteral("Error")});
 }
 
-bool MainWindow::isBusy() const {
-    return reader_.isReading() || jobs_->isRunning() || waiting_->isWaiting();
+unsigned MainWindow::doings() const {
+    return (reader_.isReading() ? kReads : 0U) | (jobs_->isRunning() ? kOperates : 0U) |
+           (waiting_->isWaiting() ? kWaits : 0U);
 }
 
 bool MainWindow::canStopWaiting() const {

@@ -98,8 +98,11 @@ class MainWindow : public QWidget {
     browser::TabContainer& tabs() { return *tabs_; }
     panel::MetadataPanel& metadataPanel() { return *metadataPanel_; }
     controls::Ribbon& ribbon() { return *ribbon_; }
-    /// Whether the panel reads a file, an operation runs, or something is waited for.
-    bool isBusy() const;
+    /// The panel reads a file, an operation runs, something is waited for.
+    enum Doing : unsigned { kReads = 1, kOperates = 2, kWaits = 4 };
+    /// What the program is busy with, a sum of these.
+    unsigned doings() const;
+    bool isBusy() const { return doings() != 0; }
     /// Whether the user can end what is waited for: the button is there.
     bool canStopWaiting() const;
     /// As the buttons of the progress dialogs do.

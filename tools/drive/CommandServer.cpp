@@ -54,7 +54,9 @@ void CommandServer::executeNext() {
     if (!running_.empty() && !running_.back().answered) return;
     // Only a stop makes sense while everybody waits.
     const bool isStop = !lines_.empty() && lines_.front().trimmed() == "stop";
-    if (!isStop && busy_ && busy_()) {
+    // These two wait for what the others leave alone.
+    if (isStop || (!lines_.empty() && lines_.front().trimmed() == "await")) leftAlone_ = 0;
+    if (!isStop && isBusy()) {
         next_.start(kWatchMilliseconds);
         return;
     }
@@ -80,23 +82,30 @@ void CommandServer::executeNext() {
     running_.back().waits = waits;
     const Answer given = !words || words->isEmpty() ? Answer::failed(QStringLiteral("the line is no command"))
                                                     : execute_(*words);
-    if (running_.back().waits) {
-        if (isStop)
-            waitWhileBusy([&] { static_cast<void>(execute_(*words)); });
-        else
-            waitWhileBusy({});
-    }
+    if (!running_.back().waits)
+        leftAlone_ |= doings();
+    else if (isStop)
+        waitWhileBusy([&] { static_cast<void>(execute_(*words)); });
+    else
+        waitWhileBusy({});
     finish(given);
     if (running_.empty()) watch_.stop();
     next_.start(0);
 }
 
+bool CommandServer::isBusy() {
+    const unsigned doings = this->doings();
+    // What ends and begins again is another one.
+    leftAlone_ &= doings;
+    return (doings & ~leftAlone_) != 0 && !(isAnswerable_ && isAnswerable_());
+}
+
 void CommandServer::waitWhileBusy(const std::function<void()>& meanwhile) {
-    if (!busy_ || !busy_()) return;
+    if (!isBusy()) return;
     QEventLoop loop;
     QTimer look;
     connect(&look, &QTimer::timeout, &loop, [&] {
-        if (!busy_()) return loop.quit();
+        if (!isBusy()) return loop.quit();
         if (meanwhile) meanwhile();
     });
     look.start(kWatchMilliseconds);

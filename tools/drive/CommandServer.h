@@ -38,9 +38,11 @@ class CommandServer : public QObject {
     /// Tells whether a command waits for a tool and the user can end the wait: it is answered then, too.
     void setBlockedByProgress(std::function<bool()> blocked) { blockedByProgress_ = std::move(blocked); }
 
-    /// Tells whether the program reads, writes or waits for a tool; the next command is put off until it does
-    /// no longer, but for a stop.
-    void setBusy(std::function<bool()> busy) { busy_ = std::move(busy); }
+    /// Tells what the program is busy with, a bit for each kind; the next command is put off until it has
+    /// ended, but for a stop. What a command began that does not wait is left out until it has ended.
+    void setDoings(std::function<unsigned()> doings) { doings_ = std::move(doings); }
+    /// Tells whether something stands open that can be answered, however busy the program is.
+    void setAnswerable(std::function<bool()> answerable) { isAnswerable_ = std::move(answerable); }
 
  Q_SIGNALS:
     /// The input has ended and the last command was answered.
@@ -60,6 +62,8 @@ class CommandServer : public QObject {
 
     void readInput();
     void executeNext();
+    bool isBusy();
+    unsigned doings() const { return doings_ ? doings_() : 0; }
     /// `meanwhile` is called at every look.
     void waitWhileBusy(const std::function<void()>& meanwhile);
     void watchForNewWindow();
@@ -70,7 +74,9 @@ class CommandServer : public QObject {
     int output_;
     Execute execute_;
     std::function<bool()> blockedByProgress_;
-    std::function<bool()> busy_;
+    std::function<unsigned()> doings_;
+    std::function<bool()> isAnswerable_;
+    unsigned leftAlone_ = 0;  ///< of what the program is busy with: goes on beside the commands
     QSocketNotifier notifier_;
     QTimer next_;
     QTimer watch_;

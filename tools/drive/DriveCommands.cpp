@@ -87,6 +87,8 @@ const std::vector<DriveCommands::Verb>& DriveCommands::verbs() {
          [](WindowCommands& w, const Words& words) { return w.screenshot(words[0]); }},
         {"wait", 1, 1, 1, Nothing,
          [](WindowCommands& w, const Words& words) { return w.wait(words[0].toInt()); }},
+        // What it waits for has ended when it is executed.
+        {"await", 0, 0, 0, Nothing, [](WindowCommands&, const Words&) { return Answer(); }},
         {"quit", 0, 0, 0, Nothing, [](WindowCommands& w, const Words&) { return w.quit(); }},
         {"menu", 0, 0, 0, Nothing, [](WindowCommands&, const Words&) { return describeMenu(); }},
         {"choose", 1, 1, 1, Nothing,
@@ -95,6 +97,8 @@ const std::vector<DriveCommands::Verb>& DriveCommands::verbs() {
         {"type", 1, 1, 0, Nothing, [](WindowCommands& w, const Words& words) { return w.type(words[0]); }},
         {"focus", 1, 1, 0, Reachable,
          [](WindowCommands& w, const Words& words) { return w.focus(words[0]); }},
+        {"tab", 1, 1, 1, Reachable,
+         [](WindowCommands& w, const Words& words) { return w.tab(words[0].toInt()); }},
         {"area", 1, 1, 0, Window, [](WindowCommands& w, const Words& words) { return w.area(words[0]); }},
         {"message", 0, 0, 0, Nothing, [](WindowCommands&, const Words&) { return describeMessage(); }},
         {"dialog", 0, 0, 0, Nothing, [](WindowCommands&, const Words&) { return describeDialog(); }},
@@ -123,7 +127,7 @@ Answer DriveCommands::execute(const QStringList& words) {
         if (verb.needs != Needs::Nothing && !program_.hasWindow())
             return Answer::failed(QStringLiteral("there is no window"));
         if (verb.needs == Needs::Reachable) {
-            if (openDialog() != nullptr || openMessage() != nullptr)
+            if (isWindowBlocked())
                 return Answer::failed(QStringLiteral("a dialog is open in front of the window"));
             // The first click outside of a menu closes it.
             closeMenus();

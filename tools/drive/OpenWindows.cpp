@@ -202,6 +202,10 @@ bool isQuestionOpen() {
     return modal != nullptr && qobject_cast<const dialogs::ProgressDialog*>(modal) == nullptr;
 }
 
+bool isWindowBlocked() {
+    return QApplication::activeModalWidget() != nullptr;
+}
+
 Answer describeMessage() {
     const QMessageBox* box = openMessage();
     if (box == nullptr) return Answer::failed(QStringLiteral("no message box is open"));

@@ -18,6 +18,9 @@ QMenu* openMenu();
 
 /// Whether a dialog or message stands open that can be answered while an operation goes on.
 bool isQuestionOpen();
+/// Whether what stands open keeps the user from the window; the dialog that tells of a read or an operation
+/// does not.
+bool isWindowBlocked();
 
 Answer describeMessage();
 /// Template number and title of the open dialog, every control that has an id, and the ids of the one with

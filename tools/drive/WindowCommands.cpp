@@ -21,6 +21,7 @@
 #include <QPointer>
 #include <QRegularExpression>
 #include <QScreen>
+#include <QTabBar>
 #include <QTimer>
 #include <QtTest/QTest>
 
@@ -272,6 +273,15 @@ Answer WindowCommands::focus(const QString& objectName) {
         return {};
     }
     return Answer::failed(QStringLiteral("nothing named \"%1\" is shown").arg(objectName));
+}
+
+Answer WindowCommands::tab(int index) {
+    QTabBar& bar = program_.window().tabs().tabBar();
+    if (index < 0 || index >= bar.count())
+        return Answer::failed(QStringLiteral("there is no tab %1").arg(index));
+    QTest::mouseClick(&bar, Qt::LeftButton, Qt::NoModifier, bar.tabRect(index).center());
+    waitForFolder();
+    return {};
 }
 
 Answer WindowCommands::area(const QString& objectName) {

@@ -38,6 +38,8 @@ class WindowCommands {
     Answer type(const QString& text);
     /// Clicks the part of the window that has this object name, such as "Address".
     Answer focus(const QString& objectName);
+    /// Clicks a tab, counted from 0 from the left.
+    Answer tab(int index);
     /// Place and size of that part, whether it is shown, and its text.
     Answer area(const QString& objectName);
     Answer status();

@@ -29,10 +29,8 @@ int main(int argc, char** argv) {
     drive::CommandServer server(platform::kStandardInput, answers.get(),
                                 [&](const QStringList& words) { return commands.execute(words); });
     server.setBlockedByProgress([&] { return program.canStopWaiting(); });
-    server.setBusy([&] {
-        return program.hasWindow() && program.window().isBusy() && !program.canStopWaiting() &&
-               !drive::isQuestionOpen();
-    });
+    server.setDoings([&] { return program.hasWindow() ? program.window().doings() : 0U; });
+    server.setAnswerable([&] { return program.canStopWaiting() || drive::isQuestionOpen(); });
     QObject::connect(&server, &drive::CommandServer::InputEnded, &application,
                      [&] { commands.endUnattended(); });
     if (const std::optional<int> status = program.start()) return *status;
