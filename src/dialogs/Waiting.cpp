@@ -44,6 +44,7 @@ void Waiting::forWork(const std::function<void()>& work) {
     }
     thread.join();
     isWaiting_ = false;
+    if (ended_) ended_();
 }
 
 }  // namespace dialogs

@@ -20,6 +20,9 @@ class Waiting {
     /// thread.
     void forWork(const std::function<void()>& work);
 
+    /// Called at the end of each wait that was not within another.
+    void setEnded(std::function<void()> ended) { ended_ = std::move(ended); }
+
     bool isWaiting() const { return isWaiting_; }
     /// The user does not want to wait any longer.
     void stop() { isStopped_ = isWaiting_; }
@@ -31,6 +34,7 @@ class Waiting {
     QObject receiver_;  ///< of the dialog's signal
     std::atomic<bool> isStopped_ = false;
     bool isWaiting_ = false;
+    std::function<void()> ended_;
 };
 
 }  // namespace dialogs

@@ -4,7 +4,9 @@
 #include "window/AboutDialog.h"
 #include "window/ReadingCommands.h"
 
+#include <QCoreApplication>
 #include <QProcess>
+#include <utility>
 
 namespace window {
 
@@ -67,8 +69,13 @@ void FrameCommands::closeWindow(app::CommandId) {
 }
 
 void FrameCommands::restart(app::CommandId) {
-    if (!parts_.window.close()) return;
-    QProcess::startDetached(platform::display(parts_.context.installPath / "Tagwright"), {});
+    // The window closes later when an operation runs or something is waited for.
+    if (!std::exchange(restarts_, true))
+        QObject::connect(qApp, &QCoreApplication::aboutToQuit,
+                         [program = platform::display(parts_.context.installPath / "Tagwright")] {
+                             QProcess::startDetached(program, {});
+                         });
+    parts_.window.close();
 }
 
 }  // namespace window

@@ -34,6 +34,7 @@ class FrameCommands {
     const WindowParts& parts_;
     ReadingCommands& reading_;
     std::function<void()> relayout_;
+    bool restarts_ = false;
 };
 
 }  // namespace window

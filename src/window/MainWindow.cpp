@@ -65,6 +65,7 @@ MainWindow::MainWindow(app::AppContext& context, const app::LanguageFile& langua
     setWindowTitle(QStringLiteral("Tagwright"));
     runner_.setElsewhere([this](const std::function<void()>& work) { waiting_->forWork(work); });
     runner_.setKeepWaiting([this](std::chrono::milliseconds) { return waiting_->isWanted(); });
+    waiting_->setEnded([this] { waitHasEnded(); });
     connectProgress();
 }
 

@@ -136,6 +136,7 @@ class MainWindow : public QWidget {
     void focusFileList();
 
     // Stopping.
+    void waitHasEnded();
     void saveEverything();
     app::Settings::WindowPosition currentPosition() const;
     app::Settings::WindowSizes currentSizes() const;
@@ -172,6 +173,7 @@ class MainWindow : public QWidget {
     bool keepsStatus_ = false;
     bool hasPainted_ = false;
     bool closed_ = false;
+    bool closesAfterWait_ = false;
     bool hasShownCopyFailure_ = false;  ///< of the running operation
     app::LoadedColumns loadedColumns_;
     controls::Ribbon* ribbon_ = nullptr;

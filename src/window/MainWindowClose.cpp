@@ -14,6 +14,8 @@
 
 #include <QCloseEvent>
 #include <QCoreApplication>
+#include <QTimer>
+#include <utility>
 
 namespace window {
 
@@ -46,6 +48,7 @@ void MainWindow::closeEvent(QCloseEvent* event) {
         return;
     }
     if (waiting_->isWaiting()) {
+        closesAfterWait_ = true;
         event->ignore();
         return;
     }
@@ -59,6 +62,11 @@ void MainWindow::closeEvent(QCloseEvent* event) {
     }
     event->accept();
     QCoreApplication::exit(0);
+}
+
+void MainWindow::waitHasEnded() {
+    // What the wait was for goes on first.
+    if (std::exchange(closesAfterWait_, false)) QTimer::singleShot(0, this, &QWidget::close);
 }
 
 void MainWindow::writeColumns() {
