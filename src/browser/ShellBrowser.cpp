@@ -156,6 +156,27 @@ void ShellBrowser::finishNavigation(LoadedFolder loaded, const SortSettings& sor
 void ShellBrowser::selectAwaited() {
     const std::filesystem::path awaited = std::exchange(awaitedItem_, {});
     if (!awaited.empty() && awaited.parent_path() == currentFolder()) selectItem(awaited.filename().native());
+    std::vector<std::filesystem::path> wanted = std::exchange(selectedAgain_, {});
+    if (!wanted.empty()) selectPaths(std::move(wanted));
+}
+
+void ShellBrowser::selectPaths(std::vector<std::filesystem::path> wanted) {
+    std::ranges::sort(wanted);
+    QItemSelection selection;
+    for (int row = 0; row < model_.rowCount(); ++row) {
+        if (!std::ranges::binary_search(wanted, model_.list().pathAt(row))) continue;
+        const QModelIndex index = model_.index(row, 0);
+        selection.select(index, index);
+    }
+    if (selection.isEmpty()) return;
+    QItemSelectionModel& selected = *view_->selectionModel();
+    selected.select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+    selected.setCurrentIndex(selection.first().topLeft(), QItemSelectionModel::NoUpdate);
+}
+
+void ShellBrowser::readAgain(std::vector<std::filesystem::path> selected) {
+    selectedAgain_ = std::move(selected);
+    navigationController_.Refresh();
 }
 
 void ShellBrowser::GoUp() {

@@ -47,6 +47,8 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
         const NavigationCompletedSignal::slot_type& slot) override;
     ShellNavigationController& navigationController() { return navigationController_; }
     const ShellNavigationController& navigationController() const { return navigationController_; }
+    /// Reads the folder anew; what is then there of these paths gets selected.
+    void readAgain(std::vector<std::filesystem::path> selected);
     /// The parent folder, where the folder that was left gets selected.
     void GoUp();
     void goToRoot();
@@ -126,6 +128,7 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     void sort();
     ItemSorter::Items itemsToSort() const;
     void selectAwaited();
+    void selectPaths(std::vector<std::filesystem::path> wanted);
     void OnColumnResult(const ColumnCell& cell, const QString& text);
     void onSelectionChanged(const QItemSelection& selected, const QItemSelection& deselected);
     bool noteSelection(const QItemSelection& selection, bool selected);
@@ -141,7 +144,8 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     app::ViewMode viewMode_ = app::ViewMode::Details;
     bool folderLoaded_ = false;
     unsigned folderGeneration_ = 0;
-    std::filesystem::path awaitedItem_;  // to be selected once its folder is there
+    std::filesystem::path awaitedItem_;                 // to be selected once its folder is there
+    std::vector<std::filesystem::path> selectedAgain_;  // once the folder has been read
     std::uint32_t sortedColumn_ = 0;
     bool hasSortedColumn_ = false;
     platform::FolderWatch folderWatch_;

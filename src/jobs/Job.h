@@ -2,6 +2,7 @@
 
 #include "exiftool/Outcome.h"
 #include "exiftool/ToolRunner.h"
+#include "jobs/RenamedFiles.h"
 #include "platform/CommandText.h"
 
 #include <QString>
@@ -55,6 +56,7 @@ struct JobResult {
     exiftool::Outcomes outcomes;  ///< one for each file, in the order of the files, then those left out
     bool wasStopped = false;      ///< by the user, before the last file
     bool isClosing = false;       ///< by the closing of the window
+    NewNames newNames = {};       ///< of the files that the work has renamed
 };
 
 }  // namespace jobs

@@ -153,6 +153,7 @@ void JobRunner::work(const std::shared_ptr<Running>& own) {
                  running.stop.get_token(),
                  [this, own](const fs::path& file) { noteBegun(own, file); },
                  [this, own](const Outcome& outcome) { noteEnded(own, outcome); }};
+    const RenamedFiles names(job.files);
     Outcomes outcomes = inOrder(job.files, workOn(running, work));
     outcomes.insert(outcomes.end(), job.leftOut.begin(), job.leftOut.end());
     const bool isCut = std::ranges::any_of(
@@ -160,8 +161,10 @@ void JobRunner::work(const std::shared_ptr<Running>& own) {
         [](OutcomeKind kind) { return kind == OutcomeKind::Stopped || kind == OutcomeKind::NotBegun; },
         &Outcome::kind);
     fs::remove_all(running.context.tempPath, error);
+    NewNames newNames = names.newNames();
     const std::scoped_lock lock(running.guard);
-    running.result = {job.title, std::move(outcomes), running.stop.stop_requested() && isCut, false};
+    running.result = {job.title, std::move(outcomes), running.stop.stop_requested() && isCut, false,
+                      std::move(newNames)};
 }
 
 Outcomes JobRunner::workOn(Running& running, JobWork& work) {

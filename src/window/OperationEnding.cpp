@@ -1,7 +1,7 @@
 #include "window/OperationEnding.h"
 
 #include "app/TextNumbers.h"
-#include "browser/ShellBrowser.h"
+#include "browser/TabContainer.h"
 #include "dialogs/Messages.h"
 #include "exiftool/ReportFile.h"
 #include "jobs/JobRunner.h"
@@ -13,21 +13,23 @@
 #include "platform/Text.h"
 #include "window/ReadingCommands.h"
 
-#include <QItemSelectionModel>
 #include <QTimer>
-#include <algorithm>
+#include <set>
 #include <utility>
 
 namespace window {
 
 namespace fs = std::filesystem;
 
+bool OperationEnding::isFree() {
+    if (!parts_.jobs.isRunning()) return true;
+    parts_.showStatus(parts_.language.formatted(jobs::text::kIsRunning, {parts_.jobs.title()}));
+    return false;
+}
+
 bool OperationEnding::isReadyToBegin() {
     leftOut_.clear();
-    if (parts_.jobs.isRunning()) {
-        parts_.showStatus(parts_.language.formatted(jobs::text::kIsRunning, {parts_.jobs.title()}));
-        return false;
-    }
+    if (!isFree()) return false;
     const std::string problem = exiftool::deleteReport(parts_.context);
     if (problem.empty()) return true;
     dialogs::showMessage(
@@ -45,6 +47,7 @@ void OperationEnding::carryOut(jobs::Job job, Tell tell) {
     const QString title = job.title;
     const bool isBegun = parts_.jobs.begin(
         std::move(job), [this, tell](const jobs::JobResult& result) { ended(result, tell); });
+    if (isBegun) tabOfBeginning_ = parts_.tabs.GetSelectedTab().id();
     // The dialog stood open while another operation began.
     if (!isBegun) parts_.showStatus(parts_.language.formatted(jobs::text::kIsRunning, {parts_.jobs.title()}));
 }
@@ -55,7 +58,7 @@ void OperationEnding::ended(const jobs::JobResult& result, const Tell& tell) {
     // says it.
     if (!left.empty())
         static_cast<void>(exiftool::appendToReport(parts_.context, left.substr(0, left.size() - 1)));
-    showWhatChanged();
+    showWhatChanged(result);
     if (tell)
         tell(result);
     else
@@ -95,10 +98,26 @@ void OperationEnding::showReportBeginning() {
     jobs::ReportDialog(parts_.language, jobs::reportForDisplay(beginning, lineEnd), &parts_.window).run();
 }
 
-void OperationEnding::showWhatChanged() {
-    keepsStatus_ = true;
-    selectedAgain_ = parts_.activeBrowser().GetSelectedFiles();
-    parts_.activeBrowser().navigationController().Refresh();
+void OperationEnding::showWhatChanged(const jobs::JobResult& result) {
+    std::set<fs::path> folders;
+    for (const exiftool::Outcome& outcome : result.outcomes) folders.insert(outcome.file.parent_path());
+    for (int at = 0; at < parts_.tabs.tabCount(); ++at) {
+        browser::Tab& tab = parts_.tabs.GetTabByIndex(at);
+        browser::ShellBrowser& list = tab.shellBrowser();
+        if (tab.id() != tabOfBeginning_ && !folders.contains(list.currentFolder())) continue;
+        // Whoever has changed some files often wants to do something else with the same ones.
+        std::vector<fs::path> selected = list.GetSelectedFiles();
+        for (fs::path& file : selected) {
+            const auto renamed = result.newNames.find(file);
+            if (renamed != result.newNames.end()) file = renamed->second;
+        }
+        if (&list == &parts_.activeBrowser()) keepsStatus_ = true;
+        list.readAgain(std::move(selected));
+    }
+    readPanelAgain();
+}
+
+void OperationEnding::readPanelAgain() {
     if (parts_.context.currentFile.empty() || !parts_.context.settings.lists.showMetadataWindow) return;
     std::error_code error;
     if (fs::is_regular_file(parts_.context.currentFile, error))
@@ -108,27 +127,7 @@ void OperationEnding::showWhatChanged() {
 }
 
 bool OperationEnding::listWasRead() {
-    selectAgain();
     return std::exchange(keepsStatus_, false);
-}
-
-// Whoever has changed some files often wants to do something else with the same ones.
-void OperationEnding::selectAgain() {
-    std::vector<fs::path> wanted = std::exchange(selectedAgain_, {});
-    if (wanted.empty()) return;
-    std::ranges::sort(wanted);
-    browser::ShellBrowser& list = parts_.activeBrowser();
-    const browser::FileListModel& model = list.model();
-    QItemSelection selection;
-    for (int row = 0; row < model.rowCount(); ++row) {
-        if (!std::ranges::binary_search(wanted, list.GetItem(row).path)) continue;
-        const QModelIndex index = model.index(row, 0);
-        selection.select(index, index);
-    }
-    QItemSelectionModel& selected = *list.view().selectionModel();
-    selected.select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    if (!selection.isEmpty())
-        selected.setCurrentIndex(selection.first().topLeft(), QItemSelectionModel::NoUpdate);
 }
 
 }  // namespace window

@@ -23,6 +23,8 @@ class OperationEnding {
 
     OperationEnding(const WindowParts& parts, ReadingCommands& reading) : parts_(parts), reading_(reading) {}
 
+    /// Whether none runs; if one does, the user has been told.
+    [[nodiscard]] bool isFree();
     /// Whether an operation can begin now; if not, the user has been told why: another one is running, or the
     /// report cannot be written. Puts the report of the last one away.
     [[nodiscard]] bool isReadyToBegin();
@@ -37,21 +39,22 @@ class OperationEnding {
     void ShowBatchReport(const jobs::JobResult& result);
     /// What stands in the report of an operation that was not begun; nothing when it is empty.
     void showReportBeginning();
-    /// After files were changed or renamed: the list and the panel are read again, and the same files are
-    /// selected once the list is there.
-    void showWhatChanged();
-    /// The list has been read. True when that was on behalf of showWhatChanged(), and the status stays.
+    /// The list of the active tab has been read. True when that was because an operation has ended, and the
+    /// status stays.
     bool listWasRead();
 
  private:
     void ended(const jobs::JobResult& result, const Tell& tell);
-    void selectAgain();
+    /// The lists that show the files and the panel are read again, the same files selected, under whatever
+    /// name they now have.
+    void showWhatChanged(const jobs::JobResult& result);
+    void readPanelAgain();
 
     const WindowParts& parts_;
     ReadingCommands& reading_;
     exiftool::Outcomes leftOut_;
-    std::vector<std::filesystem::path> selectedAgain_;  ///< once the list has been read again
-    bool keepsStatus_ = false;                          ///< the next reading of the list leaves it
+    int tabOfBeginning_ = -1;   ///< by its id; may be closed by now
+    bool keepsStatus_ = false;  ///< the next reading of the active list leaves it
     jobs::QuietSuccessNotice* successNotice_ = nullptr;
 };
 

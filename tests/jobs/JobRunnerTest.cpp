@@ -406,3 +406,20 @@ TEST_F(JobRunnerTest, WhatIsTheSameForAllFilesStartsTheToolOnceAProcessorInTheCo
         }
     }
 }
+
+TEST_F(JobRunnerTest, TheNewNamesOfWhatTheWorkHasRenamedAreTold) {
+    const std::vector<fs::path> files = photos({"renamed.jpg", "written.jpg", "removed.jpg"});
+    Job job{.title = QStringLiteral("Rename"), .files = files};
+    job.workOnFile = [](JobWork&, const fs::path& file) {
+        if (file.filename() == "renamed.jpg") fs::rename(file, file.parent_path() / "new.jpg");
+        if (file.filename() == "removed.jpg") fs::remove(file);
+        // As a tool does that writes a file anew in its place.
+        if (file.filename() == "written.jpg") {
+            fs::copy_file(file, file.parent_path() / "scratch");
+            fs::rename(file.parent_path() / "scratch", file);
+        }
+        return Outcome{file, Done, {}};
+    };
+    EXPECT_EQ(carryOut(std::move(job)).newNames,
+              (jobs::NewNames{{files[0], files[0].parent_path() / "new.jpg"}}));
+}
