@@ -211,6 +211,7 @@ bool DisplayHexaDialog::canWriteThumbnail() const {
 }
 
 void DisplayHexaDialog::replaceThumbnail() {
+    if (mayWrite_ && !mayWrite_()) return;
     const dialogs::FileQuestion question{parts_.language.text(text::kChooseThumbnail),
                                          {QStringLiteral("JPEG image 160x120 pixels (*.jpg *.jpeg)")},
                                          {},
@@ -228,6 +229,7 @@ void DisplayHexaDialog::replaceThumbnail() {
 }
 
 void DisplayHexaDialog::deleteThumbnail() {
+    if (mayWrite_ && !mayWrite_()) return;
     const QString question =
         parts_.language.formatted(text::kDeleteThumbnail, {platform::display(edit_.filePath.filename())});
     const auto answer = dialogs::showMessage(this, {.text = question,

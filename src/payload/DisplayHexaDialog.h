@@ -8,6 +8,7 @@
 #include "platform/MappedFile.h"
 #include "tags/TagEditContext.h"
 
+#include <functional>
 #include <memory>
 
 class QLabel;
@@ -37,6 +38,9 @@ class DisplayHexaDialog : public dialogs::DarkModeDialogBase, public jobs::JobSo
                       QWidget* parent);
     ~DisplayHexaDialog() override;
 
+    /// Asked before the thumbnail is replaced or deleted; tells itself why it may not be.
+    void setMayWrite(std::function<bool()> mayWrite) { mayWrite_ = std::move(mayWrite); }
+
     /// Whether a picture is being decoded; PictureDecided tells the end.
     bool isReadingPicture() const { return pictureThread_ != nullptr; }
 
@@ -59,6 +63,7 @@ class DisplayHexaDialog : public dialogs::DarkModeDialogBase, public jobs::JobSo
     void say(const QString& text);
 
     jobs::OperationParts parts_;
+    std::function<bool()> mayWrite_;
     const app::CommandForm form_;
     tags::TagEditContext edit_;
     PayloadPlaces places_;

@@ -36,7 +36,7 @@ void describe(controls::CommandAction& action, const app::Command& command,
 }  // namespace
 
 void CommandMap::add(app::CommandId first, app::CommandId last, const Handler& handler,
-                     const StateQuestion& state) {
+                     const StateQuestion& state, Beside beside) {
     for (app::CommandId id = first; id <= last; ++id) {
         const app::Command* command = app::findCommand(id);
         if (command == nullptr || entries_.contains(id)) continue;
@@ -44,11 +44,16 @@ void CommandMap::add(app::CommandId first, app::CommandId last, const Handler& h
         entry.handler = handler;
         entry.state = state;
         entry.needsSelection = command->needsSelection;
+        entry.beside = beside;
     }
 }
 
 void CommandMap::setSelectionQuestion(std::function<bool()> hasSelection) {
     hasSelection_ = std::move(hasSelection);
+}
+
+void CommandMap::setOperationQuestion(std::function<bool()> isOperating) {
+    isOperating_ = std::move(isOperating);
 }
 
 void CommandMap::createActions(const app::LanguageFile& language, const Handler& chosen) {
@@ -62,6 +67,7 @@ void CommandMap::createActions(const app::LanguageFile& language, const Handler&
 CommandState CommandMap::stateOf(app::CommandId id, const Entry& entry) const {
     CommandState state = entry.state ? entry.state(id) : CommandState{};
     if (entry.needsSelection && hasSelection_ && !hasSelection_()) state.enabled = false;
+    if (entry.beside == Beside::NoOperation && isOperating_ && isOperating_()) state.enabled = false;
     return state;
 }
 

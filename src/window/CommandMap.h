@@ -19,6 +19,9 @@ struct CommandState {
     bool operator==(const CommandState&) const = default;
 };
 
+/// Whether a command can run beside an operation that is carried out.
+enum class Beside { AnyOperation, NoOperation };
+
 /// Commands that follow one another by number and are done by one method of the subject that they belong to.
 template <class Subject>
 struct CommandRow {
@@ -26,6 +29,7 @@ struct CommandRow {
     app::CommandId last;  ///< the same as first for most
     void (Subject::*handler)(app::CommandId);
     CommandState (Subject::*state)(app::CommandId) const = nullptr;  ///< null: can always run, is never on
+    Beside beside = Beside::AnyOperation;
 };
 
 /// Which function does what, and the one action of each command: a subject registers its handlers under their
@@ -39,7 +43,7 @@ class CommandMap : public controls::CommandActions {
     /// For each number from first to last that is a command; numbers without a command are passed over. A
     /// command has one handler: the first one stays.
     void add(app::CommandId first, app::CommandId last, const Handler& handler,
-             const StateQuestion& state = {});
+             const StateQuestion& state = {}, Beside beside = Beside::AnyOperation);
     void add(app::CommandId id, const Handler& handler, const StateQuestion& state = {}) {
         add(id, id, handler, state);
     }
@@ -50,6 +54,8 @@ class CommandMap : public controls::CommandActions {
     /// Whether anything is selected, for the commands of which the table says that they need it. Without a
     /// question these can always run.
     void setSelectionQuestion(std::function<bool()> hasSelection);
+    /// Whether an operation is being carried out, for the commands that cannot run beside one.
+    void setOperationQuestion(std::function<bool()> isOperating);
     /// Makes the actions of all commands added so far; chosen is told when one is chosen.
     void createActions(const app::LanguageFile& language, const Handler& chosen);
 
@@ -68,12 +74,14 @@ class CommandMap : public controls::CommandActions {
         Handler handler;
         StateQuestion state;
         bool needsSelection = false;
+        Beside beside = Beside::AnyOperation;
         std::unique_ptr<controls::CommandAction> action;
     };
     CommandState stateOf(app::CommandId id, const Entry& entry) const;
 
     std::map<app::CommandId, Entry> entries_;
     std::function<bool()> hasSelection_;
+    std::function<bool()> isOperating_;
 };
 
 template <class Subject>
@@ -84,7 +92,8 @@ void CommandMap::addSubject(Subject& subject, std::span<const CommandRow<Subject
             state = [&subject, question = row.state](app::CommandId id) { return (subject.*question)(id); };
         add(
             row.first, row.last,
-            [&subject, handler = row.handler](app::CommandId id) { (subject.*handler)(id); }, state);
+            [&subject, handler = row.handler](app::CommandId id) { (subject.*handler)(id); }, state,
+            row.beside);
     }
 }
 

@@ -28,9 +28,11 @@ std::span<const CommandRow<EditingCommands>> EditingCommands::rows() {
     using namespace app::command;
     static constexpr CommandRow<EditingCommands> kRows[] = {
         {kRemoveGroupFromFile, kRemoveGroupFromFile, &EditingCommands::deleteGroup,
-         &EditingCommands::deleteGroupState},
-        {kDeleteTag, kDeleteTag, &EditingCommands::deleteTag, &EditingCommands::deleteTagState},
-        {kDeleteGroup, kDeleteGroup, &EditingCommands::deleteGroup, &EditingCommands::deleteGroupState},
+         &EditingCommands::deleteGroupState, Beside::NoOperation},
+        {kDeleteTag, kDeleteTag, &EditingCommands::deleteTag, &EditingCommands::deleteTagState,
+         Beside::NoOperation},
+        {kDeleteGroup, kDeleteGroup, &EditingCommands::deleteGroup, &EditingCommands::deleteGroupState,
+         Beside::NoOperation},
     };
     return kRows;
 }
@@ -71,7 +73,8 @@ void EditingCommands::EditTagFromPanel(int rowIndex, bool altHeld) {
             viewRow(row, payload::DisplayHexaDialog::kImageTemplate);
             break;
         case edit::PanelAction::EditValue:
-            editRow(rowIndex, row, *record);
+            // What was typed must not be lost for an operation on other files.
+            if (ending_.isFree()) editRow(rowIndex, row, *record);
             break;
         case edit::PanelAction::TellNotInList:
             parts_.showStatus(parts_.language.formatted(edit::text::kNotInList, {row.value}));
@@ -110,7 +113,15 @@ void EditingCommands::viewRow(const tags::MetadataRow& row, int templateNumber) 
     view.group = row.group;
     view.tagId = row.tagId;
     payload::DisplayHexaDialog dialog(parts_.operations, view, templateNumber, &parts_.window);
+    dialog.setMayWrite([this, &dialog] { return mayWriteFrom(dialog); });
     if (dialog.run() == 1 && ending_.isReadyToBegin()) ending_.carryOut(dialog.takeJob());
+}
+
+bool EditingCommands::mayWriteFrom(QWidget& dialog) {
+    if (!parts_.jobs.isRunning()) return true;
+    dialogs::showMessage(&dialog, {parts_.language.formatted(jobs::text::kIsRunning, {parts_.jobs.title()}),
+                                   dialogs::MessageIcon::Information});
+    return false;
 }
 
 void EditingCommands::editRow(int rowIndex, const tags::MetadataRow& row, const tags::TagRecord& record) {

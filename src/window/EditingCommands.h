@@ -35,6 +35,8 @@ class EditingCommands {
     /// False, with the reason told, when the shown file is gone or no longer the one that was read.
     bool isPanelUpToDate();
     void viewRow(const tags::MetadataRow& row, int templateNumber);
+    /// False, with the reason told in front of the dialog, while an operation runs.
+    bool mayWriteFrom(QWidget& dialog);
     void editRow(int rowIndex, const tags::MetadataRow& row, const tags::TagRecord& record);
     bool mayWriteAfterAll(const std::filesystem::path& file);
     void writeEdit(const std::filesystem::path& file, const app::CurrentEdit& edit);

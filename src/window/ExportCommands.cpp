@@ -42,8 +42,10 @@ std::span<const CommandRow<ExportCommands>> ExportCommands::rows() {
     static constexpr CommandRow<ExportCommands> kRows[] = {
         {kHtmlDump, kHtmlDump, &ExportCommands::dumpFile, &ExportCommands::ifFileSelected},
         {kVerboseDump, kVerboseDump, &ExportCommands::dumpFile, &ExportCommands::ifFileSelected},
-        {kExportMenu, kExportMenu, &ExportCommands::showExportMenu, &ExportCommands::ifAnyFile},
-        {kFirstExport, kLastExport, &ExportCommands::exportValues, &ExportCommands::ifAnyFile},
+        {kExportMenu, kExportMenu, &ExportCommands::showExportMenu, &ExportCommands::ifAnyFile,
+         Beside::NoOperation},
+        {kFirstExport, kLastExport, &ExportCommands::exportValues, &ExportCommands::ifAnyFile,
+         Beside::NoOperation},
     };
     return kRows;
 }
@@ -108,8 +110,9 @@ void ExportCommands::exportValues(app::CommandId id) {
     std::error_code error;
     const bool isNew = !fs::exists(fs::symlink_status(target, error));
     const app::CommandForm form = app::commandFormOf(parts_.context);
-    if (!isNew && !clearTheWay(form, target)) return;
+    // Its complaints go to the report, which is the running operation's.
     if (!ending_.isReadyToBegin()) return;
+    if (!isNew && !clearTheWay(form, target)) return;
     const QString problem = form == app::CommandForm::Corrected ? exportByWayOfTemp(file, target, *format)
                                                                 : exportStraight(form, file, target, *format);
     if (parts_.runner.wasStopped()) return;

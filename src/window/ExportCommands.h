@@ -33,9 +33,9 @@ class ExportCommands {
     CommandState ifAnyFile(app::CommandId id) const;
     /// The first file among what is selected; where there is none, a message says so.
     std::filesystem::path selectedRegularFile();
-    /// The designed form deletes what stands in the target's place; the corrected one asks, and replaces it
-    /// when the new content is there.
     void tellExported(const std::filesystem::path& file, const std::filesystem::path& target);
+    /// The designed form deletes what stands in the target's place; the corrected one asks, and replaces it
+    /// when the new content is there. False when nothing is to be exported.
     bool clearTheWay(app::CommandForm form, const std::filesystem::path& target);
     /// Both give the reason for people when nothing has been written, else an empty text.
     QString exportStraight(app::CommandForm form, const std::filesystem::path& file,

@@ -30,7 +30,8 @@ std::span<const CommandRow<OperationCommands>> OperationCommands::rows() {
     static const std::vector<CommandRow<OperationCommands>> all = [] {
         std::vector<CommandRow<OperationCommands>> collected;
         for (const jobs::Operation* operation : allOperations())
-            collected.push_back({operation->id, operation->id, &OperationCommands::run});
+            collected.push_back(
+                {operation->id, operation->id, &OperationCommands::run, nullptr, Beside::NoOperation});
         return collected;
     }();
     return all;

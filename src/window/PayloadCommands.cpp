@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 std::span<const CommandRow<PayloadCommands>> PayloadCommands::rows() {
     using namespace app::command;
     static constexpr CommandRow<PayloadCommands> kRows[] = {
-        {kExportThumbnail, kExportIccProfile, &PayloadCommands::exportPayloads},
+        {kExportThumbnail, kExportIccProfile, &PayloadCommands::exportPayloads, nullptr, Beside::NoOperation},
     };
     return kRows;
 }

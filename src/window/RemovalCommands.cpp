@@ -17,12 +17,14 @@ namespace fs = std::filesystem;
 std::span<const CommandRow<RemovalCommands>> RemovalCommands::rows() {
     using namespace app::command;
     static constexpr CommandRow<RemovalCommands> kRows[] = {
-        {kRemoveTags, kRemoveTags, &RemovalCommands::removeTags},
-        {kRemoveGroupTypes, kRemoveGroupTypes, &RemovalCommands::removeGroupTypes},
-        {kRemoveTagsFromFile, kRemoveTagsFromFile, &RemovalCommands::removeTagsFromShownFile},
-        {kRemoveEverything, kRemoveEverything, &RemovalCommands::removeFamily},
-        {kRemoveExif, kRemoveIccProfile, &RemovalCommands::removeFamily},
-        {kRemoveGps, kRemoveAllMetadata, &RemovalCommands::removeFamily},
+        {kRemoveTags, kRemoveTags, &RemovalCommands::removeTags, nullptr, Beside::NoOperation},
+        {kRemoveGroupTypes, kRemoveGroupTypes, &RemovalCommands::removeGroupTypes, nullptr,
+         Beside::NoOperation},
+        {kRemoveTagsFromFile, kRemoveTagsFromFile, &RemovalCommands::removeTagsFromShownFile, nullptr,
+         Beside::NoOperation},
+        {kRemoveEverything, kRemoveEverything, &RemovalCommands::removeFamily, nullptr, Beside::NoOperation},
+        {kRemoveExif, kRemoveIccProfile, &RemovalCommands::removeFamily, nullptr, Beside::NoOperation},
+        {kRemoveGps, kRemoveAllMetadata, &RemovalCommands::removeFamily, nullptr, Beside::NoOperation},
     };
     return kRows;
 }

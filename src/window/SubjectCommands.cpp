@@ -1,5 +1,7 @@
 #include "window/SubjectCommands.h"
 
+#include "jobs/JobRunner.h"
+
 #include <vector>
 
 namespace window {
@@ -60,6 +62,7 @@ SubjectCommands::SubjectCommands(const WindowParts& parts, const std::function<v
     add(payloads_);
     add(operations_);
     map_.setSelectionQuestion([&parts] { return parts.hasSelection(); });
+    map_.setOperationQuestion([&parts] { return parts.jobs.isRunning(); });
     map_.createActions(parts.language, chosen);
 }
 

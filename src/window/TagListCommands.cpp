@@ -14,12 +14,12 @@ namespace window {
 std::span<const CommandRow<TagListCommands>> TagListCommands::rows() {
     using namespace app::command;
     static constexpr CommandRow<TagListCommands> kRows[] = {
-        {kModifyExif, kModifyExif, &TagListCommands::modifyTags},
-        {kModifyIptc, kModifyIptc, &TagListCommands::modifyTags},
-        {kModifyXmp, kModifyXmp, &TagListCommands::modifyTags},
-        {kFirstAddTags, kLastAddTags, &TagListCommands::addTags},
+        {kModifyExif, kModifyExif, &TagListCommands::modifyTags, nullptr, Beside::NoOperation},
+        {kModifyIptc, kModifyIptc, &TagListCommands::modifyTags, nullptr, Beside::NoOperation},
+        {kModifyXmp, kModifyXmp, &TagListCommands::modifyTags, nullptr, Beside::NoOperation},
+        {kFirstAddTags, kLastAddTags, &TagListCommands::addTags, nullptr, Beside::NoOperation},
         {kAddTagsToFile, kAddTagsToFile, &TagListCommands::addTagsToShownFile,
-         &TagListCommands::ifGroupChosen},
+         &TagListCommands::ifGroupChosen, Beside::NoOperation},
     };
     return kRows;
 }

@@ -80,6 +80,24 @@ TEST_F(CommandMapTest, WhatNeedsASelectionIsDisabledWithoutOne) {
     EXPECT_TRUE(map_.state(kModifyExif).enabled);
 }
 
+TEST_F(CommandMapTest, WhatCannotRunBesideAnOperationIsDisabledWhileOneRuns) {
+    struct Subject {
+        void act(app::CommandId) {}
+    } subject;
+    using window::Beside;
+    const window::CommandRow<Subject> rows[] = {
+        {kModifyIptc, kModifyIptc, &Subject::act, nullptr, Beside::NoOperation},
+        {kRefresh, kRefresh, &Subject::act}};
+    map_.addSubject(subject, std::span<const window::CommandRow<Subject>>(rows));
+    EXPECT_TRUE(map_.state(kModifyIptc).enabled) << "nobody can tell";
+    bool isOperating = true;
+    map_.setOperationQuestion([&] { return isOperating; });
+    EXPECT_FALSE(map_.state(kModifyIptc).enabled);
+    EXPECT_TRUE(map_.state(kRefresh).enabled);
+    isOperating = false;
+    EXPECT_TRUE(map_.state(kModifyIptc).enabled);
+}
+
 TEST_F(CommandMapTest, AnActionSaysWhatTheCommandIs) {
     map_.add(kRefresh, note());
     map_.add(kShowHidden, note());
