@@ -13,8 +13,10 @@
 namespace browser {
 namespace {
 
-// What is ready in this time is shown without an empty list in between.
-constexpr std::chrono::milliseconds kPatience{150};
+// What is ready in this time is there on return; meanwhile the window stands still.
+constexpr std::chrono::milliseconds kPatience{15};
+// Until then the list that was left stays on the screen, so that none that is empty flickers in between.
+constexpr std::chrono::milliseconds kEmptyAfter{150};
 constexpr int kLeastColumnWidth = 40;
 
 }  // namespace
@@ -36,6 +38,11 @@ ShellBrowser::ShellBrowser(BrowserParts& parts, QWidget* holder)
     view_->setModel(&model_);
     applySettings();
     showColumns();
+    emptyAfter_.setSingleShot(true);
+    connect(&emptyAfter_, &QTimer::timeout, this, [this] {
+        view_->setEmptyText(parts_.language.text(text::kReadingFolder));
+        showList();
+    });
     connectView();
     connectHeader();
 }
@@ -134,9 +141,13 @@ long ShellBrowser::BrowseFolder(const std::filesystem::path& folder, bool addHis
     if (loaded)
         finishNavigation(std::move(*loaded), request.sort, addHistoryEntry);
     else
-        view_->setEmptyText(parts_.language.text(text::kReadingFolder));
-    view_->setUpdatesEnabled(true);
+        emptyAfter_.start(kEmptyAfter - kPatience);
     return kNavigationOk;
+}
+
+void ShellBrowser::showList() {
+    emptyAfter_.stop();
+    view_->setUpdatesEnabled(true);
 }
 
 void ShellBrowser::finishNavigation(LoadedFolder loaded, const SortSettings& sorted, bool addHistoryEntry) {
@@ -150,6 +161,7 @@ void ShellBrowser::finishNavigation(LoadedFolder loaded, const SortSettings& sor
     selectAwaited();
     folderLoaded_ = true;
     ++folderGeneration_;
+    showList();
     NavigationCompleted(folder, addHistoryEntry);
 }
 
@@ -195,6 +207,7 @@ void ShellBrowser::onFolderVanished() {
     loader_.cancel();
     model_.lose(FolderState::NotFound);
     view_->setEmptyText(parts_.language.text(emptyListText(FolderState::NotFound)));
+    showList();
     ListSelectionChanged();
 }
 

@@ -12,6 +12,7 @@
 
 #include <QObject>
 #include <QPointer>
+#include <QTimer>
 
 namespace browser {
 
@@ -127,6 +128,8 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     void finishNavigation(LoadedFolder loaded, const SortSettings& sorted, bool addHistoryEntry);
     void sort();
     ItemSorter::Items itemsToSort() const;
+    /// Paints it again after a change of the folder.
+    void showList();
     void selectAwaited();
     void selectPaths(std::vector<std::filesystem::path> wanted);
     void OnColumnResult(const ColumnCell& cell, const QString& text);
@@ -152,6 +155,7 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     ThemeIconFetcher iconFetcher_;
     ShellNavigationController navigationController_;
     FolderLoader loader_;
+    QTimer emptyAfter_;
     ItemSorter sorter_;
     CellLoader<ColumnCell, QString> columnLoader_;
 };

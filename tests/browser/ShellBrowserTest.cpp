@@ -521,6 +521,23 @@ TEST_F(ShellBrowserTest, AFolderThatVanishesLeavesAnEmptyListAndAText) {
     EXPECT_FALSE(shell->view().emptyText().isEmpty());
 }
 
+TEST_F(ShellBrowserTest, ALargeFolderIsNotWaitedForAndTheListThatWasLeftStaysOnTheScreen) {
+    for (const char* name : {"large", "small"}) std::filesystem::create_directory(folder / name);
+    support::writeBytes(folder / "small/file", "x");
+    for (int i = 0; i < 6000; ++i)
+        std::filesystem::create_symlink("nowhere", folder / "large" / std::to_string(i));
+    browse(folder / "small");
+    EXPECT_TRUE(shell->view().updatesEnabled());
+    const unsigned generation = shell->folderGeneration();
+    shell->BrowseFolder(folder / "large", true);
+    EXPECT_EQ(shell->folderGeneration(), generation) << "it was waited for";
+    EXPECT_FALSE(shell->view().updatesEnabled()) << "an empty list flickers";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shell->view().updatesEnabled(); }, kLimit));
+    EXPECT_TRUE(shell->model().rowCount() > 0 || !shell->view().emptyText().isEmpty());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return shell->model().rowCount() == 6000; }, kLimit));
+    EXPECT_TRUE(shell->view().updatesEnabled());
+}
+
 TEST_F(ShellBrowserTest, EndsInTheMiddleOfItsWork) {
     for (int i = 0; i < 500; ++i) support::writeBytes(folder / QByteArray::number(i).toStdString(), "x");
     browse(folder.path());
