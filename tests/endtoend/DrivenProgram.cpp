@@ -180,11 +180,15 @@ QJsonObject DrivenProgram::exchange(const QString& verb, const QStringList& word
     return say(line);
 }
 
-QJsonObject DrivenProgram::say(const QByteArray& command) {
+QJsonObject DrivenProgram::say(const QByteArray& line) {
+    send(line);
+    return nextAnswer();
+}
+
+void DrivenProgram::send(const QByteArray& command) {
     const QByteArray line = command + '\n';
     EXPECT_EQ(write(input_, line.constData(), static_cast<std::size_t>(line.size())), line.size())
         << line.toStdString();
-    return nextAnswer();
 }
 
 QJsonObject DrivenProgram::nextAnswer() {

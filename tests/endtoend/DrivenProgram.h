@@ -43,6 +43,8 @@ class DrivenProgram {
     /// One line as it stands; its answer, which may be a refusal.
     QJsonObject say(const QByteArray& line);
     QJsonObject nextAnswer();
+    /// A line after which the program may end without an answer.
+    void send(const QByteArray& line);
 
     /// Ends the program in the ordinary way; its exit status.
     int quit();
