@@ -108,7 +108,6 @@ class WriteTag : public EditedFile {
     }
 
     void SetUp() override { fs::current_path(folder / "photos"); }
-    void TearDown() override { fs::current_path("/"); }
 };
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include "DrivenProgram.h"
 #include "PictureFolder.h"
+#include "support/WorkingFolder.h"
 
 #include <algorithm>
 #include <map>
@@ -85,17 +86,18 @@ class EditedFolder : public PictureFolder {
 
 /// A value to write, and what the file has to hold.
 inline const std::vector<std::string>& hostileValues() {
+    static const std::string owned = support::workingFolder() / "owned";
     static const std::vector<std::string> values = {
-        "x\" -if \"system('touch /tmp/owned')\" \"",
-        "> /tmp/owned",
-        "a > /tmp/owned 2>>/tmp/owned",
+        "x\" -if \"system('touch " + owned + "')\" \"",
+        "> " + owned,
+        "a > " + owned + " 2>>" + owned,
         "\"quoted\" and 'single'",
         "\"",
         "\\\" \\",
-        "$(touch /tmp/owned) ${PATH} $HOME",
-        "`touch /tmp/owned`",
+        "$(touch " + owned + ") ${PATH} $HOME",
+        "`touch " + owned + "`",
         "100%PATH% %% %d %s",
-        "a; touch /tmp/owned & | < >",
+        "a; touch " + owned + " & | < >",
         "-execute",
         "-tagsfromfile /etc/passwd",
         "@/etc/passwd",

@@ -11,10 +11,8 @@ namespace {
 
 class HostileValuesTest : public endtoend::EditedFolder {
  protected:
-    void SetUp() override { fs::remove("/tmp/owned"); }
     void TearDown() override {
-        EXPECT_FALSE(fs::exists("/tmp/owned"));
-        for (const auto& where : {folder.path(), fs::current_path()})
+        for (const auto& where : {folder.path(), support::workingFolder()})
             EXPECT_FALSE(fs::exists(where / "owned"));
     }
 

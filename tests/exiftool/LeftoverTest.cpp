@@ -17,6 +17,7 @@ class LeftoverTest : public testing::Test {
  protected:
     void SetUp() override {
         context_.tempPath = folder_.path();
+        context_.cachePath = folder_ / "cache";
         context_.reportFile = folder_ / "report.txt";
         context_.exifToolPath = folder_ / "tool";
         writeBytes(file_, "the whole photo");

@@ -36,11 +36,11 @@ class ReadCommandsTest : public testing::Test {
         std::filesystem::create_directory(folder_ / "Temp");
         std::filesystem::create_directory(folder_ / "photos");
         context_.tempPath = folder_ / "Temp";
+        context_.cachePath = folder_ / "cache";
         context_.exifToolPath = "/usr/bin/exiftool";
         context_.settings.exifTool.correctedCommands = true;
         std::filesystem::current_path(folder_ / "photos");
     }
-    void TearDown() override { std::filesystem::current_path("/"); }
 
     std::filesystem::path makePhoto(const std::string& name) {
         auto file = folder_ / "photos" / name;

@@ -21,6 +21,7 @@ class ReportKeptTest : public testing::Test {
  protected:
     void SetUp() override {
         context_.tempPath = folder_.path();
+        context_.cachePath = folder_ / "cache";
         context_.reportFile = folder_ / "report.txt";
         writeBytes(context_.reportFile, kToldSoFar);
         writeBytes(file_, "a photo");

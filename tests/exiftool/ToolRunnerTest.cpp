@@ -23,6 +23,7 @@ class ToolRunnerTest : public testing::Test {
     void SetUp() override {
         runner_.setWarmStarter(starterUnderTest());
         context_.tempPath = folder_.path();
+        context_.cachePath = folder_ / "cache";
         context_.exifToolPath = folder_ / "tool";
     }
 

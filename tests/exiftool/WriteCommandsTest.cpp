@@ -41,7 +41,6 @@ class WriteCommandsTest : public testing::Test {
             [this](const QString& message) { failures_.push_back(message.toStdString()); });
         fs::current_path(folder_ / "photos");
     }
-    void TearDown() override { fs::current_path("/"); }
 
     fs::path makePhoto(const std::string& name) {
         if (!fs::exists(master_)) {

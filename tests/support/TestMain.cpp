@@ -1,3 +1,5 @@
+#include "support/WorkingFolder.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -16,12 +18,14 @@ void tellUndeclaredControls(QtMsgType type, const QMessageLogContext&, const QSt
 
 }  // namespace
 
-// Every test program gets an application object, offscreen unless the caller asks for a real display.
+// Every test program gets an application object, offscreen unless the caller asks for a real display, and a
+// working folder of its own.
 int main(int argc, char** argv) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
     qInstallMessageHandler(tellUndeclaredControls);
     QLocale::setDefault(QLocale::c());
     ::testing::InitGoogleTest(&argc, argv);
+    support::keepToAWorkingFolder();
     return RUN_ALL_TESTS();
 }

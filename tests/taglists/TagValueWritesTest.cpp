@@ -37,8 +37,8 @@ class TagValueWrites : public EditedFile {
         ADD_FAILURE() << group << ':' << name;
         return rows.front();
     }
-    static void set(TagRows& rows, const char* group, const char* name, const char* value) {
-        setRowValue(rowOf(rows, group, name), {.value = QString::fromUtf8(value)});
+    static void set(TagRows& rows, const char* group, const char* name, const std::string& value) {
+        setRowValue(rowOf(rows, group, name), {.value = QString::fromStdString(value)});
     }
     /// Everything but what the file system says.
     static std::string tagsOf(const fs::path& file) {
@@ -272,17 +272,18 @@ TEST_F(TagValueWrites, ValuesThatCouldNotBeReadAreNotEmptyOnes) {
 }
 
 TEST_F(TagValueWrites, AnyTextReachesTheFileAsTyped) {
-    const char* const values[] = {
+    const std::string owned = folder / "owned";
+    const std::string values[] = {
         "a \"quoted\" text",
         "$(touch owned) `id` 100% 100%% >x 2>y | & ;",
         "-ver",
         "  padded  ",
         "\xC3\xA4\xC3\xB6 \xE6\x97\xA5\xE6\x9C\xAC \xF0\x9F\x93\xB7 \xD7\xA9\xD7\x9C",
         "line\nfeed",
-        "x\" -if \"system('touch /tmp/owned')\" \"",
+        "x\" -if \"system('touch " + owned + "')\" \"",
         "<a>&amp;"};
     const fs::path file = photo({});
-    for (const char* value : values) {
+    for (const std::string& value : values) {
         TagRows xmp = rowsOf(7, file);
         set(xmp, "XMP-dc", "Description", value);
         set(xmp, "XMP-photoshop", "Headline", "beside");
@@ -295,7 +296,7 @@ TEST_F(TagValueWrites, AnyTextReachesTheFileAsTyped) {
         EXPECT_EQ(valueOf(file, "IPTC:Caption-Abstract"), value);
     }
     EXPECT_EQ(valueOf(file, "IPTC:Source"), "beside");
-    EXPECT_FALSE(fs::exists("/tmp/owned"));
+    EXPECT_FALSE(fs::exists(owned));
 }
 
 TEST_F(TagValueWrites, HostileNamesAreReadAndWritten) {
