@@ -3,6 +3,7 @@
 #include "exiftool/ReadCommands.h"
 #include "exiftool/WarmConditions.h"
 #include "platform/CommandInterpreter.h"
+#include "support/ManyFormats.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 
@@ -25,6 +26,7 @@ using namespace std::chrono_literals;
 using platform::ChildCommand;
 using platform::ChildOutcome;
 using platform::ChildStream;
+using support::filesIn;
 using support::readBytes;
 using support::TemporaryFolder;
 using support::writeBytes;
@@ -50,19 +52,7 @@ bool becomesTrue(const std::function<bool()>& condition) {
     return true;
 }
 
-std::vector<fs::path> filesIn(const fs::path& folder) {
-    std::vector<fs::path> files;
-    if (!fs::exists(folder)) return files;
-    for (const auto& entry : fs::directory_iterator(folder)) {
-        if (entry.is_regular_file()) files.push_back(entry.path());
-    }
-    std::sort(files.begin(), files.end());
-    return files;
-}
-
 const fs::path kSamples = TAGWRIGHT_BIN_DIR "/samples";
-/// Where the source tree lies beside a folder of samples.
-const fs::path kMoreSamples = TAGWRIGHT_SOURCE_DIR "/../shared/samples";
 
 struct Result {
     ChildOutcome outcome;
@@ -272,9 +262,13 @@ TEST_F(WarmStarterTest, EveryReadIsByteForByteThatOfARunOfItsOwn) {
     }
     // Takes minutes when it is to be all of them.
     const bool isThorough = qEnvironmentVariableIntValue("TAGWRIGHT_TEST_THOROUGHLY") == 1;
-    for (const fs::path& file : filesIn(kMoreSamples)) {
-        expectSame(tellingCommands(file));
-        if (isThorough) expectSame(otherCommands(file));
+    fs::create_directory(folder_ / "formats");
+    support::makeFilesOfManyFormats(folder_ / "formats");
+    for (const std::vector<fs::path>& files : {filesIn(folder_ / "formats"), support::addedSamples()}) {
+        for (const fs::path& file : files) {
+            expectSame(tellingCommands(file));
+            if (isThorough) expectSame(otherCommands(file));
+        }
     }
 }
 
@@ -385,7 +379,6 @@ TEST_F(WarmStarterTest, FolderAndMaskAreThoseOfTheMoment) {
     struct stat facts {};
     ASSERT_EQ(::stat((folder_ / "renamed/a.txt2").c_str(), &facts), 0);
     EXPECT_EQ(facts.st_mode & 0777, 0600U);
-    fs::current_path("/");
 }
 
 TEST_F(WarmStarterTest, AUsersConfigurationCountsAndItsChangeIsSeen) {

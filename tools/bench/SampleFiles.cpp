@@ -40,9 +40,6 @@ std::vector<fs::path> filesIn(const fs::path& folder) {
 fs::path sampleFolder(const fs::path& given) {
     if (!given.empty()) return given;
     if (const char* named = std::getenv("TAGWRIGHT_SAMPLES")) return named;
-    const fs::path beside = fs::path(TAGWRIGHT_SOURCE_DIR) / ".." / "shared" / "samples";
-    std::error_code error;
-    if (fs::is_directory(beside, error)) return beside;
     return fs::path(TAGWRIGHT_BIN_DIR) / "samples";
 }
 

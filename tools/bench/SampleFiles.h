@@ -8,8 +8,8 @@
 
 namespace bench {
 
-/// Where the sample files stand: what was given to the program; TAGWRIGHT_SAMPLES; else the first of the
-/// places where the developers keep theirs and the install folder has its own.
+/// Where the sample files stand: what was given to the program; else TAGWRIGHT_SAMPLES; else the install
+/// folder's own.
 std::filesystem::path sampleFolder(const std::filesystem::path& given);
 
 /// The samples and what ExifTool, asked as the metadata panel asks it, prints about each: read once, kept in
