@@ -2,8 +2,8 @@
 
 #include "exiftool/Outcome.h"
 #include "exiftool/ToolRunner.h"
+#include "jobs/Composed.h"
 #include "jobs/RenamedFiles.h"
-#include "platform/CommandText.h"
 
 #include <QString>
 #include <filesystem>
@@ -30,8 +30,8 @@ struct JobWork {
 using WorkOnFile = std::function<exiftool::Outcome(JobWork& work, const std::filesystem::path& file)>;
 /// Puts together the line of one file: the tool first, the file last, then perhaps a redirection of the
 /// errors. Any thread.
-using ComposeLine = std::function<platform::CommandText(const app::AppContext& context, app::CommandForm form,
-                                                        const std::filesystem::path& file)>;
+using ComposeLine = std::function<Composed(const app::AppContext& context, app::CommandForm form,
+                                           const std::filesystem::path& file)>;
 using WorkOnAll =
     std::function<exiftool::Outcomes(JobWork& work, const std::vector<std::filesystem::path>& files)>;
 
@@ -42,9 +42,12 @@ struct Job {
     std::vector<std::filesystem::path> files = {};
     WorkOnFile workOnFile = {};
     WorkOnAll workOnAll = {};  ///< in the place of workOnFile, for work that files share
-    /// For work that gives all files the same arguments: the line of one of them, the file as its last word.
-    /// In the corrected form several files then go through ExifTool sessions, a safety copy before each.
-    ComposeLine sameForAll = {};
+    /// The line that workOnFile runs. In the corrected form, files whose lines differ in nothing but the file
+    /// go through ExifTool sessions in its place, a safety copy before each.
+    ComposeLine lineOf = {};
+    /// Files that the lines read from. While one of them is itself written it can be missing for a moment, so
+    /// that then one file is worked on after the other.
+    std::vector<std::filesystem::path> sources = {};
     /// Files that are not worked on, with the reason; they end the outcomes.
     exiftool::Outcomes leftOut = {};
     bool makesSafetyCopies = true;  ///< false: none in this job, whatever the settings say

@@ -174,8 +174,9 @@ void JobRunner::work(const std::shared_ptr<Running>& own) {
 Outcomes JobRunner::workOn(Running& running, JobWork& work) {
     const Job& job = running.job;
     if (job.workOnAll && !job.files.empty()) return job.workOnAll(work, job.files);
-    if (job.sameForAll && work.form == app::CommandForm::Corrected && job.files.size() > 1)
-        return writeSameToAll(job.sameForAll, work, job.files);
+    if (job.lineOf && work.form == app::CommandForm::Corrected && job.files.size() > 1) {
+        if (std::optional<Outcomes> outcomes = writeSameToAll(job, work)) return std::move(*outcomes);
+    }
     return workOnFiles(running, work);
 }
 

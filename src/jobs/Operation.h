@@ -4,9 +4,8 @@
 #include "app/CommandForm.h"
 #include "app/CommandTable.h"
 #include "app/LanguageFile.h"
-#include "exiftool/Outcome.h"
+#include "jobs/Composed.h"
 #include "jobs/FilledForm.h"
-#include "platform/CommandText.h"
 
 #include <chrono>
 #include <optional>
@@ -99,16 +98,6 @@ struct Composing {
     std::span<const std::filesystem::path> filesSoFar;  ///< those of the run up to this one
 };
 
-/// The line, or what is told of the file in the place of a run: passed over, or why it could not be begun.
-struct Composed {
-    Composed(platform::CommandText composed) : text(std::move(composed)) {}  // NOLINT: a text is a line
-    Composed(exiftool::OutcomeKind kind, std::string words) : instead(kind), words(std::move(words)) {}
-
-    platform::CommandText text{};
-    std::optional<exiftool::OutcomeKind> instead{};
-    std::string words{};
-};
-
 /// What compose() gives, and with it the road that it takes.
 enum class ComposedAs {
     Arguments,   ///< ToolRunner::RunOnFile puts tool, language, file and report around them
@@ -142,10 +131,8 @@ struct Operation {
     void (*keep)(const FilledForm& filled, app::CommandForm form, app::Settings& settings) = nullptr;
 
     ComposedAs composedAs = ComposedAs::Arguments;
-    /// Any thread. Null: the terms of the ticked boxes.
+    /// Any thread, and more than once for a file. Null: the terms of the ticked boxes.
     Composed (*compose)(const Composing& composing) = nullptr;
-    /// Whether the line is the same but for the file, so that in the corrected form sessions can share it.
-    bool isSameForAll = true;
     /// Null: as the settings say. False: no copies, whatever they say.
     bool (*makesSafetyCopies)(app::CommandForm form, const FilledForm& filled) = nullptr;
     DesignedHabits designed{};

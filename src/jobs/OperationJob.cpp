@@ -1,13 +1,16 @@
 #include "jobs/OperationJob.h"
 
 #include "exiftool/LineParts.h"
+#include "exiftool/ReportFile.h"
 #include "platform/Text.h"
 
 #include <algorithm>
 #include <condition_variable>
 #include <iterator>
+#include <memory>
 #include <mutex>
 #include <system_error>
+#include <unordered_map>
 
 namespace jobs {
 
@@ -89,11 +92,22 @@ void rest(const std::stop_token& stop, std::chrono::milliseconds time) {
     std::condition_variable_any().wait_for(lock, stop, time, [] { return false; });
 }
 
-std::span<const fs::path> upTo(const std::vector<fs::path>& files, const fs::path& file) {
-    const auto found = std::ranges::find(files, file);
-    const auto count = std::distance(files.begin(), found) + (found != files.end() ? 1 : 0);
-    return std::span(files).first(static_cast<std::size_t>(count));
-}
+/// The files of a run, each of which is found at once among thousands.
+class RunFiles {
+ public:
+    explicit RunFiles(std::vector<fs::path> files) : files_(std::move(files)) {
+        for (std::size_t at = 0; at < files_.size(); ++at) counts_.emplace(files_[at].native(), at + 1);
+    }
+
+    std::span<const fs::path> upTo(const fs::path& file) const {
+        const auto found = counts_.find(file.native());
+        return std::span(files_).first(found != counts_.end() ? found->second : 0);
+    }
+
+ private:
+    std::vector<fs::path> files_;
+    std::unordered_map<std::string, std::size_t> counts_;
+};
 
 Outcome run(const Operation& operation, JobWork& work, const fs::path& file, const CommandText& command) {
     if (operation.composedAs == ComposedAs::Arguments) return work.runner.RunOnFile(file, command);
@@ -106,7 +120,7 @@ Outcome run(const Operation& operation, JobWork& work, const fs::path& file, con
 struct Run {
     const Operation* operation;
     FilledForm filled;
-    std::vector<fs::path> files;
+    std::shared_ptr<const RunFiles> files;
 
     Outcome onFile(JobWork& work, const fs::path& file) const {
         const DesignedHabits habits =
@@ -115,10 +129,9 @@ struct Run {
         // words of this file are looked for.
         std::error_code ignored;
         if (habits.emptiesReport) fs::remove(work.context.reportFile, ignored);
-        const Composed line =
-            composed(*operation, {work.context, work.form, filled, file, upTo(files, file)});
+        const Composed line = compose(work.context, work.form, file);
         Outcome outcome =
-            line.instead ? Outcome{file, *line.instead, line.words} : run(*operation, work, file, line.text);
+            line.instead ? passedOver(work.context, file, line) : run(*operation, work, file, line.text);
         rest(work.stop, habits.rest);
         return outcome;
     }
@@ -137,12 +150,22 @@ struct Run {
         return outcomes;
     }
 
-    CommandText wholeLine(const app::AppContext& context, CommandForm form, const fs::path& file) const {
-        const Composed line = composed(*operation, {context, form, filled, file, {&file, 1}});
-        if (line.instead) return {};
-        return operation->composedAs == ComposedAs::Arguments
-                   ? exiftool::lineOnFile(context, form, line.text, file)
-                   : line.text;
+    Composed wholeLine(const app::AppContext& context, CommandForm form, const fs::path& file) const {
+        Composed line = compose(context, form, file);
+        if (!line.instead && operation->composedAs == ComposedAs::Arguments)
+            line.text = exiftool::lineOnFile(context, form, line.text, file);
+        return line;
+    }
+
+ private:
+    Composed compose(const app::AppContext& context, CommandForm form, const fs::path& file) const {
+        return composed(*operation, {context, form, filled, file, files->upTo(file)});
+    }
+
+    static Outcome passedOver(const app::AppContext& context, const fs::path& file, const Composed& line) {
+        // Where the report cannot be written the outcome still tells it.
+        if (!line.words.empty()) static_cast<void>(exiftool::appendToReport(context, line.words));
+        return {file, *line.instead, line.words};
     }
 };
 
@@ -186,7 +209,7 @@ CommandText boxTerms(const Operation& operation, const Composing& composing) {
 Job jobOf(const Operation& operation, const QString& title, CommandForm form, const FilledForm& filled,
           std::vector<fs::path> files) {
     Job job{.title = title, .files = files};
-    const Run run{&operation, filled, std::move(files)};
+    const Run run{&operation, filled, std::make_shared<const RunFiles>(std::move(files))};
     if (operation.makesSafetyCopies != nullptr)
         job.makesSafetyCopies = operation.makesSafetyCopies(form, filled);
     if (operation.composedAs == ComposedAs::LineOfAll) {
@@ -197,10 +220,13 @@ Job jobOf(const Operation& operation, const QString& title, CommandForm form, co
         return job;
     }
     job.workOnFile = [run](JobWork& work, const fs::path& file) { return run.onFile(work, file); };
-    if (operation.isSameForAll)
-        job.sameForAll = [run](const app::AppContext& context, CommandForm runForm, const fs::path& file) {
-            return run.wholeLine(context, runForm, file);
-        };
+    job.lineOf = [run](const app::AppContext& context, CommandForm runForm, const fs::path& file) {
+        return run.wholeLine(context, runForm, file);
+    };
+    for (const OperationField& field : operation.fields) {
+        const fs::path source = field.kind == FieldKind::File ? filled.path(field.control) : fs::path();
+        if (!source.empty()) job.sources.push_back(source);
+    }
     return job;
 }
 

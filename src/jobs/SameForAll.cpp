@@ -6,6 +6,11 @@
 #include "platform/CommandInterpreter.h"
 #include "platform/Text.h"
 
+#include <algorithm>
+#include <iterator>
+#include <system_error>
+#include <utility>
+
 namespace jobs {
 
 namespace fs = std::filesystem;
@@ -33,30 +38,71 @@ std::string copyForSafety(const app::AppContext& context, const exiftool::Safety
                              : "Warning: " + failure.toStdString() + " - " + platform::narrow(file);
 }
 
+bool readsOneOf(const std::vector<fs::path>& sources, const std::vector<fs::path>& files) {
+    return std::ranges::any_of(sources, [&](const fs::path& source) {
+        return std::ranges::any_of(files, [&](const fs::path& file) {
+            std::error_code error;
+            return fs::equivalent(source, file, error);
+        });
+    });
+}
+
+/// What the lines of all files come to.
+struct Shared {
+    std::vector<std::string> arguments;
+    std::vector<fs::path> files;
+    Outcomes passedOver;
+};
+
+/// Nothing where a line is not as the others.
+std::optional<Shared> sharedOf(const Job& job, const JobWork& work) {
+    Shared shared;
+    for (const fs::path& file : job.files) {
+        if (work.stop.stop_requested()) break;
+        Composed line = job.lineOf(work.context, work.form, file);
+        if (line.instead) {
+            shared.passedOver.push_back({file, *line.instead, std::move(line.words)});
+            continue;
+        }
+        std::optional<std::vector<std::string>> arguments = argumentsOf(line.text, file);
+        if (!arguments || (!shared.files.empty() && *arguments != shared.arguments)) return std::nullopt;
+        shared.arguments = std::move(*arguments);
+        shared.files.push_back(file);
+    }
+    return shared;
+}
+
+/// The day's report holds what was said as soon as it was, as if a line had led it there.
+void report(const app::AppContext& context, const Outcome& outcome) {
+    // Where the report cannot be written the outcome still tells it.
+    if (!outcome.words.empty()) static_cast<void>(exiftool::appendToReport(context, outcome.words));
+}
+
 }  // namespace
 
-Outcomes writeSameToAll(const ComposeLine& compose, JobWork& work, const std::vector<fs::path>& files) {
-    const auto arguments = argumentsOf(compose(work.context, work.form, files.front()), files.front());
-    if (!arguments) {
-        Outcomes refused;
-        for (const fs::path& file : files)
-            refused.push_back(
-                {file, exiftool::OutcomeKind::NotStarted, "The command could not be put together"});
-        return refused;
+std::optional<Outcomes> writeSameToAll(const Job& job, JobWork& work) {
+    if (readsOneOf(job.sources, job.files)) return std::nullopt;
+    std::optional<Shared> shared = sharedOf(job, work);
+    if (!shared) return std::nullopt;
+    for (const Outcome& outcome : shared->passedOver) {
+        work.fileBegun(outcome.file);
+        report(work.context, outcome);
+        work.fileEnded(outcome);
     }
     exiftool::WriteRequest request;
     request.exifTool = work.context.exifToolPath;
-    request.arguments = *arguments;
-    request.files = files;
+    request.arguments = std::move(shared->arguments);
+    request.files = std::move(shared->files);
     const exiftool::SafetyCopies copies = work.runner.safetyCopies();
     if (copies.SafetyCopyEnabled != 0)
         request.beforeFile = [&](const fs::path& file) { return copyForSafety(work.context, copies, file); };
-    // The day's report holds what was said as soon as it was, as if a line had led it there.
     const auto fileEnded = [&work](const Outcome& outcome) {
-        if (!outcome.words.empty()) static_cast<void>(exiftool::appendToReport(work.context, outcome.words));
+        report(work.context, outcome);
         work.fileEnded(outcome);
     };
-    return exiftool::writeFiles(request, {work.stop, work.cut}, {work.fileBegun, fileEnded});
+    Outcomes outcomes = exiftool::writeFiles(request, {work.stop, work.cut}, {work.fileBegun, fileEnded});
+    std::ranges::move(shared->passedOver, std::back_inserter(outcomes));
+    return outcomes;
 }
 
 }  // namespace jobs

@@ -2,12 +2,17 @@
 
 #include "jobs/Job.h"
 
+#include <optional>
+
 namespace jobs {
 
-/// Work over files that all get the same arguments: carried out by ExifTool sessions, one for each processor,
+/// A job whose files all get the same arguments: carried out by ExifTool sessions, one for each processor,
 /// with a safety copy of each file before it where they are on. What is written is what the line of each file
-/// would write. For the corrected form; the designed one runs its lines.
-exiftool::Outcomes writeSameToAll(const ComposeLine& compose, JobWork& work,
-                                  const std::vector<std::filesystem::path>& files);
+/// would write; a file for which there is no line is told as its composing has it. Files that a stop has
+/// kept from being composed have no outcome. For the corrected form; the designed one runs its lines.
+///
+/// Nothing, and nothing is done, where the lines differ in more than the file, are not of a shape that a
+/// session takes, or read from one of the files.
+std::optional<exiftool::Outcomes> writeSameToAll(const Job& job, JobWork& work);
 
 }  // namespace jobs

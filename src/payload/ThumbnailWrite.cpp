@@ -8,6 +8,8 @@
 #include "platform/MappedFile.h"
 #include "platform/Text.h"
 
+#include <system_error>
+
 namespace payload {
 
 namespace fs = std::filesystem;
@@ -17,6 +19,17 @@ using exiftool::OutcomeKind;
 namespace {
 
 constexpr const char* kPlainName = "NewThumbnail.jpg";
+
+/// copyFile() keeps the times. Each file of a run asks, and the picture need not be copied for each.
+bool isCopyOf(const fs::path& copy, const fs::path& picture) {
+    std::error_code error;
+    const auto isAsOf = [&](auto property) {
+        const auto ofCopy = property(copy, error);
+        return !error && ofCopy == property(picture, error) && !error;
+    };
+    return isAsOf([](const fs::path& file, std::error_code& why) { return fs::file_size(file, why); }) &&
+           isAsOf([](const fs::path& file, std::error_code& why) { return fs::last_write_time(file, why); });
+}
 
 Outcome writeThumbnail(jobs::JobWork& work, const fs::path& file, const platform::CommandText& command) {
     work.runner.copyForSafety(file);
@@ -28,7 +41,7 @@ Outcome writeThumbnail(jobs::JobWork& work, const fs::path& file, const platform
 fs::path usablePicture(const app::AppContext& context, app::CommandForm form, const fs::path& picture) {
     if (form == app::CommandForm::Designed || !isNamePattern(exiftool::fileWord(picture))) return picture;
     const fs::path copy = context.tempPath / kPlainName;
-    return platform::copyFile(picture, copy) == 0 ? copy : fs::path();
+    return isCopyOf(copy, picture) || platform::copyFile(picture, copy) == 0 ? copy : fs::path();
 }
 
 bool isJpegFile(const fs::path& file) {

@@ -68,8 +68,6 @@ constexpr jobs::Operation copying(app::CommandId id) {
             .focus = kSource,
             .composedAs = jobs::ComposedAs::Line,
             .compose = copyLine,
-            // The source can be one of the files, and is not there while a copy of it is put in its place.
-            .isSameForAll = false,
             // ExifTool leaves its own "_original" beside the file.
             .makesSafetyCopies = jobs::never};
 }

@@ -68,7 +68,7 @@ jobs::Job removeTagsJob(const QString& title, const std::vector<TagAddress>& tag
         return work.runner.runWriteLine(file,
                                         removeTagsOfSelectionCommand(work.context, work.form, tags, file));
     };
-    job.sameForAll = [tags](const app::AppContext& context, app::CommandForm form, const fs::path& file) {
+    job.lineOf = [tags](const app::AppContext& context, app::CommandForm form, const fs::path& file) {
         return removeTagsOfSelectionCommand(context, form, tags, file);
     };
     return job;
@@ -112,8 +112,7 @@ jobs::Job removeFamilyJob(const QString& title, int commandId, const std::vector
         exiftool::WriteCommands writes(work.context, work.runner);
         return writes.RemoveFamilyFromSelection(commandId, {file}).front();
     };
-    job.sameForAll = [commandId](const app::AppContext& context, app::CommandForm form,
-                                 const fs::path& file) {
+    job.lineOf = [commandId](const app::AppContext& context, app::CommandForm form, const fs::path& file) {
         return exiftool::lineOnFile(context, form, exiftool::removeFamilyArguments(context, commandId), file);
     };
     return job;

@@ -73,7 +73,7 @@ jobs::Job changedTagsJob(const jobs::OperationParts& parts, const QString& title
         work.runner.copyForSafety(file);
         return work.runner.runWriteLine(file, writeChangedTagsCommand(work.context, changed, file));
     });
-    job.sameForAll = [changed](const app::AppContext& context, CommandForm, const fs::path& file) {
+    job.lineOf = [changed](const app::AppContext& context, CommandForm, const fs::path& file) {
         return writeChangedTagsCommand(context, changed, file);
     };
     return job;

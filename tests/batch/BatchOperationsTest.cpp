@@ -267,7 +267,7 @@ TEST_F(BatchOperationsTest, TheLineForAllFilesIsTheLineOfEach) {
         std::string seen[2];
         for (const bool asOne : {true, false}) {
             if (asOne) {
-                EXPECT_EQ(runner_.RunToolLine(job.sameForAll(context_, app::commandFormOf(context_), photo)),
+                EXPECT_EQ(runner_.RunToolLine(job.lineOf(context_, app::commandFormOf(context_), photo).text),
                           1);
             } else {
                 jobs::runHere(job, context_, runner_);

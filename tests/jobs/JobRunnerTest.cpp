@@ -441,8 +441,8 @@ TEST_F(JobRunnerTest, WhatIsTheSameForAllFilesStartsTheToolOnceAProcessorInTheCo
         job.workOnFile = [arguments](JobWork& work, const fs::path& file) {
             return work.runner.RunOnFile(file, arguments);
         };
-        job.sameForAll = [arguments](const app::AppContext& context, app::CommandForm form,
-                                     const fs::path& file) {
+        job.lineOf = [arguments](const app::AppContext& context, app::CommandForm form,
+                                 const fs::path& file) {
             return exiftool::lineOnFile(context, form, arguments, file);
         };
         EXPECT_TRUE(exiftool::isEveryFileDone(carryOut(std::move(job)).outcomes));

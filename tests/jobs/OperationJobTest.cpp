@@ -1,6 +1,7 @@
 #include "jobs/OperationJob.h"
 
 #include "exiftool/LineParts.h"
+#include "jobs/JobRunner.h"
 #include "jobs/JobSource.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
@@ -11,6 +12,7 @@
 #include <array>
 
 using app::CommandForm;
+using exiftool::Outcome;
 using enum exiftool::OutcomeKind;
 using jobs::Composed;
 using jobs::Composing;
@@ -95,6 +97,17 @@ Composed fromFile(const Composing& composing) {
 
 constexpr Operation kTitleFromFile{.id = 902, .fields = kFromFileFields, .compose = fromFile};
 
+constexpr auto kSourceField = std::to_array<OperationField>({{.control = kFile, .kind = FieldKind::File}});
+
+Composed titleOf(const Composing& composing) {
+    platform::CommandText arguments("-TagsFromFile \"");
+    return arguments.outside(composing.filled.path(kFile).string()).literal("\" -XMP-dc:Title");
+}
+
+/// ExifTool puts the old file away before the new one is there.
+constexpr Operation kTitleOf{
+    .id = 905, .fields = kSourceField, .compose = titleOf, .makesSafetyCopies = jobs::never};
+
 constexpr auto kDateRows =
     std::to_array<jobs::OperationListRow>({{1213, "CreateDate"}, {1220, "ModifyDate"}});
 
@@ -155,6 +168,24 @@ class OperationJobTest : public testing::Test {
                            const std::vector<fs::path>& files) {
         return jobs::runHere(jobs::jobOf(operation, {}, app::commandFormOf(context_), filled, files),
                              context_, runner_);
+    }
+    /// As the window has it carried out, with sessions where they can be used.
+    exiftool::Outcomes runAsInWindow(const Operation& operation, const FilledForm& filled,
+                                     const std::vector<fs::path>& files) {
+        support::useTool(context_, folder_ / "tool",
+                         "echo >>'" + (folder_ / "starts").string() + "'\nexec exiftool \"$@\"\n");
+        std::error_code ignored;
+        fs::remove(folder_ / "starts", ignored);
+        jobs::JobRunner runner(context_);
+        exiftool::Outcomes outcomes;
+        EXPECT_TRUE(runner.begin(jobs::jobOf(operation, {}, app::commandFormOf(context_), filled, files),
+                                 [&](const jobs::JobResult& result) { outcomes = result.outcomes; }));
+        runner.waitForEnd();
+        return outcomes;
+    }
+    /// Of runAsInWindow().
+    std::size_t startsOfTool() const {
+        return fs::exists(folder_ / "starts") ? readBytes(folder_ / "starts").size() : 0;
     }
     bool hasSafetyCopy(const fs::path& file) const {
         return fs::exists(exiftool::safetyCopyPath(file, context_.cachePath, {}, QDateTime()));
@@ -270,6 +301,50 @@ TEST_F(OperationJobTest, AFileIsPassedOverWithItsReason) {
     forAll.set(kFile, folder_ / "photos/with.txt");
     EXPECT_THAT(kindsOf(run(kTitleFromFile, forAll, {without})), ElementsAre(Done));
     EXPECT_EQ(valueOf(without, "-XMP-dc:Title"), "beside");
+}
+
+TEST_F(OperationJobTest, EachFileGetsItsOwnValueAndSessionsCarryWhatAllShare) {
+    std::vector<fs::path> files;
+    for (const char* name : {"a", "b", "c", "d"}) {
+        files.push_back(photo(std::string(name) + ".jpg"));
+        if (*name != 'c') support::writeBytes(folder_ / "photos" / (std::string(name) + ".txt"), name);
+    }
+    EXPECT_THAT(runAsInWindow(kTitleFromFile, {}, files),
+                ElementsAre(Outcome{files[0], Done, {}}, Outcome{files[1], Done, {}},
+                            Outcome{files[2], Unchanged, "No text beside it"}, Outcome{files[3], Done, {}}));
+    std::string titles;
+    for (const fs::path& file : files) titles += valueOf(file, "-XMP-dc:Title");
+    EXPECT_EQ(titles, "aboldd");
+    EXPECT_EQ(startsOfTool(), 3u);
+
+    FilledForm forAll = filledWith("", {kFromFile});
+    forAll.set(kFile, folder_ / "photos/b.txt");
+    EXPECT_THAT(kindsOf(runAsInWindow(kTitleFromFile, forAll, files)), ElementsAre(Done, Done, Done, Done));
+    for (const fs::path& file : files) EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), "b");
+    EXPECT_EQ(startsOfTool(), 1u);
+
+    fs::remove(folder_ / "photos/a.txt");
+    EXPECT_THAT(kindsOf(runAsInWindow(kTitleFromFile, {}, {files[0], files[2]})),
+                ElementsAre(Unchanged, Unchanged));
+    EXPECT_EQ(startsOfTool(), 0u);
+    EXPECT_THAT(readBytes(context_.reportFile), HasSubstr("No text beside it"));
+}
+
+TEST_F(OperationJobTest, AFileThatTheOthersAreReadFromIsNotWrittenBesideThem) {
+    const std::vector<fs::path> files = {photo("a.jpg"), photo("b.jpg"), photo("c.jpg")};
+    const fs::path elsewhere = photo("../source.jpg", "-XMP-dc:Title=new");
+    fs::create_symlink(files[2], folder_ / "link.jpg");
+    struct {
+        fs::path source;
+        std::size_t starts;
+    } const cases[] = {{elsewhere, 1}, {files[1], 3}, {folder_ / "link.jpg", 3}};
+    for (const auto& [source, starts] : cases) {
+        FilledForm filled;
+        filled.set(kFile, source);
+        EXPECT_THAT(kindsOf(runAsInWindow(kTitleOf, filled, files)), ElementsAre(Done, Done, Done));
+        EXPECT_EQ(startsOfTool(), starts) << source;
+        for (const fs::path& file : files) EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), "new");
+    }
 }
 
 TEST_F(OperationJobTest, RowsAndNumbersMakeALineOfTheirOwn) {

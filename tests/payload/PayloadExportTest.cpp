@@ -248,11 +248,13 @@ TEST_F(PayloadExportTest, TheLineForAllFilesEmbedsThePictureUnderANameThatIsNoPa
     const fs::path file = photoWithThumbnail("a.jpg");
     const fs::path picture = smallJpeg("new 100%f.jpg", Qt::green);
     const jobs::Job job = embeddingJob(picture, {file});
-    EXPECT_EQ(runner.runWriteLine(file, job.sameForAll(context, app::commandFormOf(context), file)),
+    EXPECT_EQ(runner.runWriteLine(file, job.lineOf(context, app::commandFormOf(context), file).text),
               (Outcome{file, Done, {}}));
     EXPECT_EQ(thumbnailOf(file), readBytes(picture));
     fs::remove(picture);
-    EXPECT_TRUE(job.sameForAll(context, app::commandFormOf(context), file).empty());
+    const jobs::Composed gone = job.lineOf(context, app::commandFormOf(context), file);
+    EXPECT_EQ(gone.instead, NotStarted);
+    EXPECT_EQ(gone.words, "Cannot be copied - " + picture.string());
 }
 
 TEST_F(PayloadExportTest, APictureThatIsGoneMeanwhileIsToldForEachFile) {
