@@ -20,8 +20,7 @@ std::optional<jobs::Job> BatchDispatcher::BatchDispatch(app::CommandId id, const
     options_.files = files;
     if (operation->templateNumber == 0)
         return jobs::jobOf(*operation, parts_.language.text(operation->progressText),
-                           app::commandFormOf(parts_.context), {}, files);
-    if (row->listsFiles) options_.fileList = parts_.runner.WriteFileList(files);
+                           app::commandFormOf(parts_.context), {}, files, parts_.dictionary);
     if (!openDialog_) return {};
     return openDialog_(*operation, options_);
 }

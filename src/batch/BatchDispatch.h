@@ -3,9 +3,9 @@
 #include "app/AppContext.h"
 #include "app/LanguageFile.h"
 #include "batch/BatchTable.h"
-#include "exiftool/ToolRunner.h"
 #include "jobs/Job.h"
 #include "jobs/Operation.h"
+#include "tags/TagDictionary.h"
 
 #include <filesystem>
 #include <functional>
@@ -18,7 +18,7 @@ namespace batch {
 struct BatchParts {
     const app::AppContext& context;
     const app::LanguageFile& language;
-    exiftool::ToolRunner& runner;
+    const tags::TagDictionary& dictionary;
 };
 
 /// What the dialog of one operation is told and may note. Cleared before every operation, so that nothing of
@@ -26,7 +26,6 @@ struct BatchParts {
 struct BatchOptions {
     app::CommandId command = 0;
     std::vector<std::filesystem::path> files;
-    exiftool::FileList fileList;  ///< <temp>/files.tmp, for the operations that work on the whole list
 };
 
 /// Opens the dialog of an operation: what it leaves to be done, or nothing when it was cancelled. Stands in

@@ -20,9 +20,7 @@ constexpr BatchOperation silent(app::CommandId id, const char* dialog) {
 }
 
 constexpr BatchOperation search(app::CommandId id) {
-    BatchOperation operation = silent(id, "BatchFindATagDialog");
-    operation.listsFiles = true;
-    return operation;
+    return silent(id, "BatchFindATagDialog");
 }
 
 constexpr BatchOperation ofWindow(app::CommandId id, const char* dialog) {

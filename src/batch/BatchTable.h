@@ -15,7 +15,6 @@ struct BatchOperation {
     app::CommandId id;
     const char* dialog;         ///< that asks for the parameters; empty: nothing is asked
     int templateNumber;         ///< of the dialog where it is fixed, else 0
-    bool listsFiles = false;    ///< <temp>/files.tmp is written before the dialog
     bool reportFollows = true;  ///< ShowBatchReport comes after it
     bool isOfWindow = false;    ///< the window has an entry of its own for the command, and that one runs
 };

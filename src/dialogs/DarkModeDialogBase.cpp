@@ -16,8 +16,11 @@ DarkModeDialogBase::DarkModeDialogBase(const app::LanguageFile& languageFile, in
       templateNumber_(templateNumber),
       fault_(loadForm(*this, languageFile.form(templateNumber))) {
     setProperty(kTemplateNumberProperty, templateNumber);
-    const QString gap = fillGaps();
-    if (fault_.isEmpty()) fault_ = gap;
+    setFault(fillGaps());
+}
+
+void DarkModeDialogBase::setFault(const QString& fault) {
+    if (fault_.isEmpty()) fault_ = fault;
 }
 
 int DarkModeDialogBase::run() {

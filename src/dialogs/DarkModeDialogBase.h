@@ -26,6 +26,10 @@ class DarkModeDialogBase : public QDialog {
     /// False when the language file has no such form, a damaged one, or one without a required control.
     bool hasForm() const { return fault_.isEmpty(); }
 
+    /// The form lacks something that only the dialog itself knows of: it does not open, and run() tells what.
+    /// The first fault counts.
+    void setFault(const QString& fault);
+
     /// Shows the dialog modally: 1 when it ran, 0 when it was cancelled, or has no form, which is then told.
     int run();
 

@@ -31,6 +31,9 @@ constexpr auto kCountLines = std::to_array<CountLine>({
     {"files could not be read", &ToolCounts::failed},
 });
 
+/// ExifTool's exit status when none of its files meets the condition of its command.
+constexpr int kNoFileMeetsCondition = 2;
+
 /// Calls with each line, without its end.
 template <typename Visit>
 void forEachLine(std::string_view text, Visit visit) {
@@ -113,6 +116,10 @@ Outcome judgeByCount(const fs::path& file, const WriteFacts& facts, bool isTouch
     return failed(file, words, "ExifTool gave no account of the file");
 }
 
+bool hasError(const std::string& words) {
+    return words.starts_with("Error") || words.find("\nError") != std::string::npos;
+}
+
 Outcome judgeEnded(const fs::path& file, const WriteFacts& facts) {
     const bool isTouched = !platform::isUntouched(facts.before, facts.after);
     if (facts.account.counts) return judgeByCount(file, facts, isTouched);
@@ -120,14 +127,31 @@ Outcome judgeEnded(const fs::path& file, const WriteFacts& facts) {
     if (facts.child.number != 0) return failed(file, words, "ExifTool failed");
     if (!facts.wasQuiet) return failed(file, words, "ExifTool gave no account of the file");
     if (isTouched) return written(file, facts);
-    if (words.starts_with("Error") || words.find("\nError") != std::string::npos)
-        return failed(file, words, "ExifTool failed");
+    if (hasError(words)) return failed(file, words, "ExifTool failed");
     return {file, OutcomeKind::Unchanged, words};
 }
 
 Outcome cut(const fs::path& file, OutcomeKind kind, std::string words, std::string_view why) {
     appendLine(words, why);
     return {file, kind, std::move(words)};
+}
+
+/// Nothing where the tool has ended by itself.
+std::optional<Outcome> judgeUnended(const fs::path& file, const platform::ChildOutcome& child,
+                                    const std::string& words) {
+    using Kind = platform::ChildOutcome::Kind;
+    switch (child.kind) {
+        case Kind::Killed:
+            return cut(file, OutcomeKind::Killed, words,
+                       "ExifTool was ended by signal " + std::to_string(child.number));
+        case Kind::Stopped:
+            return cut(file, OutcomeKind::Stopped, words, "ExifTool was not waited for any longer and ended");
+        case Kind::NotStarted:
+            return cut(file, OutcomeKind::NotStarted, words, "ExifTool was not started: " + child.reason);
+        case Kind::Ended:
+            break;
+    }
+    return std::nullopt;
 }
 
 }  // namespace
@@ -160,21 +184,25 @@ bool isQuiet(std::span<const std::string> arguments) {
 }
 
 Outcome judgeWrite(const fs::path& file, const WriteFacts& facts) {
-    using Kind = platform::ChildOutcome::Kind;
-    const std::string& words = facts.account.words;
-    switch (facts.child.kind) {
-        case Kind::Killed:
-            return cut(file, OutcomeKind::Killed, words,
-                       "ExifTool was ended by signal " + std::to_string(facts.child.number));
-        case Kind::Stopped:
-            return cut(file, OutcomeKind::Stopped, words, "ExifTool was not waited for any longer and ended");
-        case Kind::NotStarted:
-            return cut(file, OutcomeKind::NotStarted, words,
-                       "ExifTool was not started: " + facts.child.reason);
-        case Kind::Ended:
-            break;
+    const std::optional<Outcome> unended = judgeUnended(file, facts.child, facts.account.words);
+    return unended ? *unended : judgeEnded(file, facts);
+}
+
+Outcome judgeRead(const fs::path& file, const ReadFacts& facts) {
+    if (const std::optional<Outcome> unended = judgeUnended(file, facts.child, facts.words)) return *unended;
+    const int status = facts.child.number;
+    const std::string ending = "ExifTool ended with status " + std::to_string(status);
+    if (!facts.hasOutput) {
+        if (status == 0)
+            return {file, OutcomeKind::Unchanged,
+                    facts.words.empty() ? "ExifTool had nothing to tell" : facts.words};
+        if (status == kNoFileMeetsCondition && facts.words.empty()) return {file, OutcomeKind::Unchanged, {}};
+        return failed(file, facts.words, ending);
     }
-    return judgeEnded(file, facts);
+    if (facts.isOneOfMany && hasError(facts.words)) return {file, OutcomeKind::Failed, facts.words};
+    std::string words = facts.words;
+    if (words.empty() && status != 0 && !facts.isOneOfMany) words = ending;
+    return {file, words.empty() ? OutcomeKind::Done : OutcomeKind::Warned, words};
 }
 
 }  // namespace exiftool

@@ -56,4 +56,17 @@ struct WriteFacts {
 /// and did not count although it was not told to be quiet has done nothing that can be relied on: Failed.
 Outcome judgeWrite(const std::filesystem::path& file, const WriteFacts& facts);
 
+/// A run that was to read files, and to write nothing into them.
+struct ReadFacts {
+    platform::ChildOutcome child;
+    std::string words;       ///< its complaints about this one file
+    bool hasOutput = false;  ///< something has come where the answer was to go
+    bool isOneOfMany =
+        false;  ///< the process had other files too, so that its status says nothing of this one
+};
+
+/// Done and Warned: the answer has come. Unchanged: ExifTool ended well and had nothing to answer, or the
+/// file did not meet its condition.
+Outcome judgeRead(const std::filesystem::path& file, const ReadFacts& facts);
+
 }  // namespace exiftool

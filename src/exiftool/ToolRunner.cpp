@@ -78,6 +78,19 @@ bool isQuietCommand(app::CommandForm form, const CommandText& command) {
                                [](const platform::ParsedCommand& line) { return isQuiet(line.words); });
 }
 
+/// Where the last of the lines leads its output.
+std::optional<platform::Redirection> outputOf(app::CommandForm form, const CommandText& command) {
+    const std::vector<platform::ParsedCommand> lines = platform::parseCommands(command, typedPieces(form));
+    return lines.empty() ? std::nullopt : lines.back().output;
+}
+
+/// Bytes; 0 when there is none.
+std::uintmax_t sizeOf(const fs::path& file) {
+    std::error_code error;
+    const std::uintmax_t size = fs::file_size(file, error);
+    return error ? 0 : size;
+}
+
 /// One file's part of the account of a process that was given several: the tool counts them together, so that
 /// the file itself has to say whether it is one of those that were written.
 ToolAccount shareOf(const ToolAccount& whole, std::span<const fs::path> files, std::size_t at,
@@ -180,6 +193,38 @@ Outcomes ToolRunner::judged(const std::vector<fs::path>& files, const CommandTex
         addCopyFailure(outcomes.back());
     }
     return outcomes;
+}
+
+ReadRun ToolRunner::runReadLine(const std::vector<fs::path>& files, const CommandText& command) {
+    const fs::path printed = context_.tempPath / kOutput;
+    const fs::path errors = context_.tempPath / kErrors;
+    std::error_code ignored;
+    fs::remove(printed, ignored);
+    fs::remove(errors, ignored);
+    const std::optional<platform::Redirection> target = outputOf(form(), command);
+    const fs::path output = target ? fs::path(target->target) : printed;
+    const std::uintmax_t held = target && target->append ? sizeOf(output) : 0;
+    const std::uintmax_t reported = reportSize(context_);
+    isCapturing_ = true;
+    static_cast<void>(RunToolLine(command));
+    isCapturing_ = false;
+    std::string said = platform::readOwnFile(errors);
+    if (output != context_.reportFile) said = reportFrom(context_, reported) + said;
+    const std::string words = accountOf({}, said).words;
+    std::vector<fs::path> names;
+    for (const fs::path& file : files) names.emplace_back(fileWord(file));
+    ReadFacts facts{.child = endOf(outcome_),
+                    .words = words,
+                    .hasOutput = sizeOf(output) > held,
+                    .isOneOfMany = files.size() > 1};
+    ReadRun run;
+    for (std::size_t at = 0; at < files.size(); ++at) {
+        if (facts.isOneOfMany) facts.words = wordsOfFile(words, names[at], names);
+        run.outcomes.push_back(judgeRead(files[at], facts));
+        if (said.empty()) tellReport(run.outcomes.back());
+    }
+    if (!target) run.printed = platform::readOwnFile(printed);
+    return run;
 }
 
 void ToolRunner::tellReport(const Outcome& outcome) const {

@@ -35,6 +35,12 @@ struct FileList {
     Outcomes refused;  ///< cannot stand on a line; the report names them too
 };
 
+/// What a line that only reads has brought.
+struct [[nodiscard]] ReadRun {
+    Outcomes outcomes;    ///< in the order of the files
+    std::string printed;  ///< empty for a line that leads its output to a file
+};
+
 /// The one way to run a tool: write the line into a batch file of the temp folder, run it, wait for its end.
 /// What a read brings stands in the files that the line's redirections name; what became of a write is judged
 /// by the tool's own account and by the file. Blocks the calling thread; one run at a time, and one runner a
@@ -97,6 +103,10 @@ class ToolRunner {
     /// One line that writes all these files.
     Outcomes runWriteLine(const std::vector<std::filesystem::path>& files,
                           const platform::CommandText& command);
+    /// A line that reads these files and writes nothing into them, by way of <temp>/Metadata.bat. No safety
+    /// copies. Its answer is what the line leads to a file, or else what it prints.
+    ReadRun runReadLine(const std::vector<std::filesystem::path>& files,
+                        const platform::CommandText& command);
     /// Without a batch file.
     Outcome runHiddenOnFile(const std::filesystem::path& file, const platform::CommandText& command);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/LanguageFile.h"
 #include "exiftool/Outcome.h"
 #include "exiftool/ToolRunner.h"
 #include "jobs/Composed.h"
@@ -10,6 +11,8 @@
 #include <functional>
 #include <stop_token>
 #include <vector>
+
+class QWidget;
 
 namespace jobs {
 
@@ -25,6 +28,7 @@ struct JobWork {
     std::function<void(const std::filesystem::path& file)> fileBegun;
     std::function<void(const exiftool::Outcome& outcome)> fileEnded;
     std::stop_token cut = {};  ///< what is in work is to end too, soon
+    std::string printed = {};  ///< what reading has printed that no line has led to a file
 };
 
 using WorkOnFile = std::function<exiftool::Outcome(JobWork& work, const std::filesystem::path& file)>;
@@ -34,6 +38,26 @@ using ComposeLine = std::function<Composed(const app::AppContext& context, app::
                                            const std::filesystem::path& file)>;
 using WorkOnAll =
     std::function<exiftool::Outcomes(JobWork& work, const std::vector<std::filesystem::path>& files)>;
+
+/// How a job ended.
+struct JobResult {
+    QString title;
+    exiftool::Outcomes outcomes;  ///< one for each file, in the order of the files, then those left out
+    bool wasStopped = false;      ///< by the user, before the last file
+    bool isClosing = false;       ///< by the closing of the window
+    NewNames newNames = {};       ///< of the files that the work has renamed
+    std::string printed = {};     ///< of JobWork
+};
+
+/// What the end of a job is shown with.
+struct JobEnd {
+    const JobResult& result;
+    const app::AppContext& context;
+    const app::LanguageFile& language;
+    QWidget* window;  ///< the parent of what is shown
+    /// Opens a file in its own program, or says that none does.
+    std::function<void(const std::filesystem::path& file)> open;
+};
 
 /// One operation over files, put together on the GUI thread and carried out on the runner's. What the
 /// functions hold must not be touched by others meanwhile: values, no references.
@@ -48,19 +72,13 @@ struct Job {
     /// Files that the lines read from. While one of them is itself written it can be missing for a moment, so
     /// that then one file is worked on after the other.
     std::vector<std::filesystem::path> sources = {};
+    /// Called on the GUI thread when files have been done, or had nothing to do, and what became of all is
+    /// told: shows what the job has brought.
+    std::function<void(const JobEnd& end)> atEnd = {};
     /// Files that are not worked on, with the reason; they end the outcomes.
     exiftool::Outcomes leftOut = {};
     bool makesSafetyCopies = true;  ///< false: none in this job, whatever the settings say
     bool countsFiles = true;        ///< false: one run over all, of which nobody knows how far it is
-};
-
-/// How a job ended.
-struct JobResult {
-    QString title;
-    exiftool::Outcomes outcomes;  ///< one for each file, in the order of the files, then those left out
-    bool wasStopped = false;      ///< by the user, before the last file
-    bool isClosing = false;       ///< by the closing of the window
-    NewNames newNames = {};       ///< of the files that the work has renamed
 };
 
 }  // namespace jobs

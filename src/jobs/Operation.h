@@ -6,10 +6,13 @@
 #include "app/LanguageFile.h"
 #include "jobs/Composed.h"
 #include "jobs/FilledForm.h"
+#include "jobs/Job.h"
+#include "tags/TagDictionary.h"
 
 #include <chrono>
 #include <optional>
 #include <span>
+#include <vector>
 
 /// Operations over files as data: what is asked, what must be filled in, and the line that it makes. Rows are
 /// constants, and all that they point to lives as long as the program.
@@ -89,22 +92,41 @@ struct OperationBox {
 
 enum class NothingTicked { Runs, IsTold, Cancels };
 
+/// What a dialog opens over.
+struct Opening {
+    const app::AppContext& context;
+    app::CommandForm form;
+    const std::vector<std::filesystem::path>& files;
+    const std::filesystem::path& folder;  ///< that the window shows
+};
+
 /// What a line is put together from.
 struct Composing {
     const app::AppContext& context;
     app::CommandForm form;
     const FilledForm& filled;
+    const tags::TagDictionary& dictionary;
     const std::filesystem::path& file;                  ///< for a line over all: their list
     std::span<const std::filesystem::path> filesSoFar;  ///< those of the run up to this one
 };
 
 /// What compose() gives, and with it the road that it takes.
 enum class ComposedAs {
-    Arguments,   ///< ToolRunner::RunOnFile puts tool, language, file and report around them
-    Line,        ///< a whole line a file, by way of <temp>/Metadata.bat
-    HiddenLine,  ///< a whole line a file, without a batch file
-    LineOfAll,   ///< one line over the list of all files
+    Arguments,      ///< ToolRunner::RunOnFile puts tool, language, file and report around them
+    Line,           ///< a whole line a file, by way of <temp>/Metadata.bat
+    HiddenLine,     ///< a whole line a file, without a batch file
+    LineOfAll,      ///< one line over the list of all files
+    ReadLine,       ///< a whole line a file that writes nothing into it, by way of <temp>/Metadata.bat
+    ReadLineOfAll,  ///< the same over the list of all files
 };
+
+/// What only reads makes no safety copies, and is judged by its answer.
+constexpr bool isReading(ComposedAs composed) {
+    return composed == ComposedAs::ReadLine || composed == ComposedAs::ReadLineOfAll;
+}
+constexpr bool isOverAll(ComposedAs composed) {
+    return composed == ComposedAs::LineOfAll || composed == ComposedAs::ReadLineOfAll;
+}
 
 /// What only the designed form does around each file.
 struct DesignedHabits {
@@ -126,17 +148,27 @@ struct Operation {
 
     /// Which of the controls can be used while the others stand as they do; null: all.
     bool (*isEnabled)(int control, app::CommandForm form, const FilledForm& filled) = nullptr;
-    /// What the dialog shows at its start beyond what its form says, and what it keeps when OK is pressed.
-    void (*offer)(const app::Settings& settings, app::CommandForm form, FilledForm& filled) = nullptr;
-    void (*keep)(const FilledForm& filled, app::CommandForm form, app::Settings& settings) = nullptr;
+    /// What the dialog shows at its start beyond what its form says, and what it keeps once it is filled.
+    void (*offer)(const Opening& opening, FilledForm& filled) = nullptr;
+    void (*keep)(const FilledForm& filled, app::CommandForm form, app::AppContext& context) = nullptr;
 
     ComposedAs composedAs = ComposedAs::Arguments;
     /// Any thread, and more than once for a file. Null: the terms of the ticked boxes.
     Composed (*compose)(const Composing& composing) = nullptr;
+    /// Completes what the line has brought, behind each run of which something has come: of one file, or of
+    /// all with the line. On the job's thread; can end a file otherwise.
+    void (*afterRun)(const Composing& composing, std::span<exiftool::Outcome> outcomes) = nullptr;
+    /// As Job::atEnd.
+    void (*atEnd)(const JobEnd& end, const FilledForm& filled) = nullptr;
     /// Null: as the settings say. False: no copies, whatever they say.
     bool (*makesSafetyCopies)(app::CommandForm form, const FilledForm& filled) = nullptr;
     DesignedHabits designed{};
 };
+
+/// For atEnd of what leads its answer into the report.
+inline void openReport(const JobEnd& end, const FilledForm& /*filled*/) {
+    end.open(end.context.reportFile);
+}
 
 /// For makesSafetyCopies.
 inline bool never(app::CommandForm /*form*/, const FilledForm& /*filled*/) {

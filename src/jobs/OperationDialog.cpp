@@ -2,6 +2,7 @@
 
 #include "dialogs/FileChooser.h"
 #include "dialogs/Messages.h"
+#include "jobs/FieldControls.h"
 #include "jobs/OperationJob.h"
 #include "platform/Text.h"
 
@@ -12,6 +13,8 @@
 #include <QPlainTextEdit>
 #include <QSpinBox>
 #include <QTreeWidget>
+#include <algorithm>
+#include <string_view>
 
 namespace jobs {
 
@@ -60,10 +63,14 @@ OperationDialog::OperationDialog(const OperationParts& parts, const Operation& o
       operation_(operation),
       form_(app::commandFormOf(parts.context)),
       files_(std::move(files)) {
+    checkControls();
     if (operation_.title != nullptr) setWindowTitle(operation_.title(parts_.language, files_.size()));
     for (const OperationField& field : operation_.fields) prepare(field);
     FilledForm offered;
-    if (operation_.offer != nullptr) operation_.offer(parts_.context.settings, form_, offered);
+    if (operation_.offer != nullptr) {
+        const fs::path folder = parts_.shownFolder ? parts_.shownFolder() : fs::path();
+        operation_.offer({parts_.context, form_, files_, folder}, offered);
+    }
     showOffered(offered);
     if (operation_.isEnabled != nullptr) {
         for (QAbstractButton* button : findChildren<QAbstractButton*>())
@@ -76,6 +83,20 @@ OperationDialog::OperationDialog(const OperationParts& parts, const Operation& o
 
 QWidget* OperationDialog::widget(int controlId) const {
     return dialogs::findControl(*this, controlId);
+}
+
+void OperationDialog::checkControls() {
+    for (const NeededControl& needed : neededControls(operation_)) {
+        const QWidget* const found = widget(needed.control);
+        const bool fits =
+            found != nullptr &&
+            (needed.classes.empty() || std::ranges::any_of(needed.classes, [&](std::string_view name) {
+                 return found->inherits(std::string(name).c_str());
+             }));
+        if (fits) continue;
+        const std::string_view expected = needed.classes.empty() ? "QWidget" : needed.classes.front();
+        setFault(QStringLiteral("%1 %2").arg(platform::wide(expected)).arg(needed.control));
+    }
 }
 
 void OperationDialog::prepare(const OperationField& field) {
@@ -193,8 +214,8 @@ FilledForm OperationDialog::filled() const {
 }
 
 void OperationDialog::accept() {
+    if (!hasForm()) return reject();
     const FilledForm form = filled();
-    if (operation_.keep != nullptr) operation_.keep(form, form_, parts_.context.settings);
     if (const std::optional<OperationRefusal> refusal = refusalOf(operation_, form, parts_.language)) {
         if (refusal->cancels) return reject();
         if (!refusal->text.isEmpty())
@@ -202,9 +223,10 @@ void OperationDialog::accept() {
         if (auto* missing = refusal->control != 0 ? widget(refusal->control) : nullptr) missing->setFocus();
         return;
     }
+    if (operation_.keep != nullptr) operation_.keep(form, form_, parts_.context);
     const QString title =
         operation_.progressText != 0 ? parts_.language.text(operation_.progressText) : windowTitle();
-    setJob(jobOf(operation_, title, form_, form, files_));
+    setJob(jobOf(operation_, title, form_, form, files_, parts_.dictionary));
     DarkModeDialogBase::accept();
 }
 

@@ -29,6 +29,7 @@ class OperationDialog : public dialogs::DarkModeDialogBase, public JobSource {
  private:
     /// The operation itself names the controls that it uses.
     QWidget* widget(int controlId) const;
+    void checkControls();
     void prepare(const OperationField& field);
     void fillRows(const OperationField& field);
     void showOffered(const FilledForm& offered);

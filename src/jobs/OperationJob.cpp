@@ -109,7 +109,14 @@ class RunFiles {
     std::unordered_map<std::string, std::size_t> counts_;
 };
 
+Outcomes read(JobWork& work, const std::vector<fs::path>& files, const CommandText& command) {
+    exiftool::ReadRun run = work.runner.runReadLine(files, command);
+    work.printed += run.printed;
+    return std::move(run.outcomes);
+}
+
 Outcome run(const Operation& operation, JobWork& work, const fs::path& file, const CommandText& command) {
+    if (isReading(operation.composedAs)) return read(work, {file}, command).front();
     if (operation.composedAs == ComposedAs::Arguments) return work.runner.RunOnFile(file, command);
     work.runner.copyForSafety(file);
     return operation.composedAs == ComposedAs::HiddenLine ? work.runner.runHiddenOnFile(file, command)
@@ -117,21 +124,27 @@ Outcome run(const Operation& operation, JobWork& work, const fs::path& file, con
 }
 
 /// What runs on the job's thread: an operation with what was filled in, and the files of the run.
-struct Run {
-    const Operation* operation;
-    FilledForm filled;
-    std::shared_ptr<const RunFiles> files;
+class Run {
+ public:
+    Run(const Operation& operation, const FilledForm& filled, std::vector<fs::path> files,
+        const tags::TagDictionary& dictionary)
+        : operation_(&operation),
+          filled_(filled),
+          files_(std::make_shared<const RunFiles>(std::move(files))),
+          dictionary_(std::make_shared<const tags::TagDictionary>(dictionary)) {}
 
     Outcome onFile(JobWork& work, const fs::path& file) const {
         const DesignedHabits habits =
-            work.form == CommandForm::Designed ? operation->designed : DesignedHabits();
+            work.form == CommandForm::Designed ? operation_->designed : DesignedHabits();
         // The line itself may empty the report too, but only after its end has been noted, behind which the
         // words of this file are looked for.
         std::error_code ignored;
         if (habits.emptiesReport) fs::remove(work.context.reportFile, ignored);
-        const Composed line = compose(work.context, work.form, file);
+        const Composing composing = composingOf(work.context, work.form, file);
+        const Composed line = composed(*operation_, composing);
         Outcome outcome =
-            line.instead ? passedOver(work.context, file, line) : run(*operation, work, file, line.text);
+            line.instead ? passedOver(work.context, file, line) : run(*operation_, work, file, line.text);
+        complete(composing, {&outcome, 1});
         rest(work.stop, habits.rest);
         return outcome;
     }
@@ -139,27 +152,21 @@ struct Run {
     Outcomes onAll(JobWork& work, const std::vector<fs::path>& all) const {
         // Makes the safety copies, too.
         const exiftool::FileList list = work.runner.WriteFileList(all);
-        Outcomes outcomes = list.refused;
-        if (list.path.empty()) return outcomes;
-        const Composed line = composed(*operation, {work.context, work.form, filled, list.path, list.listed});
-        if (line.instead) {
-            for (const fs::path& file : list.listed) outcomes.push_back({file, *line.instead, line.words});
-            return outcomes;
-        }
-        std::ranges::copy(work.runner.runWriteLine(list.listed, line.text), std::back_inserter(outcomes));
+        Outcomes outcomes = onListed(work, list);
+        std::ranges::copy(list.refused, std::back_inserter(outcomes));
         return outcomes;
     }
 
     Composed wholeLine(const app::AppContext& context, CommandForm form, const fs::path& file) const {
-        Composed line = compose(context, form, file);
-        if (!line.instead && operation->composedAs == ComposedAs::Arguments)
+        Composed line = composed(*operation_, composingOf(context, form, file));
+        if (!line.instead && operation_->composedAs == ComposedAs::Arguments)
             line.text = exiftool::lineOnFile(context, form, line.text, file);
         return line;
     }
 
  private:
-    Composed compose(const app::AppContext& context, CommandForm form, const fs::path& file) const {
-        return composed(*operation, {context, form, filled, file, files->upTo(file)});
+    Composing composingOf(const app::AppContext& context, CommandForm form, const fs::path& file) const {
+        return {context, form, filled_, *dictionary_, file, files_->upTo(file)};
     }
 
     static Outcome passedOver(const app::AppContext& context, const fs::path& file, const Composed& line) {
@@ -167,6 +174,34 @@ struct Run {
         if (!line.words.empty()) static_cast<void>(exiftool::appendToReport(context, line.words));
         return {file, *line.instead, line.words};
     }
+
+    Outcomes onListed(JobWork& work, const exiftool::FileList& list) const {
+        const auto all = [&](OutcomeKind kind, const std::string& words) {
+            Outcomes outcomes;
+            for (const fs::path& file : list.listed) outcomes.push_back({file, kind, words});
+            return outcomes;
+        };
+        if (list.path.empty()) return all(OutcomeKind::NotStarted, "The list of files could not be written");
+        if (list.listed.empty()) return {};
+        const Composing composing{work.context, work.form, filled_, *dictionary_, list.path, list.listed};
+        const Composed line = composed(*operation_, composing);
+        if (line.instead) return all(*line.instead, line.words);
+        Outcomes outcomes = isReading(operation_->composedAs)
+                                ? read(work, list.listed, line.text)
+                                : work.runner.runWriteLine(list.listed, line.text);
+        complete(composing, outcomes);
+        return outcomes;
+    }
+
+    void complete(const Composing& composing, std::span<Outcome> outcomes) const {
+        const bool hasCome = std::ranges::any_of(outcomes, exiftool::isWritten, &Outcome::kind);
+        if (operation_->afterRun != nullptr && hasCome) operation_->afterRun(composing, outcomes);
+    }
+
+    const Operation* operation_;
+    FilledForm filled_;
+    std::shared_ptr<const RunFiles> files_;
+    std::shared_ptr<const tags::TagDictionary> dictionary_;
 };
 
 }  // namespace
@@ -207,12 +242,15 @@ CommandText boxTerms(const Operation& operation, const Composing& composing) {
 }
 
 Job jobOf(const Operation& operation, const QString& title, CommandForm form, const FilledForm& filled,
-          std::vector<fs::path> files) {
+          std::vector<fs::path> files, const tags::TagDictionary& dictionary) {
     Job job{.title = title, .files = files};
-    const Run run{&operation, filled, std::make_shared<const RunFiles>(std::move(files))};
+    const Run run(operation, filled, std::move(files), dictionary);
     if (operation.makesSafetyCopies != nullptr)
         job.makesSafetyCopies = operation.makesSafetyCopies(form, filled);
-    if (operation.composedAs == ComposedAs::LineOfAll) {
+    if (isReading(operation.composedAs)) job.makesSafetyCopies = false;
+    if (operation.atEnd != nullptr)
+        job.atEnd = [&operation, filled](const JobEnd& end) { operation.atEnd(end, filled); };
+    if (isOverAll(operation.composedAs)) {
         job.countsFiles = false;
         job.workOnAll = [run](JobWork& work, const std::vector<fs::path>& all) {
             return run.onAll(work, all);
@@ -220,6 +258,7 @@ Job jobOf(const Operation& operation, const QString& title, CommandForm form, co
         return job;
     }
     job.workOnFile = [run](JobWork& work, const fs::path& file) { return run.onFile(work, file); };
+    if (isReading(operation.composedAs)) return job;
     job.lineOf = [run](const app::AppContext& context, CommandForm runForm, const fs::path& file) {
         return run.wholeLine(context, runForm, file);
     };

@@ -31,8 +31,8 @@ std::string textOf(const OperationField& field, app::CommandForm form, const Fil
 /// form, where a quote in it ends its argument, and stays inside its argument in the corrected one.
 platform::CommandText boxTerms(const Operation& operation, const Composing& composing);
 
-/// The operation on the files. Composes nothing yet.
+/// The operation on the files. Composes nothing yet; keeps a copy of the dictionary. GUI thread.
 Job jobOf(const Operation& operation, const QString& title, app::CommandForm form, const FilledForm& filled,
-          std::vector<std::filesystem::path> files);
+          std::vector<std::filesystem::path> files, const tags::TagDictionary& dictionary);
 
 }  // namespace jobs

@@ -9,6 +9,9 @@
 #include "tags/RatingMemory.h"
 #include "tags/TagDictionary.h"
 
+#include <filesystem>
+#include <functional>
+
 namespace jobs {
 
 /// What operations and their dialogs work with. Owned by the main window; all of it outlives them. GUI
@@ -22,7 +25,8 @@ struct OperationParts {
     tags::RatingLog& ratingLog;
     exiftool::ToolRunner& runner;
     exiftool::ReadCommands& reads;
-    ValueEditing* values = nullptr;  ///< for the dialogs that edit lists of values
+    ValueEditing* values = nullptr;                           ///< for the dialogs that edit lists of values
+    std::function<std::filesystem::path()> shownFolder = {};  ///< of the file list; empty: none
 };
 
 }  // namespace jobs

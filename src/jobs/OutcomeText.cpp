@@ -53,6 +53,12 @@ Verdict verdictOf(const JobResult& result) {
     return isGoodThroughout ? Verdict::Unchanged : Verdict::Told;
 }
 
+bool hasBroughtAnything(const JobResult& result) {
+    return std::ranges::any_of(result.outcomes, [](const Outcome& outcome) {
+        return isGood(outcome.kind) || outcome.kind == OutcomeKind::Warned;
+    });
+}
+
 QString summaryOf(const app::LanguageFile& language, const JobResult& result) {
     QStringList parts;
     for (const KindTexts& row : kKindTexts) {

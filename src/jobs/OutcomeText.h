@@ -18,6 +18,9 @@ enum class Verdict {
 };
 Verdict verdictOf(const JobResult& result);
 
+/// Whether there can be something to show: a file that is done, or that had nothing to do.
+bool hasBroughtAnything(const JobResult& result);
+
 /// "3 changed, 1 unchanged, 2 failed": how many files ended how, for status bar and report.
 QString summaryOf(const app::LanguageFile& language, const JobResult& result);
 

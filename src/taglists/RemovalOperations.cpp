@@ -86,15 +86,15 @@ bool isEnabledForDeleting(int control, CommandForm form, const FilledForm& fille
     return control == kEverything || !isCorrected || !filled.isTicked(kEverything);
 }
 
-void offerDeleting(const app::Settings& settings, CommandForm form, FilledForm& filled) {
-    const app::Settings::DeleteAll& kept = settings.deleteAll;
-    const bool isCorrected = form == CommandForm::Corrected;
+void offerDeleting(const jobs::Opening& opening, FilledForm& filled) {
+    const app::Settings::DeleteAll& kept = opening.context.settings.deleteAll;
+    const bool isCorrected = opening.form == CommandForm::Corrected;
     filled.set(kSafetyCopy, isCorrected ? kept.safetyCopy : kept.boxOfExif);
     filled.set(kKeepDate, isCorrected ? kept.keepDate : kept.boxOfIptc);
 }
 
-void keepDeleting(const FilledForm& filled, CommandForm form, app::Settings& settings) {
-    app::Settings::DeleteAll& kept = settings.deleteAll;
+void keepDeleting(const FilledForm& filled, CommandForm form, app::AppContext& context) {
+    app::Settings::DeleteAll& kept = context.settings.deleteAll;
     if (form == CommandForm::Corrected) {
         kept.safetyCopy = filled.isTicked(kSafetyCopy);
         kept.keepDate = filled.isTicked(kKeepDate);

@@ -215,6 +215,7 @@ void MainWindow::createCommands() {
                                     ratingMemory_, ratingLog_, runner_,     readCommands_};
     values_ = std::make_unique<edit::ValueEditor>(operations);
     operations.values = values_.get();
+    operations.shownFolder = [this] { return tabs_->GetSelectedTab().shellBrowser().currentFolder(); };
     parts_ = std::make_unique<WindowParts>(WindowParts{*this, context_, language_, *waiting_, *jobs_,
                                                        dictionary_, runner_, readCommands_, *feedback_,
                                                        operations, *tabs_, *metadataPanel_, *statusBar_});

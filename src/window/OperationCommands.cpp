@@ -3,10 +3,14 @@
 #include "batch/BatchDispatch.h"
 #include "batch/BatchOperations.h"
 #include "jobs/OperationDialog.h"
+#include "jobs/OutcomeText.h"
 #include "payload/ThumbnailOperations.h"
 #include "taglists/RemovalOperations.h"
+#include "window/BrowseCommands.h"
 #include "window/OperationEnding.h"
 #include "window/SelectionGathering.h"
+
+#include <utility>
 
 namespace window {
 
@@ -53,14 +57,27 @@ void OperationCommands::run(app::CommandId id) {
         ending_.showReportBeginning();
         return;
     }
-    OperationEnding::Tell tell;
-    if (row != nullptr && !row->reportFollows) tell = [](const jobs::JobResult&) {};
-    ending_.carryOut(std::move(*job), tell);
+    const bool reportFollows = row == nullptr || row->reportFollows;
+    const auto atEnd = std::exchange(job->atEnd, {});
+    ending_.carryOut(std::move(*job), [this, reportFollows, atEnd](const jobs::JobResult& result) {
+        tell(result, reportFollows);
+        if (atEnd && jobs::hasBroughtAnything(result))
+            atEnd({result, parts_.context, parts_.language, &parts_.window,
+                   [this](const fs::path& file) { browse_.openPath(file); }});
+    });
+}
+
+// What an operation shows of its own never takes the place of what went wrong.
+void OperationCommands::tell(const jobs::JobResult& result, bool reportFollows) {
+    if (reportFollows || jobs::verdictOf(result) == jobs::Verdict::Told)
+        ending_.ShowBatchReport(result);
+    else
+        parts_.showStatus(jobs::summaryOf(parts_.language, result));
 }
 
 std::optional<jobs::Job> OperationCommands::dispatch(const jobs::Operation& operation,
                                                      const std::vector<fs::path>& files) {
-    batch::BatchDispatcher dispatcher({parts_.context, parts_.language, parts_.runner},
+    batch::BatchDispatcher dispatcher({parts_.context, parts_.language, parts_.dictionary},
                                       [this](const jobs::Operation& asking, batch::BatchOptions& options) {
                                           return ask(asking, options.files);
                                       });

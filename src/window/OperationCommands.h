@@ -9,6 +9,7 @@
 
 namespace window {
 
+class BrowseCommands;
 class OperationEnding;
 class SelectionGathering;
 
@@ -16,8 +17,9 @@ class SelectionGathering;
 /// GUI thread.
 class OperationCommands {
  public:
-    OperationCommands(const WindowParts& parts, SelectionGathering& gathering, OperationEnding& ending)
-        : parts_(parts), gathering_(gathering), ending_(ending) {}
+    OperationCommands(const WindowParts& parts, SelectionGathering& gathering, OperationEnding& ending,
+                      BrowseCommands& browse)
+        : parts_(parts), gathering_(gathering), ending_(ending), browse_(browse) {}
 
     static std::span<const CommandRow<OperationCommands>> rows();
 
@@ -33,9 +35,12 @@ class OperationCommands {
     std::optional<jobs::Job> dispatch(const jobs::Operation& operation,
                                       const std::vector<std::filesystem::path>& files);
 
+    void tell(const jobs::JobResult& result, bool reportFollows);
+
     const WindowParts& parts_;
     SelectionGathering& gathering_;
     OperationEnding& ending_;
+    BrowseCommands& browse_;
 };
 
 }  // namespace window

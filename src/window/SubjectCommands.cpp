@@ -50,7 +50,7 @@ SubjectCommands::SubjectCommands(const WindowParts& parts, const std::function<v
       removals_(parts, gathering_, ending_),
       tagLists_(parts, gathering_, ending_),
       payloads_(parts, gathering_, ending_),
-      operations_(parts, gathering_, ending_) {
+      operations_(parts, gathering_, ending_, browse_) {
     const auto add = [this]<class Subject>(Subject& subject) { map_.addSubject(subject, Subject::rows()); };
     add(reading_);
     add(browse_);

@@ -60,7 +60,7 @@ class BatchOperationsTest : public testing::Test {
         return nullptr;
     }
     jobs::Job jobOf(CommandId id, const std::vector<fs::path>& files) {
-        std::optional<jobs::Job> job = batch::BatchDispatcher({context_, language_, runner_}, {})
+        std::optional<jobs::Job> job = batch::BatchDispatcher({context_, language_, dictionary_}, {})
                                            .BatchDispatch(id, operationOf(id), files);
         EXPECT_TRUE(job) << id;
         return job.value_or(jobs::Job());
@@ -97,6 +97,7 @@ class BatchOperationsTest : public testing::Test {
     fs::path master_ = folder_ / "master.jpg";
     app::AppContext context_;
     const app::LanguageFile language_{TAGWRIGHT_BIN_DIR, 9};
+    const tags::TagDictionary dictionary_;
     exiftool::ToolRunner runner_{context_};
     Outcomes outcomes_;
 };
@@ -380,7 +381,7 @@ TEST_F(BatchOperationsTest, NoOperationTellsASuccessThatIsNone) {
 TEST_F(BatchOperationsTest, NothingIsDispatchedThatIsNoBatchCommand) {
     const fs::path photo = make("a.jpg");
     int opened = 0;
-    batch::BatchDispatcher dispatcher({context_, language_, runner_},
+    batch::BatchDispatcher dispatcher({context_, language_, dictionary_},
                                       [&](const jobs::Operation&, batch::BatchOptions&) {
                                           ++opened;
                                           return jobs::Job();
@@ -398,7 +399,7 @@ TEST_F(BatchOperationsTest, WhatADialogLeavesIsHandedBack) {
     const jobs::Operation asking{.id = 183, .templateNumber = 157};
     bool isCancelled = false;
     batch::BatchDispatcher dispatcher(
-        {context_, language_, runner_},
+        {context_, language_, dictionary_},
         [&](const jobs::Operation& operation, const batch::BatchOptions& options) {
             EXPECT_EQ(operation.id, options.command);
             return isCancelled ? std::nullopt
@@ -414,7 +415,7 @@ TEST_F(BatchOperationsTest, WhatADialogLeavesIsHandedBack) {
 
 TEST_F(BatchOperationsTest, TheOptionsOfTheLastOperationAreCleared) {
     const fs::path photo = make("a.jpg");
-    batch::BatchDispatcher dispatcher({context_, language_, runner_}, {});
+    batch::BatchDispatcher dispatcher({context_, language_, dictionary_}, {});
     EXPECT_TRUE(dispatcher.BatchDispatch(185, operationOf(185), {photo}));
     EXPECT_EQ(dispatcher.options().command, 185);
     EXPECT_THAT(dispatcher.options().files, ElementsAre(photo));

@@ -79,8 +79,9 @@ bool isEnabled(int control, CommandForm form, const FilledForm& filled) {
     return (control != kExif && control != kXmp) || !filled.isTicked(kAll);
 }
 
-void offerLast(const app::Settings& settings, CommandForm, FilledForm& filled) {
-    filled.set(kText, settings.batch.defaultSavePath);
+void offerLast(const jobs::Opening& opening, FilledForm& filled) {
+    filled.set(kText, opening.context.settings.batch.defaultSavePath);
+    filled.set(kFolder, opening.folder);
     filled.set(kYears, 7);
     filled.set(kRating, 2);
     filled.set(kXmp, true);
@@ -88,8 +89,8 @@ void offerLast(const app::Settings& settings, CommandForm, FilledForm& filled) {
     filled.set(kWhen, QDateTime(QDate(2001, 2, 3), QTime(4, 5, 6)));
 }
 
-void keepText(const FilledForm& filled, CommandForm, app::Settings& settings) {
-    settings.batch.defaultSavePath = filled.text(kText);
+void keepText(const FilledForm& filled, CommandForm, app::AppContext& context) {
+    context.settings.batch.defaultSavePath = filled.text(kText);
 }
 
 QString titleOf(const app::LanguageFile&, std::size_t files) {
@@ -161,9 +162,9 @@ class OperationDialogTest : public testing::Test {
     std::unique_ptr<jobs::OperationDialog> open(const Operation& operation = kOperation) {
         parts_ = std::make_unique<jobs::OperationParts>(jobs::OperationParts{
             context_, *language_, dictionary_, labels_, ratingMemory_, ratingLog_, runner_, reads_});
+        parts_->shownFolder = [] { return fs::path("/shown"); };
         auto dialog = std::make_unique<jobs::OperationDialog>(
             *parts_, operation, std::vector<fs::path>{"/a.jpg", "/b.jpg"}, nullptr);
-        EXPECT_TRUE(dialog->hasForm());
         dialog->show();
         return dialog;
     }
@@ -195,6 +196,7 @@ TEST_F(OperationDialogTest, WhatIsOfferedStandsInTheControlsAndComesBackAsItWas)
     EXPECT_EQ(in<QLineEdit>(*dialog, kText).text(), QStringLiteral("last one"));
     const FilledForm filled = dialog->filled();
     EXPECT_EQ(filled.path(kSource), fs::path("/old\xFF.txt")) << "a name that no text can hold";
+    EXPECT_EQ(filled.path(kFolder), fs::path("/shown"));
     EXPECT_EQ(filled.number(kYears), 7);
     EXPECT_EQ(filled.number(kRating), 2);
     EXPECT_EQ(filled.dateTime(kWhen), QDateTime(QDate(2001, 2, 3), QTime(4, 5, 6)));
@@ -262,6 +264,7 @@ TEST_F(OperationDialogTest, ItStaysOpenUntilEverythingIsThereAndMarksWhatIsMissi
     press(*dialog, dialogs::kOkControl);
     EXPECT_THAT(messages_, ElementsAre("Enter it.", "Tick one."));
     EXPECT_EQ(dialog->result(), 0);
+    EXPECT_EQ(context_.settings.batch.defaultSavePath, QStringLiteral("last one")) << "nothing is kept yet";
     EXPECT_TRUE(dialog->takeJob().files.empty());
 
     static constexpr Operation kQuiet{.id = 901,
@@ -275,6 +278,38 @@ TEST_F(OperationDialogTest, ItStaysOpenUntilEverythingIsThereAndMarksWhatIsMissi
     EXPECT_EQ(quiet->result(), 0);
     EXPECT_TRUE(quiet->takeJob().files.empty());
     EXPECT_EQ(messages_.size(), 2u);
+}
+
+TEST_F(OperationDialogTest, ItDoesNotOpenOverAControlThatCannotHoldItsField) {
+    static constexpr auto kOfOtherClass =
+        std::to_array<OperationField>({{.control = kList, .kind = FieldKind::Text}});
+    static constexpr auto kNumberOfBox =
+        std::to_array<OperationField>({{.control = kExif, .kind = FieldKind::Number}});
+    static constexpr auto kMissing =
+        std::to_array<OperationField>({{.control = 5, .kind = FieldKind::Choice}});
+    static constexpr auto kNoButton = std::to_array<OperationField>(
+        {{.control = kSource, .kind = FieldKind::File, .offer = {.button = kText}}});
+    static constexpr auto kNoBox = std::to_array<OperationBox>({{kText}});
+    static constexpr struct {
+        Operation operation;
+        const char* told;
+    } kCases[] = {{{.id = 902, .templateNumber = kTemplate, .fields = kOfOtherClass}, "QLineEdit 1600"},
+                  {{.id = 902, .templateNumber = kTemplate, .fields = kNumberOfBox}, "QSpinBox 1008"},
+                  {{.id = 902, .templateNumber = kTemplate, .fields = kMissing}, "QComboBox 5"},
+                  {{.id = 902, .templateNumber = kTemplate, .fields = kNoButton}, "QPushButton 959"},
+                  {{.id = 902, .templateNumber = kTemplate, .boxes = kNoBox}, "QCheckBox 959"},
+                  {{.id = 902, .templateNumber = kTemplate, .focus = 5}, "QWidget 5"}};
+    for (const auto& [operation, told] : kCases) {
+        const auto dialog = open(operation);
+        EXPECT_FALSE(dialog->hasForm()) << told;
+        dialog->hide();
+        messages_.clear();
+        EXPECT_EQ(dialog->run(), 0) << told;
+        EXPECT_THAT(messages_, ElementsAre(testing::HasSubstr(told)));
+        dialog->accept();
+        EXPECT_TRUE(dialog->takeJob().files.empty()) << told;
+    }
+    EXPECT_TRUE(open()->hasForm());
 }
 
 TEST_F(OperationDialogTest, APathIsChosenBesideTheOneThatStandsThere) {

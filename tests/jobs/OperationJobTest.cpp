@@ -3,6 +3,7 @@
 #include "exiftool/LineParts.h"
 #include "jobs/JobRunner.h"
 #include "jobs/JobSource.h"
+#include "platform/Text.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 #include "support/ToolStandIns.h"
@@ -36,6 +37,7 @@ namespace {
 enum Control {
     kText = 1,
     kFile = 2,
+    kFolder = 9,
     kFromFile = 3,
     kSameName = 4,
     kRows = 5,
@@ -109,7 +111,7 @@ constexpr Operation kTitleOf{
     .id = 905, .fields = kSourceField, .compose = titleOf, .makesSafetyCopies = jobs::never};
 
 constexpr auto kDateRows =
-    std::to_array<jobs::OperationListRow>({{1213, "CreateDate"}, {1220, "ModifyDate"}});
+    std::to_array<jobs::OperationListRow>({{1608, "DateTimeOriginal"}, {1108, "ModifyDate"}});
 
 constexpr auto kDateFields = std::to_array<OperationField>({
     {.control = kRows, .kind = FieldKind::Rows, .rows = kDateRows},
@@ -120,7 +122,10 @@ constexpr auto kDateFields = std::to_array<OperationField>({
 Composed shifted(const Composing& composing) {
     platform::CommandText line = exiftool::toolStart(composing.context).literal("-overwrite_original ");
     for (const int id : composing.filled.rows(kRows)) {
-        line.literal(id == 1213 ? "\"-ExifIFD:CreateDate" : "\"-IFD0:ModifyDate");
+        const std::optional<tags::TagRecord> tag = composing.dictionary.FindTagById(std::uint32_t(id));
+        if (!tag) continue;
+        line.literal("\"-" + platform::wide(tag->group).toStdString() + ':' +
+                     platform::wide(tag->name).toStdString());
         line.literal(composing.filled.isTicked(kBack) ? "-=" : "+=");
         line.literal("0:0:" + std::to_string(composing.filled.number(kDays)) + " 0:0:0\" ");
     }
@@ -142,6 +147,42 @@ Composed titleOfAll(const Composing& composing) {
 }
 
 constexpr Operation kOfAll{.id = 904, .composedAs = jobs::ComposedAs::LineOfAll, .compose = titleOfAll};
+
+fs::path listingOf(const Composing& composing, const fs::path& file) {
+    return composing.filled.path(kFolder) / (file.stem().string() + ".txt");
+}
+
+/// The title of a file, where it meets the condition, in a text file of its own.
+Composed titleListed(const Composing& composing) {
+    platform::CommandText line = exiftool::toolStart(composing.context);
+    line.literal("-q -s3 -if \"").outside(composing.filled.text(kText).toStdString());
+    line.literal("\" -XMP-dc:Title \"").outside(composing.file.string()).literal("\" >\"");
+    return line.outside(listingOf(composing, composing.file).string()).literal("\"");
+}
+
+/// What was read gets a star in front; what is already there with one is a fault.
+void addStar(const Composing& composing, std::span<Outcome> outcomes) {
+    const fs::path listing = listingOf(composing, composing.file);
+    const std::string title = readBytes(listing);
+    if (title.starts_with('*')) outcomes.front() = {composing.file, Failed, "Has its star"};
+    support::writeBytes(listing, "*" + title);
+}
+
+constexpr Operation kListTitles{
+    .id = 906, .composedAs = jobs::ComposedAs::ReadLine, .compose = titleListed, .afterRun = addStar};
+
+Composed allTitles(const Composing& composing) {
+    platform::CommandText line = exiftool::toolStart(composing.context);
+    line.literal("-T -XMP-dc:Title -@ \"").outside(composing.file.string()).literal("\"");
+    if (composing.filled.isTicked(kFirst))
+        line.literal(" >\"").outside(composing.context.reportFile.string()).literal("\"");
+    return line;
+}
+
+constexpr Operation kShowTitles{.id = 907,
+                                .composedAs = jobs::ComposedAs::ReadLineOfAll,
+                                .compose = allTitles,
+                                .atEnd = jobs::openReport};
 
 class OperationJobTest : public testing::Test {
  protected:
@@ -166,8 +207,9 @@ class OperationJobTest : public testing::Test {
     }
     exiftool::Outcomes run(const Operation& operation, const FilledForm& filled,
                            const std::vector<fs::path>& files) {
-        return jobs::runHere(jobs::jobOf(operation, {}, app::commandFormOf(context_), filled, files),
-                             context_, runner_);
+        return jobs::runHere(
+            jobs::jobOf(operation, {}, app::commandFormOf(context_), filled, files, dictionary_), context_,
+            runner_);
     }
     /// As the window has it carried out, with sessions where they can be used.
     exiftool::Outcomes runAsInWindow(const Operation& operation, const FilledForm& filled,
@@ -177,11 +219,11 @@ class OperationJobTest : public testing::Test {
         std::error_code ignored;
         fs::remove(folder_ / "starts", ignored);
         jobs::JobRunner runner(context_);
-        exiftool::Outcomes outcomes;
-        EXPECT_TRUE(runner.begin(jobs::jobOf(operation, {}, app::commandFormOf(context_), filled, files),
-                                 [&](const jobs::JobResult& result) { outcomes = result.outcomes; }));
+        EXPECT_TRUE(
+            runner.begin(jobs::jobOf(operation, {}, app::commandFormOf(context_), filled, files, dictionary_),
+                         [&](const jobs::JobResult& result) { result_ = result; }));
         runner.waitForEnd();
-        return outcomes;
+        return result_.outcomes;
     }
     /// Of runAsInWindow().
     std::size_t startsOfTool() const {
@@ -195,6 +237,8 @@ class OperationJobTest : public testing::Test {
     app::AppContext context_;
     exiftool::ToolRunner runner_{context_};
     const app::LanguageFile language_;
+    const tags::TagDictionary dictionary_;
+    jobs::JobResult result_;
     const fs::path list_;
 };
 
@@ -233,9 +277,11 @@ TEST_F(OperationJobTest, TermsOfTickedBoxesReadAsEachFormJoinsThem) {
     };
     for (const auto& row : cases) {
         const FilledForm filled = filledWith(row.text, row.ticked);
-        EXPECT_EQ(boxTerms(row.operation, {context_, CommandForm::Designed, filled, list_, {}}).text(),
-                  row.designed);
-        EXPECT_EQ(boxTerms(row.operation, {context_, CommandForm::Corrected, filled, list_, {}}).text(),
+        EXPECT_EQ(
+            boxTerms(row.operation, {context_, CommandForm::Designed, filled, dictionary_, list_, {}}).text(),
+            row.designed);
+        EXPECT_EQ(boxTerms(row.operation, {context_, CommandForm::Corrected, filled, dictionary_, list_, {}})
+                      .text(),
                   row.corrected);
     }
 }
@@ -266,7 +312,7 @@ TEST_F(OperationJobTest, WhatIsMissingIsToldInTheOrderOfTheForm) {
 
     FilledForm rows;
     EXPECT_TRUE(refusal(kShift, rows));
-    rows.set(kRows, std::vector<int>{1220});
+    rows.set(kRows, std::vector<int>{1108});
     EXPECT_FALSE(refusal(kShift, rows));
 }
 
@@ -349,18 +395,71 @@ TEST_F(OperationJobTest, AFileThatTheOthersAreReadFromIsNotWrittenBesideThem) {
 
 TEST_F(OperationJobTest, RowsAndNumbersMakeALineOfTheirOwn) {
     FilledForm filled;
-    filled.set(kRows, std::vector<int>{1213});
+    filled.set(kRows, std::vector<int>{1608});
     filled.set(kDays, 3);
     filled.set(kBack, true);
     for (const bool corrected : {true, false}) {
         context_.settings.exifTool.correctedCommands = corrected;
-        const fs::path one = photo("a.jpg", "-ExifIFD:CreateDate=2020:05:10 01:02:03");
+        const fs::path one = photo("a.jpg", "-ExifIFD:DateTimeOriginal=2020:05:10 01:02:03");
         const fs::path two = photo("b.jpg", "-IFD0:ModifyDate=2020:05:10 01:02:03");
         EXPECT_THAT(kindsOf(run(kShift, filled, {one, two})), ElementsAre(Done, Unchanged));
-        EXPECT_EQ(valueOf(one, "-ExifIFD:CreateDate"), "2020:05:07 01:02:03");
+        EXPECT_EQ(valueOf(one, "-ExifIFD:DateTimeOriginal"), "2020:05:07 01:02:03");
         EXPECT_EQ(valueOf(two, "-IFD0:ModifyDate"), "2020:05:10 01:02:03");
         EXPECT_FALSE(hasSafetyCopy(one));
     }
+}
+
+TEST_F(OperationJobTest, ReadingIsJudgedByItsAnswerAndChangesNoFile) {
+    const std::vector<fs::path> files = {photo("a.jpg"), photo("b.jpg", "-XMP-dc:Title=other"),
+                                         photo("c.jpg", "-XMP-dc:Title="), folder_ / "photos/missing.jpg",
+                                         photo("e.jpg")};
+    fs::create_directory(folder_ / "to");
+    FilledForm filled = filledWith("$FileName ne 'b.jpg'", {});
+    filled.set(kFolder, folder_ / "to");
+    const auto before = support::bytesBelow(folder_ / "photos");
+    for (const bool corrected : {true, false}) {
+        context_.settings.exifTool.correctedCommands = corrected;
+        EXPECT_THAT(kindsOf(runAsInWindow(kListTitles, filled, files)),
+                    ElementsAre(Done, Unchanged, Unchanged, Failed, Done));
+        EXPECT_EQ(result_.outcomes[1].words, "");
+        EXPECT_EQ(result_.outcomes[2].words, "ExifTool had nothing to tell");
+        EXPECT_THAT(result_.outcomes[3].words, HasSubstr("missing.jpg"));
+        EXPECT_EQ(readBytes(folder_ / "to/a.txt"), "*old\n");
+        EXPECT_EQ(readBytes(folder_ / "to/b.txt"), "");
+    }
+    EXPECT_TRUE(support::bytesBelow(folder_ / "photos") == before);
+    EXPECT_FALSE(fs::exists(context_.cachePath / "sav"));
+    support::expectTruthOfStandIns(context_, runner_, folder_.path(), folder_ / "photos",
+                                   {{"list", [&] { return run(kListTitles, filled, files); }, Unchanged},
+                                    {"show", [&] { return run(kShowTitles, {}, files); }, Unchanged}});
+}
+
+TEST_F(OperationJobTest, WhatFollowsARunCanEndAFileOtherwise) {
+    const fs::path file = photo("a.jpg", "-XMP-dc:Title=*");
+    fs::create_directory(folder_ / "to");
+    FilledForm filled = filledWith("1", {});
+    filled.set(kFolder, folder_ / "to");
+    EXPECT_THAT(run(kListTitles, filled, {file}), ElementsAre(Outcome{file, Failed, "Has its star"}));
+}
+
+TEST_F(OperationJobTest, OneReadingOfAllFilesTellsOfEachAndBringsItsAnswer) {
+    const std::vector<fs::path> files = {photo("a.jpg"), folder_ / "photos/missing.jpg",
+                                         photo("c \"d\".jpg", "-XMP-dc:Title=third")};
+    EXPECT_THAT(kindsOf(runAsInWindow(kShowTitles, {}, files)), ElementsAre(Done, Failed, Done));
+    EXPECT_EQ(startsOfTool(), 1u);
+    EXPECT_EQ(result_.printed, "old\nthird\n");
+    EXPECT_THAT(result_.outcomes[1].words, HasSubstr("missing.jpg"));
+    EXPECT_FALSE(fs::exists(context_.cachePath / "sav"));
+
+    const FilledForm intoReport = filledWith("", {kFirst});
+    EXPECT_THAT(runAsInWindow(kShowTitles, intoReport, {files[0], files[2]}),
+                ElementsAre(Outcome{files[0], Done, {}}, Outcome{files[2], Done, {}}));
+    EXPECT_EQ(readBytes(context_.reportFile), "old\nthird\n");
+    EXPECT_EQ(result_.printed, "");
+    fs::path opened;
+    jobs::jobOf(kShowTitles, {}, CommandForm::Corrected, intoReport, files, dictionary_)
+        .atEnd({result_, context_, language_, nullptr, [&](const fs::path& path) { opened = path; }});
+    EXPECT_EQ(opened, context_.reportFile);
 }
 
 TEST_F(OperationJobTest, OneLineForAllFilesHasASafetyCopyOfEach) {

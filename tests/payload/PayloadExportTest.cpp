@@ -50,7 +50,8 @@ class PayloadExportTest : public PayloadFile {
     jobs::Job embeddingJob(const fs::path& picture, const std::vector<fs::path>& files) const {
         jobs::FilledForm filled;
         filled.set(1321, picture);
-        return jobs::jobOf(payload::operations().front(), {}, app::commandFormOf(context), filled, files);
+        return jobs::jobOf(payload::operations().front(), {}, app::commandFormOf(context), filled, files,
+                           tags::TagDictionary());
     }
     void useTool(const std::string& script) { support::useTool(context, folder / "tool", script); }
     static const PayloadExport& kind(std::string_view tag) {

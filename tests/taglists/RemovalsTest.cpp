@@ -34,7 +34,8 @@ class RemovalsTest : public testing::Test, public RemovalParts {
     Outcomes deleteAll(const std::vector<int>& ticked, const std::vector<fs::path>& files) {
         jobs::FilledForm filled;
         for (const int box : ticked) filled.set(box, true);
-        return carryOut(jobs::jobOf(operationOf(176), {}, app::commandFormOf(context), filled, files));
+        return carryOut(
+            jobs::jobOf(operationOf(176), {}, app::commandFormOf(context), filled, files, dictionary));
     }
     jobs::Job copying(const std::vector<int>& families, const fs::path& source,
                       const std::vector<fs::path>& files) const {
@@ -42,7 +43,7 @@ class RemovalsTest : public testing::Test, public RemovalParts {
         filled.set(1321, source);
         for (const int box : families) filled.set(box, true);
         return jobs::jobOf(operationOf(10062), QStringLiteral("Copy"), app::commandFormOf(context), filled,
-                           files);
+                           files, dictionary);
     }
     std::vector<OutcomeKind> removeGroups(const std::vector<std::string>& groups,
                                           const std::vector<fs::path>& files) {

@@ -1,6 +1,7 @@
 #include "app/CommandTable.h"
 #include "batch/BatchTable.h"
 #include "dialogs/FormControls.h"
+#include "jobs/FieldControls.h"
 #include "window/SubjectCommands.h"
 
 #include <gtest/gtest.h>
@@ -57,27 +58,22 @@ TEST(CommandHandlers, EveryKeyThatIsToldSendsACommandThatIsBuilt) {
 }
 
 TEST(CommandHandlers, AnOperationNamesControlsThatItsFormHas) {
-    const auto isDeclared = [](int form, int control) {
-        const auto rows = dialogs::formControls(form);
-        return std::ranges::find(rows, control, &dialogs::FormControl::controlId) != rows.end();
-    };
     for (const auto& row : window::OperationCommands::rows()) {
         const jobs::Operation* const operation = window::OperationCommands::find(row.first);
         ASSERT_NE(operation, nullptr) << row.first;
         EXPECT_NE(app::findCommand(operation->id), nullptr) << row.first;
         const int form = operation->templateNumber;
-        if (form == 0) {
-            EXPECT_TRUE(operation->fields.empty() && operation->boxes.empty()) << row.first;
-            continue;
+        const std::vector<jobs::NeededControl> needed = jobs::neededControls(*operation);
+        EXPECT_TRUE(form != 0 || needed.empty()) << row.first;
+        const auto declared = dialogs::formControls(form);
+        for (const jobs::NeededControl& control : needed) {
+            const auto found = std::ranges::find(declared, control.control, &dialogs::FormControl::controlId);
+            ASSERT_NE(found, declared.end()) << form << ' ' << control.control;
+            EXPECT_TRUE(control.classes.empty() ||
+                        std::ranges::find(control.classes, std::string_view(found->className)) !=
+                            control.classes.end())
+                << form << ' ' << control.control << " is a " << found->className;
         }
-        for (const jobs::OperationField& field : operation->fields) {
-            EXPECT_TRUE(isDeclared(form, field.control)) << form << ' ' << field.control;
-            if (field.offer.button != 0) {
-                EXPECT_TRUE(isDeclared(form, field.offer.button)) << form << ' ' << field.offer.button;
-            }
-        }
-        for (const jobs::OperationBox& box : operation->boxes)
-            EXPECT_TRUE(isDeclared(form, box.control)) << form << ' ' << box.control;
     }
 }
 
