@@ -153,6 +153,8 @@ struct Operation {
     void (*keep)(const FilledForm& filled, app::CommandForm form, app::AppContext& context) = nullptr;
 
     ComposedAs composedAs = ComposedAs::Arguments;
+    /// In its place where it hangs on what is filled in, such as one output for all files or one for each.
+    ComposedAs (*chooseRoad)(app::CommandForm form, const FilledForm& filled) = nullptr;
     /// Any thread, and more than once for a file. Null: the terms of the ticked boxes.
     Composed (*compose)(const Composing& composing) = nullptr;
     /// Completes what the line has brought, behind each run of which something has come: of one file, or of

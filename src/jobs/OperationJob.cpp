@@ -115,20 +115,21 @@ Outcomes read(JobWork& work, const std::vector<fs::path>& files, const CommandTe
     return std::move(run.outcomes);
 }
 
-Outcome run(const Operation& operation, JobWork& work, const fs::path& file, const CommandText& command) {
-    if (isReading(operation.composedAs)) return read(work, {file}, command).front();
-    if (operation.composedAs == ComposedAs::Arguments) return work.runner.RunOnFile(file, command);
+Outcome run(ComposedAs composedAs, JobWork& work, const fs::path& file, const CommandText& command) {
+    if (isReading(composedAs)) return read(work, {file}, command).front();
+    if (composedAs == ComposedAs::Arguments) return work.runner.RunOnFile(file, command);
     work.runner.copyForSafety(file);
-    return operation.composedAs == ComposedAs::HiddenLine ? work.runner.runHiddenOnFile(file, command)
-                                                          : work.runner.runWriteLine(file, command);
+    return composedAs == ComposedAs::HiddenLine ? work.runner.runHiddenOnFile(file, command)
+                                                : work.runner.runWriteLine(file, command);
 }
 
 /// What runs on the job's thread: an operation with what was filled in, and the files of the run.
 class Run {
  public:
-    Run(const Operation& operation, const FilledForm& filled, std::vector<fs::path> files,
-        const tags::TagDictionary& dictionary)
+    Run(const Operation& operation, ComposedAs composedAs, const FilledForm& filled,
+        std::vector<fs::path> files, const tags::TagDictionary& dictionary)
         : operation_(&operation),
+          composedAs_(composedAs),
           filled_(filled),
           files_(std::make_shared<const RunFiles>(std::move(files))),
           dictionary_(std::make_shared<const tags::TagDictionary>(dictionary)) {}
@@ -143,7 +144,7 @@ class Run {
         const Composing composing = composingOf(work.context, work.form, file);
         const Composed line = composed(*operation_, composing);
         Outcome outcome =
-            line.instead ? passedOver(work.context, file, line) : run(*operation_, work, file, line.text);
+            line.instead ? passedOver(work.context, file, line) : run(composedAs_, work, file, line.text);
         complete(composing, {&outcome, 1});
         rest(work.stop, habits.rest);
         return outcome;
@@ -159,7 +160,7 @@ class Run {
 
     Composed wholeLine(const app::AppContext& context, CommandForm form, const fs::path& file) const {
         Composed line = composed(*operation_, composingOf(context, form, file));
-        if (!line.instead && operation_->composedAs == ComposedAs::Arguments)
+        if (!line.instead && composedAs_ == ComposedAs::Arguments)
             line.text = exiftool::lineOnFile(context, form, line.text, file);
         return line;
     }
@@ -186,9 +187,8 @@ class Run {
         const Composing composing{work.context, work.form, filled_, *dictionary_, list.path, list.listed};
         const Composed line = composed(*operation_, composing);
         if (line.instead) return all(*line.instead, line.words);
-        Outcomes outcomes = isReading(operation_->composedAs)
-                                ? read(work, list.listed, line.text)
-                                : work.runner.runWriteLine(list.listed, line.text);
+        Outcomes outcomes = isReading(composedAs_) ? read(work, list.listed, line.text)
+                                                   : work.runner.runWriteLine(list.listed, line.text);
         complete(composing, outcomes);
         return outcomes;
     }
@@ -199,6 +199,7 @@ class Run {
     }
 
     const Operation* operation_;
+    ComposedAs composedAs_;
     FilledForm filled_;
     std::shared_ptr<const RunFiles> files_;
     std::shared_ptr<const tags::TagDictionary> dictionary_;
@@ -244,13 +245,15 @@ CommandText boxTerms(const Operation& operation, const Composing& composing) {
 Job jobOf(const Operation& operation, const QString& title, CommandForm form, const FilledForm& filled,
           std::vector<fs::path> files, const tags::TagDictionary& dictionary) {
     Job job{.title = title, .files = files};
-    const Run run(operation, filled, std::move(files), dictionary);
+    const ComposedAs composedAs =
+        operation.chooseRoad != nullptr ? operation.chooseRoad(form, filled) : operation.composedAs;
+    const Run run(operation, composedAs, filled, std::move(files), dictionary);
     if (operation.makesSafetyCopies != nullptr)
         job.makesSafetyCopies = operation.makesSafetyCopies(form, filled);
-    if (isReading(operation.composedAs)) job.makesSafetyCopies = false;
+    if (isReading(composedAs)) job.makesSafetyCopies = false;
     if (operation.atEnd != nullptr)
         job.atEnd = [&operation, filled](const JobEnd& end) { operation.atEnd(end, filled); };
-    if (isOverAll(operation.composedAs)) {
+    if (isOverAll(composedAs)) {
         job.countsFiles = false;
         job.workOnAll = [run](JobWork& work, const std::vector<fs::path>& all) {
             return run.onAll(work, all);
@@ -258,7 +261,7 @@ Job jobOf(const Operation& operation, const QString& title, CommandForm form, co
         return job;
     }
     job.workOnFile = [run](JobWork& work, const fs::path& file) { return run.onFile(work, file); };
-    if (isReading(operation.composedAs)) return job;
+    if (isReading(composedAs)) return job;
     job.lineOf = [run](const app::AppContext& context, CommandForm runForm, const fs::path& file) {
         return run.wholeLine(context, runForm, file);
     };

@@ -173,16 +173,19 @@ constexpr Operation kListTitles{
 
 Composed allTitles(const Composing& composing) {
     platform::CommandText line = exiftool::toolStart(composing.context);
-    line.literal("-T -XMP-dc:Title -@ \"").outside(composing.file.string()).literal("\"");
+    line.literal(composing.filled.isTicked(kSecond) ? "-T -XMP-dc:Title \"" : "-T -XMP-dc:Title -@ \"");
+    line.outside(composing.file.string()).literal("\"");
     if (composing.filled.isTicked(kFirst))
         line.literal(" >\"").outside(composing.context.reportFile.string()).literal("\"");
     return line;
 }
 
-constexpr Operation kShowTitles{.id = 907,
-                                .composedAs = jobs::ComposedAs::ReadLineOfAll,
-                                .compose = allTitles,
-                                .atEnd = jobs::openReport};
+jobs::ComposedAs roadOfTitles(CommandForm, const FilledForm& filled) {
+    return filled.isTicked(kSecond) ? jobs::ComposedAs::ReadLine : jobs::ComposedAs::ReadLineOfAll;
+}
+
+constexpr Operation kShowTitles{
+    .id = 907, .chooseRoad = roadOfTitles, .compose = allTitles, .atEnd = jobs::openReport};
 
 class OperationJobTest : public testing::Test {
  protected:
@@ -460,6 +463,11 @@ TEST_F(OperationJobTest, OneReadingOfAllFilesTellsOfEachAndBringsItsAnswer) {
     jobs::jobOf(kShowTitles, {}, CommandForm::Corrected, intoReport, files, dictionary_)
         .atEnd({result_, context_, language_, nullptr, [&](const fs::path& path) { opened = path; }});
     EXPECT_EQ(opened, context_.reportFile);
+
+    EXPECT_THAT(kindsOf(runAsInWindow(kShowTitles, filledWith("", {kSecond}), files)),
+                ElementsAre(Done, Failed, Done));
+    EXPECT_EQ(startsOfTool(), 3u);
+    EXPECT_EQ(result_.printed, "old\nthird\n");
 }
 
 TEST_F(OperationJobTest, OneLineForAllFilesHasASafetyCopyOfEach) {
