@@ -46,6 +46,7 @@ std::vector<NeededControl> neededControls(const Operation& operation) {
         if (field.offer.button != 0) needed.push_back({field.offer.button, kButtons});
     }
     for (const OperationBox& box : operation.boxes) needed.push_back({box.control, kBoxes});
+    for (const OperationButton& button : operation.buttons) needed.push_back({button.control, kButtons});
     if (operation.focus != 0) needed.push_back({operation.focus, {}});
     return needed;
 }

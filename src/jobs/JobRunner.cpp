@@ -167,8 +167,8 @@ void JobRunner::work(const std::shared_ptr<Running>& own) {
     fs::remove_all(running.context.tempPath, error);
     NewNames newNames = names.newNames();
     const std::scoped_lock lock(running.guard);
-    running.result = {job.title, std::move(outcomes), running.stop.stop_requested() && isCut, false,
-                      std::move(newNames), std::move(work.printed)};
+    running.result = {job.title, std::move(outcomes), running.stop.stop_requested() && isCut,
+                      false,     std::move(newNames), std::move(work.printed)};
 }
 
 Outcomes JobRunner::workOn(Running& running, JobWork& work) {

@@ -20,11 +20,21 @@ namespace jobs {
 
 /// What a dialog says when it cannot go on.
 struct OperationMessage {
-    enum class Icon { Error = 16, Warning = 48 };
+    enum class Icon { None = 0, Error = 16, Question = 32, Warning = 48, Information = 64 };
 
     int text = 0;                   ///< number; %s is what the field holds
     const char* literal = nullptr;  ///< in the place of text, where it is the same in every language
     Icon icon = Icon::Warning;
+    const char* title = nullptr;  ///< null: the program's name
+};
+
+/// What a dialog opens over.
+struct Opening {
+    const app::AppContext& context;
+    app::CommandForm form;
+    const std::vector<std::filesystem::path>& files;
+    const std::filesystem::path& folder;              ///< that the window shows
+    const std::vector<std::filesystem::path>& shown;  ///< all in it, for an operation that chooses its files
 };
 
 enum class FieldKind {
@@ -53,12 +63,23 @@ struct OperationListRow {
     const char* group = "";
 };
 
+/// A row, or an offer of a choice, that is only known when the dialog opens.
+struct OperationEntry {
+    int id;
+    QString name;
+    QString group = {};
+    bool isTicked = false;
+};
+
 /// The button beside a path, and what it asks.
 struct PathOffer {
     int button = 0;
     int title = 0;                         ///< number of the text
     const char* titleLiteral = nullptr;    ///< in the place of title
     std::span<const char* const> types{};  ///< "JPEG (*.jpg *.jpeg)"; none: all files
+    const char* newExtension = nullptr;    ///< asks for a file to be written; put behind a name without one
+    /// Where the dialog begins while no path stands there; null: beside the first file.
+    std::filesystem::path (*start)(const Opening& opening) = nullptr;
 };
 
 /// Something that the user fills in, besides the boxes that stand for tags.
@@ -72,7 +93,29 @@ struct OperationField {
     /// What a path must be besides; null: any.
     bool (*accepts)(const std::filesystem::path& path) = nullptr;
     PathOffer offer{};
-    std::span<const OperationListRow> rows{};
+    std::span<const OperationListRow> rows{};  ///< of a list; the offers of a choice, where its form has none
+    std::vector<OperationEntry> (*entries)(const Opening& opening) = nullptr;  ///< in the place of rows
+};
+
+/// What a button works with that does something within the dialog.
+struct Pressed {
+    const Opening& opening;
+    const app::LanguageFile& language;
+    FilledForm& filled;  ///< what is set in it is shown
+    QWidget* dialog;     ///< the parent of what is asked
+};
+
+struct OperationButton {
+    int control;
+    void (*press)(const Pressed& pressed);
+};
+
+/// Asked once everything is filled in.
+struct OperationQuestion {
+    QString text = {};  ///< empty: nothing is asked
+    /// The number under which compose() finds whether the answer was yes; Cancel keeps the dialog open. 0: No
+    /// keeps it open.
+    int answer = 0;
 };
 
 /// How a ticked box reads on the line, in one form: the literal, the value, and what closes it.
@@ -91,14 +134,6 @@ struct OperationBox {
 };
 
 enum class NothingTicked { Runs, IsTold, Cancels };
-
-/// What a dialog opens over.
-struct Opening {
-    const app::AppContext& context;
-    app::CommandForm form;
-    const std::vector<std::filesystem::path>& files;
-    const std::filesystem::path& folder;  ///< that the window shows
-};
 
 /// What a line is put together from.
 struct Composing {
@@ -142,15 +177,25 @@ struct Operation {
     int progressText = 0;  ///< what a progress says is done; 0: the dialog's title
     std::span<const OperationField> fields{};
     std::span<const OperationBox> boxes{};
+    std::span<const OperationButton> buttons{};         ///< beside those of fields
     NothingTicked nothingTicked = NothingTicked::Runs;  ///< none of the boxes, or of the rows of a list
     OperationMessage noneTicked{};
     int focus = 0;  ///< the control that has it at the start
 
     /// Which of the controls can be used while the others stand as they do; null: all.
     bool (*isEnabled)(int control, app::CommandForm form, const FilledForm& filled) = nullptr;
+    /// Which are there at all, with the labels that belong to them.
+    bool (*isShown)(int control, app::CommandForm form, const FilledForm& filled) = nullptr;
     /// What the dialog shows at its start beyond what its form says, and what it keeps once it is filled.
     void (*offer)(const Opening& opening, FilledForm& filled) = nullptr;
     void (*keep)(const FilledForm& filled, app::CommandForm form, app::AppContext& context) = nullptr;
+
+    /// The files, where the dialog itself chooses them out of what the window shows; null: the gathered ones.
+    std::vector<std::filesystem::path> (*chooseFiles)(const FilledForm& filled,
+                                                      const Opening& opening) = nullptr;
+    OperationMessage noFiles{};
+    OperationQuestion (*question)(const FilledForm& filled, const Opening& opening,
+                                  const app::LanguageFile& language) = nullptr;
 
     ComposedAs composedAs = ComposedAs::Arguments;
     /// In its place where it hangs on what is filled in, such as one output for all files or one for each.

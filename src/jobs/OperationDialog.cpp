@@ -3,12 +3,12 @@
 #include "dialogs/FileChooser.h"
 #include "dialogs/Messages.h"
 #include "jobs/FieldControls.h"
-#include "jobs/OperationJob.h"
 #include "platform/Text.h"
 
 #include <QAbstractButton>
 #include <QComboBox>
 #include <QDateTimeEdit>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSpinBox>
@@ -54,6 +54,14 @@ std::vector<int> tickedRows(const QTreeWidget* list) {
     return ids;
 }
 
+void tickRows(QTreeWidget* list, const std::vector<int>& ids) {
+    for (int row = 0; list != nullptr && row < list->topLevelItemCount(); ++row) {
+        QTreeWidgetItem* const item = list->topLevelItem(row);
+        const bool isTicked = std::ranges::find(ids, item->data(0, Qt::UserRole).toInt()) != ids.end();
+        item->setCheckState(0, isTicked ? Qt::Checked : Qt::Unchecked);
+    }
+}
+
 }  // namespace
 
 OperationDialog::OperationDialog(const OperationParts& parts, const Operation& operation,
@@ -62,22 +70,20 @@ OperationDialog::OperationDialog(const OperationParts& parts, const Operation& o
       parts_(parts),
       operation_(operation),
       form_(app::commandFormOf(parts.context)),
-      files_(std::move(files)) {
+      files_(std::move(files)),
+      folder_(parts.shownFolder ? parts.shownFolder() : fs::path()),
+      shown_(operation.chooseFiles != nullptr && parts.shownItems ? parts.shownItems()
+                                                                  : std::vector<fs::path>()) {
     checkControls();
     if (operation_.title != nullptr) setWindowTitle(operation_.title(parts_.language, files_.size()));
     for (const OperationField& field : operation_.fields) prepare(field);
+    for (const OperationButton& button : operation_.buttons)
+        if (auto* pressed = qobject_cast<QAbstractButton*>(widget(button.control)))
+            connect(pressed, &QAbstractButton::clicked, this, [this, &button] { press(button); });
     FilledForm offered;
-    if (operation_.offer != nullptr) {
-        const fs::path folder = parts_.shownFolder ? parts_.shownFolder() : fs::path();
-        operation_.offer({parts_.context, form_, files_, folder}, offered);
-    }
+    if (operation_.offer != nullptr) operation_.offer(opening(), offered);
     showOffered(offered);
-    if (operation_.isEnabled != nullptr) {
-        for (QAbstractButton* button : findChildren<QAbstractButton*>())
-            if (button->isCheckable())
-                connect(button, &QAbstractButton::toggled, this, &OperationDialog::enable);
-        enable();
-    }
+    if (operation_.isEnabled != nullptr || operation_.isShown != nullptr) followOthers();
     if (auto* first = operation_.focus != 0 ? widget(operation_.focus) : nullptr) first->setFocus();
 }
 
@@ -100,21 +106,27 @@ void OperationDialog::checkControls() {
 }
 
 void OperationDialog::prepare(const OperationField& field) {
-    if (field.kind == FieldKind::Rows) fillRows(field);
+    if (field.kind == FieldKind::Rows || field.kind == FieldKind::Choice) fillRows(field);
     if (field.offer.button == 0) return;
     if (auto* choose = qobject_cast<QAbstractButton*>(widget(field.offer.button)))
         connect(choose, &QAbstractButton::clicked, this, [this, &field] { choosePath(field); });
 }
 
 void OperationDialog::fillRows(const OperationField& field) {
+    std::vector<OperationEntry> entries;
+    if (field.entries != nullptr) entries = field.entries(opening());
+    for (const OperationListRow& row : field.rows)
+        entries.push_back({row.id, QString::fromLatin1(row.name), QString::fromLatin1(row.group)});
+    if (auto* offers = qobject_cast<QComboBox*>(widget(field.control))) {
+        for (const OperationEntry& entry : entries) offers->addItem(entry.name);
+    }
     auto* list = qobject_cast<QTreeWidget*>(widget(field.control));
     if (list == nullptr) return;
-    for (const OperationListRow& row : field.rows) {
-        auto* item =
-            new QTreeWidgetItem(list, {QString::fromLatin1(row.name), QString::fromLatin1(row.group)});
-        item->setData(0, Qt::UserRole, row.id);
+    for (const OperationEntry& entry : entries) {
+        auto* item = new QTreeWidgetItem(list, {entry.name, entry.group});
+        item->setData(0, Qt::UserRole, entry.id);
         item->setFlags(item->flags() | Qt::ItemIsUserCheckable);
-        item->setCheckState(0, Qt::Unchecked);
+        item->setCheckState(0, entry.isTicked ? Qt::Checked : Qt::Unchecked);
     }
     for (int column = 0; column < list->columnCount(); ++column) list->resizeColumnToContents(column);
 }
@@ -137,23 +149,46 @@ void OperationDialog::showOffered(const FilledForm& offered) {
             chosen_[field.control] = *path;
             setText(holder, platform::display(*path));
         }
+        if (const auto* ids = std::get_if<std::vector<int>>(&value))
+            tickRows(qobject_cast<QTreeWidget*>(holder), *ids);
         auto* dateEdit = qobject_cast<QDateTimeEdit*>(holder);
         if (const auto* time = std::get_if<QDateTime>(&value); time != nullptr && dateEdit != nullptr)
             dateEdit->setDateTime(*time);
     }
 }
 
+void OperationDialog::press(const OperationButton& button) {
+    FilledForm form = filled();
+    button.press({opening(), parts_.language, form, this});
+    showOffered(form);
+}
+
+void OperationDialog::followOthers() {
+    for (QAbstractButton* button : findChildren<QAbstractButton*>())
+        if (button->isCheckable()) connect(button, &QAbstractButton::toggled, this, &OperationDialog::enable);
+    for (QComboBox* offers : findChildren<QComboBox*>())
+        connect(offers, &QComboBox::currentIndexChanged, this, &OperationDialog::enable);
+    enable();
+}
+
 void OperationDialog::enable() {
     const FilledForm now = filled();
     const auto set = [&](int controlId) {
-        if (QWidget* const changed = widget(controlId))
-            changed->setEnabled(operation_.isEnabled(controlId, form_, now));
+        QWidget* const changed = widget(controlId);
+        if (changed == nullptr) return;
+        if (operation_.isEnabled != nullptr) changed->setEnabled(operation_.isEnabled(controlId, form_, now));
+        if (operation_.isShown == nullptr) return;
+        const bool isShown = operation_.isShown(controlId, form_, now);
+        changed->setVisible(isShown);
+        for (QLabel* label : findChildren<QLabel*>())
+            if (label->buddy() == changed) label->setVisible(isShown);
     };
     for (const OperationBox& box : operation_.boxes) set(box.control);
     for (const OperationField& field : operation_.fields) {
         set(field.control);
         if (field.offer.button != 0) set(field.offer.button);
     }
+    for (const OperationButton& button : operation_.buttons) set(button.control);
 }
 
 void OperationDialog::choosePath(const OperationField& field) {
@@ -163,10 +198,17 @@ void OperationDialog::choosePath(const OperationField& field) {
                                                    : parts_.language.text(offer.title);
     for (const char* type : offer.types) question.types.append(QString::fromLatin1(type));
     question.start = pathIn(field.control);
+    if (question.start.empty() && offer.start != nullptr) question.start = offer.start(opening());
     if (question.start.empty() && !files_.empty()) question.start = files_.front().parent_path();
-    const fs::path path = field.kind == FieldKind::Folder
-                              ? dialogs::chooseFolder(this, question.title, question.start)
-                              : dialogs::chooseFileToOpen(this, question);
+    fs::path path;
+    if (field.kind == FieldKind::Folder) {
+        path = dialogs::chooseFolder(this, question.title, question.start);
+    } else if (offer.newExtension != nullptr) {
+        question.defaultExtension = QString::fromLatin1(offer.newExtension);
+        path = dialogs::chooseFileToSave(this, question);
+    } else {
+        path = dialogs::chooseFileToOpen(this, question);
+    }
     if (path.empty()) return;
     chosen_[field.control] = path;
     setText(widget(field.control), platform::display(path));
@@ -213,20 +255,41 @@ FilledForm OperationDialog::filled() const {
     return form;
 }
 
+void OperationDialog::refuse(const OperationRefusal& refusal) {
+    if (!refusal.text.isEmpty()) {
+        dialogs::Message message{refusal.text, static_cast<dialogs::MessageIcon>(refusal.icon)};
+        if (!refusal.title.isEmpty()) message.title = refusal.title;
+        dialogs::showMessage(this, message);
+    }
+    if (auto* missing = refusal.control != 0 ? widget(refusal.control) : nullptr) missing->setFocus();
+}
+
+bool OperationDialog::ask(FilledForm& form) {
+    if (operation_.question == nullptr) return true;
+    const OperationQuestion question = operation_.question(form, opening(), parts_.language);
+    if (question.text.isEmpty()) return true;
+    dialogs::Message message{question.text, dialogs::MessageIcon::Question};
+    message.buttons = QMessageBox::Yes | QMessageBox::No;
+    if (question.answer != 0) message.buttons |= QMessageBox::Cancel;
+    const QMessageBox::StandardButton answer = dialogs::showMessage(this, message);
+    if (question.answer == 0) return answer == QMessageBox::Yes;
+    form.set(question.answer, answer == QMessageBox::Yes);
+    return answer == QMessageBox::Yes || answer == QMessageBox::No;
+}
+
 void OperationDialog::accept() {
     if (!hasForm()) return reject();
-    const FilledForm form = filled();
-    if (const std::optional<OperationRefusal> refusal = refusalOf(operation_, form, parts_.language)) {
-        if (refusal->cancels) return reject();
-        if (!refusal->text.isEmpty())
-            dialogs::showMessage(this, {refusal->text, static_cast<dialogs::MessageIcon>(refusal->icon)});
-        if (auto* missing = refusal->control != 0 ? widget(refusal->control) : nullptr) missing->setFocus();
-        return;
-    }
+    FilledForm form = filled();
+    if (const std::optional<OperationRefusal> refusal = refusalOf(operation_, form, parts_.language))
+        return refusal->cancels ? reject() : refuse(*refusal);
+    const std::vector<fs::path> files =
+        operation_.chooseFiles != nullptr ? operation_.chooseFiles(form, opening()) : files_;
+    if (files.empty()) return refuse(refused(operation_.noFiles, 0, {}, parts_.language));
+    if (!ask(form)) return;
     if (operation_.keep != nullptr) operation_.keep(form, form_, parts_.context);
     const QString title =
         operation_.progressText != 0 ? parts_.language.text(operation_.progressText) : windowTitle();
-    setJob(jobOf(operation_, title, form_, form, files_, parts_.dictionary));
+    setJob(jobOf(operation_, title, form_, form, files, parts_.dictionary));
     DarkModeDialogBase::accept();
 }
 

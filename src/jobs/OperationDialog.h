@@ -3,6 +3,7 @@
 #include "dialogs/DarkModeDialogBase.h"
 #include "jobs/JobSource.h"
 #include "jobs/Operation.h"
+#include "jobs/OperationJob.h"
 #include "jobs/OperationParts.h"
 
 #include <filesystem>
@@ -31,9 +32,15 @@ class OperationDialog : public dialogs::DarkModeDialogBase, public JobSource {
     QWidget* widget(int controlId) const;
     void checkControls();
     void prepare(const OperationField& field);
+    Opening opening() const { return {parts_.context, form_, files_, folder_, shown_}; }
     void fillRows(const OperationField& field);
+    void press(const OperationButton& button);
     void showOffered(const FilledForm& offered);
+    void followOthers();
     void enable();
+    void refuse(const OperationRefusal& refusal);
+    /// False where the answer keeps the dialog open.
+    bool ask(FilledForm& form);
     void choosePath(const OperationField& field);
     std::filesystem::path pathIn(int control) const;
     FilledForm::Value valueOf(const OperationField& field) const;
@@ -42,6 +49,8 @@ class OperationDialog : public dialogs::DarkModeDialogBase, public JobSource {
     const Operation& operation_;
     const app::CommandForm form_;
     const std::vector<std::filesystem::path> files_;
+    const std::filesystem::path folder_;
+    const std::vector<std::filesystem::path> shown_;
     std::map<int, std::filesystem::path> chosen_;  ///< keep the bytes of names that a text cannot hold
 };
 

@@ -23,16 +23,6 @@ using platform::CommandText;
 
 namespace {
 
-OperationRefusal refused(const OperationMessage& message, int control, const QString& held,
-                         const app::LanguageFile& language) {
-    OperationRefusal refusal{.control = control, .icon = message.icon};
-    if (message.literal != nullptr)
-        refusal.text = QString::fromLatin1(message.literal);
-    else if (message.text != 0)
-        refusal.text = language.formatted(message.text, {held});
-    return refusal;
-}
-
 bool isFilled(const OperationField& field, const FilledForm& filled) {
     switch (field.kind) {
         case FieldKind::Text:
@@ -207,6 +197,17 @@ class Run {
 
 }  // namespace
 
+OperationRefusal refused(const OperationMessage& message, int control, const QString& held,
+                         const app::LanguageFile& language) {
+    OperationRefusal refusal{.control = control, .icon = message.icon};
+    if (message.title != nullptr) refusal.title = QString::fromLatin1(message.title);
+    if (message.literal != nullptr)
+        refusal.text = QString::fromLatin1(message.literal);
+    else if (message.text != 0)
+        refusal.text = language.formatted(message.text, {held});
+    return refusal;
+}
+
 std::optional<OperationRefusal> refusalOf(const Operation& operation, const FilledForm& filled,
                                           const app::LanguageFile& language) {
     for (const OperationField& field : operation.fields) {
@@ -266,7 +267,8 @@ Job jobOf(const Operation& operation, const QString& title, CommandForm form, co
         return run.wholeLine(context, runForm, file);
     };
     for (const OperationField& field : operation.fields) {
-        const fs::path source = field.kind == FieldKind::File ? filled.path(field.control) : fs::path();
+        const bool isRead = field.kind == FieldKind::File && field.offer.newExtension == nullptr;
+        const fs::path source = isRead ? filled.path(field.control) : fs::path();
         if (!source.empty()) job.sources.push_back(source);
     }
     return job;

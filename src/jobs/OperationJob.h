@@ -16,6 +16,7 @@ struct OperationRefusal {
     int control = 0;    ///< that is to be filled; 0: none in particular
     QString text = {};  ///< empty: nothing is said
     OperationMessage::Icon icon = OperationMessage::Icon::Warning;
+    QString title = {};    ///< empty: the program's name
     bool cancels = false;  ///< the dialog ends as if it had been cancelled
 };
 
@@ -23,6 +24,10 @@ struct OperationRefusal {
 /// of the paths that a field has conditions for.
 std::optional<OperationRefusal> refusalOf(const Operation& operation, const FilledForm& filled,
                                           const app::LanguageFile& language);
+
+/// The message about a control; held: what stands there.
+OperationRefusal refused(const OperationMessage& message, int control, const QString& held,
+                         const app::LanguageFile& language);
 
 /// The bytes of a text field as the form reads it: UTF-8, or what the designed form leaves of it.
 std::string textOf(const OperationField& field, app::CommandForm form, const FilledForm& filled);

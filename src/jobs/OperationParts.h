@@ -11,6 +11,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <vector>
 
 namespace jobs {
 
@@ -27,6 +28,8 @@ struct OperationParts {
     exiftool::ReadCommands& reads;
     ValueEditing* values = nullptr;                           ///< for the dialogs that edit lists of values
     std::function<std::filesystem::path()> shownFolder = {};  ///< of the file list; empty: none
+    std::function<std::vector<std::filesystem::path>()> shownItems =
+        {};  ///< all of the file list, in its order
 };
 
 }  // namespace jobs

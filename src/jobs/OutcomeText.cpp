@@ -53,6 +53,10 @@ Verdict verdictOf(const JobResult& result) {
     return isGoodThroughout ? Verdict::Unchanged : Verdict::Told;
 }
 
+bool isReportDue(const JobResult& result, bool showsItsOwn) {
+    return !showsItsOwn || verdictOf(result) == Verdict::Told;
+}
+
 bool hasBroughtAnything(const JobResult& result) {
     return std::ranges::any_of(result.outcomes, [](const Outcome& outcome) {
         return isGood(outcome.kind) || outcome.kind == OutcomeKind::Warned;

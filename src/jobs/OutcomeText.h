@@ -18,6 +18,10 @@ enum class Verdict {
 };
 Verdict verdictOf(const JobResult& result);
 
+/// Whether the report follows. An operation that shows what it has brought needs none, but never hides what
+/// went wrong.
+bool isReportDue(const JobResult& result, bool showsItsOwn);
+
 /// Whether there can be something to show: a file that is done, or that had nothing to do.
 bool hasBroughtAnything(const JobResult& result);
 

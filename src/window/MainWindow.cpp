@@ -42,6 +42,12 @@ constexpr int kDefaultLeftWidth = 240;
 constexpr int kDefaultRightWidth = 460;
 constexpr QSize kFirstSize(1280, 800);
 
+std::vector<std::filesystem::path> itemsOf(const browser::ShellBrowser& list) {
+    std::vector<std::filesystem::path> items;
+    for (int row = 0; row < list.model().rowCount(); ++row) items.push_back(list.GetItem(row).path);
+    return items;
+}
+
 }  // namespace
 
 MainWindow::MainWindow(app::AppContext& context, const app::LanguageFile& language,
@@ -215,6 +221,7 @@ void MainWindow::createCommands() {
                                     ratingMemory_, ratingLog_, runner_,     readCommands_};
     values_ = std::make_unique<edit::ValueEditor>(operations);
     operations.values = values_.get();
+    operations.shownItems = [this] { return itemsOf(tabs_->GetSelectedTab().shellBrowser()); };
     operations.shownFolder = [this] { return tabs_->GetSelectedTab().shellBrowser().currentFolder(); };
     parts_ = std::make_unique<WindowParts>(WindowParts{*this, context_, language_, *waiting_, *jobs_,
                                                        dictionary_, runner_, readCommands_, *feedback_,

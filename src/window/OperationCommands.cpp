@@ -2,6 +2,7 @@
 
 #include "batch/BatchDispatch.h"
 #include "batch/BatchOperations.h"
+#include "browser/ShellBrowser.h"
 #include "jobs/OperationDialog.h"
 #include "jobs/OutcomeText.h"
 #include "payload/ThumbnailOperations.h"
@@ -49,10 +50,15 @@ const jobs::Operation* OperationCommands::find(app::CommandId id) {
 
 void OperationCommands::run(app::CommandId id) {
     const jobs::Operation* const operation = find(id);
-    const std::vector<fs::path> files = gathering_.GatherSelection();
-    if (operation == nullptr || files.empty()) return;
+    if (operation == nullptr) return;
+    const bool choosesFiles = operation->chooseFiles != nullptr;
+    if (choosesFiles && !ending_.isReadyToBegin()) return;
+    const std::vector<fs::path> files =
+        choosesFiles ? parts_.activeBrowser().GetSelectedFiles() : gathering_.GatherSelection();
+    if (!choosesFiles && files.empty()) return;
     const batch::BatchOperation* const row = batch::findBatchOperation(id);
-    std::optional<jobs::Job> job = row != nullptr ? dispatch(*operation, files) : ask(*operation, files);
+    std::optional<jobs::Job> job =
+        row != nullptr && !choosesFiles ? dispatch(*operation, files) : ask(*operation, files);
     if (!job) {
         ending_.showReportBeginning();
         return;
@@ -61,15 +67,14 @@ void OperationCommands::run(app::CommandId id) {
     const auto atEnd = std::exchange(job->atEnd, {});
     ending_.carryOut(std::move(*job), [this, reportFollows, atEnd](const jobs::JobResult& result) {
         tell(result, reportFollows);
-        if (atEnd && jobs::hasBroughtAnything(result))
+        if (atEnd && !result.isClosing && jobs::hasBroughtAnything(result))
             atEnd({result, parts_.context, parts_.language, &parts_.window,
                    [this](const fs::path& file) { browse_.openPath(file); }});
     });
 }
 
-// What an operation shows of its own never takes the place of what went wrong.
 void OperationCommands::tell(const jobs::JobResult& result, bool reportFollows) {
-    if (reportFollows || jobs::verdictOf(result) == jobs::Verdict::Told)
+    if (jobs::isReportDue(result, !reportFollows))
         ending_.ShowBatchReport(result);
     else
         parts_.showStatus(jobs::summaryOf(parts_.language, result));

@@ -12,12 +12,14 @@
 #include <QComboBox>
 #include <QDateTimeEdit>
 #include <QFileDialog>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QSpinBox>
 #include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
+#include <algorithm>
 #include <array>
 #include <memory>
 
@@ -46,6 +48,12 @@ enum Control {
     kRating = 953,
     kWhen = 1697,
     kList = 1600,
+    kFormat = 954,
+    kItems = 1601,
+    kClear = 963,
+    kTarget = 955,
+    kSave = 956,
+    kSure = 1,
     kAll = 1930,
     kSome = 1931,
     kExif = 1008,
@@ -109,6 +117,80 @@ constexpr Operation kOperation{.id = 900,
                                .offer = offerLast,
                                .keep = keepText};
 
+// A dialog that chooses its files out of those of the window.
+
+std::vector<jobs::OperationEntry> formats(const jobs::Opening&) {
+    return {{0, "CSV"}, {1, "TXT"}};
+}
+
+std::vector<jobs::OperationEntry> itemsShown(const jobs::Opening& opening) {
+    std::vector<jobs::OperationEntry> items;
+    for (const fs::path& file : opening.shown)
+        items.push_back({int(items.size()),
+                         QString::fromStdString(file.filename().string()),
+                         {},
+                         std::ranges::find(opening.files, file) != opening.files.end()});
+    return items;
+}
+
+fs::path besideShown(const jobs::Opening& opening) {
+    return opening.folder;
+}
+
+constexpr auto kChoosingFields = std::to_array<OperationField>({
+    {.control = kFormat, .kind = FieldKind::Choice, .entries = formats},
+    {.control = kItems, .kind = FieldKind::Rows, .entries = itemsShown},
+    {.control = kText,
+     .kind = FieldKind::Text,
+     .mustBeFilled = true,
+     .missing = {.literal = "Enter it.",
+                 .icon = jobs::OperationMessage::Icon::Information,
+                 .title = "Tagwright Batch"}},
+    {.control = kYears, .kind = FieldKind::Number},
+    {.control = kTarget,
+     .kind = FieldKind::File,
+     .offer = {.button = kSave, .titleLiteral = "Save", .newExtension = "set", .start = besideShown}},
+});
+
+void clearAll(const jobs::Pressed& pressed) {
+    pressed.filled.set(kItems, std::vector<int>{});
+    pressed.filled.set(kText, QStringLiteral("cleared %1").arg(pressed.filled.number(kFormat)));
+}
+
+constexpr auto kChoosingButtons = std::to_array<jobs::OperationButton>({{kClear, clearAll}});
+
+bool isShownFor(int control, CommandForm, const FilledForm& filled) {
+    return control != kYears || filled.number(kFormat) == 1;
+}
+
+std::vector<fs::path> tickedItems(const FilledForm& filled, const jobs::Opening& opening) {
+    std::vector<fs::path> files;
+    for (const int at : filled.rows(kItems)) files.push_back(opening.shown.at(std::size_t(at)));
+    return files;
+}
+
+jobs::OperationQuestion askWhetherSure(const FilledForm& filled, const jobs::Opening&,
+                                       const app::LanguageFile&) {
+    if (filled.text(kText) == QStringLiteral("sure")) return {};
+    return {QStringLiteral("Replace it?"), filled.number(kFormat) == 0 ? int(kSure) : 0};
+}
+
+bool wasSure = false;
+
+void noteAnswer(const FilledForm& filled, CommandForm, app::AppContext&) {
+    wasSure = filled.isTicked(kSure);
+}
+
+constexpr Operation kChoosing{.id = 903,
+                              .templateNumber = kTemplate,
+                              .fields = kChoosingFields,
+                              .buttons = kChoosingButtons,
+                              .isShown = isShownFor,
+                              .keep = noteAnswer,
+                              .chooseFiles = tickedItems,
+                              .noFiles = {.literal = "Tick a file."},
+                              .question = askWhetherSure};
+
 std::string widgetOf(int control, const std::string& className, const std::string& more = {}) {
     const std::string number = std::to_string(control);
     return "<item><widget class=\"" + className + "\" name=\"c" + number +
@@ -130,6 +212,12 @@ std::string formWithEverything() {
         widgetOf(kList, "QTreeWidget",
                  "<column><property name=\"text\"><string>Tag</string></property></column>"
                  "<column><property name=\"text\"><string>Type</string></property></column>") +
+        widgetOf(kFormat, "QComboBox") +
+        widgetOf(kItems, "QTreeWidget",
+                 "<column><property name=\"text\"><string>Name</string></property></column>") +
+        widgetOf(kClear, "QPushButton") + widgetOf(kTarget, "QLineEdit") + widgetOf(kSave, "QPushButton") +
+        "<item><widget class=\"QLabel\" name=\"ofYears\"><property name=\"buddy\"><cstring>c" +
+        std::to_string(kYears) + "</cstring></property></widget></item>" +
         widgetOf(kAll, "QRadioButton", checked) + widgetOf(kSome, "QRadioButton") +
         widgetOf(kExif, "QCheckBox") + widgetOf(kXmp, "QCheckBox");
     return "<ui version=\"4.0\"><class>D</class><widget class=\"QDialog\" name=\"D\">"
@@ -154,7 +242,8 @@ class OperationDialogTest : public testing::Test {
         context_.settings.batch.defaultSavePath = QStringLiteral("last one");
         dialogs::setMessageAnswer([this](QWidget*, const dialogs::Message& message) {
             messages_.push_back(message.text.toStdString());
-            return QMessageBox::Ok;
+            message_ = message;
+            return answer_;
         });
     }
     ~OperationDialogTest() override { dialogs::setMessageAnswer({}); }
@@ -162,7 +251,8 @@ class OperationDialogTest : public testing::Test {
     std::unique_ptr<jobs::OperationDialog> open(const Operation& operation = kOperation) {
         parts_ = std::make_unique<jobs::OperationParts>(jobs::OperationParts{
             context_, *language_, dictionary_, labels_, ratingMemory_, ratingLog_, runner_, reads_});
-        parts_->shownFolder = [] { return fs::path("/shown"); };
+        parts_->shownFolder = [this] { return folder_.path(); };
+        parts_->shownItems = [] { return std::vector<fs::path>{"/a.jpg", "/b.jpg", "/c.jpg"}; };
         auto dialog = std::make_unique<jobs::OperationDialog>(
             *parts_, operation, std::vector<fs::path>{"/a.jpg", "/b.jpg"}, nullptr);
         dialog->show();
@@ -186,6 +276,8 @@ class OperationDialogTest : public testing::Test {
     exiftool::ReadCommands reads_{context_, runner_, feedback_};
     std::unique_ptr<jobs::OperationParts> parts_;
     std::vector<std::string> messages_;
+    dialogs::Message message_;
+    QMessageBox::StandardButton answer_ = QMessageBox::Ok;
 };
 
 }  // namespace
@@ -196,7 +288,7 @@ TEST_F(OperationDialogTest, WhatIsOfferedStandsInTheControlsAndComesBackAsItWas)
     EXPECT_EQ(in<QLineEdit>(*dialog, kText).text(), QStringLiteral("last one"));
     const FilledForm filled = dialog->filled();
     EXPECT_EQ(filled.path(kSource), fs::path("/old\xFF.txt")) << "a name that no text can hold";
-    EXPECT_EQ(filled.path(kFolder), fs::path("/shown"));
+    EXPECT_EQ(filled.path(kFolder), folder_.path());
     EXPECT_EQ(filled.number(kYears), 7);
     EXPECT_EQ(filled.number(kRating), 2);
     EXPECT_EQ(filled.dateTime(kWhen), QDateTime(QDate(2001, 2, 3), QTime(4, 5, 6)));
@@ -280,6 +372,62 @@ TEST_F(OperationDialogTest, ItStaysOpenUntilEverythingIsThereAndMarksWhatIsMissi
     EXPECT_EQ(messages_.size(), 2u);
 }
 
+TEST_F(OperationDialogTest, OffersAndRowsOfTheMomentChooseTheFiles) {
+    const auto dialog = open(kChoosing);
+    EXPECT_EQ(in<QComboBox>(*dialog, kFormat).itemText(1), QStringLiteral("TXT"));
+    EXPECT_THAT(dialog->filled().rows(kItems), ElementsAre(0, 1)) << "the two that are selected";
+    press(*dialog, kClear);
+    EXPECT_THAT(dialog->filled().rows(kItems), testing::IsEmpty());
+    EXPECT_EQ(dialog->filled().text(kText), QStringLiteral("cleared 0"));
+    press(*dialog, dialogs::kOkControl);
+    EXPECT_THAT(messages_, ElementsAre("Tick a file."));
+    EXPECT_TRUE(dialog->isVisible());
+    in<QTreeWidget>(*dialog, kItems).topLevelItem(2)->setCheckState(0, Qt::Checked);
+    in<QLineEdit>(*dialog, kText).setText(QStringLiteral("sure"));
+    press(*dialog, dialogs::kOkControl);
+    EXPECT_EQ(messages_.size(), 1u);
+    EXPECT_THAT(dialog->takeJob().files, ElementsAre("/c.jpg"));
+}
+
+TEST_F(OperationDialogTest, AMessageHasItsTitleAndIcon) {
+    const auto dialog = open(kChoosing);
+    press(*dialog, dialogs::kOkControl);
+    EXPECT_EQ(message_.title, QStringLiteral("Tagwright Batch"));
+    EXPECT_EQ(message_.icon, dialogs::MessageIcon::Information);
+}
+
+TEST_F(OperationDialogTest, AControlIsThereWithItsLabelOnlyForTheChoiceThatItServes) {
+    const auto dialog = open(kChoosing);
+    const auto* label = dialog->findChild<QLabel*>(QStringLiteral("ofYears"));
+    for (const int choice : {0, 1, 0}) {
+        in<QComboBox>(*dialog, kFormat).setCurrentIndex(choice);
+        EXPECT_EQ(in<QWidget>(*dialog, kYears).isVisible(), choice == 1);
+        EXPECT_EQ(label->isVisible(), choice == 1);
+        EXPECT_TRUE(in<QWidget>(*dialog, kItems).isVisible());
+    }
+}
+
+TEST_F(OperationDialogTest, AQuestionBeforeTheRunKeepsItOpenOrGivesItsAnswer) {
+    using enum QMessageBox::StandardButton;
+    struct {
+        int choice;
+        QMessageBox::StandardButton answer;
+        bool runs;
+    } const cases[] = {{0, Yes, true}, {0, No, true}, {0, Cancel, false}, {1, Yes, true}, {1, No, false}};
+    for (const auto& [choice, answer, runs] : cases) {
+        const auto dialog = open(kChoosing);
+        in<QLineEdit>(*dialog, kText).setText(QStringLiteral("ask"));
+        in<QComboBox>(*dialog, kFormat).setCurrentIndex(choice);
+        answer_ = answer;
+        wasSure = false;
+        press(*dialog, dialogs::kOkControl);
+        EXPECT_EQ(messages_.back(), "Replace it?");
+        EXPECT_EQ(dialog->takeJob().files.size(), runs ? 2u : 0u) << choice << ' ' << answer;
+        EXPECT_EQ(dialog->isVisible(), !runs);
+        EXPECT_EQ(wasSure, choice == 0 && answer == Yes);
+    }
+}
+
 TEST_F(OperationDialogTest, ItDoesNotOpenOverAControlThatCannotHoldItsField) {
     static constexpr auto kOfOtherClass =
         std::to_array<OperationField>({{.control = kList, .kind = FieldKind::Text}});
@@ -331,4 +479,17 @@ TEST_F(OperationDialogTest, APathIsChosenBesideTheOneThatStandsThere) {
     const FilledForm filled = dialog->filled();
     EXPECT_EQ(filled.path(kSource), folder_ / "here.txt");
     EXPECT_EQ(filled.path(kFolder), folder_.path());
+}
+
+TEST_F(OperationDialogTest, ANewFileIsNamedWhereTheOperationSays) {
+    const auto dialog = open(kChoosing);
+    QTimer::singleShot(0, dialog.get(), [&] {
+        auto* files = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(files, nullptr);
+        EXPECT_EQ(files->directory().path().toStdString(), folder_.path().string());
+        files->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(QStringLiteral("mine"));
+        QMetaObject::invokeMethod(files, "accept");
+    });
+    press(*dialog, kSave);
+    EXPECT_EQ(dialog->filled().path(kTarget), folder_ / "mine.set");
 }

@@ -44,6 +44,18 @@ TEST_F(OutcomeTextTest, OnlyAJobOfWhichEveryFileIsDoneIsASuccess) {
     }
 }
 
+TEST_F(OutcomeTextTest, WhatAnOperationShowsItselfHidesNothingThatWentWrong) {
+    for (const bool showsItsOwn : {true, false}) {
+        EXPECT_EQ(jobs::isReportDue(resultOf({Done, Unchanged}), showsItsOwn), !showsItsOwn);
+        for (const OutcomeKind bad : kBad)
+            EXPECT_TRUE(jobs::isReportDue(resultOf({Done, bad}), showsItsOwn)) << int(bad);
+    }
+    for (const OutcomeKind none : {Failed, Killed, Stopped, NotStarted, NotBegun})
+        EXPECT_FALSE(jobs::hasBroughtAnything(resultOf({none, none}))) << int(none);
+    for (const OutcomeKind some : {Done, Unchanged, Warned})
+        EXPECT_TRUE(jobs::hasBroughtAnything(resultOf({Failed, some}))) << int(some);
+}
+
 TEST_F(OutcomeTextTest, EachKindIsCountedUnderAWordOfItsOwn) {
     ASSERT_TRUE(english_.valid());
     std::vector<QString> told;
