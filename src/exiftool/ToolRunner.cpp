@@ -62,6 +62,17 @@ platform::ChildOutcome endOf(const platform::CommandOutcome& outcome) {
     return end;
 }
 
+/// True for the tags of a file that ExifTool cannot read: the group named after it has a row for the error
+/// beside the one for its version. The error's name is a word of the language that was asked for.
+bool tellsOfError(const fs::path& output) {
+    int rows = 0;
+    platform::forEachLineOfOwnFile(output, [&](std::string_view line) {
+        if (line.starts_with("[ExifTool]")) ++rows;
+        return rows < 2;
+    });
+    return rows >= 2;
+}
+
 std::vector<platform::FileStamp> stampsOf(const std::vector<fs::path>& files) {
     std::vector<platform::FileStamp> stamps;
     for (const fs::path& file : files) stamps.push_back(platform::stampOf(file));
@@ -98,6 +109,18 @@ ToolAccount shareOf(const ToolAccount& whole, std::span<const fs::path> files, s
         counts.failed = 1;
     share.counts = counts;
     return share;
+}
+
+/// A run over several files that was cut has done the first of them, and was at the first that is untouched.
+void spreadCut(Outcomes& outcomes, const std::vector<platform::FileStamp>& before) {
+    bool isCutFileFound = false;
+    for (std::size_t at = 0; at < outcomes.size(); ++at) {
+        Outcome& outcome = outcomes[at];
+        if (!platform::isUntouched(before[at], platform::stampOf(outcome.file)))
+            outcome.kind = OutcomeKind::Warned;
+        else if (std::exchange(isCutFileFound, true))
+            outcome.kind = OutcomeKind::NotBegun;
+    }
 }
 
 /// ExifTool writes a new file beside the old one, and refuses to when one is there already. A run that was
@@ -199,8 +222,11 @@ Outcomes ToolRunner::judged(const std::vector<fs::path>& files, const CommandTex
         const bool isOthers = files.size() > 1 && own.account.counts && own.account.counts->failed == 0;
         if (isOthers && own.child.kind == platform::ChildOutcome::Kind::Ended) own.child.number = 0;
         outcomes.push_back(judgeWrite(files[at], own));
-        if (said.empty()) tellReport(outcomes.back());
-        addCopyFailure(outcomes.back());
+    }
+    if (isCut && files.size() > 1) spreadCut(outcomes, before);
+    for (Outcome& outcome : outcomes) {
+        if (said.empty()) tellReport(outcome);
+        addCopyFailure(outcome);
     }
     return outcomes;
 }
@@ -224,10 +250,8 @@ void ToolRunner::addCopyFailure(Outcome& outcome) {
 }
 
 std::string ToolRunner::lastFaultOfRead(const fs::path& output) const {
-    std::error_code error;
-    const std::uintmax_t size = fs::file_size(output, error);
     const bool hasEnded = endOf(outcome_).kind == platform::ChildOutcome::Kind::Ended;
-    return hasEnded && !error && size > 0 ? std::string() : lastFault();
+    return hasEnded && tellsOfError(output) ? std::string() : lastFault();
 }
 
 OutcomeKind ToolRunner::lastEnd() const {

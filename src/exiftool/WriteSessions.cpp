@@ -82,6 +82,11 @@ class Operation {
 
     Outcomes run() {
         for (const Batch& round : rounds()) runRound(round);
+        if (barrenSessions_ >= kBarrenSessions) {
+            for (Outcome& outcome : outcomes_)
+                if (outcome.kind == OutcomeKind::NotBegun)
+                    outcome.words = "ExifTool ended again and again without having done a file";
+        }
         return std::move(outcomes_);
     }
 

@@ -48,6 +48,7 @@ struct WriteEvents {
 /// stays NotBegun. A stop lets each session finish the files that it has in hand, for a bounded time, and
 /// then ends it: its file is Stopped, those that it has not come to are NotBegun. ExifTool's half-written
 /// file of one that was cut is removed, when the file itself is untouched.
-Outcomes writeFiles(const WriteRequest& request, const std::stop_token& stop, const WriteEvents& events);
+[[nodiscard]] Outcomes writeFiles(const WriteRequest& request, const std::stop_token& stop,
+                                  const WriteEvents& events);
 
 }  // namespace exiftool

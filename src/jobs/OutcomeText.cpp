@@ -44,6 +44,17 @@ std::string lineOf(const app::LanguageFile& language, const Outcome& outcome) {
     return line;
 }
 
+/// Nobody need have stopped what came to its end early.
+std::string whyLeft(const JobResult& result) {
+    if (result.isClosing) return "The window was closed";
+    if (result.wasStopped) return "Stopped";
+    for (const Outcome& outcome : result.outcomes) {
+        const bool hasReason = outcome.kind == OutcomeKind::NotBegun && !outcome.words.empty();
+        if (hasReason) return outcome.words.substr(0, outcome.words.find('\n'));
+    }
+    return "The operation came to an early end";
+}
+
 }  // namespace
 
 Verdict verdictOf(const JobResult& result) {
@@ -82,7 +93,7 @@ std::string reportOf(const app::LanguageFile& language, const JobResult& result)
 std::string filesLeftLine(const JobResult& result) {
     const std::size_t left = exiftool::countOf(result.outcomes, OutcomeKind::NotBegun);
     if (left == 0) return {};
-    const std::string why = result.isClosing ? "The window was closed" : "Stopped";
+    const std::string why = whyLeft(result);
     return "Warning: " + why + " - " + std::to_string(left) + (left == 1 ? " file was" : " files were") +
            " not begun\n";
 }
