@@ -1,6 +1,7 @@
 #include "exiftool/WriteBatch.h"
 
 #include "exiftool/OutcomeJudge.h"
+#include "platform/StandardStreams.h"
 
 #include <algorithm>
 #include <set>
@@ -12,10 +13,10 @@ using platform::ChildOutcome;
 
 namespace {
 
-/// Errors, and what was left as it was or did not meet a condition. ExifTool opens and closes them for each
-/// name, so that nothing waits in a buffer when it is killed.
-constexpr std::string_view kNameFailedOnes = "-efile1\n/dev/stderr\n";
-constexpr std::string_view kNameUnchangedOnes = "-efile6\n/dev/stdout\n";
+/// Errors, and what was left as it was or did not meet a condition; the file for the names comes behind.
+/// ExifTool opens and closes it for each name, so that nothing waits in a buffer when it is killed.
+constexpr std::string_view kNameFailedOnes = "-efile1\n";
+constexpr std::string_view kNameUnchangedOnes = "-efile6\n";
 constexpr std::string_view kStatus = " ${status}\n";
 constexpr std::string_view kReady = "{ready1}\n";
 
@@ -157,7 +158,8 @@ class BatchJudge {
 std::string batchRequest(std::string_view arguments, std::span<const fs::path> files,
                          std::string_view token) {
     std::string request(kNameFailedOnes);
-    request += kNameUnchangedOnes;
+    request.append(platform::kErrorStreamName).append("\n").append(kNameUnchangedOnes);
+    request.append(platform::kOutputStreamName).append("\n");
     request.append("-echo3\n").append(token).append("\n-echo4\n").append(token).append(kStatus);
     request += arguments;
     for (const fs::path& file : files) request.append(file.native()).append("\n");

@@ -180,7 +180,7 @@ TEST(Layers, OnlyThePlatformsSystemFilesSpeakWithTheSystem) {
     static const QRegularExpression include(R"(#\s*include\s+<([^>]+)>)");
     static const QRegularExpression call(R"((?:^|[^\w>~])(::[a-z_]\w*)\s*\()");
     static const QRegularExpression name(
-        R"(("/(?:proc|sys|dev)/|\b(?:pid_t|mode_t|uid_t|ssize_t|struct statx?)\b))");
+        R"(("[^"]*/(?:proc|sys|dev)/|\b(?:pid_t|mode_t|uid_t|ssize_t|struct statx?)\b))");
     std::size_t systemHeaders = 0;
     for (const auto& [file, text] : programText()) {
         const bool isSystemFile = maySpeakWithTheSystem(file);

@@ -2,6 +2,7 @@
 
 #include "browser/PropertyText.h"
 
+#include <QProcess>
 #include <QTemporaryDir>
 
 #include <chrono>
@@ -42,7 +43,8 @@ int main() {
     const QTemporaryDir folder;
     const std::vector<fs::path> files = copies(folder.path().toStdString());
     if (files.empty()) return 1;
-    const std::string command = "exiftool -fast2 '" + folder.path().toStdString() + "' >/dev/null 2>&1";
+    const std::string command = "exiftool -fast2 '" + folder.path().toStdString() + "' >" +
+                                QProcess::nullDevice().toStdString() + " 2>&1";
 
     auto start = Clock::now();
     std::size_t values = 0;
