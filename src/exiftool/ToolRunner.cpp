@@ -1,11 +1,11 @@
 #include "exiftool/ToolRunner.h"
 
+#include "exiftool/Leftover.h"
 #include "exiftool/LineParts.h"
 #include "exiftool/OutcomeJudge.h"
 #include "exiftool/ReportFile.h"
 #include "exiftool/WarmStarter.h"
 #include "platform/FileAccess.h"
-#include "platform/FileIdentity.h"
 #include "platform/FileStamp.h"
 #include "platform/Text.h"
 
@@ -123,29 +123,6 @@ void spreadCut(Outcomes& outcomes, const std::vector<platform::FileStamp>& befor
     }
 }
 
-/// ExifTool writes a new file beside the old one, and refuses to when one is there already. A run that was
-/// ended in the middle must not leave one that bars every later write; but it must stay when it may be the
-/// only whole copy, thus when the file itself has been touched.
-class LeftoverRemover {
- public:
-    explicit LeftoverRemover(const fs::path& file) : file_(file), leftover_(file) {
-        leftover_ += "_exiftool_tmp";
-        if (!platform::isNameTaken(leftover_)) before_ = platform::identifyFile(file_);
-    }
-
-    void removeLeftover() const {
-        const std::optional<platform::FileIdentity> now = platform::identifyFile(file_);
-        const bool isUntouched = before_ && now && *before_ == *now;
-        std::error_code ignored;
-        if (isUntouched) fs::remove(leftover_, ignored);
-    }
-
- private:
-    fs::path file_;
-    fs::path leftover_;
-    std::optional<platform::FileIdentity> before_;  ///< nothing when a leftover would not be ours
-};
-
 }  // namespace
 
 ToolRunner::ToolRunner(const app::AppContext& context) : context_(context) {}
@@ -197,7 +174,7 @@ Outcomes ToolRunner::judged(const std::vector<fs::path>& files, const CommandTex
     fs::remove(output, ignored);
     fs::remove(errors, ignored);
     const std::uintmax_t reported = reportSize(context_);
-    const std::vector<LeftoverRemover> removers(files.begin(), files.end());
+    const std::vector<Leftover> leftovers(files.begin(), files.end());
     const std::vector<platform::FileStamp> before = stampsOf(files);
     isCapturing_ = true;
     static_cast<void>(run());
@@ -208,7 +185,7 @@ Outcomes ToolRunner::judged(const std::vector<fs::path>& files, const CommandTex
     const bool isCut = facts.child.kind == platform::ChildOutcome::Kind::Stopped ||
                        facts.child.kind == platform::ChildOutcome::Kind::Killed;
     if (isCut) {
-        for (const LeftoverRemover& remover : removers) remover.removeLeftover();
+        for (const Leftover& leftover : leftovers) leftover.removeWhenUntouched();
     }
     const std::string said = reportFrom(context_, reported) + platform::readOwnFile(errors);
     const ToolAccount account = accountOf(platform::readOwnFile(output), said);

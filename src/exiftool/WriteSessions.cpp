@@ -1,6 +1,7 @@
 #include "exiftool/WriteSessions.h"
 
 #include "exiftool/ArgumentLines.h"
+#include "exiftool/Leftover.h"
 #include "exiftool/LineParts.h"
 #include "exiftool/OutcomeJudge.h"
 #include "exiftool/ToolConversation.h"
@@ -34,23 +35,12 @@ constexpr std::size_t kFilesWorthASession = 16;
 constexpr int kBarrenSessions = 5;
 constexpr std::chrono::milliseconds kEndLimit{2000};
 
-fs::path leftoverOf(const fs::path& file) {
-    fs::path leftover = file;
-    leftover += "_exiftool_tmp";
-    return leftover;
-}
-
-bool isThere(const fs::path& file) {
-    std::error_code error;
-    return fs::exists(fs::symlink_status(file, error));
-}
-
 /// One file on its way.
 struct Item {
     fs::path file;  ///< as the caller named it
     fs::path word;  ///< as ExifTool gets it
     platform::FileStamp before;
-    bool hadLeftover = false;
+    std::optional<Leftover> leftover;  ///< from when it is begun
     bool isPrepared = false;
     bool isBegun = false;
     std::string copyFailure;
@@ -68,14 +58,14 @@ std::string newToken() {
 /// What the workers of one operation share.
 class Operation {
  public:
-    Operation(const WriteRequest& request, std::stop_token stop, const WriteEvents& events)
+    Operation(const WriteRequest& request, WriteStops stops, const WriteEvents& events)
         : request_(request),
-          stop_(std::move(stop)),
+          stops_(std::move(stops)),
           events_(events),
           sharing_(sharingOf(request.arguments)),
           argumentLines_(argumentLines(request.arguments)) {
         for (const fs::path& file : request.files) {
-            items_.push_back({file, fs::path(fileWord(file)), {}, false, false, false, {}});
+            items_.push_back({file, fs::path(fileWord(file)), {}, {}, false, false, {}});
             outcomes_.push_back({file, OutcomeKind::NotBegun, {}});
         }
     }
@@ -109,6 +99,8 @@ class Operation {
 
     void runRound(const Batch& round);
 
+    bool isStopping() const { return stops_.noFurther.stop_requested() || stops_.cut.stop_requested(); }
+
     std::size_t sessionsFor(std::size_t files) const {
         if (sharing_ != Sharing::SeveralAtATime) return 1;
         std::size_t limit = request_.sessionLimit;
@@ -127,7 +119,7 @@ class Operation {
     Batch take() {
         const std::lock_guard lock(guard_);
         Batch batch;
-        if (stop_.stop_requested() || barrenSessions_ >= kBarrenSessions) return batch;
+        if (isStopping() || barrenSessions_ >= kBarrenSessions) return batch;
         const std::size_t share =
             (waiting_.size() + 2 * sessions_ - 1) / std::max<std::size_t>(2 * sessions_, 1);
         const std::size_t most =
@@ -175,7 +167,7 @@ class Operation {
     }
 
     const WriteRequest& request_;
-    std::stop_token stop_;
+    WriteStops stops_;
     const WriteEvents& events_;
     Sharing sharing_;
     std::optional<std::string> argumentLines_;  ///< nothing when a session cannot be told them
@@ -215,7 +207,7 @@ class Worker {
         for (const std::size_t index : batch) {
             Item& one = item(index);
             if (one.isPrepared) continue;
-            if (operation_.stop_.stop_requested()) return;
+            if (operation_.isStopping()) return;
             one.isPrepared = true;
             if (operation_.request_.beforeFile) one.copyFailure = operation_.request_.beforeFile(one.file);
         }
@@ -223,26 +215,20 @@ class Worker {
 
     /// Right before ExifTool gets them. False when it is not to get them any more.
     bool begin(const Batch& batch) {
-        if (operation_.stop_.stop_requested()) return false;
+        if (operation_.isStopping()) return false;
         for (const std::size_t index : batch) {
             Item& one = item(index);
             one.before = platform::stampOf(one.word);
-            one.hadLeftover = isThere(leftoverOf(one.word));
+            one.leftover.emplace(one.word);
             operation_.tellBegun(index);
         }
         return true;
     }
 
-    bool isHalfWritten(const Item& one) const { return !one.hadLeftover && isThere(leftoverOf(one.word)); }
-
-    /// ExifTool refuses to write where a half-written file stands. It must stay when it may be the only whole
-    /// copy, thus when the file itself has been touched.
-    void removeLeftover(const Item& one, OutcomeKind kind) const {
-        if (kind != OutcomeKind::Killed && kind != OutcomeKind::Stopped && kind != OutcomeKind::Failed)
-            return;
-        std::error_code ignored;
-        if (isHalfWritten(one) && platform::stampOf(one.word) == one.before)
-            fs::remove(leftoverOf(one.word), ignored);
+    static void removeLeftover(const Item& one, OutcomeKind kind) {
+        const bool isCut =
+            kind == OutcomeKind::Killed || kind == OutcomeKind::Stopped || kind == OutcomeKind::Failed;
+        if (isCut) one.leftover->removeWhenUntouched();
     }
 
     /// Gives the next batch, whose preparation fills the time of waiting for this one.
@@ -275,8 +261,9 @@ class Worker {
         BatchAnswer answer;
         answer.token = token;
         answer.wasQuiet = isQuiet(operation_.request_.arguments);
-        const Wait end = session_.collect(
-            [&] { return isWholeAnswer(session_.output(), session_.errors(), token); }, operation_.stop_);
+        const Wait end =
+            session_.collect([&] { return isWholeAnswer(session_.output(), session_.errors(), token); },
+                             operation_.stops_.cut);
         answer.isWhole = end == Wait::Answered;
         answer.child.kind = ChildOutcome::Kind::Ended;
         if (end == Wait::Stopped) answer.child = session_.stop();
@@ -291,7 +278,7 @@ class Worker {
         std::vector<BatchFile> files;
         for (const std::size_t index : batch) {
             const Item& one = item(index);
-            files.push_back({one.word, one.before, platform::stampOf(one.word), isHalfWritten(one)});
+            files.push_back({one.word, one.before, platform::stampOf(one.word), one.leftover->isThere()});
         }
         Outcomes outcomes = judgeBatch(files, answer);
         Batch left;
@@ -335,7 +322,7 @@ class Worker {
         facts.child = tool.start(operation_.request_.exifTool, std::move(arguments));
         if (facts.child.kind != ChildOutcome::Kind::NotStarted) {
             tool.closeInput();
-            const auto end = tool.collect([] { return false; }, operation_.stop_);
+            const auto end = tool.collect([] { return false; }, operation_.stops_.cut);
             facts.child = end == ToolConversation::Wait::Stopped ? tool.stop() : tool.waitForEnd(kEndLimit);
         }
         facts.after = platform::stampOf(one.word);
@@ -367,8 +354,8 @@ void Operation::runRound(const Batch& round) {
 
 }  // namespace
 
-Outcomes writeFiles(const WriteRequest& request, const std::stop_token& stop, const WriteEvents& events) {
-    return Operation(request, stop, events).run();
+Outcomes writeFiles(const WriteRequest& request, const WriteStops& stops, const WriteEvents& events) {
+    return Operation(request, stops, events).run();
 }
 
 }  // namespace exiftool

@@ -35,6 +35,12 @@ struct WriteEvents {
     std::function<void(const Outcome&)> fileEnded;
 };
 
+/// What may be asked for meanwhile, from any thread. A cut is also an end.
+struct WriteStops {
+    std::stop_token noFurther;  ///< hand out no further file
+    std::stop_token cut;        ///< end the file in work too, after kStopGrace
+};
+
 /// Writes all files and blocks until that is done. The outcomes are in the order of the files.
 ///
 /// Sessions take some small files at a time, and a large one alone. What a session's lines cannot carry
@@ -45,10 +51,11 @@ struct WriteEvents {
 ///
 /// When a session dies, the file that it had in work is told as Killed, or Failed when it ended by itself,
 /// and a new session takes the others; when one after the other dies without having done any file, the rest
-/// stays NotBegun. A stop lets each session finish the files that it has in hand, for a bounded time, and
+/// stays NotBegun. What a session has been handed cannot be taken back: up to 16 small files, or one large
+/// one. At noFurther it finishes these, however long that takes. A cut gives it a bounded time for them and
 /// then ends it: its file is Stopped, those that it has not come to are NotBegun. ExifTool's half-written
 /// file of one that was cut is removed, when the file itself is untouched.
-[[nodiscard]] Outcomes writeFiles(const WriteRequest& request, const std::stop_token& stop,
+[[nodiscard]] Outcomes writeFiles(const WriteRequest& request, const WriteStops& stops,
                                   const WriteEvents& events);
 
 }  // namespace exiftool

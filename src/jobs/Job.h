@@ -24,6 +24,7 @@ struct JobWork {
     /// To be called by work over all files when it turns to a file, and when a file has ended; any thread.
     std::function<void(const std::filesystem::path& file)> fileBegun;
     std::function<void(const exiftool::Outcome& outcome)> fileEnded;
+    std::stop_token cut = {};  ///< what is in work is to end too, soon
 };
 
 using WorkOnFile = std::function<exiftool::Outcome(JobWork& work, const std::filesystem::path& file)>;

@@ -70,6 +70,7 @@ struct JobRunner::Running {
     const Ended ended;
     exiftool::ToolRunner runner;
     std::stop_source stop;
+    std::stop_source cut;
     std::atomic<bool> isCutting = false;  ///< the file in work has only its grace left
     std::atomic<steady_clock::time_point> stoppedAt{steady_clock::time_point::max()};
     bool isClosing = false;  ///< GUI thread
@@ -88,6 +89,7 @@ JobRunner::~JobRunner() {
         current_->stop.request_stop();
         current_->stoppedAt = steady_clock::now();
         current_->isCutting = true;
+        current_->cut.request_stop();
     }
     if (thread_.joinable()) thread_.join();
 }
@@ -131,6 +133,7 @@ void JobRunner::stop() {
     if (!current_) return;
     current_->stop.request_stop();
     if (!current_->isCutting.exchange(true)) current_->stoppedAt = steady_clock::now();
+    current_->cut.request_stop();
 }
 
 void JobRunner::closeAfterThisFile() {
@@ -159,7 +162,8 @@ void JobRunner::work(const std::shared_ptr<Running>& own) {
                  running.runner,
                  running.stop.get_token(),
                  [this, own](const fs::path& file) { noteBegun(own, file); },
-                 [this, own](const Outcome& outcome) { noteEnded(own, outcome); }};
+                 [this, own](const Outcome& outcome) { noteEnded(own, outcome); },
+                 running.cut.get_token()};
     const RenamedFiles names(job.files);
     Outcomes outcomes = refused ? notStarted(job.files, refused) : inOrder(job.files, workOn(running, work));
     outcomes.insert(outcomes.end(), job.leftOut.begin(), job.leftOut.end());

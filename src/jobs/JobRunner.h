@@ -48,7 +48,8 @@ class JobRunner : public QObject {
     /// No further file is begun; the file in work may end within kGrace, then its tool is ended. Does not
     /// wait.
     void stop();
-    /// No further file is begun, and the file in work is let end.
+    /// No further file is begun, and what is in work is let end: one file, or what ExifTool sessions have
+    /// been handed (exiftool/WriteSessions.h). A stop may still cut it.
     void closeAfterThisFile();
 
     /// Blocks, without an event loop, until the running job is over, and delivers its end. For the end of the

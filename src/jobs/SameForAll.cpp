@@ -51,12 +51,12 @@ Outcomes writeSameToAll(const ComposeLine& compose, JobWork& work, const std::ve
     const exiftool::SafetyCopies copies = work.runner.safetyCopies();
     if (copies.SafetyCopyEnabled != 0)
         request.beforeFile = [&](const fs::path& file) { return copyForSafety(work.context, copies, file); };
-    Outcomes outcomes = exiftool::writeFiles(request, work.stop, {work.fileBegun, work.fileEnded});
-    for (const Outcome& outcome : outcomes) {
-        // The day's report holds what was said, as if a line had led it there.
+    // The day's report holds what was said as soon as it was, as if a line had led it there.
+    const auto fileEnded = [&work](const Outcome& outcome) {
         if (!outcome.words.empty()) static_cast<void>(exiftool::appendToReport(work.context, outcome.words));
-    }
-    return outcomes;
+        work.fileEnded(outcome);
+    };
+    return exiftool::writeFiles(request, {work.stop, work.cut}, {work.fileBegun, fileEnded});
 }
 
 }  // namespace jobs

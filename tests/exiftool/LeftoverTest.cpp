@@ -1,5 +1,5 @@
 #include "exiftool/ToolRunner.h"
-
+#include "exiftool/WriteSessions.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
@@ -13,7 +13,9 @@ using support::writeBytes;
 
 namespace {
 
-class LeftoverTest : public testing::Test {
+enum class Road { Line, Session, OwnProcess };
+
+class LeftoverTest : public testing::TestWithParam<Road> {
  protected:
     void SetUp() override {
         context_.tempPath = folder_.path();
@@ -24,36 +26,53 @@ class LeftoverTest : public testing::Test {
         fs::last_write_time(file_, fs::file_time_type::clock::now() - std::chrono::hours(1));
     }
 
-    /// A tool that has half written the new file, then does this to the old one, and is killed.
+    /// A tool that has half written the new file, then does this to the old one, and is killed. It finds the
+    /// file's name at the end of its words or, in a session, of what it is told.
     void runAndKill(const std::string& doing) {
         writeBytes(context_.exifToolPath,
-                   "#!/bin/sh\nfor file; do :; done\nprintf half >\"${file}_exiftool_tmp\"\n" + doing +
-                       "\nkill -KILL $$\n");
+                   "#!/bin/sh\nfor file; do :; done\nif [ \"$file\" = - ]; then\n"
+                   "while read -r line && [ \"$line\" != -execute1 ]; do file=$line; done\nfi\n"
+                   "printf half >\"${file}_exiftool_tmp\"\n" +
+                       doing + "\nkill -KILL $$\n");
         fs::permissions(context_.exifToolPath, fs::perms::owner_all);
-        exiftool::ToolRunner runner(context_);
-        static_cast<void>(runner.RunOnFile(file_, platform::CommandText("-Title=x")));
+        if (GetParam() == Road::Line) {
+            exiftool::ToolRunner runner(context_);
+            outcome_ = runner.RunOnFile(file_, platform::CommandText("-Title=x"));
+            return;
+        }
+        exiftool::WriteRequest request;
+        request.exifTool = context_.exifToolPath;
+        // The second is one that no line carries.
+        request.arguments = {GetParam() == Road::Session ? "-Title=x" : "-XMP-dc:Title=costs\n$5"};
+        request.files = {file_};
+        outcome_ = exiftool::writeFiles(request, {}, {}).front();
     }
 
     support::TemporaryFolder folder_;
     app::AppContext context_;
     fs::path file_ = folder_ / "photo.jpg";
     fs::path leftover_ = folder_ / "photo.jpg_exiftool_tmp";
+    exiftool::Outcome outcome_;
 };
 
 }  // namespace
 
-TEST_F(LeftoverTest, GoesWhenTheFileIsAsItWas) {
+TEST_P(LeftoverTest, GoesWhenTheFileIsAsItWas) {
     runAndKill(":");
+    EXPECT_EQ(outcome_.kind, exiftool::OutcomeKind::Killed) << outcome_.words;
     EXPECT_FALSE(fs::exists(leftover_));
     EXPECT_EQ(readBytes(file_), "the whole photo");
 }
 
-TEST_F(LeftoverTest, StaysWhenTheFileHasBeenTouchedInAnyWay) {
+TEST_P(LeftoverTest, StaysWhenTheFileHasBeenTouchedInAnyWay) {
     const struct {
         const char* what;
         const char* doing;
     } cases[] = {
         {"other bytes", "printf 'as many letters' >\"$file\""},
+        {"other bytes, with its size and time",
+         "cp -p \"$file\" \"$file.old\"; printf 'as many letters' >\"$file\"; touch -r \"$file.old\" "
+         "\"$file\""},
         {"cut, with its time",
          "cp -p \"$file\" \"$file.old\"; printf cut >\"$file\"; touch -r \"$file.old\" \"$file\""},
         {"another file of the same size and time",
@@ -70,8 +89,10 @@ TEST_F(LeftoverTest, StaysWhenTheFileHasBeenTouchedInAnyWay) {
     }
 }
 
-TEST_F(LeftoverTest, StaysWhenItWasThereBeforeTheRun) {
+TEST_P(LeftoverTest, StaysWhenItWasThereBeforeTheRun) {
     writeBytes(leftover_, "of somebody else");
     runAndKill(":");
     EXPECT_TRUE(fs::exists(leftover_));
 }
+
+INSTANTIATE_TEST_SUITE_P(Roads, LeftoverTest, testing::Values(Road::Line, Road::Session, Road::OwnProcess));

@@ -77,7 +77,7 @@ class WriteSessionsTest : public testing::Test {
     std::size_t starts() const { return fs::exists(starts_) ? fs::file_size(starts_) : 0; }
 
     Outcomes write(const WriteEvents& events = {}) {
-        return exiftool::writeFiles(request_, stop_.get_token(), events);
+        return exiftool::writeFiles(request_, {stop_.get_token(), cut_.get_token()}, events);
     }
 
     static std::string titleOf(const fs::path& file) {
@@ -88,6 +88,7 @@ class WriteSessionsTest : public testing::Test {
     fs::path starts_ = folder_ / "starts";
     WriteRequest request_;
     std::stop_source stop_;
+    std::stop_source cut_;
 };
 
 /// Small files of the formats that can be made here, and all samples at hand.
@@ -323,7 +324,7 @@ TEST_F(WriteSessionsTest, AMissingToolIsToldForEveryFile) {
     EXPECT_FALSE(isCopied);
 }
 
-TEST_F(WriteSessionsTest, AStopEndsAHangingSessionAndBeginsNoOtherFile) {
+TEST_F(WriteSessionsTest, ACutEndsAHangingSessionAndBeginsNoOtherFile) {
     addPhotos(60);
     const fs::path hanging = addPhoto("hanging.jpg");
     std::rotate(request_.files.begin() + 2, request_.files.end() - 1, request_.files.end());
@@ -338,7 +339,7 @@ TEST_F(WriteSessionsTest, AStopEndsAHangingSessionAndBeginsNoOtherFile) {
         while (fs::file_size(request_.files[1], error) == size && std::chrono::steady_clock::now() < end)
             std::this_thread::yield();
         stopped = std::chrono::steady_clock::now();
-        stop_.request_stop();
+        cut_.request_stop();
     });
     const Outcomes outcomes = write();
     EXPECT_LT(std::chrono::steady_clock::now() - stopped, exiftool::kStopGrace + 3s);

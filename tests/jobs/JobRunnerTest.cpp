@@ -1,6 +1,7 @@
 #include "jobs/JobRunner.h"
 
 #include "exiftool/LineParts.h"
+#include "exiftool/ToolConversation.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 #include "support/ToolStandIns.h"
@@ -37,6 +38,8 @@ namespace {
 /// Far above what anything here takes; whoever waits so long waits for ever.
 constexpr std::chrono::seconds kLimit{20};
 constexpr int kLimitMilliseconds = 20'000;
+constexpr int kMoreThanAnyGrace =
+    std::chrono::milliseconds(std::max(exiftool::kStopGrace, JobRunner::kGrace)).count() + 500;
 
 class JobRunnerTest : public testing::Test {
  protected:
@@ -96,6 +99,31 @@ class JobRunnerTest : public testing::Test {
                                          platform::CommandText("-overwrite_original -XMP-dc:Title=new"));
         };
         return job;
+    }
+    /// ExifTool begins a photo, tells that it runs, and waits until it may go on; by sessions or by a line a
+    /// file.
+    Job jobThatWaits(const std::vector<fs::path>& files, bool bySessions) {
+        context_.settings.exifTool.correctedCommands = bySessions;
+        const auto name = [this](const char* file) { return "'" + (folder_ / file).string() + "'"; };
+        const platform::CommandText arguments(
+            "-overwrite_original -XMP-dc:Title=waited -if \"do {open(RUNS, '>', " + name("runs") +
+            "); close(RUNS); select(undef, undef, undef, 0.02) until -e " + name("go") + "; 1}\"");
+        Job job{.title = QStringLiteral("Title"), .files = files};
+        job.workOnFile = [arguments](JobWork& work, const fs::path& file) {
+            return work.runner.RunOnFile(file, arguments);
+        };
+        job.sameForAll = [arguments](const app::AppContext& context, app::CommandForm form,
+                                     const fs::path& file) {
+            return exiftool::lineOnFile(context, form, arguments, file);
+        };
+        return job;
+    }
+    void forgetRun() {
+        result_.reset();
+        for (const char* name : {"runs", "go"}) fs::remove(folder_ / name);
+    }
+    static std::string titleOf(const fs::path& file) {
+        return support::ExifTool({"-s3", "-XMP-dc:Title", file.string()});
     }
     void useTool(const std::string& script) { support::useTool(context_, folder_ / "tool", script); }
     /// A tool that tells that it runs.
@@ -211,15 +239,48 @@ TEST_F(JobRunnerTest, AToolThatEndsWithinItsGraceIsLetEnd) {
     EXPECT_EQ(readBytes(files[1]), before);
 }
 
-TEST_F(JobRunnerTest, AClosingWindowLetsTheFileInWorkEnd) {
-    const std::vector<fs::path> files = photos({"a.jpg", "b.jpg"});
-    ASSERT_TRUE(begin(gatedJob(files)));
-    ASSERT_TRUE(waitForBegun(1));
-    runner_->closeAfterThisFile();
-    gate_.release();
-    const JobResult result = end();
-    EXPECT_THAT(kindsOf(result.outcomes), ElementsAre(Done, NotBegun));
-    EXPECT_TRUE(result.isClosing);
+TEST_F(JobRunnerTest, AClosingWindowLetsTheFileInWorkEndOnEveryRoad) {
+    for (const bool bySessions : {false, true}) {
+        SCOPED_TRACE(bySessions);
+        const std::vector<fs::path> files = photos({"a.jpg", "b.jpg"});
+        ASSERT_TRUE(begin(jobThatWaits(files, bySessions)));
+        ASSERT_TRUE(waitForTool());
+        runner_->closeAfterThisFile();
+        // Longer than a cut would give it.
+        EXPECT_FALSE(QTest::qWaitFor([this] { return result_.has_value(); }, kMoreThanAnyGrace));
+        writeBytes(folder_ / "go", "");
+        const JobResult result = end();
+        EXPECT_THAT(kindsOf(result.outcomes), ElementsAre(Done, NotBegun));
+        EXPECT_TRUE(result.isClosing);
+        EXPECT_EQ(titleOf(files[0]), "waited\n");
+        EXPECT_EQ(titleOf(files[1]), "");
+        forgetRun();
+    }
+}
+
+TEST_F(JobRunnerTest, AStopCutsWhatAClosingWindowWaitsForOnEveryRoad) {
+    for (const bool bySessions : {false, true}) {
+        SCOPED_TRACE(bySessions);
+        const std::vector<fs::path> files = photos({"a.jpg", "b.jpg"});
+        ASSERT_TRUE(begin(jobThatWaits(files, bySessions)));
+        ASSERT_TRUE(waitForTool());
+        runner_->closeAfterThisFile();
+        runner_->stop();
+        EXPECT_THAT(kindsOf(end().outcomes), ElementsAre(Stopped, NotBegun));
+        EXPECT_EQ(titleOf(files[0]), "");
+        forgetRun();
+    }
+}
+
+TEST_F(JobRunnerTest, WhatSessionsSayStandsInTheReportWhileTheyStillWork) {
+    std::vector<fs::path> files = photos({"b.jpg", "c.jpg"});
+    files.insert(files.begin(), folder_ / "photos/broken.jpg");
+    writeBytes(files[0], "no photo at all");
+    ASSERT_TRUE(begin(jobThatWaits(files, true)));
+    ASSERT_TRUE(waitForTool());
+    EXPECT_THAT(readBytes(context_.reportFile), HasSubstr("Not a valid JPG"));
+    writeBytes(folder_ / "go", "");
+    EXPECT_THAT(kindsOf(end().outcomes), ElementsAre(Failed, Done, Done));
 }
 
 TEST_F(JobRunnerTest, OneJobAtATime) {
