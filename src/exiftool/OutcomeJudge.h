@@ -56,4 +56,10 @@ struct WriteFacts {
 /// and did not count although it was not told to be quiet has done nothing that can be relied on: Failed.
 Outcome judgeWrite(const std::filesystem::path& file, const WriteFacts& facts);
 
+/// What is to be said of a tool that could not say it itself; empty when it ended by itself.
+std::string faultOf(const platform::ChildOutcome& child);
+
+/// How it ended: Stopped, Killed or NotStarted, Failed by its exit status, else Done.
+OutcomeKind endOf(const platform::ChildOutcome& child);
+
 }  // namespace exiftool

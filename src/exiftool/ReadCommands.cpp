@@ -1,5 +1,7 @@
 #include "exiftool/ReadCommands.h"
 
+#include "app/SpokenText.h"
+#include "app/TextNumbers.h"
 #include "platform/FileAccess.h"
 #include "platform/Text.h"
 
@@ -38,7 +40,7 @@ class Waiting {
 };
 
 QString readingText(const fs::path& file) {
-    return QStringLiteral("Reading ") + platform::display(file);
+    return platform::wide(app::spokenText(app::text::kReadingFile, {platform::display(file)}));
 }
 
 }  // namespace

@@ -60,7 +60,7 @@ class ToolRunner {
     const platform::CommandOutcome& lastOutcome() const { return outcome_; }
 
     /// Why the last run has not brought what it was to bring: stopped, killed, not started, or an exit status
-    /// that tells of failure; empty when there is nothing of the kind. For people, in English.
+    /// that tells of failure; empty when there is nothing of the kind. For people.
     std::string lastFault() const;
 
     /// How the last run ended: Stopped, Killed or NotStarted, Failed by its exit status, else Done. What it

@@ -75,7 +75,7 @@ class Operation {
         if (barrenSessions_ >= kBarrenSessions) {
             for (Outcome& outcome : outcomes_)
                 if (outcome.kind == OutcomeKind::NotBegun)
-                    outcome.words = "ExifTool ended again and again without having done a file";
+                    outcome.words = app::spokenText(text::kEndsAgainAndAgain);
         }
         return std::move(outcomes_);
     }

@@ -1,8 +1,10 @@
 #include "jobs/SameForAll.h"
 
+#include "app/SpokenText.h"
 #include "exiftool/LineParts.h"
 #include "exiftool/ReportFile.h"
 #include "exiftool/WriteSessions.h"
+#include "jobs/JobTexts.h"
 #include "platform/CommandInterpreter.h"
 #include "platform/Text.h"
 
@@ -40,8 +42,7 @@ Outcomes writeSameToAll(const ComposeLine& compose, JobWork& work, const std::ve
     if (!arguments) {
         Outcomes refused;
         for (const fs::path& file : files)
-            refused.push_back(
-                {file, exiftool::OutcomeKind::NotStarted, "The command could not be put together"});
+            refused.push_back({file, exiftool::OutcomeKind::NotStarted, app::spokenText(text::kNoCommand)});
         return refused;
     }
     exiftool::WriteRequest request;

@@ -1,4 +1,5 @@
 #include "app/SettingsStore.h"
+#include "app/TextNumbers.h"
 #include "browser/AddressBar.h"
 #include "browser/PlacesPanel.h"
 #include "browser/ShellBrowser.h"
@@ -97,7 +98,7 @@ void MainWindow::navigationCompleted() {
     if (isCut)
         tellListingCut();
     else if (!isTold)
-        showStatus(QStringLiteral("Ready"));
+        showStatus(language_.text(app::text::kReady));
 }
 
 void MainWindow::tellListingCut() {

@@ -2,6 +2,7 @@
 
 #include "app/AppContext.h"
 #include "app/LanguageFile.h"
+#include "app/SpokenText.h"
 #include "app/StartUp.h"
 
 #include <QIcon>
@@ -54,6 +55,7 @@ class Program {
     QString tempFolderProblem_;
     std::unique_ptr<dialogs::ProgressDialog> progress_;
     std::unique_ptr<app::LanguageFile> language_;
+    std::optional<app::SpokenLanguage> spoken_;
     std::unique_ptr<MainWindow> window_;
 };
 
