@@ -6,6 +6,7 @@
 #include "controls/Icons.h"
 #include "dialogs/Messages.h"
 #include "dialogs/ProgressDialog.h"
+#include "dialogs/QtTexts.h"
 #include "dialogs/Theme.h"
 #include "platform/Text.h"
 #include "window/MainWindow.h"
@@ -44,6 +45,7 @@ std::optional<int> Program::start() {
     app::resolveTools(context_);
     language_ = std::make_unique<app::LanguageFile>(context_.installPath, context_.settings.main.language);
     spoken_.emplace(*language_);
+    qtTexts_ = dialogs::speakQtTexts(context_.settings.main.language);
 
     if (!app::FindExifTool(context_) && !askForExifTool()) return kStatusOfFailure;
     progress_->setLanguage(context_.settings.main.language);

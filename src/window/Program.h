@@ -6,6 +6,7 @@
 #include "app/StartUp.h"
 
 #include <QIcon>
+#include <QTranslator>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -56,6 +57,7 @@ class Program {
     std::unique_ptr<dialogs::ProgressDialog> progress_;
     std::unique_ptr<app::LanguageFile> language_;
     std::optional<app::SpokenLanguage> spoken_;
+    std::unique_ptr<QTranslator> qtTexts_;
     std::unique_ptr<MainWindow> window_;
 };
 
