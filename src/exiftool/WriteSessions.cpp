@@ -1,6 +1,8 @@
 #include "exiftool/WriteSessions.h"
 
+#include "app/SpokenText.h"
 #include "exiftool/ArgumentLines.h"
+#include "exiftool/ExifToolTexts.h"
 #include "exiftool/Leftover.h"
 #include "exiftool/LineParts.h"
 #include "exiftool/OutcomeJudge.h"
