@@ -2,6 +2,7 @@
 
 #include "exiftool/LineParts.h"
 #include "exiftool/ToolConversation.h"
+#include "platform/Text.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 #include "support/ToolStandIns.h"
@@ -104,7 +105,9 @@ class JobRunnerTest : public testing::Test {
     /// file.
     Job jobThatWaits(const std::vector<fs::path>& files, bool bySessions) {
         context_.settings.exifTool.correctedCommands = bySessions;
-        const auto name = [this](const char* file) { return "'" + (folder_ / file).string() + "'"; };
+        const auto name = [this](const char* file) {
+            return QStringLiteral("'%1'").arg(platform::wide((folder_ / file).string())).toStdString();
+        };
         const platform::CommandText arguments(
             "-overwrite_original -XMP-dc:Title=waited -if \"do {open(RUNS, '>', " + name("runs") +
             "); close(RUNS); select(undef, undef, undef, 0.02) until -e " + name("go") + "; 1}\"");
