@@ -126,7 +126,8 @@ std::error_code writeColumnsFile(const fs::path& columnsHeaderPath, std::span<co
     const platform::IniFile now(columnsHeaderPath);
     // What cannot be read may hold what somebody wants back.
     if (now.loadStatus() == platform::IniFile::LoadStatus::Unreadable)
-        return std::make_error_code(std::errc::io_error);
+        return std::make_error_code(fs::is_directory(columnsHeaderPath) ? std::errc::is_a_directory
+                                                                        : std::errc::io_error);
     // A file that is gone says nothing about any column.
     if (now.loadStatus() == platform::IniFile::LoadStatus::Loaded)
         takeChangesOfOthers(linesOf(now), loaded, merged);

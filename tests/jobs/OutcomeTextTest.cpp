@@ -83,6 +83,7 @@ TEST_F(OutcomeTextTest, TheReportNamesEveryFileThatDidNotGoWell) {
 
 TEST_F(OutcomeTextTest, HowManyFilesWereLeftIsSaidWithTheReason) {
     JobResult result = resultOf({Done, Stopped, NotBegun, NotBegun});
+    result.wasStopped = true;
     EXPECT_EQ(jobs::filesLeftLine(result), "Warning: Stopped - 2 files were not begun\n");
     EXPECT_THAT(jobs::reportOf(english_, result), HasSubstr("2 files were not begun"));
     result.isClosing = true;

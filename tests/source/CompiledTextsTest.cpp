@@ -47,6 +47,7 @@ constexpr Exemption kExemptions[] = {
     {"tags/PropertyCatalogue.h", "a format id", kNotShown},
     {"platform/CommandInterpreter.cpp", "A zero byte cannot", kSystemSays},
     {"platform/CommandInterpreter.cpp", "A redirection names", kSystemSays},
+    {"platform/CommandInterpreter.cpp", "' is not recognized", kSystemSays},
     {"platform/AtomicFile_posix.cpp", "Not a regular file", kSystemSays},
     {"exiftool/OutcomeJudge.cpp", "image files ", kExifToolsWords},
     {"exiftool/OutcomeJudge.cpp", "files ", kExifToolsWords},

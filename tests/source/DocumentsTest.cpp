@@ -82,6 +82,8 @@ bool isThere(const std::string& named) {
 bool isPath(const std::string& named) {
     if (!matches(named, R"([\w*.-]+(/[\w*.-]+)+/?)")) return false;
     const std::string first = named.substr(0, named.find('/'));
+    // What the build makes is not always there, and the two commands stand in the root.
+    if (first == "build" || first == ".") return false;
     return fs::is_directory(kRoot / first) || fs::is_directory(kRoot / "src" / first);
 }
 
