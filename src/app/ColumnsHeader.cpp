@@ -124,6 +124,10 @@ std::error_code writeColumnsFile(const fs::path& columnsHeaderPath, std::span<co
     platform::FileReplacement replacement(columnsHeaderPath);
     std::vector<ColumnState> merged(columns.begin(), columns.end());
     const platform::IniFile now(columnsHeaderPath);
+    // What cannot be read may hold what somebody wants back.
+    if (now.loadStatus() == platform::IniFile::LoadStatus::Unreadable)
+        return std::make_error_code(fs::is_directory(columnsHeaderPath) ? std::errc::is_a_directory
+                                                                        : std::errc::io_error);
     // A file that is gone says nothing about any column.
     if (now.loadStatus() == platform::IniFile::LoadStatus::Loaded)
         takeChangesOfOthers(linesOf(now), loaded, merged);

@@ -48,7 +48,8 @@ using WidthOfColumn = std::function<int(int runningIndex)>;
 void SaveColumns(std::ostream& stream, std::span<ColumnState> columns,
                  const WidthOfColumn& widthOfColumn = {});
 
-/// Puts a new file in the old one's place; the error when that fails, and the old one stays. A column that
+/// Puts a new file in the old one's place; the error when that fails or the old one cannot be read, and it
+/// stays. A column that
 /// has not changed here since it was loaded is written as the file has it now, so that what another running
 /// program has changed stays.
 [[nodiscard]] std::error_code writeColumnsFile(const std::filesystem::path& columnsHeaderPath,

@@ -1,5 +1,7 @@
 #include "app/LanguageFile.h"
 
+#include "app/TextKeys.h"
+
 #include <QXmlStreamReader>
 #include <QXmlStreamWriter>
 #include <algorithm>
@@ -79,11 +81,15 @@ void LanguageFile::gatherTexts() {
     texts_ = english_.sources();
     texts_.insert(own_.sources());
     texts_.insert(own_.translations());
+    for (const auto& [number, key] : textKeys())
+        if (!texts_.contains(number)) texts_.insert(number, keyOfText(number));
 }
 
+// Forms, menus and ribbon are the same for all languages: those of another version, or faulty ones, must not
+// keep the program from opening a window that English has.
 QByteArray LanguageFile::read(const QString& name) const {
-    const QByteArray own = own_.read(name);
-    return own.isEmpty() ? english_.read(name) : own;
+    const QByteArray english = english_.read(name);
+    return english.isEmpty() ? own_.read(name) : english;
 }
 
 void LanguageFile::readMenus() {
@@ -99,12 +105,16 @@ void LanguageFile::readMenus() {
 
 void LanguageFile::countGaps(int language) {
     gaps_ = {.wholeFile = !own_.valid()};
-    if (gaps_.wholeFile || language == kEnglishLanguage) return;
-    gaps_.texts = texts_.size() - own_.translations().size() + own_.untranslatedFormTexts();
-    const QList<int> own = own_.forms();
-    gaps_.forms = std::ranges::count_if(english_.forms(), [&](int form) { return !own.contains(form); });
-    for (const QString& shared : {QStringLiteral("menus.xml"), QStringLiteral("ribbon.xml")})
-        if (own_.read(shared).isEmpty()) ++gaps_.forms;
+    if (gaps_.wholeFile) return;
+    const QHash<int, QString>& said = language == kEnglishLanguage ? own_.sources() : own_.translations();
+    gaps_.texts = std::ranges::count_if(
+        textKeys(), [&](int number) { return !said.contains(number); }, &TextKey::number);
+    if (language == kEnglishLanguage) return;
+    gaps_.texts += own_.untranslatedFormTexts();
+    QStringList shared = {QStringLiteral("menus.xml"), QStringLiteral("ribbon.xml")};
+    for (const int form : english_.forms()) shared += LanguageCollection::nameOfForm(form);
+    gaps_.forms =
+        std::ranges::count_if(shared, [&](const QString& name) { return own_.read(name) != read(name); });
 }
 
 QByteArray LanguageFile::form(int templateNumber) const {
@@ -113,7 +123,9 @@ QByteArray LanguageFile::form(int templateNumber) const {
 }
 
 QString LanguageFile::formatted(int number, std::initializer_list<QString> values) const {
-    return formatText(text(number), values);
+    const QString format = text(number);
+    const bool isMissing = !format.isEmpty() && format == keyOfText(number);
+    return isMissing ? keyAndValues(number, values) : formatText(format, values);
 }
 
 QString formatText(QStringView format, std::initializer_list<QString> values) {

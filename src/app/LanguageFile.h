@@ -27,14 +27,14 @@ struct MenuEntry {
 /// What a language file lacks, so that English stands in for it.
 struct LanguageGaps {
     bool wholeFile = false;  ///< missing or damaged; then nothing else is counted
-    qsizetype texts = 0;     ///< not translated, those of the forms among them
-    qsizetype forms = 0;     ///< forms, menus and ribbon
+    qsizetype texts = 0;     ///< not translated, those of the forms among them; of English, missing
+    qsizetype forms = 0;     ///< forms, menus and ribbon that are missing or not those of English
     bool any() const { return wholeFile || texts > 0 || forms > 0; }
 };
 
-/// What the interface says, in one language: the texts by number, the dialog forms, the menus and the ribbon
-/// of babel/<four digits>.dlk. What that file lacks is answered by English, babel/0009.dlk, and told by
-/// gaps(). Any one thread at a time.
+/// What the interface says, in one language: the texts by number out of babel/<four digits>.dlk, and dialog
+/// forms, menus and ribbon, which English, babel/0009.dlk, has for all. What the file lacks is English too,
+/// and a text that both lack its key (app/TextKeys.h); gaps() tells it. Changed by nobody, so of all threads.
 class LanguageFile {
  public:
     LanguageFile() = default;
@@ -46,12 +46,12 @@ class LanguageFile {
     /// The file of a language, whether it exists or not.
     static std::filesystem::path pathOf(const std::filesystem::path& installPath, int language);
 
-    /// False when neither the language nor English could be loaded: then every answer below is empty.
+    /// False when neither the language nor English could be loaded: then there are keys alone.
     bool valid() const { return own_.valid() || english_.valid(); }
 
     const LanguageGaps& gaps() const { return gaps_; }
 
-    /// The text of a number; empty when there is none.
+    /// The text of a number, or its key; empty when the number is no text's.
     QString text(int number) const { return texts_.value(number); }
     bool hasText(int number) const { return texts_.contains(number); }
 

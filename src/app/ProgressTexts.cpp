@@ -73,6 +73,11 @@ QString fileCountText(const QString& fileName, std::size_t number, std::size_t c
     return formatText(u"%s  (%d / %u)", {fileName, QString::number(number), QString::number(count)});
 }
 
+QString languageCode(int language) {
+    constexpr std::array<const char16_t*, kLanguageCount> kCodes = {u"en", u"fr", u"de", u"es"};
+    return QString::fromUtf16(kCodes[languageOf(language)]);
+}
+
 QString closingText(int language) {
     return QString::fromUtf16(kClosing[languageOf(language)]);
 }

@@ -29,6 +29,9 @@ QString stopWaitingText(int language);
 /// Where an operation over several files is: the name, the number of the file counted from 1, of how many.
 QString fileCountText(const QString& fileName, std::size_t number, std::size_t count);
 
+/// "en", "fr", "de" or "es".
+QString languageCode(int language);
+
 /// Said once the window is to close and the running file is waited for.
 QString closingText(int language);
 

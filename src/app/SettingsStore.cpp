@@ -2,6 +2,8 @@
 
 #include "app/SettingsTable.h"
 #include "app/SortMode.h"
+#include "app/SpokenText.h"
+#include "app/TextNumbers.h"
 #include "app/ToolPlaces.h"
 #include "app/ViewMode.h"
 #include "platform/IniFile.h"
@@ -301,7 +303,7 @@ QString writePathSetting(std::string_view section, std::string_view key, const f
                          const fs::path& value) {
     IniFile ini(iniPath);
     if (!ini.setBytes(section, key, platform::narrow(value)))
-        return QStringLiteral("A settings file cannot hold the path %1.").arg(platform::display(value));
+        return platform::wide(spokenText(text::kPathNotHeld, {platform::display(value)}));
     return saved(ini);
 }
 

@@ -65,6 +65,7 @@ FolderListing readFolder(const std::filesystem::path& folder, const ReadFolderOp
         listing.state = FolderState::Cancelled;
         return listing;
     }
+    listing.error = entries.error();
     listing.items.reserve(entries.size(), entries.nameBytes());
     for (std::size_t i = 0; i < entries.size(); ++i) {
         ListItem item;

@@ -19,6 +19,8 @@ struct FolderListing {
     std::filesystem::path folder;
     ItemStore items;  ///< ids in the order in which the folder gave them
     FolderState state = FolderState::Empty;
+    /// The number of the system's error, also of one that ended the reading behind the first items.
+    int error = 0;
 };
 
 struct ReadFolderOptions {

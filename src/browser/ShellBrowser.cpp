@@ -152,6 +152,7 @@ void ShellBrowser::showList() {
 
 void ShellBrowser::finishNavigation(LoadedFolder loaded, const SortSettings& sorted, bool addHistoryEntry) {
     const std::filesystem::path folder = loaded.listing.folder;
+    listingError_ = loaded.listing.error;
     model_.take(std::move(loaded), parts_.context.settings.listView.hideSystemFiles);
     view_->setEmptyText(parts_.language.text(emptyListText(folderState())));
     if (sortSettings() != sorted) sort();

@@ -60,6 +60,8 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     unsigned folderGeneration() const { return folderGeneration_; }
     /// Where the folder stands: readable, empty, or why nothing is shown.
     FolderState folderState() const { return model_.list().state(); }
+    /// The number of the system's error that ended the reading of the folder early; 0 when all is listed.
+    int listingError() const { return listingError_; }
 
     // --- items
     FileListView& view() { return *view_; }
@@ -146,6 +148,7 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     QPointer<FileListView> view_;
     app::ViewMode viewMode_ = app::ViewMode::Details;
     bool folderLoaded_ = false;
+    int listingError_ = 0;
     unsigned folderGeneration_ = 0;
     std::filesystem::path awaitedItem_;                 // to be selected once its folder is there
     std::vector<std::filesystem::path> selectedAgain_;  // once the folder has been read

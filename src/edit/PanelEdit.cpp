@@ -44,20 +44,20 @@ PanelAction actionOfClick(const jobs::OperationParts& parts, CommandForm form, c
     return PanelAction::Nothing;
 }
 
-tags::TagEditContext contextOfRow(const jobs::OperationParts& parts, CommandForm form,
-                                  const std::filesystem::path& file, const tags::MetadataRow& row,
-                                  const tags::TagRecord& record) {
+RowToEdit contextOfRow(const jobs::OperationParts& parts, CommandForm form, const std::filesystem::path& file,
+                       const tags::MetadataRow& row, const tags::TagRecord& record) {
     tags::TagEditContext edit;
     edit.filePath = file;
     edit.title = platform::wide(record.name);
     edit.group = platform::wide(record.group);
     edit.tagId = static_cast<int>(record.id);
-    edit.value = editableValue(parts, form, file, record, valueOf(row));
+    const jobs::EditableValue value = editableValue(parts, form, file, record, valueOf(row));
+    edit.value = value.text;
     if (record.valueKind == tags::ValueKind::Rating && form == CommandForm::Designed)
         edit.selection = tags::designedRatingSelection(edit.value);
     if (record.valueKind == tags::ValueKind::List)
         edit.selection = parts.labels.GetComboIndex(edit.tagId, edit.value);
-    return edit;
+    return {edit, value.fault};
 }
 
 app::CurrentEdit editOfRow(const jobs::OperationParts& parts, CommandForm form,
@@ -78,10 +78,7 @@ app::CurrentEdit editOfRow(const jobs::OperationParts& parts, CommandForm form,
     edit.valueBefore = before.value;
     edit.severalValues = form == CommandForm::Corrected && record.valueKind == tags::ValueKind::Text &&
                          parts.labels.takesSeveralValues(after.tagId);
-    if (record.valueKind == tags::ValueKind::Rating) {
-        parts.ratingMemory.Store(after.tagId, after.selection);
-        edit.value = QString::number(after.selection);
-    }
+    if (record.valueKind == tags::ValueKind::Rating) edit.value = QString::number(after.selection);
     return edit;
 }
 

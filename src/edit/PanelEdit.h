@@ -23,12 +23,18 @@ PanelAction actionOfClick(const jobs::OperationParts& parts, app::CommandForm fo
                           const tags::MetadataRow& row, const std::optional<tags::TagRecord>& record,
                           bool altHeld);
 
-/// What the dialog starts from. Reads the value anew where the row does not hold all of it.
-tags::TagEditContext contextOfRow(const jobs::OperationParts& parts, app::CommandForm form,
-                                  const std::filesystem::path& file, const tags::MetadataRow& row,
-                                  const tags::TagRecord& record);
+/// What the dialog starts from, unless the value could not be read.
+struct RowToEdit {
+    tags::TagEditContext context;
+    QString fault;  ///< for people
+};
 
-/// What the write gets of a dialog that ended with 1; before is the context on entry. Remembers a rating.
+/// Reads the value anew where the row does not hold all of it.
+[[nodiscard]] RowToEdit contextOfRow(const jobs::OperationParts& parts, app::CommandForm form,
+                                     const std::filesystem::path& file, const tags::MetadataRow& row,
+                                     const tags::TagRecord& record);
+
+/// What the write gets of a dialog that ended with 1; before is the context on entry.
 app::CurrentEdit editOfRow(const jobs::OperationParts& parts, app::CommandForm form,
                            const tags::TagEditContext& before, const tags::TagEditContext& after,
                            const tags::TagRecord& record, int rowIndex);

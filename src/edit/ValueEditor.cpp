@@ -5,8 +5,8 @@
 
 namespace edit {
 
-QString ValueEditor::editableValue(app::CommandForm form, const std::filesystem::path& file,
-                                   const tags::TagRecord& tag, const QString& shown) {
+jobs::EditableValue ValueEditor::editableValue(app::CommandForm form, const std::filesystem::path& file,
+                                               const tags::TagRecord& tag, const QString& shown) {
     return edit::editableValue(parts_, form, file, tag, shown);
 }
 

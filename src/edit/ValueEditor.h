@@ -10,8 +10,8 @@ class ValueEditor : public jobs::ValueEditing {
  public:
     explicit ValueEditor(const jobs::OperationParts& parts) : parts_(parts) {}
 
-    QString editableValue(app::CommandForm form, const std::filesystem::path& file,
-                          const tags::TagRecord& tag, const QString& shown) override;
+    jobs::EditableValue editableValue(app::CommandForm form, const std::filesystem::path& file,
+                                      const tags::TagRecord& tag, const QString& shown) override;
     int editValue(tags::TagEditContext& edit, tags::ValueKind kind, QWidget* parent) override;
 
  private:

@@ -42,24 +42,26 @@ QStringList entriesOfOutput(const QByteArray& output) {
     return entries;
 }
 
-QString editableValue(const jobs::OperationParts& parts, app::CommandForm form, const fs::path& file,
-                      const tags::TagRecord& tag, const QString& shown) {
+jobs::EditableValue editableValue(const jobs::OperationParts& parts, app::CommandForm form,
+                                  const fs::path& file, const tags::TagRecord& tag, const QString& shown) {
     const bool asksNothing = form == app::CommandForm::Designed || tag.valueKind != tags::ValueKind::Text;
     const bool several = parts.labels.takesSeveralValues(static_cast<int>(tag.id));
-    if (asksNothing || !couldBeShortened(shown, several)) return shown;
+    if (asksNothing || !couldBeShortened(shown, several)) return {shown, {}};
     const fs::path output = parts.context.tempPath / "Value.txt";
     std::error_code ignored;
     fs::remove(output, ignored);
     const CommandText command = wholeValueCommand(parts.context, form, file, output,
                                                   platform::wide(tag.group), platform::wide(tag.name));
-    const bool wasRun = parts.runner.RunToolLine(command) != 0;
-    const QStringList entries = wasRun ? entriesOfOutput(bytesOf(output)) : QStringList();
+    static_cast<void>(parts.runner.RunToolLine(command));
+    const std::string fault = parts.runner.lastFaultOfRead(output);
+    if (!fault.empty()) return {{}, platform::wide(fault)};
+    const QStringList entries = entriesOfOutput(bytesOf(output));
     fs::remove(output, ignored);
     // Another answer than the row: the file has changed, has the tag twice, or stores what is shown as
     // numbers.
     const bool isSame = tags::panelText(entries) == shown;
-    if (several) return tags::joinEntries(isSame ? entries : shown.split(QStringLiteral(", ")));
-    return isSame ? entries.join(QStringLiteral(", ")) : shown;
+    if (several) return {tags::joinEntries(isSame ? entries : shown.split(QStringLiteral(", "))), {}};
+    return {isSame ? entries.join(QStringLiteral(", ")) : shown, {}};
 }
 
 }  // namespace edit

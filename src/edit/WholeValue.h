@@ -1,6 +1,7 @@
 #pragma once
 
 #include "jobs/OperationParts.h"
+#include "jobs/ValueEditing.h"
 #include "platform/CommandText.h"
 
 #include <QStringList>
@@ -26,7 +27,9 @@ QStringList entriesOfOutput(const QByteArray& output);
 /// The value that is edited for a row of the panel: one entry a line for a tag that holds several, with its
 /// line feeds for another. The shown text itself where it tells all, in the designed form, and where the file
 /// no longer answers what is shown. Blocks while ExifTool runs, if it has to be asked.
-QString editableValue(const jobs::OperationParts& parts, app::CommandForm form,
-                      const std::filesystem::path& file, const tags::TagRecord& tag, const QString& shown);
+/// A read that failed or was cut is a fault: to write back what a row shows could destroy the rest.
+[[nodiscard]] jobs::EditableValue editableValue(const jobs::OperationParts& parts, app::CommandForm form,
+                                                const std::filesystem::path& file, const tags::TagRecord& tag,
+                                                const QString& shown);
 
 }  // namespace edit

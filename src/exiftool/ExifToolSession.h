@@ -40,8 +40,8 @@ class ExifToolSession {
 
     /// Makes the argument file EXM*.tmp in the temp folder and starts the child; does not wait for it. One of
     /// the codes; whatever is not kStarted ends the program.
-    int StartExifToolSession(const std::filesystem::path& tempPath,
-                             const std::filesystem::path& exifToolPath);
+    [[nodiscard]] int StartExifToolSession(const std::filesystem::path& tempPath,
+                                           const std::filesystem::path& exifToolPath);
 
     /// The tag's line as ExifTool prints it, "Tag: value" and a line feed, up to its first zero byte; empty
     /// when there is none. tagName without its hyphen, such as "Xmp-Plus:CopyrightStatus". Blocks for three
@@ -58,13 +58,14 @@ class ExifToolSession {
     /// One write request: arguments, each ending in a line feed, then the file. Blocks for two delays, then
     /// reads what has come, so that the pipe does not fill. An answer that came and is empty ends the dialog
     /// that asked.
-    SendResult SendPerFileCommand(std::string_view arguments, const std::filesystem::path& file);
+    [[nodiscard]] SendResult SendPerFileCommand(std::string_view arguments,
+                                                const std::filesystem::path& file);
 
     /// Asks for an embedded picture, selector such as "-PreviewImage", in a form that ExifTool does not
     /// understand; the caller goes on to its next way. Blocks for one delay and looks at no answer. False as
     /// in wasSent.
-    bool requestThumbnail(std::string_view selector, const std::filesystem::path& source,
-                          const std::filesystem::path& target);
+    [[nodiscard]] bool requestThumbnail(std::string_view selector, const std::filesystem::path& source,
+                                        const std::filesystem::path& target);
 
     /// Tells the child to end, waits one delay, and closes everything. A second call does nothing.
     void CloseExifToolSession();

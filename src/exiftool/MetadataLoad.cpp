@@ -1,5 +1,9 @@
 #include "exiftool/MetadataLoad.h"
 
+#include "app/SpokenText.h"
+#include "app/TextNumbers.h"
+#include "platform/Text.h"
+
 #include <system_error>
 
 namespace exiftool {
@@ -16,7 +20,7 @@ int MetadataLoad::LoadMetadata(const fs::path& file, LoadTarget& target, LoadFee
     const fs::file_status status = fs::status(file, error);
     if (fs::exists(status) && !fs::is_regular_file(status)) {
         // A pipe or a device could keep whoever opens it waiting for ever.
-        feedback.showStatus(QStringLiteral("Ready"));
+        feedback.showStatus(platform::wide(app::spokenText(app::text::kReady)));
         return 0;
     }
     const fs::path output = context_.tempPath / "Metadata.txt";
@@ -33,7 +37,7 @@ int MetadataLoad::showRead(const MetadataRead& read, LoadTarget& target, LoadFee
     parser_.begin();
     if (!read.wasRun || read.wasStopped) {
         feedback.hideProgress();
-        feedback.showStatus(QStringLiteral("Ready"));
+        feedback.showStatus(platform::wide(app::spokenText(app::text::kReady)));
         return 0;
     }
     feedback.showSorting();
@@ -42,10 +46,10 @@ int MetadataLoad::showRead(const MetadataRead& read, LoadTarget& target, LoadFee
     if (!parsed) {
         feedback.hideProgress();
         feedback.showError(QStringLiteral("An error occured!"));
-        feedback.showStatus(QStringLiteral("Ready"));
+        feedback.showStatus(platform::wide(app::spokenText(app::text::kReady)));
         return 0;
     }
-    feedback.showStatus(QStringLiteral("Ready"));
+    feedback.showStatus(platform::wide(app::spokenText(app::text::kReady)));
     parser_.forEachShownCount(
         [&](std::uint32_t groupId, int count) { target.SetGroupCount(groupId, count); });
     feedback.hideProgress();

@@ -1,5 +1,7 @@
 #include "exiftool/MetadataReader.h"
 
+#include "app/SpokenText.h"
+#include "exiftool/ExifToolTexts.h"
 #include "exiftool/ReadCommands.h"
 #include "exiftool/ToolRunner.h"
 #include "platform/Text.h"
@@ -102,7 +104,7 @@ MetadataRead MetadataReader::read(const Request& request) {
     answer.fault = platform::wide(runner.lastFaultOfRead(answer.output));
     const bool isEmpty = fs::file_size(answer.output, error) == 0 || error;
     // Every file has tags: at least its name and its size.
-    if (answer.fault.isEmpty() && isEmpty) answer.fault = QStringLiteral("ExifTool gave no answer");
+    if (answer.fault.isEmpty() && isEmpty) answer.fault = platform::wide(app::spokenText(text::kNoAnswer));
     return answer;
 }
 

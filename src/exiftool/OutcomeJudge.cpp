@@ -1,5 +1,7 @@
 #include "exiftool/OutcomeJudge.h"
 
+#include "app/SpokenText.h"
+#include "exiftool/ExifToolTexts.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -89,31 +91,31 @@ std::optional<fs::path> subjectOf(std::string_view line, std::span<const fs::pat
     return subject == nullptr ? std::nullopt : std::optional(*subject);
 }
 
-Outcome failed(const fs::path& file, std::string words, std::string_view why) {
-    if (words.empty()) words = why;
+Outcome failed(const fs::path& file, std::string words, int why) {
+    if (words.empty()) words = app::spokenText(why);
     return {file, OutcomeKind::Failed, std::move(words)};
 }
 
 Outcome written(const fs::path& file, const WriteFacts& facts) {
     std::string words = facts.account.words;
     if (words.empty() && facts.child.number != 0)
-        words = "ExifTool ended with status " + std::to_string(facts.child.number);
+        words = app::spokenText(text::kEndedWithStatus, {QString::number(facts.child.number)});
     return {file, words.empty() ? OutcomeKind::Done : OutcomeKind::Warned, std::move(words)};
 }
 
 Outcome judgeByCount(const fs::path& file, const WriteFacts& facts, bool isTouched) {
     const ToolCounts& counts = *facts.account.counts;
     const std::string& words = facts.account.words;
-    if (counts.failed > 0) return failed(file, words, "ExifTool failed");
+    if (counts.failed > 0) return failed(file, words, text::kFailed);
     if (counts.created > 0) return written(file, facts);
     if (counts.updated > 0) {
         if (isTouched) return written(file, facts);
         Outcome outcome{file, OutcomeKind::Failed, words};
-        appendLine(outcome.words, "ExifTool counts the file as written, but it is as it was");
+        appendLine(outcome.words, app::spokenText(text::kCountedButUntouched));
         return outcome;
     }
     if (counts.unchanged > 0) return {file, OutcomeKind::Unchanged, words};
-    return failed(file, words, "ExifTool gave no account of the file");
+    return failed(file, words, text::kNoAccount);
 }
 
 bool hasError(const std::string& words) {
@@ -124,34 +126,20 @@ Outcome judgeEnded(const fs::path& file, const WriteFacts& facts) {
     const bool isTouched = !platform::isUntouched(facts.before, facts.after);
     if (facts.account.counts) return judgeByCount(file, facts, isTouched);
     const std::string& words = facts.account.words;
-    if (facts.child.number != 0) return failed(file, words, "ExifTool failed");
-    if (!facts.wasQuiet) return failed(file, words, "ExifTool gave no account of the file");
+    if (facts.child.number != 0) return failed(file, words, text::kFailed);
+    if (!facts.wasQuiet) return failed(file, words, text::kNoAccount);
     if (isTouched) return written(file, facts);
-    if (hasError(words)) return failed(file, words, "ExifTool failed");
+    if (hasError(words)) return failed(file, words, text::kFailed);
     return {file, OutcomeKind::Unchanged, words};
-}
-
-Outcome cut(const fs::path& file, OutcomeKind kind, std::string words, std::string_view why) {
-    appendLine(words, why);
-    return {file, kind, std::move(words)};
 }
 
 /// Nothing where the tool has ended by itself.
 std::optional<Outcome> judgeUnended(const fs::path& file, const platform::ChildOutcome& child,
                                     const std::string& words) {
-    using Kind = platform::ChildOutcome::Kind;
-    switch (child.kind) {
-        case Kind::Killed:
-            return cut(file, OutcomeKind::Killed, words,
-                       "ExifTool was ended by signal " + std::to_string(child.number));
-        case Kind::Stopped:
-            return cut(file, OutcomeKind::Stopped, words, "ExifTool was not waited for any longer and ended");
-        case Kind::NotStarted:
-            return cut(file, OutcomeKind::NotStarted, words, "ExifTool was not started: " + child.reason);
-        case Kind::Ended:
-            break;
-    }
-    return std::nullopt;
+    if (child.kind == platform::ChildOutcome::Kind::Ended) return std::nullopt;
+    Outcome cut{file, endOf(child), words};
+    appendLine(cut.words, faultOf(child));
+    return cut;
 }
 
 }  // namespace
@@ -183,6 +171,36 @@ bool isQuiet(std::span<const std::string> arguments) {
     });
 }
 
+std::string faultOf(const platform::ChildOutcome& child) {
+    using Kind = platform::ChildOutcome::Kind;
+    switch (child.kind) {
+        case Kind::Killed:
+            return app::spokenText(text::kEndedBySignal, {QString::number(child.number)});
+        case Kind::Stopped:
+            return app::spokenText(text::kNotWaitedFor);
+        case Kind::NotStarted:
+            return app::spokenText(text::kNotStarted, {platform::wide(child.reason)});
+        case Kind::Ended:
+            break;
+    }
+    return {};
+}
+
+OutcomeKind endOf(const platform::ChildOutcome& child) {
+    using Kind = platform::ChildOutcome::Kind;
+    switch (child.kind) {
+        case Kind::Killed:
+            return OutcomeKind::Killed;
+        case Kind::Stopped:
+            return OutcomeKind::Stopped;
+        case Kind::NotStarted:
+            return OutcomeKind::NotStarted;
+        case Kind::Ended:
+            break;
+    }
+    return child.number == 0 ? OutcomeKind::Done : OutcomeKind::Failed;
+}
+
 Outcome judgeWrite(const fs::path& file, const WriteFacts& facts) {
     const std::optional<Outcome> unended = judgeUnended(file, facts.child, facts.account.words);
     return unended ? *unended : judgeEnded(file, facts);
@@ -191,13 +209,13 @@ Outcome judgeWrite(const fs::path& file, const WriteFacts& facts) {
 Outcome judgeRead(const fs::path& file, const ReadFacts& facts) {
     if (const std::optional<Outcome> unended = judgeUnended(file, facts.child, facts.words)) return *unended;
     const int status = facts.child.number;
-    const std::string ending = "ExifTool ended with status " + std::to_string(status);
+    const std::string ending = app::spokenText(text::kEndedWithStatus, {QString::number(status)});
     if (!facts.hasOutput) {
         if (status == 0)
             return {file, OutcomeKind::Unchanged,
-                    facts.words.empty() ? "ExifTool had nothing to tell" : facts.words};
+                    facts.words.empty() ? app::spokenText(text::kNothingToTell) : facts.words};
         if (status == kNoFileMeetsCondition && facts.words.empty()) return {file, OutcomeKind::Unchanged, {}};
-        return failed(file, facts.words, ending);
+        return {file, OutcomeKind::Failed, facts.words.empty() ? ending : facts.words};
     }
     if (facts.isOneOfMany && hasError(facts.words)) return {file, OutcomeKind::Failed, facts.words};
     std::string words = facts.words;

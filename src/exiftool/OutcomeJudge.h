@@ -69,4 +69,10 @@ struct ReadFacts {
 /// file did not meet its condition.
 Outcome judgeRead(const std::filesystem::path& file, const ReadFacts& facts);
 
+/// What is to be said of a tool that could not say it itself; empty when it ended by itself.
+std::string faultOf(const platform::ChildOutcome& child);
+
+/// How it ended: Stopped, Killed or NotStarted, Failed by its exit status, else Done.
+OutcomeKind endOf(const platform::ChildOutcome& child);
+
 }  // namespace exiftool

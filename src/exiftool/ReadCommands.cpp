@@ -1,5 +1,7 @@
 #include "exiftool/ReadCommands.h"
 
+#include "app/SpokenText.h"
+#include "app/TextNumbers.h"
 #include "platform/FileAccess.h"
 #include "platform/Text.h"
 
@@ -38,7 +40,7 @@ class Waiting {
 };
 
 QString readingText(const fs::path& file) {
-    return QStringLiteral("Reading ") + platform::display(file);
+    return platform::wide(app::spokenText(app::text::kReadingFile, {platform::display(file)}));
 }
 
 }  // namespace
@@ -73,9 +75,12 @@ int ReadCommands::ReadCategory(const fs::path& file, const fs::path& output, int
 
 QString ReadCommands::ReadOneValue(const fs::path& file, std::string_view tagName, bool numeric) {
     if (file.empty()) return {};
-    // No separator: the answer lies beside the temp folder.
+    // The designed name has no separator, and the answer lies beside the temp folder, where it is nobody's.
     fs::path output = context_.tempPath;
-    output += "Metadata.txt";
+    if (form() == app::CommandForm::Designed)
+        output += "Metadata.txt";
+    else
+        output /= "Metadata.txt";
     if (runner_.RunToolLine(oneValueCommand(context_, form(), file, output, tagName, numeric)) == 0)
         return {};
     std::string line;

@@ -30,7 +30,7 @@ std::filesystem::path safetyCopyPath(const std::filesystem::path& file,
 /// the cache folder have the permissions of those they repeat, and where folders say nothing the copy's own
 /// are narrowed. Does not look at SafetyCopyEnabled. Empty on success, else the
 /// message for the user, for a box titled "Error".
-QString MakeSafetyCopy(const std::filesystem::path& file, const std::filesystem::path& cachePath,
-                       const SafetyCopies& settings);
+[[nodiscard]] QString MakeSafetyCopy(const std::filesystem::path& file,
+                                     const std::filesystem::path& cachePath, const SafetyCopies& settings);
 
 }  // namespace exiftool

@@ -1,5 +1,7 @@
 #include "exiftool/ToolConversation.h"
 
+#include "app/SpokenText.h"
+#include "exiftool/ExifToolTexts.h"
 #include "platform/Pipe.h"
 
 #include <array>
@@ -35,7 +37,7 @@ ChildOutcome ToolConversation::start(const std::filesystem::path& exifTool,
     platform::Pipe outputPipe = platform::openPipe();
     platform::Pipe errorsPipe = platform::openPipe();
     if (!input.isOpen() || !outputPipe.isOpen() || !errorsPipe.isOpen())
-        return {ChildOutcome::Kind::NotStarted, 0, "no more pipes"};
+        return {ChildOutcome::Kind::NotStarted, 0, app::spokenText(text::kNoPipes)};
     platform::ChildCommand command;
     command.program = exifTool;
     command.arguments = std::move(arguments);

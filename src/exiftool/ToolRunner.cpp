@@ -1,5 +1,7 @@
 #include "exiftool/ToolRunner.h"
 
+#include "app/SpokenText.h"
+#include "exiftool/ExifToolTexts.h"
 #include "exiftool/Leftover.h"
 #include "exiftool/LineParts.h"
 #include "exiftool/OutcomeJudge.h"
@@ -30,29 +32,13 @@ constexpr const char* kErrors = "Errors.txt";
 std::string refusalLine(std::string name) {
     std::replace_if(
         name.begin(), name.end(), [](char c) { return c == '\n' || c == '\r' || c == 0; }, '?');
-    return "Error: A line end in a file name cannot stand in a list of files - " + name + '\n';
-}
-
-/// What is to be said of a tool that could not say it itself; empty when it ended by itself.
-std::string faultOf(const platform::ChildOutcome& child) {
-    using Kind = platform::ChildOutcome::Kind;
-    switch (child.kind) {
-        case Kind::Killed:
-            return "ExifTool was ended by signal " + std::to_string(child.number);
-        case Kind::Stopped:
-            return "ExifTool was not waited for any longer and ended";
-        case Kind::NotStarted:
-            return "ExifTool was not started: " + child.reason;
-        case Kind::Ended:
-            break;
-    }
-    return {};
+    return "Error: " + app::spokenText(text::kLineEndInName) + " - " + name + '\n';
 }
 
 /// The line that tells most of how a command ended: the first that did not end by itself, else the last.
-platform::ChildOutcome endOf(const platform::CommandOutcome& outcome) {
+platform::ChildOutcome childOf(const platform::CommandOutcome& outcome) {
     platform::ChildOutcome end;
-    end.reason = "the command could not be written";
+    end.reason = app::spokenText(text::kCommandNotWritten);
     for (const platform::LineOutcome& line : outcome.lines) {
         end = line.child;
         if (end.reason.empty()) end.reason = line.answer;
@@ -60,6 +46,17 @@ platform::ChildOutcome endOf(const platform::CommandOutcome& outcome) {
     }
     while (end.reason.ends_with('\n')) end.reason.pop_back();
     return end;
+}
+
+/// True for the tags of a file that ExifTool cannot read: the group named after it has a row for the error
+/// beside the one for its version. The error's name is a word of the language that was asked for.
+bool tellsOfError(const fs::path& output) {
+    int rows = 0;
+    platform::forEachLineOfOwnFile(output, [&](std::string_view line) {
+        if (line.starts_with("[ExifTool]")) ++rows;
+        return rows < 2;
+    });
+    return rows >= 2;
 }
 
 std::vector<platform::FileStamp> stampsOf(const std::vector<fs::path>& files) {
@@ -113,6 +110,18 @@ ToolAccount shareOf(const ToolAccount& whole, std::span<const fs::path> files, s
     return share;
 }
 
+/// A run over several files that was cut has done the first of them, and was at the first that is untouched.
+void spreadCut(Outcomes& outcomes, const std::vector<platform::FileStamp>& before) {
+    bool isCutFileFound = false;
+    for (std::size_t at = 0; at < outcomes.size(); ++at) {
+        Outcome& outcome = outcomes[at];
+        if (!platform::isUntouched(before[at], platform::stampOf(outcome.file)))
+            outcome.kind = OutcomeKind::Warned;
+        else if (std::exchange(isCutFileFound, true))
+            outcome.kind = OutcomeKind::NotBegun;
+    }
+}
+
 }  // namespace
 
 ToolRunner::ToolRunner(const app::AppContext& context) : context_(context) {}
@@ -138,7 +147,7 @@ int ToolRunner::runBatchFile(const fs::path& batchFile, const CommandText& comma
 
 Outcome ToolRunner::RunOnFile(const fs::path& file, const CommandText& arguments) {
     outcome_ = {};
-    if (file.empty()) return {file, OutcomeKind::NotStarted, "No file"};
+    if (file.empty()) return {file, OutcomeKind::NotStarted, app::spokenText(text::kNoFile)};
     copyForSafety(file);
     const CommandText command = lineOnFile(context_, form(), arguments, file);
     return judged({file}, command, [&] { return runBatchFile(context_.tempPath / kWriteBatchFile, command); })
@@ -170,7 +179,7 @@ Outcomes ToolRunner::judged(const std::vector<fs::path>& files, const CommandTex
     static_cast<void>(run());
     isCapturing_ = false;
     WriteFacts facts;
-    facts.child = endOf(outcome_);
+    facts.child = childOf(outcome_);
     facts.wasQuiet = isQuietCommand(form(), command);
     const bool isCut = facts.child.kind == platform::ChildOutcome::Kind::Stopped ||
                        facts.child.kind == platform::ChildOutcome::Kind::Killed;
@@ -189,8 +198,11 @@ Outcomes ToolRunner::judged(const std::vector<fs::path>& files, const CommandTex
         const bool isOthers = files.size() > 1 && own.account.counts && own.account.counts->failed == 0;
         if (isOthers && own.child.kind == platform::ChildOutcome::Kind::Ended) own.child.number = 0;
         outcomes.push_back(judgeWrite(files[at], own));
-        if (said.empty()) tellReport(outcomes.back());
-        addCopyFailure(outcomes.back());
+    }
+    if (isCut && files.size() > 1) spreadCut(outcomes, before);
+    for (Outcome& outcome : outcomes) {
+        if (said.empty()) tellReport(outcome);
+        addCopyFailure(outcome);
     }
     return outcomes;
 }
@@ -213,7 +225,7 @@ ReadRun ToolRunner::runReadLine(const std::vector<fs::path>& files, const Comman
     const std::string words = accountOf({}, said).words;
     std::vector<fs::path> names;
     for (const fs::path& file : files) names.emplace_back(fileWord(file));
-    ReadFacts facts{.child = endOf(outcome_),
+    ReadFacts facts{.child = childOf(outcome_),
                     .words = words,
                     .hasOutput = sizeOf(output) > held,
                     .isOneOfMany = files.size() > 1};
@@ -246,32 +258,19 @@ void ToolRunner::addCopyFailure(Outcome& outcome) {
 }
 
 std::string ToolRunner::lastFaultOfRead(const fs::path& output) const {
-    std::error_code error;
-    const std::uintmax_t size = fs::file_size(output, error);
-    const bool hasEnded = endOf(outcome_).kind == platform::ChildOutcome::Kind::Ended;
-    return hasEnded && !error && size > 0 ? std::string() : lastFault();
+    const bool hasEnded = childOf(outcome_).kind == platform::ChildOutcome::Kind::Ended;
+    return hasEnded && tellsOfError(output) ? std::string() : lastFault();
 }
 
 OutcomeKind ToolRunner::lastEnd() const {
-    const platform::ChildOutcome end = endOf(outcome_);
-    switch (end.kind) {
-        case platform::ChildOutcome::Kind::Killed:
-            return OutcomeKind::Killed;
-        case platform::ChildOutcome::Kind::Stopped:
-            return OutcomeKind::Stopped;
-        case platform::ChildOutcome::Kind::NotStarted:
-            return OutcomeKind::NotStarted;
-        case platform::ChildOutcome::Kind::Ended:
-            break;
-    }
-    return end.number == 0 ? OutcomeKind::Done : OutcomeKind::Failed;
+    return endOf(childOf(outcome_));
 }
 
 std::string ToolRunner::lastFault() const {
-    const platform::ChildOutcome end = endOf(outcome_);
+    const platform::ChildOutcome end = childOf(outcome_);
     const std::string fault = faultOf(end);
     if (!fault.empty() || end.number == 0) return fault;
-    return "ExifTool ended with status " + std::to_string(end.number);
+    return app::spokenText(text::kEndedWithStatus, {QString::number(end.number)});
 }
 
 int ToolRunner::RunHidden(const CommandText& command) {

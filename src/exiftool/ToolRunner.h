@@ -28,7 +28,7 @@ using Elsewhere = std::function<void(const std::function<void()>& work)>;
 class WarmStarter;
 
 /// What WriteFileList has done.
-struct FileList {
+struct [[nodiscard]] FileList {
     std::filesystem::path
         path;  ///< <temp>/files.tmp; empty when there was nothing to list or it cannot be written
     std::vector<std::filesystem::path> listed;
@@ -66,15 +66,16 @@ class ToolRunner {
     const platform::CommandOutcome& lastOutcome() const { return outcome_; }
 
     /// Why the last run has not brought what it was to bring: stopped, killed, not started, or an exit status
-    /// that tells of failure; empty when there is nothing of the kind. For people, in English.
+    /// that tells of failure; empty when there is nothing of the kind. For people.
     std::string lastFault() const;
 
     /// How the last run ended: Stopped, Killed or NotStarted, Failed by its exit status, else Done. What it
     /// has done says nobody here.
     OutcomeKind lastEnd() const;
 
-    /// The same as lastFault for a run that was to write its answer to the file: a status of failure counts
-    /// only where nothing has come, since ExifTool also tells by it of one tag or file among many.
+    /// The same as lastFault for a run that was to write its answer to the file: a status of failure does not
+    /// count where the answer itself tells of it, in a row of the group ExifTool, as it does of a file that
+    /// it cannot read.
     std::string lastFaultOfRead(const std::filesystem::path& output) const;
 
     /// Writes <temp>/Metadata.bat, runs it and leaves it there. 1 when the run happened, else 0: when the
@@ -101,12 +102,12 @@ class ToolRunner {
     /// The same for a whole line by way of <temp>/Metadata.bat, without a safety copy.
     Outcome runWriteLine(const std::filesystem::path& file, const platform::CommandText& command);
     /// One line that writes all these files.
-    Outcomes runWriteLine(const std::vector<std::filesystem::path>& files,
-                          const platform::CommandText& command);
+    [[nodiscard]] Outcomes runWriteLine(const std::vector<std::filesystem::path>& files,
+                                        const platform::CommandText& command);
     /// A line that reads these files and writes nothing into them, by way of <temp>/Metadata.bat. No safety
     /// copies. Its answer is what the line leads to a file, or else what it prints.
-    ReadRun runReadLine(const std::vector<std::filesystem::path>& files,
-                        const platform::CommandText& command);
+    [[nodiscard]] ReadRun runReadLine(const std::vector<std::filesystem::path>& files,
+                                      const platform::CommandText& command);
     /// Without a batch file.
     Outcome runHiddenOnFile(const std::filesystem::path& file, const platform::CommandText& command);
 

@@ -22,6 +22,8 @@ constexpr milliseconds kUnaskedInterval{std::chrono::hours(1)};
 constexpr milliseconds kStatusLimit{1000};
 constexpr milliseconds kStopGrace{1000};
 constexpr milliseconds kDeathLimit{2000};
+/// What a shell says of a program that has run off the range of its answers.
+constexpr int kUnknownStatus = 255;
 
 void addField(std::string& request, std::string_view bytes) {
     const auto length = static_cast<std::uint32_t>(bytes.size());
@@ -114,7 +116,8 @@ ChildOutcome WarmRun::run(const platform::KeepWaiting& keepWaiting) {
 
 ChildOutcome WarmRun::takeOutcome() {
     const StatusMessage message = readMessage(status_.readEnd.get(), kStatusLimit);
-    if (message.letter != 'E') return {ChildOutcome::Kind::Ended, 0, {}};
+    // A child that has done all says so itself: this one was ended, or its answer is not whole.
+    if (message.letter != 'E') return {ChildOutcome::Kind::Ended, kUnknownStatus, {}};
     return platform::outcomeOfStatus(message.number);
 }
 

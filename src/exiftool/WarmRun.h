@@ -24,8 +24,8 @@ class WarmRun {
     enum class Answer { Accepted, Refused, Silent };
     Answer awaitAnswer(std::chrono::milliseconds limit);
 
-    /// Lets the accepted child run and waits for its end. A starter that dies meanwhile takes the exit status
-    /// with it, which is then 0; the child goes on to its end.
+    /// Lets the accepted child run and waits for its end. A child that is killed after its starter
+    /// was takes its exit status with it, which is then 255.
     platform::ChildOutcome run(const platform::KeepWaiting& keepWaiting);
 
  private:

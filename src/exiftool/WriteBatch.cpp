@@ -1,5 +1,7 @@
 #include "exiftool/WriteBatch.h"
 
+#include "app/SpokenText.h"
+#include "exiftool/ExifToolTexts.h"
 #include "exiftool/OutcomeJudge.h"
 #include "platform/StandardStreams.h"
 
@@ -133,8 +135,7 @@ class BatchJudge {
         const bool isOneTooMany = answer_.isWhole && whole && whole->updated + whole->created < touched_;
         if (!hasFallenSilent && !isOneTooMany) return outcome;
         return {outcome.file, OutcomeKind::Warned,
-                hasFallenSilent ? "ExifTool ended before it gave an account of the file"
-                                : "ExifTool counts fewer files as written than have changed"};
+                app::spokenText(hasFallenSilent ? text::kEndedBeforeAccount : text::kMoreThanCounted)};
     }
 
     Outcome ofFileInWork(const BatchFile& file) const {

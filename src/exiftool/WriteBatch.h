@@ -46,6 +46,6 @@ struct BatchAnswer {
 /// Outcomes in the order of the files. When the answer is not whole, the first file that ExifTool was not
 /// done with is the one that it had in work, whose outcome says how the session ended; those behind it are
 /// NotBegun, and another session may take them.
-Outcomes judgeBatch(std::span<const BatchFile> files, const BatchAnswer& answer);
+[[nodiscard]] Outcomes judgeBatch(std::span<const BatchFile> files, const BatchAnswer& answer);
 
 }  // namespace exiftool

@@ -1,5 +1,8 @@
 #include "exiftool/WriteCommands.h"
 
+#include "app/SpokenText.h"
+#include "exiftool/ExifToolTexts.h"
+
 namespace exiftool {
 
 namespace fs = std::filesystem;
@@ -37,7 +40,8 @@ Outcomes WriteCommands::CopyTagsFromFile(app::CommandForm form, CopiedFamilies f
 
 Outcome WriteCommands::WriteSingleValue(const fs::path& file, int tagId, std::string_view tagName,
                                         const platform::CommandText& value) {
-    if (file.empty() || tagName.empty()) return {file, OutcomeKind::NotStarted, "No file or no tag"};
+    if (file.empty() || tagName.empty())
+        return {file, OutcomeKind::NotStarted, app::spokenText(text::kNoFileOrTag)};
     return runner_.runWriteLine(file, singleValueCommand(context_, file, tagId, tagName, value));
 }
 

@@ -54,13 +54,14 @@ class WriteCommands {
  public:
     WriteCommands(const app::AppContext& context, ToolRunner& runner);
 
-    Outcomes RemoveFamilyFromSelection(int commandId, const std::vector<std::filesystem::path>& files);
+    [[nodiscard]] Outcomes RemoveFamilyFromSelection(int commandId,
+                                                     const std::vector<std::filesystem::path>& files);
 
     /// No safety copies; ExifTool leaves its own "_original" beside the file. No outcomes when nothing was
     /// chosen or selected.
-    Outcomes CopyTagsFromFile(app::CommandForm form, CopiedFamilies families,
-                              const std::filesystem::path& source,
-                              const std::vector<std::filesystem::path>& files);
+    [[nodiscard]] Outcomes CopyTagsFromFile(app::CommandForm form, CopiedFamilies families,
+                                            const std::filesystem::path& source,
+                                            const std::vector<std::filesystem::path>& files);
 
     /// Neither safety copy nor report.
     Outcome WriteSingleValue(const std::filesystem::path& file, int tagId, std::string_view tagName,

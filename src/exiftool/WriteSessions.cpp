@@ -1,6 +1,8 @@
 #include "exiftool/WriteSessions.h"
 
+#include "app/SpokenText.h"
 #include "exiftool/ArgumentLines.h"
+#include "exiftool/ExifToolTexts.h"
 #include "exiftool/Leftover.h"
 #include "exiftool/LineParts.h"
 #include "exiftool/OutcomeJudge.h"
@@ -72,6 +74,11 @@ class Operation {
 
     Outcomes run() {
         for (const Batch& round : rounds()) runRound(round);
+        if (barrenSessions_ >= kBarrenSessions) {
+            for (Outcome& outcome : outcomes_)
+                if (outcome.kind == OutcomeKind::NotBegun)
+                    outcome.words = app::spokenText(text::kEndsAgainAndAgain);
+        }
         return std::move(outcomes_);
     }
 

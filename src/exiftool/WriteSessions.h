@@ -55,6 +55,7 @@ struct WriteStops {
 /// one. At noFurther it finishes these, however long that takes. A cut gives it a bounded time for them and
 /// then ends it: its file is Stopped, those that it has not come to are NotBegun. ExifTool's half-written
 /// file of one that was cut is removed, when the file itself is untouched.
-Outcomes writeFiles(const WriteRequest& request, const WriteStops& stops, const WriteEvents& events);
+[[nodiscard]] Outcomes writeFiles(const WriteRequest& request, const WriteStops& stops,
+                                  const WriteEvents& events);
 
 }  // namespace exiftool

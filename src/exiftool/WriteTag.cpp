@@ -1,5 +1,7 @@
 #include "exiftool/WriteTag.h"
 
+#include "app/SpokenText.h"
+#include "exiftool/ExifToolTexts.h"
 #include "exiftool/LineParts.h"
 #include "exiftool/WriteCommands.h"
 #include "platform/FileAccess.h"
@@ -135,7 +137,8 @@ Outcome outcomeOfProperty(const fs::path& file, properties::PropertyResult resul
     if (words.empty()) {
         constexpr int kHexadecimal = 16;
         const auto code = static_cast<std::uint32_t>(result);
-        words = "The property was not written (0x" + QString::number(code, kHexadecimal).toStdString() + ")";
+        words = app::spokenText(text::kPropertyNotWritten,
+                                {QStringLiteral("0x") + QString::number(code, kHexadecimal)});
     }
     return {file, OutcomeKind::Failed, words};
 }

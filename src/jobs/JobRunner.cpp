@@ -1,6 +1,7 @@
 #include "jobs/JobRunner.h"
 
 #include "jobs/SameForAll.h"
+#include "platform/ProcessFolder.h"
 
 #include <QMetaObject>
 #include <algorithm>
@@ -25,6 +26,13 @@ app::AppContext contextOfJob(const app::AppContext& context) {
     app::AppContext own = context;
     own.tempPath = context.tempPath / kJobFolder;
     return own;
+}
+
+/// There is no place for the files of the work.
+Outcomes notStarted(const std::vector<fs::path>& files, const std::error_code& refused) {
+    Outcomes outcomes;
+    for (const fs::path& file : files) outcomes.push_back({file, OutcomeKind::NotStarted, refused.message()});
+    return outcomes;
 }
 
 /// One outcome a file in the files' order, whatever order and gaps the work has left.
@@ -148,8 +156,7 @@ bool JobRunner::keepWaiting(Running& running) const {
 void JobRunner::work(const std::shared_ptr<Running>& own) {
     Running& running = *own;
     const Job& job = running.job;
-    std::error_code error;
-    fs::create_directories(running.context.tempPath, error);
+    const std::error_code refused = platform::makeOwnSubfolder(running.context.tempPath);
     JobWork work{running.context,
                  app::commandFormOf(running.context),
                  running.runner,
@@ -158,13 +165,14 @@ void JobRunner::work(const std::shared_ptr<Running>& own) {
                  [this, own](const Outcome& outcome) { noteEnded(own, outcome); },
                  running.cut.get_token()};
     const RenamedFiles names(job.files);
-    Outcomes outcomes = inOrder(job.files, workOn(running, work));
+    Outcomes outcomes = refused ? notStarted(job.files, refused) : inOrder(job.files, workOn(running, work));
     outcomes.insert(outcomes.end(), job.leftOut.begin(), job.leftOut.end());
     const bool isCut = std::ranges::any_of(
         outcomes,
         [](OutcomeKind kind) { return kind == OutcomeKind::Stopped || kind == OutcomeKind::NotBegun; },
         &Outcome::kind);
-    fs::remove_all(running.context.tempPath, error);
+    std::error_code ignored;
+    fs::remove_all(running.context.tempPath, ignored);
     NewNames newNames = names.newNames();
     const std::scoped_lock lock(running.guard);
     running.result = {job.title, std::move(outcomes), running.stop.stop_requested() && isCut,

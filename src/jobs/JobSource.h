@@ -22,6 +22,7 @@ class JobSource {
 
 /// Carries the job out on the calling thread, for programs and tests without a window. The context outlives
 /// the call.
-exiftool::Outcomes runHere(const Job& job, const app::AppContext& context, exiftool::ToolRunner& runner);
+[[nodiscard]] exiftool::Outcomes runHere(const Job& job, const app::AppContext& context,
+                                         exiftool::ToolRunner& runner);
 
 }  // namespace jobs

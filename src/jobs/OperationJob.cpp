@@ -1,7 +1,9 @@
 #include "jobs/OperationJob.h"
 
+#include "app/SpokenText.h"
 #include "exiftool/LineParts.h"
 #include "exiftool/ReportFile.h"
+#include "jobs/JobTexts.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -172,7 +174,7 @@ class Run {
             for (const fs::path& file : list.listed) outcomes.push_back({file, kind, words});
             return outcomes;
         };
-        if (list.path.empty()) return all(OutcomeKind::NotStarted, "The list of files could not be written");
+        if (list.path.empty()) return all(OutcomeKind::NotStarted, app::spokenText(text::kListNotWritten));
         if (list.listed.empty()) return {};
         const Composing composing{work.context, work.form, filled_, *dictionary_, list.path, list.listed};
         const Composed line = composed(*operation_, composing);

@@ -1,5 +1,6 @@
 #include "jobs/OutcomeText.h"
 
+#include "app/SpokenText.h"
 #include "jobs/JobTexts.h"
 #include "platform/Text.h"
 
@@ -42,6 +43,17 @@ std::string lineOf(const app::LanguageFile& language, const Outcome& outcome) {
     if (line.find(platform::narrow(outcome.file.filename())) == std::string::npos)
         line += " - " + platform::narrow(outcome.file);
     return line;
+}
+
+/// Nobody need have stopped what came to its end early.
+std::string whyLeft(const JobResult& result) {
+    if (result.isClosing) return app::spokenText(text::kLeftClosed);
+    if (result.wasStopped) return app::spokenText(text::kLeftStopped);
+    for (const Outcome& outcome : result.outcomes) {
+        const bool hasReason = outcome.kind == OutcomeKind::NotBegun && !outcome.words.empty();
+        if (hasReason) return outcome.words.substr(0, outcome.words.find('\n'));
+    }
+    return app::spokenText(text::kLeftEarly);
 }
 
 }  // namespace
@@ -92,9 +104,9 @@ std::string reportOf(const app::LanguageFile& language, const JobResult& result)
 std::string filesLeftLine(const JobResult& result) {
     const std::size_t left = exiftool::countOf(result.outcomes, OutcomeKind::NotBegun);
     if (left == 0) return {};
-    const std::string why = result.isClosing ? "The window was closed" : "Stopped";
-    return "Warning: " + why + " - " + std::to_string(left) + (left == 1 ? " file was" : " files were") +
-           " not begun\n";
+    const std::string why = whyLeft(result);
+    return "Warning: " + why + " - " +
+           app::spokenText(left == 1 ? text::kOneLeft : text::kSeveralLeft, {QString::number(left)}) + '\n';
 }
 
 }  // namespace jobs

@@ -13,6 +13,6 @@ namespace jobs {
 ///
 /// Nothing, and nothing is done, where the lines differ in more than the file, are not of a shape that a
 /// session takes, or read from one of the files.
-std::optional<exiftool::Outcomes> writeSameToAll(const Job& job, JobWork& work);
+[[nodiscard]] std::optional<exiftool::Outcomes> writeSameToAll(const Job& job, JobWork& work);
 
 }  // namespace jobs

@@ -1,6 +1,9 @@
 #include "panel/MetadataListModel.h"
 
+#include "app/SpokenText.h"
 #include "controls/GroupedListView.h"
+#include "panel/PanelTexts.h"
+#include "platform/Text.h"
 
 #include <algorithm>
 
@@ -108,9 +111,9 @@ QVariant MetadataListModel::headerData(int section, Qt::Orientation orientation,
     if (role != Qt::DisplayRole) return {};
     switch (column) {
         case tags::PanelColumn::Tag:
-            return QStringLiteral("Tag");
+            return platform::wide(app::spokenText(text::kTagTitle));
         case tags::PanelColumn::Id:
-            return QStringLiteral("Id");
+            return platform::wide(app::spokenText(text::kIdTitle));
         case tags::PanelColumn::Value:
             return valueTitle_;
         default:

@@ -267,7 +267,7 @@ void MetadataPanel::beginReading(const std::filesystem::path& file, const std::o
         showRead({file, {}, false, false, parts_.text(app::text::kNoRegularFile)}, place, isQuiet);
         return;
     }
-    if (!place) list_->setEmptyText(QStringLiteral("Reading ..."));
+    if (!place) list_->setEmptyText(parts_.text(text::kReading));
     if (!isQuiet) parts_.feedback.showReading(file);
     parts_.reader.request(
         file, [this, place, isQuiet](const exiftool::MetadataRead& read) { showRead(read, place, isQuiet); });

@@ -212,11 +212,12 @@ bool DisplayHexaDialog::canWriteThumbnail() const {
 
 void DisplayHexaDialog::replaceThumbnail() {
     if (mayWrite_ && !mayWrite_()) return;
-    const dialogs::FileQuestion question{parts_.language.text(text::kChooseThumbnail),
-                                         {QStringLiteral("JPEG image 160x120 pixels (*.jpg *.jpeg)")},
-                                         {},
-                                         {},
-                                         edit_.filePath.parent_path()};
+    const dialogs::FileQuestion question{
+        parts_.language.text(text::kChooseThumbnail),
+        {parts_.language.text(text::kThumbnailPattern) + QStringLiteral(" (*.jpg *.jpeg)")},
+        {},
+        {},
+        edit_.filePath.parent_path()};
     const fs::path chosen = dialogs::chooseFileToOpen(this, question);
     if (chosen.empty()) return;
     if (!isJpegFile(chosen)) {

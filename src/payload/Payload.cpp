@@ -1,6 +1,6 @@
 #include "payload/Payload.h"
 
-#include "platform/AtomicFile.h"
+#include "platform/FileAccess.h"
 #include "platform/FileCopy.h"
 
 #include <string>
@@ -80,7 +80,7 @@ fs::path copyPicture(const PayloadPlaces& places, std::span<const unsigned char>
         source = places.behindHeader();
         const auto behind = bytes.subspan(kHeaderBytes);
         const std::string_view text(reinterpret_cast<const char*>(behind.data()), behind.size());
-        if (!platform::replaceFile(source, text).empty()) return {};
+        if (platform::writeFile(source, platform::WriteMode::Replace, text) != 0) return {};
     }
     return platform::copyFile(source, places.picture(kind)) == 0 ? places.picture(kind) : fs::path();
 }

@@ -1,6 +1,8 @@
 #include "payload/PayloadExporter.h"
 
+#include "app/SpokenText.h"
 #include "exiftool/ReportFile.h"
+#include "payload/PayloadTexts.h"
 #include "platform/FileCopy.h"
 #include "platform/Text.h"
 
@@ -71,7 +73,7 @@ Outcome fetchInto(const fs::path& output, jobs::JobWork& work, const PayloadExpo
         if (end == OutcomeKind::Failed) appendLine(said, work.runner.lastFault());
         return {file, said.empty() ? OutcomeKind::Done : OutcomeKind::Warned, said};
     }
-    std::string words = "Holds no " + std::string(payload.tag);
+    std::string words = app::spokenText(text::kHoldsNo, {platform::wide(std::string(payload.tag))});
     appendLine(words, said);
     return {file, OutcomeKind::Unchanged, words};
 }
@@ -132,8 +134,7 @@ Outcome PayloadExporter::exportAsDesigned(jobs::JobWork& work, const PayloadExpo
                                           const fs::path& file) {
     const fs::path target = targetOf(payload, file);
     if (isOfSelection(target))
-        return notWritten(work, file, OutcomeKind::Failed,
-                          "A selected file stands where its data were to be written", target);
+        return notWritten(work, file, OutcomeKind::Failed, app::spokenText(text::kTargetIsSelected), target);
     return fetchInto(target, work, payload, file, target);
 }
 

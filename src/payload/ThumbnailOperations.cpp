@@ -1,5 +1,6 @@
 #include "payload/ThumbnailOperations.h"
 
+#include "app/SpokenText.h"
 #include "payload/PayloadCommandText.h"
 #include "payload/PayloadTexts.h"
 #include "payload/ThumbnailWrite.h"
@@ -32,7 +33,8 @@ jobs::Composed embedLine(const jobs::Composing& composing) {
     const std::filesystem::path picture = composing.filled.path(kPicture);
     const std::filesystem::path usable = usablePicture(composing.context, composing.form, picture);
     if (usable.empty())
-        return {exiftool::OutcomeKind::NotStarted, "Cannot be copied - " + platform::narrow(picture)};
+        return {exiftool::OutcomeKind::NotStarted,
+                app::spokenText(text::kPictureNotCopied) + " - " + platform::narrow(picture)};
     return addThumbnailCommand(composing.context, composing.form, usable, composing.file);
 }
 

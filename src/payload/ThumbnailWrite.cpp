@@ -1,8 +1,10 @@
 #include "payload/ThumbnailWrite.h"
 
+#include "app/SpokenText.h"
 #include "exiftool/LineParts.h"
 #include "payload/Payload.h"
 #include "payload/PayloadCommandText.h"
+#include "payload/PayloadTexts.h"
 #include "platform/FileCopy.h"
 #include "platform/FileIdentity.h"
 #include "platform/MappedFile.h"
@@ -54,7 +56,8 @@ jobs::Job replaceThumbnailJob(const QString& title, const fs::path& picture, con
     job.workOnFile = [picture](jobs::JobWork& work, const fs::path& one) {
         const fs::path usable = usablePicture(work.context, work.form, picture);
         if (usable.empty())
-            return Outcome{one, OutcomeKind::NotStarted, "Cannot be copied - " + platform::narrow(picture)};
+            return Outcome{one, OutcomeKind::NotStarted,
+                           app::spokenText(text::kPictureNotCopied) + " - " + platform::narrow(picture)};
         return writeThumbnail(work, one, replaceThumbnailCommand(work.context, work.form, usable, one));
     };
     return job;

@@ -47,9 +47,9 @@ class FileReplacement {
 };
 
 /// A FileReplacement's commit. The answer is empty on success, else the reason for people.
-std::string replaceFile(const std::filesystem::path& file, std::string_view bytes);
+[[nodiscard]] std::string replaceFile(const std::filesystem::path& file, std::string_view bytes);
 
 /// Writes all bytes; 0 or the error number.
-int writeAll(int descriptor, std::string_view bytes);
+[[nodiscard]] int writeAll(int descriptor, std::string_view bytes);
 
 }  // namespace platform

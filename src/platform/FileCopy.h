@@ -10,8 +10,8 @@ namespace platform {
 /// have the source's group, group and others get what both have of the source; where a list of its own says
 /// who may do what with the source, they get nothing; atMost takes away more. 0, or the number of the
 /// system's error.
-int copyFile(const std::filesystem::path& source, const std::filesystem::path& target,
-             std::filesystem::perms atMost = std::filesystem::perms::mask);
+[[nodiscard]] int copyFile(const std::filesystem::path& source, const std::filesystem::path& target,
+                           std::filesystem::perms atMost = std::filesystem::perms::mask);
 
 /// The bytes alone, from the one open file's position to the other's. The same answer; after a failure a part
 /// may have been copied.

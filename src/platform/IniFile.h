@@ -29,7 +29,7 @@ class IniFile {
                      ///< default
     };
 
-    struct SaveResult {
+    struct [[nodiscard]] SaveResult {
         bool succeeded = true;
         std::string reason;  ///< for people, when it failed
         explicit operator bool() const { return succeeded; }

@@ -53,6 +53,10 @@ class ProcessFolder {
     FileDescriptor lock_;  ///< open as long as the folder is ours
 };
 
+/// Makes a folder in the one of this process, that only the user can enter. A link or a file of that name
+/// gives way to it. The error when there is none in the end.
+[[nodiscard]] std::error_code makeOwnSubfolder(const std::filesystem::path& folder);
+
 struct ClaimedFolder {
     std::optional<ProcessFolder> folder;
     std::string reason;  ///< for people, when there is no folder

@@ -202,4 +202,16 @@ std::error_code ProcessFolder::remove() {
     return removeWhole(path_, number_);
 }
 
+std::error_code makeOwnSubfolder(const fs::path& folder) {
+    std::error_code ignored;
+    if (fs::symlink_status(folder, ignored).type() != fs::file_type::directory) fs::remove(folder, ignored);
+    if (::mkdir(folder.c_str(), kOwnerOnly) != 0 && errno != EEXIST) return errorOf(errno);
+    const FileDescriptor opened = openFolder(AT_FDCWD, folder.c_str());
+    if (!opened.isOpen()) return errorOf(errno);
+    if (!isOwnedBy(opened.get(), ::geteuid())) return errorOf(EPERM);
+    // A file system without modes has nothing to narrow.
+    static_cast<void>(!::fchmod(opened.get(), kOwnerOnly));
+    return {};
+}
+
 }  // namespace platform

@@ -6,7 +6,7 @@
 namespace properties {
 
 /// How a write of a property ended. The numbers are the result codes that the messages are bound to.
-enum class PropertyResult : std::uint32_t {
+enum class [[nodiscard]] PropertyResult : std::uint32_t{
     Ok = 0,
     Failed = 0x80004005,
     OutOfMemory = 0x8007000E,

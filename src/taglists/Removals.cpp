@@ -1,9 +1,12 @@
 #include "taglists/Removals.h"
 
+#include "app/SpokenText.h"
+#include "exiftool/ExifToolTexts.h"
 #include "exiftool/LineParts.h"
 #include "platform/FileAccess.h"
 #include "platform/Text.h"
 #include "taglists/RemovalTexts.h"
+#include "taglists/TagListTexts.h"
 #include "tags/ExtensionTable.h"
 #include "tags/GroupCatalogue.h"
 
@@ -95,7 +98,8 @@ jobs::Job removeTypesJob(const QString& title, const std::vector<std::string>& g
         Outcomes outcomes;
         if (list.path.empty()) {
             for (const fs::path& file : list.listed)
-                outcomes.push_back({file, OutcomeKind::NotStarted, "The list of files could not be written"});
+                outcomes.push_back(
+                    {file, OutcomeKind::NotStarted, app::spokenText(text::kFileListNotWritten)});
         } else if (!list.listed.empty()) {
             outcomes = work.runner.runWriteLine(
                 list.listed, removeTypesCommand(work.context, work.form, groups, list.path));
@@ -136,7 +140,7 @@ HeldTagsRead readHeldTags(const jobs::OperationParts& parts, app::CommandForm fo
     const std::string answer = platform::readOwnFile(output);
     std::string fault = parts.runner.lastFaultOfRead(output);
     // Of every file there is something to say, if only its type.
-    if (fault.empty() && answer.empty()) fault = "ExifTool gave no answer";
+    if (fault.empty() && answer.empty()) fault = app::spokenText(exiftool::text::kNoAnswer);
     return {heldTags(answer, parts.dictionary), platform::wide(fault)};
 }
 

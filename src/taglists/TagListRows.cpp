@@ -49,18 +49,21 @@ TagRows rowsOfFamily(const tags::TagDictionary& dictionary, const tags::TagFamil
     return rows;
 }
 
-void fillValues(TagRows& rows, const std::filesystem::path& outputFile, GroupMatch match) {
+bool fillValues(TagRows& rows, const std::filesystem::path& outputFile, GroupMatch match) {
     QHash<QString, QString> values;
-    tags::forEachTagValue(outputFile, [&](QStringView lineGroup, QStringView name, QStringView value) {
-        const QString key = keyOf(lineGroup.toString(), name.toString(), match);
-        if (!values.contains(key)) values.insert(key, value.toString());
-    });
+    const bool isRead =
+        tags::forEachTagValue(outputFile, [&](QStringView lineGroup, QStringView name, QStringView value) {
+            const QString key = keyOf(lineGroup.toString(), name.toString(), match);
+            if (!values.contains(key)) values.insert(key, value.toString());
+        });
+    if (!isRead) return false;
     for (TagRow& row : rows) {
         const auto found = values.constFind(keyOf(row.group, row.name, match));
         if (found == values.cend()) continue;
         row.fileValue = *found;
         undoRow(row);
     }
+    return true;
 }
 
 void setRowValue(TagRow& row, const NewValue& value) {

@@ -45,8 +45,9 @@ enum class GroupMatch {
 };
 
 /// Puts what a file holds (`[Group] TagName: value`) into value and fileValue of the rows; the first line of
-/// a group and name counts. The file is read once. A file that cannot be read leaves the rows as they are.
-void fillValues(TagRows& rows, const std::filesystem::path& outputFile, GroupMatch match);
+/// a group and name counts. The file is read once. False, and the rows as they are, for a file
+/// that cannot be read.
+[[nodiscard]] bool fillValues(TagRows& rows, const std::filesystem::path& outputFile, GroupMatch match);
 
 /// A value of the user's.
 struct NewValue {

@@ -189,9 +189,10 @@ bool readValues(const jobs::OperationParts& parts, CommandForm form, TagRows& ro
     // What an earlier file of this name held is none of this one's.
     fs::remove(output, ignored);
     if (read(output) == 0 || !parts.runner.lastFaultOfRead(output).empty()) return false;
-    fillValues(rows, output, form == CommandForm::Corrected ? GroupMatch::WithoutCase : GroupMatch::Exact);
+    const auto match = form == CommandForm::Corrected ? GroupMatch::WithoutCase : GroupMatch::Exact;
+    const bool isFilled = fillValues(rows, output, match);
     fs::remove(output, ignored);
-    return true;
+    return isFilled;
 }
 
 bool hasSomethingToWrite(CommandForm form, const TagRows& rows) {

@@ -1,6 +1,7 @@
 #include "taglists/TagValuesDialog.h"
 
 #include "dialogs/Messages.h"
+#include "jobs/JobTexts.h"
 #include "platform/Text.h"
 #include "taglists/TagListTexts.h"
 
@@ -78,17 +79,26 @@ bool TagValuesDialog::fill(TagRows rows, const std::filesystem::path& output, co
     return wasRead;
 }
 
-QString TagValuesDialog::editableValue(const TagRow& row) const {
-    if (form_ == CommandForm::Designed) return row.value.left(kLongestDesignedValue);
+jobs::EditableValue TagValuesDialog::editableValue(const TagRow& row) const {
+    if (form_ == CommandForm::Designed) return {row.value.left(kLongestDesignedValue), {}};
     const auto record =
         row.tagId < 0 ? std::nullopt : parts_.dictionary.FindTagById(static_cast<std::uint32_t>(row.tagId));
-    if (row.changed || row.value.isEmpty() || !record) return row.value;
+    if (row.changed || row.value.isEmpty() || !record) return {row.value, {}};
     return parts_.values->editableValue(form_, files().front(), *record, row.value);
 }
 
-void TagValuesDialog::startEdit(const TagRow& row) {
+/// False when the value could not be read, which is told.
+bool TagValuesDialog::startEdit(const TagRow& row) {
+    const auto [value, fault] = editableValue(row);
+    if (!fault.isEmpty()) {
+        const QString file = platform::display(files().front());
+        dialogs::showMessage(
+            this, {.text = parts_.language.formatted(jobs::text::kValueNotRead, {row.name, file, fault}),
+                   .icon = dialogs::MessageIcon::Stop});
+        return false;
+    }
     edit_.filePath.clear();
-    edit_.value = editableValue(row);
+    edit_.value = value;
     edit_.title = row.name;
     edit_.group = row.group;
     edit_.tagId = row.tagId;
@@ -96,12 +106,12 @@ void TagValuesDialog::startEdit(const TagRow& row) {
     if (row.kind == tags::ValueKind::Rating) edit_.selection = tags::designedRatingSelection(edit_.value);
     if (row.kind == tags::ValueKind::List && form_ == CommandForm::Corrected)
         edit_.selection = parts_.labels.GetComboIndex(row.tagId, edit_.value);
+    return true;
 }
 
 void TagValuesDialog::editValue(std::size_t row) {
     const TagRow& edited = list_->rows()[row];
-    if (!edited.kind) return;
-    startEdit(edited);
+    if (!edited.kind || !startEdit(edited)) return;
     const tags::TagEditContext before = edit_;
     if (parts_.values->editValue(edit_, *edited.kind, this) == 0) return;
     const bool isSame = edited.kind == tags::ValueKind::List ? edit_.selection == before.selection

@@ -3,6 +3,7 @@
 #include "dialogs/DarkModeDialogBase.h"
 #include "jobs/JobSource.h"
 #include "jobs/OperationParts.h"
+#include "jobs/ValueEditing.h"
 #include "taglists/TagList.h"
 #include "taglists/TagValueWrites.h"
 #include "tags/TagEditContext.h"
@@ -55,8 +56,8 @@ class TagValuesDialog : public dialogs::DarkModeDialogBase, public jobs::JobSour
     void placeList();
     void fillStatusBar();
     void editValue(std::size_t row);
-    void startEdit(const TagRow& row);
-    QString editableValue(const TagRow& row) const;
+    bool startEdit(const TagRow& row);
+    jobs::EditableValue editableValue(const TagRow& row) const;
 
     const jobs::OperationParts parts_;
     const app::CommandForm form_;

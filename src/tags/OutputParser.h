@@ -64,7 +64,8 @@ class OutputParser {
     void begin();
 
     /// False when the file cannot be opened. Rows arrive in the order of the lines.
-    bool ParseExifToolOutput(const std::filesystem::path& outputFile, const InsertMetadataRow& insert);
+    [[nodiscard]] bool ParseExifToolOutput(const std::filesystem::path& outputFile,
+                                           const InsertMetadataRow& insert);
 
     /// One line of bytes (UTF-8) without its LF.
     void parseLine(std::string_view bytes, const InsertMetadataRow& insert);
@@ -107,7 +108,7 @@ QString FindTagValue(const std::filesystem::path& outputFile, QStringView group,
 
 /// Calls back for every line of such an output, in order: group without its brackets. False when the file
 /// cannot be opened.
-bool forEachTagValue(
+[[nodiscard]] bool forEachTagValue(
     const std::filesystem::path& outputFile,
     const std::function<void(QStringView group, QStringView tagName, QStringView value)>& call);
 

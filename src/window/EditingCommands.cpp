@@ -128,7 +128,11 @@ void EditingCommands::editRow(int rowIndex, const tags::MetadataRow& row, const 
     const jobs::OperationParts parts = parts_.operations;
     const app::CommandForm form = currentForm();
     const fs::path file = parts_.panel.file();
-    const tags::TagEditContext before = edit::contextOfRow(parts, form, file, row, record);
+    const auto [before, fault] = edit::contextOfRow(parts, form, file, row, record);
+    if (!fault.isEmpty()) {
+        tellNotRead(file, before.title, fault);
+        return;
+    }
     tags::TagEditContext after = before;
     if (edit::editValue(parts, after, record.valueKind, &parts_.window) != 1) return;
     if (edit::isUnchanged(form, before, after, record)) {
@@ -169,13 +173,25 @@ void EditingCommands::begin(jobs::Job job, const QString& done, const std::optio
             const bool isShown = parts_.panel.file() == outcome.file;
             // What ExifTool has made of the value is known only when the file is read. The new value is seen
             // before.
-            if (edit && isShown && exiftool::isWritten(outcome.kind))
-                parts_.panel.showWrittenValue(edit->rowIndex, edit->value);
+            if (edit && exiftool::isWritten(outcome.kind)) rememberWritten(*edit, isShown);
             if (isShown && (!edit || form == app::CommandForm::Corrected)) parts_.panel.readAgainQuietly();
             tellWrite(result, done);
             if (result.isClosing) QTimer::singleShot(0, &parts_.window, &QWidget::close);
         });
     if (!isBegun) parts_.showStatus(parts_.language.formatted(jobs::text::kIsRunning, {parts_.jobs.title()}));
+}
+
+void EditingCommands::tellNotRead(const fs::path& file, const QString& tag, const QString& fault) {
+    dialogs::showMessage(&parts_.window, {parts_.language.formatted(jobs::text::kValueNotRead,
+                                                                    {tag, platform::display(file), fault}),
+                                          dialogs::MessageIcon::Stop});
+}
+
+void EditingCommands::rememberWritten(const app::CurrentEdit& edit, bool isShown) {
+    // The rows paint a rating from this memory.
+    if (edit.valueKind == static_cast<int>(tags::ValueKind::Rating))
+        parts_.operations.ratingMemory.Store(edit.id, edit.selection);
+    if (isShown) parts_.panel.showWrittenValue(edit.rowIndex, edit.value);
 }
 
 void EditingCommands::tellWrite(const jobs::JobResult& result, const QString& done) {

@@ -43,6 +43,10 @@ class EditingCommands {
     /// Has the job on the shown file carried out; done is said when it is. edit: the value that its row then
     /// shows.
     void begin(jobs::Job job, const QString& done, const std::optional<app::CurrentEdit>& edit);
+    /// The value that was to be edited could not be read.
+    void tellNotRead(const std::filesystem::path& file, const QString& tag, const QString& fault);
+    /// What the write has made true, and nothing before it.
+    void rememberWritten(const app::CurrentEdit& edit, bool isShown);
     /// Tells what became of a write.
     void tellWrite(const jobs::JobResult& result, const QString& done);
 

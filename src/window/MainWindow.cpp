@@ -96,7 +96,7 @@ void MainWindow::connectProgress() {
 // A box for each of a thousand files could not be got rid of; the outcomes tell the others.
 void MainWindow::showCopyFailure(const QString& message) {
     if (std::exchange(hasShownCopyFailure_, true)) return;
-    dialogs::showMessage(this, {message, dialogs::MessageIcon::Stop, QStringLiteral("Error")});
+    dialogs::showMessage(this, {message, dialogs::MessageIcon::Stop, language_.text(app::text::kErrorTitle)});
 }
 
 unsigned MainWindow::doings() const {
@@ -152,7 +152,7 @@ bool MainWindow::buildContents() {
     createShortcuts();
     refreshCommands();
     refreshStatusBar();
-    showStatus(QStringLiteral("Ready"));
+    showStatus(language_.text(app::text::kReady));
     ready_ = true;
     return true;
 }

@@ -130,6 +130,7 @@ class MainWindow : public QWidget {
     void loadColumns();
 
     void refreshCommands();
+    void tellListingCut();
     void updateTitle();
     void tabSelected();
     void navigationCompleted();

@@ -1,4 +1,5 @@
 #include "app/SettingsStore.h"
+#include "app/TextNumbers.h"
 #include "browser/AddressBar.h"
 #include "browser/PlacesPanel.h"
 #include "browser/ShellBrowser.h"
@@ -7,11 +8,13 @@
 #include "window/MainWindow.h"
 #include "window/StatusBar.h"
 #include "window/SubjectCommands.h"
+#include "window/WindowTexts.h"
 
 #include <QDir>
 #include <QStackedWidget>
 #include <QStandardPaths>
 #include <QVBoxLayout>
+#include <system_error>
 #include <utility>
 
 namespace window {
@@ -89,7 +92,19 @@ void MainWindow::navigationCompleted() {
     if (!ready_) return;
     refreshCommands();
     const bool keeps = std::exchange(keepsStatus_, false);
-    if (!commands_->ending().listWasRead() && !keeps) showStatus(QStringLiteral("Ready"));
+    const bool isTold = commands_->ending().listWasRead() || keeps;
+    const bool isCut = activeBrowser().listingError() != 0 &&
+                       activeBrowser().folderState() == browser::FolderState::Readable;
+    if (isCut)
+        tellListingCut();
+    else if (!isTold)
+        showStatus(language_.text(app::text::kReady));
+}
+
+void MainWindow::tellListingCut() {
+    const std::error_code error(activeBrowser().listingError(), std::system_category());
+    showStatus(language_.formatted(text::kListingCut, {platform::display(activeBrowser().currentFolder()),
+                                                       platform::wide(error.message())}));
 }
 
 void MainWindow::updateTitle() {

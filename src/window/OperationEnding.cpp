@@ -41,9 +41,9 @@ bool OperationEnding::isReadyToBegin() {
 }
 
 void OperationEnding::carryOut(jobs::Job job, Tell tell) {
-    if (job.files.empty() && job.leftOut.empty()) return;
     const exiftool::Outcomes more = std::exchange(leftOut_, {});
     job.leftOut.insert(job.leftOut.end(), more.begin(), more.end());
+    if (job.files.empty() && job.leftOut.empty()) return;
     const QString title = job.title;
     const bool isBegun = parts_.jobs.begin(
         std::move(job), [this, tell](const jobs::JobResult& result) { ended(result, tell); });

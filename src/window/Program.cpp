@@ -6,6 +6,7 @@
 #include "controls/Icons.h"
 #include "dialogs/Messages.h"
 #include "dialogs/ProgressDialog.h"
+#include "dialogs/QtTexts.h"
 #include "dialogs/Theme.h"
 #include "platform/Text.h"
 #include "window/MainWindow.h"
@@ -42,9 +43,11 @@ std::optional<int> Program::start() {
     const QString fault = app::loadSettingsOrDefaults(context_);
     if (settingsFaults_.notRead.isEmpty()) settingsFaults_.notRead = fault;
     app::resolveTools(context_);
+    language_ = std::make_unique<app::LanguageFile>(context_.installPath, context_.settings.main.language);
+    spoken_.emplace(*language_);
+    qtTexts_ = dialogs::speakQtTexts(context_.settings.main.language);
 
     if (!app::FindExifTool(context_) && !askForExifTool()) return kStatusOfFailure;
-    language_ = std::make_unique<app::LanguageFile>(context_.installPath, context_.settings.main.language);
     progress_->setLanguage(context_.settings.main.language);
     if (!takeTempFolder(today)) return kStatusOfFailure;
     window_ = std::make_unique<MainWindow>(context_, *language_, *progress_, *tempFolder_);
@@ -73,9 +76,8 @@ bool Program::takeTempFolder(const QDate& today) {
     // The language file may be what is wrong with the install folder, too.
     const QString root = platform::display(context_.tempRoot);
     const QString text =
-        language_->hasText(app::text::kTempFolderUnusable)
-            ? language_->formatted(app::text::kTempFolderUnusable, {root, tempFolderProblem_})
-            : root + QStringLiteral(": ") + tempFolderProblem_;
+        language_->valid() ? language_->formatted(app::text::kTempFolderUnusable, {root, tempFolderProblem_})
+                           : root + QStringLiteral(": ") + tempFolderProblem_;
     dialogs::showMessage(nullptr, {text, dialogs::MessageIcon::Stop});
     return false;
 }
@@ -100,8 +102,9 @@ void Program::tellLanguageGaps() {
                              {language_->formatted(app::text::kLanguageMissing, {platform::display(file)}),
                               dialogs::MessageIcon::Exclamation});
     } else if (gaps.any()) {
+        const bool isEnglish = context_.settings.main.language == app::kEnglishLanguage;
         window_->tellAtStart(language_->formatted(
-            app::text::kLanguageGaps,
+            isEnglish ? app::text::kEnglishGaps : app::text::kLanguageGaps,
             {platform::display(file.filename()), QString::number(gaps.texts), QString::number(gaps.forms)}));
     }
 }

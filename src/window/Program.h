@@ -2,9 +2,11 @@
 
 #include "app/AppContext.h"
 #include "app/LanguageFile.h"
+#include "app/SpokenText.h"
 #include "app/StartUp.h"
 
 #include <QIcon>
+#include <QTranslator>
 #include <filesystem>
 #include <memory>
 #include <optional>
@@ -54,6 +56,8 @@ class Program {
     QString tempFolderProblem_;
     std::unique_ptr<dialogs::ProgressDialog> progress_;
     std::unique_ptr<app::LanguageFile> language_;
+    std::optional<app::SpokenLanguage> spoken_;
+    std::unique_ptr<QTranslator> qtTexts_;
     std::unique_ptr<MainWindow> window_;
 };
 

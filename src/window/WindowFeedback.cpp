@@ -1,5 +1,7 @@
 #include "window/WindowFeedback.h"
 
+#include "app/SpokenText.h"
+#include "app/TextNumbers.h"
 #include "dialogs/Messages.h"
 #include "dialogs/ProgressDialog.h"
 #include "platform/Text.h"
@@ -26,11 +28,12 @@ void WindowFeedback::beginWait() {
 void WindowFeedback::endWait() {
     QGuiApplication::restoreOverrideCursor();
     if (--waits_ == 0 && std::exchange(hasSaidSomething_, false))
-        statusBar_.showStatus(QStringLiteral("Ready"));
+        statusBar_.showStatus(platform::wide(app::spokenText(app::text::kReady)));
 }
 
 void WindowFeedback::showReading(const std::filesystem::path& file) {
-    statusBar_.showStatus(QStringLiteral("Reading ") + platform::display(file));
+    statusBar_.showStatus(
+        platform::wide(app::spokenText(app::text::kReadingFile, {platform::display(file)})));
     progress_.showReading(platform::display(file.filename()));
 }
 

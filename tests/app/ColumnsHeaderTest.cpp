@@ -139,6 +139,17 @@ TEST(ColumnsHeader, WhatAnotherProgramChangedIsNotUndone) {
     }
 }
 
+TEST(ColumnsHeader, AFileThatCannotBeReadIsNotReplaced) {
+    const support::TemporaryFolder folder;
+    const auto file = folder / "ColumnsHeader.ini";
+    const std::string far = "[SYSTEM]\r\n0=1,300\r\n" + std::string(4 << 20, ';');
+    support::writeBytes(file, far);
+    std::vector<app::ColumnState> columns{{1, 250, true}};
+    const app::LoadedColumns loaded = app::LoadColumns(file, columns);
+    EXPECT_TRUE(app::writeColumnsFile(file, columns, loaded));
+    EXPECT_EQ(support::readBytes(file), far);
+}
+
 TEST(ColumnsHeader, AFileThatWasDeletedMeanwhileIsMadeAgain) {
     const support::TemporaryFolder folder;
     const auto file = folder / "ColumnsHeader.ini";

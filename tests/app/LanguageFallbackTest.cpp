@@ -1,4 +1,6 @@
 #include "app/LanguageFile.h"
+#include "app/SpokenText.h"
+#include "app/TextNumbers.h"
 #include "support/LanguageSources.h"
 #include "support/TemporaryFolder.h"
 
@@ -76,6 +78,53 @@ TEST_F(LanguageFallback, AFormAMenuAndARibbonThatAreMissingAreEnglish) {
     EXPECT_FALSE(french.menu(1).empty());
     EXPECT_TRUE(french.ribbonMarkup().contains("<ribbon"));
     EXPECT_EQ(french.gaps().forms, 3);
+}
+
+TEST_F(LanguageFallback, FaultyFormsMenusAndRibbonOfALanguageAreNotLookedAt) {
+    sources_.replace("forms/284.ui", "<ui", "<nonsense");
+    sources_.replace("menus.xml", "<menus", "<nonsense");
+    sources_.replace("ribbon.xml", "<ribbon", "<nonsense");
+    pack();
+    const LanguageFile french(folder_.path(), kFrench);
+    const LanguageFile sound(folder_.path(), app::kEnglishLanguage);
+    EXPECT_EQ(french.ribbonMarkup(), sound.ribbonMarkup());
+    EXPECT_EQ(french.menu(1).size(), sound.menu(1).size());
+    EXPECT_EQ(stringsOf(french.form(284)).size(), stringsOf(sound.form(284)).size());
+    EXPECT_TRUE(french.form(284).contains("<string>À propos</string>"));
+    EXPECT_EQ(french.gaps().forms, 3);
+}
+
+TEST_F(LanguageFallback, ATextThatEnglishLacksIsCountedAndShowsItsKey) {
+    pack();
+    const qsizetype before = LanguageFile(folder_.path(), kFrench).gaps().texts;
+    sources_.replace("texts.ts", "<message id=\"461\">", "<message id=\"9461\">");
+    sources_.replace("texts.ts", "<message id=\"70510\">", "<message id=\"9470\">");
+    sources_.replace("texts.ts", "<message id=\"70514\">", "<message id=\"9471\">");
+    sources_.pack(english());
+    pack();
+    const LanguageFile english(folder_.path(), app::kEnglishLanguage);
+    EXPECT_EQ(english.gaps().texts, 3);
+    EXPECT_TRUE(english.gaps().any());
+    const LanguageFile french(folder_.path(), kFrench);
+    EXPECT_EQ(french.gaps().texts, before);
+    for (const LanguageFile* file : {&english, &french}) {
+        EXPECT_EQ(file->text(kTag), QStringLiteral("taglists::kTagColumn"));
+        EXPECT_EQ(file->text(70510), QStringLiteral("app::kNoFileSelected"));
+        EXPECT_EQ(file->formatted(70514, {QStringLiteral("1.2")}), QStringLiteral("app::kAboutVersion 1.2"));
+    }
+}
+
+TEST_F(LanguageFallback, WhatIsSaidWithoutAWindowIsInTheSpokenLanguage) {
+    const int number = app::text::kPathNotHeld;
+    EXPECT_EQ(app::spokenText(number, {QStringLiteral("/a")}), "A settings file cannot hold the path /a.");
+    sources_.translate(number, "Impossible: %s.");
+    pack();
+    {
+        const LanguageFile french(folder_.path(), kFrench);
+        const app::SpokenLanguage spoken(french);
+        EXPECT_EQ(app::spokenText(number, {QStringLiteral("/a")}), "Impossible: /a.");
+    }
+    EXPECT_EQ(app::spokenText(app::text::kReady), "Ready");
 }
 
 TEST_F(LanguageFallback, WhatIsNotTranslatedIsCounted) {

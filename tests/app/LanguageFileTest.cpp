@@ -87,10 +87,12 @@ TEST_F(LanguageFileTest, EveryTextThatTheRibbonNamesIsThere) {
     EXPECT_GT(named, 50);
 }
 
-TEST_F(LanguageFileTest, AMissingFileAnswersNothing) {
+TEST_F(LanguageFileTest, AMissingFileHasKeysAlone) {
     const LanguageFile missing(folder_.path(), 9);
     EXPECT_FALSE(missing.valid());
-    EXPECT_TRUE(missing.text(474).isEmpty());
+    EXPECT_EQ(missing.text(474), QStringLiteral("app::kValueColumn"));
+    EXPECT_TRUE(missing.text(123456789).isEmpty());
+    EXPECT_TRUE(missing.gaps().wholeFile);
     EXPECT_TRUE(missing.form(284).isEmpty());
     EXPECT_TRUE(missing.ribbonMarkup().isEmpty());
     EXPECT_FALSE(LanguageFile().valid());

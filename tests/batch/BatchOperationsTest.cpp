@@ -252,7 +252,7 @@ TEST_F(BatchOperationsTest, TheDesignedThumbnailLineNamesTheFilesUpToItsOwn) {
     EXPECT_EQ(job.title, QStringLiteral("Removing thumbnails"));
     for (int round = 0; round < 2; ++round) {
         fs::remove(folder_ / "seen");
-        jobs::runHere(job, context_, runner_);
+        static_cast<void>(jobs::runHere(job, context_, runner_));
         std::string seen;
         std::string line;
         for (const fs::path& file : files) seen += (line += "-ThumbnailImage=" + file.string()) + '\n';
@@ -271,7 +271,7 @@ TEST_F(BatchOperationsTest, TheLineForAllFilesIsTheLineOfEach) {
                 EXPECT_EQ(runner_.RunToolLine(job.lineOf(context_, app::commandFormOf(context_), photo).text),
                           1);
             } else {
-                jobs::runHere(job, context_, runner_);
+                static_cast<void>(jobs::runHere(job, context_, runner_));
             }
             seen[asOne ? 0 : 1] = readBytes(folder_ / "seen");
             fs::remove(folder_ / "seen");

@@ -6,6 +6,7 @@
 #include "platform/Text.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
+#include "support/UnprivilegedUser.h"
 
 #include <gtest/gtest.h>
 #include <sys/socket.h>
@@ -126,7 +127,7 @@ TEST(FolderReader, TakesAPipeForNoFolderWithoutWaiting) {
 }
 
 TEST(FolderReader, CannotReadAFolderWithoutPermission) {
-    if (::geteuid() == 0) GTEST_SKIP() << "root may read everything";
+    const support::UnprivilegedUser user;
     const TemporaryFolder folder;
     std::filesystem::create_directory(folder / "closed");
     std::filesystem::permissions(folder / "closed", std::filesystem::perms::none);
@@ -134,7 +135,7 @@ TEST(FolderReader, CannotReadAFolderWithoutPermission) {
 }
 
 TEST(FolderReader, ListsNamesWithoutDataWhereEntriesMayNotBeLookedAt) {
-    if (::geteuid() == 0) GTEST_SKIP() << "root may read everything";
+    const support::UnprivilegedUser user;
     const TemporaryFolder folder;
     std::filesystem::create_directories(folder / "names" / "sub");
     std::filesystem::permissions(folder / "names", std::filesystem::perms::owner_read);

@@ -3,11 +3,14 @@
 #include "dialogs/FormControls.h"
 #include "dialogs/FormLoader.h"
 #include "dialogs/Messages.h"
+#include "dialogs/QtTexts.h"
 #include "support/LanguageSources.h"
 
 #include <QComboBox>
 #include <QDateEdit>
+#include <QDialogButtonBox>
 #include <QLabel>
+#include <QPushButton>
 #include <QTest>
 #include <map>
 #include <memory>
@@ -104,6 +107,19 @@ TEST_F(FaultyForm, AFormThatIsNotThereIsTold) {
     EXPECT_NE(dialog.control<QComboBox>(1695), nullptr);
     EXPECT_EQ(dialog.run(), 0);
     EXPECT_EQ(told_.size(), 1);
+}
+
+TEST(Messages, ButtonsSpeakTheLanguageOfTheProgram) {
+    const struct {
+        int language;
+        const char* cancel;
+    } cases[] = {{12, "Annuler"}, {7, "Abbrechen"}, {10, "Cancelar"}, {9, "Cancel"}};
+    for (const auto& [language, cancel] : cases) {
+        const auto texts = dialogs::speakQtTexts(language);
+        const QDialogButtonBox box(QDialogButtonBox::Cancel);
+        const QString text = box.button(QDialogButtonBox::Cancel)->text();
+        EXPECT_EQ(QString(text).remove(u'&'), QLatin1StringView(cancel));
+    }
 }
 
 TEST(Messages, ATestCanAnswer) {

@@ -175,8 +175,9 @@ TEST_F(WriteTag, EntriesStayEntries) {
         EXPECT_EQ(write(file, group, name, QStringLiteral("one\ntwo, three\n\u65E5\u672C")),
                   (Outcome{file, Done, {}}));
         const tags::TagRecord tag = record(group, name);
-        EXPECT_EQ(editableValue(parts, form(), file, tag, QStringLiteral("one, two, three, \u65E5\u672C")),
-                  QStringLiteral("one\ntwo, three\n\u65E5\u672C"));
+        EXPECT_EQ(
+            editableValue(parts, form(), file, tag, QStringLiteral("one, two, three, \u65E5\u672C")).text,
+            QStringLiteral("one\ntwo, three\n\u65E5\u672C"));
     }
 }
 
@@ -357,11 +358,21 @@ TEST_F(WriteTag, TheWholeValueIsReadWhereTheRowCouldHideSome) {
     };
     for (const auto& row : cases) {
         const tags::TagRecord tag = record(u"XMP-dc", row.name);
-        EXPECT_EQ(editableValue(parts, form(), file, tag, row.shown).toStdString(), row.whole);
+        const jobs::EditableValue value = editableValue(parts, form(), file, tag, row.shown);
+        EXPECT_EQ(value.text.toStdString(), row.whole);
+        EXPECT_EQ(value.fault, QString());
     }
-    EXPECT_EQ(editableValue(parts, form(), folder / "gone.jpg", record(u"XMP-dc", u"Title"), "a.b"),
-              QStringLiteral("a.b"));
+    const tags::TagRecord title = record(u"XMP-dc", u"Title");
+    EXPECT_NE(editableValue(parts, form(), folder / "gone.jpg", title, "a.b").fault, QString());
+    // What a row shows would destroy what it does not show.
+    const fs::path tool = context.exifToolPath;
+    for (const char* script : {"kill -KILL $$", "echo two.lin; exit 1", "exit 1"}) {
+        support::useTool(context, folder / "tool", script);
+        const jobs::EditableValue value = editableValue(parts, form(), file, title, "two.lines");
+        EXPECT_NE(value.fault, QString()) << script;
+        EXPECT_EQ(value.text, QString()) << script;
+    }
+    context.exifToolPath = tool;
     context.settings.exifTool.correctedCommands = false;
-    EXPECT_EQ(editableValue(parts, form(), file, record(u"XMP-dc", u"Title"), "two.lines"),
-              QStringLiteral("two.lines"));
+    EXPECT_EQ(editableValue(parts, form(), file, title, "two.lines").text, QStringLiteral("two.lines"));
 }

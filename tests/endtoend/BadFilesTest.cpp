@@ -1,10 +1,12 @@
 #include "DrivenProgram.h"
 #include "PictureFolder.h"
+#include "support/UnprivilegedUser.h"
 
+#include <sys/inotify.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QElapsedTimer>
+#include <set>
 
 using endtoend::DrivenProgram;
 namespace fs = std::filesystem;
@@ -12,6 +14,32 @@ namespace fs = std::filesystem;
 namespace {
 
 class BadFilesTest : public endtoend::PictureFolder {};
+
+/// The names in a folder that anybody has opened since the object was made.
+class OpenedNames {
+ public:
+    explicit OpenedNames(const fs::path& folder) : events_(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
+        EXPECT_GE(inotify_add_watch(events_, folder.c_str(), IN_OPEN), 0);
+    }
+    ~OpenedNames() { close(events_); }
+    OpenedNames(const OpenedNames&) = delete;
+    OpenedNames& operator=(const OpenedNames&) = delete;
+
+    std::set<std::string> take() {
+        std::set<std::string> names;
+        alignas(inotify_event) char block[16384];
+        for (ssize_t got = 0; (got = read(events_, block, sizeof block)) > 0;)
+            for (ssize_t at = 0; at < got;) {
+                const auto* event = reinterpret_cast<const inotify_event*>(block + at);
+                if (event->len > 0) names.insert(event->name);
+                at += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
+            }
+        return names;
+    }
+
+ private:
+    int events_;
+};
 
 }  // namespace
 
@@ -22,6 +50,7 @@ TEST_F(BadFilesTest, WhatIsNoFileIsListedAndNeverOpened) {
     fs::create_symlink("loop.jpg", folder / "loop.jpg");
     fs::create_symlink("/dev/zero", folder / "device.jpg");
     fs::create_symlink("/dev/tty", folder / "terminal.jpg");
+    OpenedNames opened(folder.path());
     DrivenProgram program;
     program.tell("open", {path()});
     EXPECT_EQ(program.fileNames(),
@@ -29,14 +58,12 @@ TEST_F(BadFilesTest, WhatIsNoFileIsListedAndNeverOpened) {
     for (const char* name : {"broken.jpg", "device.jpg", "loop.jpg", "pipe.jpg", "terminal.jpg"}) {
         program.tell("click", {"a.jpg"});
         EXPECT_EQ(program.value("XMP-dc", "Title"), "of a");
-        QElapsedTimer since;
-        since.start();
         program.tell("click", {name});
-        EXPECT_LT(since.elapsed(), 5000) << name;
         EXPECT_TRUE(program.rows().isEmpty()) << name;
         EXPECT_EQ(program.status(), "Ready") << name;
     }
     EXPECT_EQ(program.quit(), 0);
+    EXPECT_EQ(opened.take(), std::set<std::string>({"a.jpg"}));
 }
 
 TEST_F(BadFilesTest, AFolderThatVanishesWhileItIsShownIsTold) {
@@ -87,10 +114,10 @@ TEST_F(BadFilesTest, NamesOfTheGreatestLengthAreReadAndLeft) {
 }
 
 TEST_F(BadFilesTest, AFolderThatMayNotBeReadIsTold) {
-    if (geteuid() == 0) GTEST_SKIP() << "the superuser may read everything";
+    if (!support::UnprivilegedUser::mayRun(TAGWRIGHT_DRIVE)) GTEST_SKIP() << "the program is root's alone";
     subfolder("closed");
     fs::permissions(folder / "closed", fs::perms::none);
-    DrivenProgram program;
+    DrivenProgram program({.unprivilegedIn = folder.path()});
     program.tell("open", {path()});
     program.tell("doubleclick", {"closed"});
     EXPECT_TRUE(program.fileNames().isEmpty());

@@ -2,6 +2,7 @@
 
 #include "platform/IniFile.h"
 #include "support/SmallFiles.h"
+#include "support/UnprivilegedUser.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -47,7 +48,8 @@ std::vector<std::string> environmentWith(const std::vector<std::string>& more) {
 
 DrivenProgram::DrivenProgram() : DrivenProgram(Options{}) {}
 
-DrivenProgram::DrivenProgram(const Options& options) : environment_(options.environment) {
+DrivenProgram::DrivenProgram(const Options& options)
+    : environment_(options.environment), unprivilegedIn_(options.unprivilegedIn) {
     layOut(options);
     start();
 }
@@ -103,6 +105,11 @@ void DrivenProgram::start() {
     std::vector<char*> envp;
     for (std::string& variable : variables) envp.push_back(variable.data());
     envp.push_back(nullptr);
+    std::optional<support::UnprivilegedUser> user;
+    if (!unprivilegedIn_.empty()) {
+        const support::UnprivilegedUser owner(unprivilegedIn_);
+        user.emplace(folder_.path());
+    }
     ASSERT_EQ(posix_spawn(&child_, TAGWRIGHT_DRIVE, &actions, nullptr, argv.data(), envp.data()), 0);
     posix_spawn_file_actions_destroy(&actions);
     close(toChild[0]);

@@ -24,6 +24,8 @@ class DrivenProgram {
         std::function<void(const std::filesystem::path& install)> prepare = {};  ///< called before the start
         std::optional<std::filesystem::path> exifTool = {};  ///< written into the settings file
         std::vector<std::string> environment = {};           ///< NAME=value
+        /// It runs as a user who may not do everything, to whom this folder is given; in none, as ourselves.
+        std::filesystem::path unprivilegedIn = {};
     };
 
     DrivenProgram();
@@ -85,6 +87,7 @@ class DrivenProgram {
     support::TemporaryFolder folder_;
     std::filesystem::path install_;
     std::vector<std::string> environment_;
+    std::filesystem::path unprivilegedIn_;
     pid_t child_ = -1;
     int input_ = -1;
     int output_ = -1;

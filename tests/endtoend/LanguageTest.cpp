@@ -18,6 +18,13 @@ class LanguageTest : public endtoend::PictureFolder {
         return options;
     }
 
+    // English made of the sources, which stand in for no other language.
+    DrivenProgram::Options english() const {
+        DrivenProgram::Options options;
+        options.prepare = [this](const fs::path& install) { sources.pack(install / "babel/0009.dlk"); };
+        return options;
+    }
+
     static DrivenProgram::Options frenchWithoutFile() {
         DrivenProgram::Options options;
         options.moreSettings = "\n[Main]\nLanguage=12\n";
@@ -57,6 +64,19 @@ TEST_F(LanguageTest, WhatALanguageLacksIsEnglishAndToldInTheStatusBar) {
     EXPECT_EQ(program.quit(), 0);
 }
 
+TEST_F(LanguageTest, WhatIsFaultyInALanguageIsEnglishAndToldInTheStatusBar) {
+    sources.replace("ribbon.xml", "<ribbon", "<nonsense");
+    sources.replace("forms/284.ui", "28402", "99999");
+    DrivenProgram program(french());
+    EXPECT_TRUE(program.status().contains("0012.dlk")) << program.status().toStdString();
+    program.tell("command", {"284"});
+    EXPECT_EQ(program.tell("dialog")["title"].toString(), "About Tagwright");
+    program.tell("press", {"1"});
+    program.tell("open", {path()});
+    EXPECT_EQ(program.fileNames(), QStringList("a.jpg"));
+    EXPECT_EQ(program.quit(), 0);
+}
+
 TEST_F(LanguageTest, AFormWithoutAControlThatItsDialogNeedsIsToldAndDoesNotOpen) {
     const struct {
         const char* form;
@@ -73,7 +93,7 @@ TEST_F(LanguageTest, AFormWithoutAControlThatItsDialogNeedsIsToldAndDoesNotOpen)
     };
     for (const auto& row : cases)
         sources.replace("forms/" + std::string(row.form) + ".ui", row.control, "99999");
-    DrivenProgram program(french());
+    DrivenProgram program(english());
     program.tell("open", {path()});
     for (const auto& row : cases) {
         // Without a selection the files of a folder are asked for, with one the operation begins.

@@ -57,9 +57,7 @@ class ExifToolSessionTest : public testing::Test {
 
 TEST_F(ExifToolSessionTest, AsksForOneTag) {
     const auto file = photo("with \"quotes\" $(x) \xE9.jpg");
-    const auto begin = Clock::now();
     ASSERT_EQ(session_.StartExifToolSession(folder_.path(), "/usr/bin/exiftool"), ExifToolSession::kStarted);
-    EXPECT_LT(Clock::now() - begin, 100ms) << "a start is just a start";
     EXPECT_EQ(queryUntilAnswered(file, "Xmp-Plus:CopyrightStatus"), "CopyrightStatus: Protected\n");
     const auto asked = Clock::now();
     EXPECT_EQ(session_.QueryTag(file, "Xmp-Plus:ImageSupplier"), "") << "a tag that the file lacks";
@@ -70,7 +68,6 @@ TEST_F(ExifToolSessionTest, AsksForOneTag) {
 
 TEST_F(ExifToolSessionTest, NothingIsAskedWithoutATagOrWithANameThatCannotStandOnALine) {
     ASSERT_EQ(session_.StartExifToolSession(folder_.path(), "/usr/bin/exiftool"), 1);
-    const auto begin = Clock::now();
     EXPECT_EQ(session_.QueryTag("/a.jpg", ""), "");
     EXPECT_EQ(session_.QueryTag("", "Artist"), "");
     EXPECT_EQ(session_.QueryTag("/a\n-o\n/owned.jpg", "Artist"), "");
@@ -78,7 +75,6 @@ TEST_F(ExifToolSessionTest, NothingIsAskedWithoutATagOrWithANameThatCannotStandO
     EXPECT_EQ(session_.QueryTag("/a.jpg", "Artist\n-all="), "");
     EXPECT_FALSE(session_.SendPerFileCommand("-Artist=x\n", "/a\nb.jpg").wasSent);
     EXPECT_FALSE(session_.requestThumbnail("-PreviewImage", "/a\nb.jpg", "/out"));
-    EXPECT_LT(Clock::now() - begin, 100ms);
     EXPECT_EQ(readBytes(argumentFile()), "");
 }
 
@@ -113,6 +109,7 @@ TEST_F(ExifToolSessionTest, ALateAnswerStandsInFrontOfALaterRequest) {
     const auto signal = folder_ / "go";
     const auto tool = writeTool("while [ ! -e '" + signal.string() +
                                 "' ]; do sleep 0.02; done; printf late; exec sleep 100");
+    // A start is just a start: it comes back before the tool has said anything.
     ASSERT_EQ(session_.StartExifToolSession(folder_.path(), tool), 1);
     EXPECT_EQ(session_.QueryTag("/a.jpg", "Artist"), "");
     writeBytes(signal, "");

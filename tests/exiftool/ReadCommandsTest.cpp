@@ -147,13 +147,13 @@ TEST_F(ReadCommandsTest, CategoriesAreReadInTheCorrectedForm) {
     EXPECT_THAT(readBytes(output_), HasSubstr("GPSLongitudeRef: West"));
 }
 
-TEST_F(ReadCommandsTest, OneValueLandsBesideTheTempFolder) {
+TEST_F(ReadCommandsTest, OneValueLandsBesideTheTempFolderInTheDesignedForm) {
     const auto file = makePhoto("a.jpg");
     EXPECT_EQ(commands_.ReadOneValue(file, "GPSLatitude", true), "48.5");
     EXPECT_EQ(commands_.ReadOneValue(file, "GPSLongitudeRef", false), "West");
     EXPECT_EQ(commands_.ReadOneValue(file, "Title", false), "A title");
     EXPECT_EQ(commands_.ReadOneValue(file, "ISO", false), QString());
-    EXPECT_TRUE(std::filesystem::exists(folder_ / "TempMetadata.txt"));
+    EXPECT_FALSE(std::filesystem::exists(folder_ / "TempMetadata.txt"));
     EXPECT_TRUE(std::filesystem::exists(folder_ / "Temp/Metadata.bat")) << "stays behind";
     context_.settings.exifTool.correctedCommands = false;
     EXPECT_EQ(commands_.ReadOneValue(file, "GPSLatitude", true), QString()) << "the line ends in no return";

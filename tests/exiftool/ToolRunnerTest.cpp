@@ -167,7 +167,9 @@ TEST_F(ToolRunnerTest, HowARunEndedIsTold) {
         {"echo answer", exiftool::OutcomeKind::Done, "", ""},
         {"exit 0", exiftool::OutcomeKind::Done, "", ""},
         {"exit 1", exiftool::OutcomeKind::Failed, "status 1", "status 1"},
-        {"echo answer; exit 1", exiftool::OutcomeKind::Failed, "status 1", ""},
+        {"echo half; exit 1", exiftool::OutcomeKind::Failed, "status 1", "status 1"},
+        {"echo '[ExifTool] - Version : 1'; echo '[ExifTool] - Erreur : File is empty'; exit 1",
+         exiftool::OutcomeKind::Failed, "status 1", ""},
         {"echo half; kill -KILL $$", exiftool::OutcomeKind::Killed, "signal 9", "signal 9"},
     };
     for (const auto& row : cases) {

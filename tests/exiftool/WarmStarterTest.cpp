@@ -497,6 +497,19 @@ TEST_F(WarmStarterTest, ADeadStarterIsReplacedAFewTimes) {
     EXPECT_FALSE(starter_.run(commandOf({"-ver"}), {}));
 }
 
+TEST_F(WarmStarterTest, AChildThatDiesWithItsStarterHasNotEndedWell) {
+    startWarm();
+    bool wasKilled = false;
+    const ChildCommand command =
+        commandOf({"-if", "sleep 1; kill 'KILL', $$", kSamples / "Harbour at dawn.jpg"});
+    const auto outcome = starter_.run(command, [&](std::chrono::milliseconds) {
+        if (!wasKilled) killHelper();
+        return wasKilled = true;
+    });
+    ASSERT_TRUE(outcome);
+    EXPECT_FALSE(outcome->kind == ChildOutcome::Kind::Ended && outcome->number == 0);
+}
+
 TEST_F(WarmStarterTest, AChildOutlivesItsStarterAndIsWaitedFor) {
     startWarm();
     bool wasKilled = false;

@@ -414,6 +414,15 @@ TEST_F(WriteCommandsTest, OfALineOverSeveralFilesEachHasItsOwnOutcome) {
     EXPECT_EQ(valueOf(last, "-XMP-dc:Title"), "x");
 }
 
+TEST_F(WriteCommandsTest, OfALineOverSeveralFilesThatIsCutTheFilesSayHowFarItCame) {
+    const std::vector<fs::path> files = {makePhoto("a.jpg"), makePhoto("b.jpg"), makePhoto("c.jpg")};
+    support::useTool(context_, folder_ / "tool",
+                     "echo more >>\"" + files[0].string() + "\"\nkill -KILL $$\n");
+    const Outcomes outcomes = runner_.runWriteLine(files, toolStart(context_).literal("-XMP-dc:Title=x"));
+    EXPECT_THAT(kindsOf(outcomes), ElementsAre(Warned, Killed, NotBegun));
+    for (const Outcome& outcome : outcomes) EXPECT_THAT(outcome.words, HasSubstr("signal 9"));
+}
+
 TEST_F(WriteCommandsTest, OtherProgramsRunWithoutABatchFile) {
     const fs::path script = folder_ / "convert";
     writeBytes(script, "#!/bin/sh\nprintf '%s' \"$1\" >\"$2\"\n");

@@ -6,7 +6,6 @@
 
 #include <QCheckBox>
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -15,6 +14,8 @@
 #include <QRadioButton>
 #include <QSystemTrayIcon>
 #include <QTest>
+#include <QTextBlock>
+#include <QTextLayout>
 #include <QTimer>
 
 namespace {
@@ -70,16 +71,19 @@ TEST(ReportDialog, BothButtonsAndTheKeysCloseIt) {
     EXPECT_EQ(resultOf([](ReportDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); }), 0);
 }
 
-TEST(ReportDialog, ALongReportOpensSoon) {
+TEST(ReportDialog, OfALongReportOnlyWhatIsSeenIsLaidOut) {
     QString text;
     for (int i = 0; i < 80'000; ++i) text += QStringLiteral("Warning: nothing to say - /photos/a.jpg\n");
-    QElapsedTimer watch;
-    watch.start();
     ReportDialog dialog(english(), text, nullptr);
     dialog.show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
-    EXPECT_LT(watch.elapsed(), 3000);
-    EXPECT_EQ(dialog.control<QPlainTextEdit>(924)->blockCount(), 80'001);
+    const QTextDocument& shown = *dialog.control<QPlainTextEdit>(924)->document();
+    EXPECT_EQ(shown.blockCount(), 80'001);
+    int laidOut = 0;
+    for (QTextBlock block = shown.begin(); block.isValid(); block = block.next())
+        laidOut += block.layout()->lineCount() > 0 ? 1 : 0;
+    EXPECT_GT(laidOut, 0);
+    EXPECT_LT(laidOut, 1000);
 }
 
 class NoFilesSelected : public testing::Test {

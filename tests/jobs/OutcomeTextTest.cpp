@@ -95,10 +95,16 @@ TEST_F(OutcomeTextTest, TheReportNamesEveryFileThatDidNotGoWell) {
 
 TEST_F(OutcomeTextTest, HowManyFilesWereLeftIsSaidWithTheReason) {
     JobResult result = resultOf({Done, Stopped, NotBegun, NotBegun});
+    result.wasStopped = true;
     EXPECT_EQ(jobs::filesLeftLine(result), "Warning: Stopped - 2 files were not begun\n");
     EXPECT_THAT(jobs::reportOf(english_, result), HasSubstr("2 files were not begun"));
     result.isClosing = true;
     EXPECT_EQ(jobs::filesLeftLine(result), "Warning: The window was closed - 2 files were not begun\n");
-    EXPECT_EQ(jobs::filesLeftLine(resultOf({Done, NotBegun})), "Warning: Stopped - 1 file was not begun\n");
+    JobResult early = resultOf({Done, NotBegun});
+    early.wasStopped = false;
+    early.outcomes.back().words = "The tool is gone";
+    EXPECT_EQ(jobs::filesLeftLine(early), "Warning: The tool is gone - 1 file was not begun\n");
+    early.outcomes.back().words.clear();
+    EXPECT_THAT(jobs::filesLeftLine(early), Not(HasSubstr("Stopped"))) << "nobody stopped it";
     EXPECT_EQ(jobs::filesLeftLine(resultOf({Done, Failed})), "");
 }

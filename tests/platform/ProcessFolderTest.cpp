@@ -170,6 +170,22 @@ TEST_F(ProcessFolderTest, AParentThatIsMissingOrNoFolderIsAFailureWithAReason) {
     }
 }
 
+TEST_F(ProcessFolderTest, AFolderInsideIsNeverSomebodyElses) {
+    const fs::path elsewhere = folder_ / "elsewhere";
+    fs::create_directory(elsewhere);
+    support::writeBytes(elsewhere / "photo", "bytes");
+    const fs::path inside = parent_ / "job";
+    fs::create_directory_symlink(elsewhere, inside);
+    EXPECT_FALSE(platform::makeOwnSubfolder(inside));
+    EXPECT_TRUE(fs::is_directory(fs::symlink_status(inside)));
+    EXPECT_EQ(modeOf(inside), 0700U);
+    EXPECT_EQ(support::readBytes(elsewhere / "photo"), "bytes");
+    fs::permissions(inside, fs::perms::all);
+    EXPECT_FALSE(platform::makeOwnSubfolder(inside)) << "it is there already";
+    EXPECT_EQ(modeOf(inside), 0700U);
+    EXPECT_TRUE(platform::makeOwnSubfolder(parent_ / "missing" / "job"));
+}
+
 TEST_F(ProcessFolderTest, AFolderThatWentAwayMeanwhileIsNoFailure) {
     ClaimedFolder own = ProcessFolder::claim(parent_);
     ASSERT_TRUE(own.folder);

@@ -1,3 +1,5 @@
+#include "app/LanguageFile.h"
+#include "app/SpokenText.h"
 #include "support/WorkingFolder.h"
 
 #include <gtest/gtest.h>
@@ -25,6 +27,8 @@ int main(int argc, char** argv) {
     QApplication application(argc, argv);
     qInstallMessageHandler(tellUndeclaredControls);
     QLocale::setDefault(QLocale::c());
+    const app::LanguageFile english(TAGWRIGHT_BIN_DIR, app::kEnglishLanguage);
+    const app::SpokenLanguage spoken(english);
     ::testing::InitGoogleTest(&argc, argv);
     support::keepToAWorkingFolder();
     return RUN_ALL_TESTS();

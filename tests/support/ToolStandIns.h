@@ -94,7 +94,12 @@ inline void expectTruthOfStandIns(app::AppContext& context, exiftool::ToolRunner
                 const exiftool::Outcomes outcomes = work.run();
                 EXPECT_FALSE(outcomes.empty());
                 for (const exiftool::Outcome& outcome : outcomes) {
-                    EXPECT_EQ(outcome.kind, standIn.isMute ? work.ofMute : standIn.kind);
+                    using enum exiftool::OutcomeKind;
+                    // One process for several files was cut at the first.
+                    const bool isBehindCut = (standIn.kind == Killed || standIn.kind == Stopped) &&
+                                             &outcome != outcomes.data() && outcome.kind == NotBegun;
+                    EXPECT_TRUE(isBehindCut || outcome.kind == (standIn.isMute ? work.ofMute : standIn.kind))
+                        << testing::PrintToString(outcome);
                     EXPECT_TRUE(standIn.isMute || !outcome.words.empty());
                 }
                 EXPECT_TRUE(bytesBelow(files) == before) << "a file has changed";

@@ -112,7 +112,8 @@ class EditedWindow {
     double copyForSafety() {
         const fs::path folder = program_.context().tempPath / "copies";
         const double begin = bench::monotonicSeconds();
-        exiftool::MakeSafetyCopy(file_, folder, {});
+        if (!exiftool::MakeSafetyCopy(file_, folder, {}).isEmpty())
+            throw std::runtime_error("no safety copy");
         const double seconds = bench::monotonicSeconds() - begin;
         fs::remove_all(folder);
         return seconds;

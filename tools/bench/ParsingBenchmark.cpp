@@ -6,6 +6,7 @@
 #include "tags/OutputParser.h"
 
 #include <benchmark/benchmark.h>
+#include <stdexcept>
 
 #include <fstream>
 
@@ -26,8 +27,9 @@ void parseAll(benchmark::State& state, const app::Settings& settings) {
             tags::RatingLog log;
             tags::OutputParser parser(dictionary, settings, memory, log);
             parser.begin();
-            parser.ParseExifToolOutput(sample.output,
-                                       [&](tags::MetadataRow&& row) { rows.push_back(std::move(row)); });
+            const auto insert = [&](tags::MetadataRow&& row) { rows.push_back(std::move(row)); };
+            if (!parser.ParseExifToolOutput(sample.output, insert))
+                throw std::runtime_error("the output is gone");
             rowCount += rows.size();
         }
         benchmark::DoNotOptimize(rows);

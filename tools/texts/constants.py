@@ -30,3 +30,8 @@ def headers(names, texts):
     """The contents by file name; a room without texts has an empty header."""
     rooms = {name: name.partition("/")[0] for name in names}
     return {name: header(room, [text for text in texts if text.room == room]) for name, room in rooms.items()}
+
+
+def key_table(texts):
+    """The rows of a table of TextKey."""
+    return "".join(f'{{{text.number}, "{text.key}"}},\n' for text in texts)

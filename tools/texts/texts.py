@@ -3,6 +3,7 @@
 
     texts.py headers  BABEL FOLDER NAME... the headers with the constants, one a folder of src, as edit/EditTexts.h
     texts.py language BABEL NUMBER FILE    the Linguist file that is packed for a language
+    texts.py keys     BABEL FILE           the table of all numbers and their keys
     texts.py controls BABEL SRC FILE       the table of the controls that the dialogs use, which the forms must have
     texts.py update   BABEL NUMBER         BABEL/NUMBER.ts for the translator: keeps what is translated, adds what is new
     texts.py check    BABEL                only the checks
@@ -58,6 +59,10 @@ def main(arguments):
         for name, content in constants.headers(names, texts).items():
             write_if_changed(os.path.join(folder, name), content)
         return
+    if command == "keys":
+        stop_at(faults)
+        write_if_changed(rest[0], constants.key_table(texts))
+        return
     if command == "controls":
         used, control_faults = controls.read(rest[0])
         stop_at(control_faults + controls.faults(used, os.path.join(babel, "forms")))
@@ -77,6 +82,6 @@ def main(arguments):
 
 
 if __name__ == "__main__":
-    if len(sys.argv) < 3 or sys.argv[1] not in ("headers", "language", "controls", "update", "check"):
+    if len(sys.argv) < 3 or sys.argv[1] not in ("headers", "keys", "language", "controls", "update", "check"):
         sys.exit(__doc__)
     main(sys.argv[1:])
