@@ -113,7 +113,7 @@ class JobRunnerTest : public testing::Test {
         job.workOnFile = [terms = platform::CommandText(arguments)](JobWork& work, const fs::path& file) {
             return work.runner.RunOnFile(file, terms);
         };
-        job.sameForAll = [terms = platform::CommandText(arguments)](
+        job.lineOf = [terms = platform::CommandText(arguments)](
                              const app::AppContext& context, app::CommandForm form, const fs::path& file) {
             return exiftool::lineOnFile(context, form, terms, file);
         };
