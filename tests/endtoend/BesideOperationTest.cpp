@@ -31,8 +31,9 @@ class BesideOperationTest : public endtoend::EditedFolder {
     /// a run for another one.
     DrivenProgram::Options options(const std::string& meanwhile = {}) {
         const fs::path tool = folder / "tool";
-        support::writeBytes(tool, "#!/bin/sh\ncase \"$*\" in *stay_open*) ;;\n*held.jpg*) while [ ! -e '" +
-                                      letGo().string() + "' ]; do sleep 0.02; done;;\n" + meanwhile +
+        support::writeBytes(tool, "#!/bin/sh\ncase \"$*\" in *stay_open*) ;;\n*held.jpg*) : >'" +
+                                      inWork().string() + "'; while [ ! -e '" + letGo().string() +
+                                      "' ]; do sleep 0.02; done;;\n" + meanwhile +
                                       "esac\nexec /usr/bin/exiftool \"$@\"\n");
         fs::permissions(tool, fs::perms::owner_all);
         DrivenProgram::Options options;
@@ -43,6 +44,7 @@ class BesideOperationTest : public endtoend::EditedFolder {
         };
         return options;
     }
+    fs::path inWork() const { return folder / "in work"; }
     fs::path letGo() const { return folder / "let go"; }
     fs::path restarted() const { return folder / "restarted"; }
 
@@ -51,6 +53,7 @@ class BesideOperationTest : public endtoend::EditedFolder {
         program.tell("open", {path()});
         program.tell("select", {"held.jpg"});
         program.tell("nowait", {"command", command});
+        EXPECT_TRUE(waitFor([&] { return fs::exists(inWork()); }));
     }
     void letItEnd(DrivenProgram& program) {
         support::writeBytes(letGo(), "");
