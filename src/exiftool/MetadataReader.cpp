@@ -4,6 +4,7 @@
 #include "exiftool/ExifToolTexts.h"
 #include "exiftool/ReadCommands.h"
 #include "exiftool/ToolRunner.h"
+#include "platform/ProcessFolder.h"
 #include "platform/Text.h"
 
 #include <QMetaObject>
@@ -90,8 +91,11 @@ MetadataRead MetadataReader::read(const Request& request) {
     MetadataRead answer;
     answer.file = request.file;
     answer.output = request.context.tempPath / kOutput;
+    if (const std::error_code refused = platform::makeOwnSubfolder(request.context.tempPath)) {
+        answer.fault = platform::wide(refused.message());
+        return answer;
+    }
     std::error_code error;
-    fs::create_directory(request.context.tempPath, error);
     // What the last read left must never be taken for this file's tags when the tool fails to write.
     fs::remove(answer.output, error);
     ToolRunner runner(request.context);

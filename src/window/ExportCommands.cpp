@@ -4,6 +4,7 @@
 #include "browser/ShellBrowser.h"
 #include "dialogs/Messages.h"
 #include "exiftool/ValuesExport.h"
+#include "jobs/OutcomeText.h"
 #include "jobs/ReportText.h"
 #include "panel/MetadataPanel.h"
 #include "platform/FileCopy.h"
@@ -19,6 +20,8 @@
 namespace window {
 
 namespace fs = std::filesystem;
+using exiftool::Outcome;
+using exiftool::OutcomeKind;
 
 namespace {
 
@@ -76,7 +79,10 @@ void ExportCommands::dumpFile(app::CommandId id) {
     std::error_code error;
     fs::remove(output, error);
     const int ran = isHtml ? parts_.reads.DumpHtml(file, output) : parts_.reads.DumpVerbose(file, output);
-    if (parts_.runner.wasStopped()) return;
+    if (parts_.runner.wasStopped()) {
+        tellStopped(file);
+        return;
+    }
     const std::string fault = parts_.runner.lastFaultOfRead(output);
     if (ran != 0 && hasContent(output) && fault.empty()) {
         browse_.openPath(output);
@@ -113,25 +119,34 @@ void ExportCommands::exportValues(app::CommandId id) {
     // Its complaints go to the report, which is the running operation's.
     if (!ending_.isReadyToBegin()) return;
     if (!isNew && !clearTheWay(form, target)) return;
-    const QString problem = form == app::CommandForm::Corrected ? exportByWayOfTemp(file, target, *format)
+    const Outcome outcome = form == app::CommandForm::Corrected ? exportByWayOfTemp(file, target, *format)
                                                                 : exportStraight(form, file, target, *format);
-    if (parts_.runner.wasStopped()) return;
-    if (!problem.isEmpty()) {
-        dialogs::showMessage(&parts_.window, {problem, dialogs::MessageIcon::Stop});
-        return;
-    }
-    if (isNew && target.parent_path() == parts_.activeBrowser().currentFolder())
+    const bool isAdded = exiftool::isWritten(outcome.kind) && isNew;
+    if (isAdded && target.parent_path() == parts_.activeBrowser().currentFolder())
         parts_.activeBrowser().AddItem(platform::narrow(target.filename()));
-    tellExported(file, target);
+    tellExported(outcome, target);
 }
 
-void ExportCommands::tellExported(const fs::path& file, const fs::path& target) {
+void ExportCommands::tellExported(const Outcome& outcome, const fs::path& target) {
     // ExifTool had something to say about a file that it wrote all the same.
-    const std::string words = jobs::reportBeginning(parts_.context);
-    using exiftool::OutcomeKind;
-    const auto kind = words.empty() ? OutcomeKind::Done : OutcomeKind::Warned;
-    if (kind != OutcomeKind::Done) ending_.ShowBatchReport({{}, {{file, kind, words}}, false, false});
-    parts_.showStatus(parts_.language.formatted(text::kExported, {platform::display(target)}));
+    if (outcome.kind == OutcomeKind::Warned) ending_.ShowBatchReport({{}, {outcome}, false, false});
+    const QString name = platform::display(target);
+    if (exiftool::isWritten(outcome.kind))
+        parts_.showStatus(parts_.language.formatted(text::kExported, {name}));
+    else if (outcome.kind == OutcomeKind::Stopped)
+        tellStopped(outcome.file);
+    else
+        dialogs::showMessage(
+            &parts_.window,
+            {outcome.words.empty()
+                 ? parts_.language.formatted(text::kExportEmpty, {name})
+                 : parts_.language.formatted(text::kExportNotWritten, {name, platform::wide(outcome.words)}),
+             dialogs::MessageIcon::Stop});
+}
+
+void ExportCommands::tellStopped(const fs::path& file) {
+    const QString stopped = jobs::wordsOf(parts_.language, {file, OutcomeKind::Stopped, {}});
+    parts_.showStatus(platform::display(file.filename()) + QStringLiteral(": ") + stopped);
 }
 
 bool ExportCommands::clearTheWay(app::CommandForm form, const fs::path& target) {
@@ -146,31 +161,33 @@ bool ExportCommands::clearTheWay(app::CommandForm form, const fs::path& target) 
     return dialogs::showMessage(&parts_.window, question) == QMessageBox::Yes;
 }
 
-QString ExportCommands::exportStraight(app::CommandForm form, const fs::path& file, const fs::path& target,
+Outcome ExportCommands::exportStraight(app::CommandForm form, const fs::path& file, const fs::path& target,
                                        const exiftool::ValuesExport& format) {
     const int ran = parts_.reads.ExportValues(exiftool::exportFileWord(file),
                                               exiftool::exportOutputWord(parts_.context, form, target),
                                               platform::CommandText(format.arguments));
     const std::string fault = parts_.runner.lastFaultOfRead(target);
-    if (!fault.empty())
-        return parts_.language.formatted(text::kExportNotWritten,
-                                         {platform::display(target), platform::wide(fault)});
-    return ran == 0 ? parts_.language.formatted(text::kExportEmpty, {platform::display(target)}) : QString();
+    if (ran != 0 && fault.empty() && hasContent(target)) {
+        const std::string words = jobs::reportBeginning(parts_.context);
+        return {file, words.empty() ? OutcomeKind::Done : OutcomeKind::Warned, words};
+    }
+    std::error_code ignored;
+    if (fs::symlink_status(target, ignored).type() == fs::file_type::regular) fs::remove(target, ignored);
+    const OutcomeKind end = parts_.runner.lastEnd();
+    return {file, end == OutcomeKind::Done ? OutcomeKind::Failed : end, fault};
 }
 
-QString ExportCommands::exportByWayOfTemp(const fs::path& file, const fs::path& target,
+Outcome ExportCommands::exportByWayOfTemp(const fs::path& file, const fs::path& target,
                                           const exiftool::ValuesExport& format) {
     const fs::path output = parts_.context.tempPath / "Export.tmp";
     std::error_code error;
     fs::remove(output, error);
-    const QString problem = exportStraight(app::CommandForm::Corrected, file, output, format);
-    if (!problem.isEmpty()) return problem;
-    if (!hasContent(output))
-        return parts_.language.formatted(text::kExportEmpty, {platform::display(target)});
+    Outcome outcome = exportStraight(app::CommandForm::Corrected, file, output, format);
+    if (!exiftool::isWritten(outcome.kind)) return outcome;
     const int failure = platform::copyFile(output, target);
     fs::remove(output, error);
-    if (failure == 0) return {};
-    return parts_.language.formatted(text::kExportNotWritten, {platform::display(target), reasonOf(failure)});
+    if (failure != 0) return {file, OutcomeKind::Failed, platform::narrow(reasonOf(failure))};
+    return outcome;
 }
 
 }  // namespace window

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "exiftool/Outcome.h"
 #include "window/CommandMap.h"
 #include "window/WindowParts.h"
 
@@ -33,15 +34,18 @@ class ExportCommands {
     CommandState ifAnyFile(app::CommandId id) const;
     /// The first file among what is selected; where there is none, a message says so.
     std::filesystem::path selectedRegularFile();
-    void tellExported(const std::filesystem::path& file, const std::filesystem::path& target);
+    void tellExported(const exiftool::Outcome& outcome, const std::filesystem::path& target);
+    void tellStopped(const std::filesystem::path& file);
     /// The designed form deletes what stands in the target's place; the corrected one asks, and replaces it
     /// when the new content is there. False when nothing is to be exported.
     bool clearTheWay(app::CommandForm form, const std::filesystem::path& target);
-    /// Both give the reason for people when nothing has been written, else an empty text.
-    QString exportStraight(app::CommandForm form, const std::filesystem::path& file,
-                           const std::filesystem::path& target, const exiftool::ValuesExport& format);
-    QString exportByWayOfTemp(const std::filesystem::path& file, const std::filesystem::path& target,
-                              const exiftool::ValuesExport& format);
+    /// A target that is not whole does not stay.
+    exiftool::Outcome exportStraight(app::CommandForm form, const std::filesystem::path& file,
+                                     const std::filesystem::path& target,
+                                     const exiftool::ValuesExport& format);
+    exiftool::Outcome exportByWayOfTemp(const std::filesystem::path& file,
+                                        const std::filesystem::path& target,
+                                        const exiftool::ValuesExport& format);
 
     const WindowParts& parts_;
     controls::CommandActions& actions_;

@@ -120,6 +120,30 @@ TEST_F(DumpAndExport, AFailedExportLosesNothing) {
     EXPECT_EQ(program.quit(), 0);
 }
 
+TEST_F(DumpAndExport, AnExportThatWasCutIsNotTakenForOne) {
+    photo("a.jpg");
+    for (const char* end : {"kill -KILL $$", "exit 1"}) {
+        for (const auto& form : {DrivenProgram::Options{}, designed()}) {
+            SCOPED_TRACE(end + form.moreSettings.toStdString());
+            const fs::path tool = folder / "tool";
+            support::writeBytes(tool,
+                                std::string("#!/bin/sh\ncase \"$*\" in *stay_open*) exec sleep 60;; esac\n") +
+                                    "echo half\n" + end + "\n");
+            fs::permissions(tool, fs::perms::owner_all);
+            DrivenProgram::Options options = form;
+            options.exifTool = tool;
+            DrivenProgram program(options);
+            program.tell("open", {path()});
+            program.tell("select", {"a.jpg"});
+            program.tell("command", {"10034"});
+            EXPECT_THAT(program.takeMessage().toStdString(), HasSubstr("cannot be written"));
+            EXPECT_THAT(program.status().toStdString(), testing::Not(HasSubstr("Tags written")));
+            EXPECT_FALSE(fs::exists(folder / "a.txt")) << "half of it stays";
+            EXPECT_EQ(program.quit(), 0);
+        }
+    }
+}
+
 TEST_F(DumpAndExport, NamesFromOutsideStayNames) {
     for (const std::string& name : support::hostileNames()) photo(name, {"-IFD0:Model=M"});
     DrivenProgram program;
