@@ -1,6 +1,7 @@
 #include "batch/BatchDispatch.h"
 #include "batch/BatchOperations.h"
 #include "jobs/JobSource.h"
+#include "support/EditingContext.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 #include "support/ToolStandIns.h"
@@ -28,12 +29,7 @@ using testing::UnorderedElementsAre;
 class BatchOperationsTest : public testing::Test {
  protected:
     BatchOperationsTest() {
-        for (const char* name : {"Temp", "photos", "cache"}) fs::create_directory(folder_ / name);
-        context_.tempPath = folder_ / "Temp";
-        context_.cachePath = folder_ / "cache";
-        context_.reportFile = folder_ / "cache/report.txt";
-        context_.exifToolPath = "/usr/bin/exiftool";
-        context_.settings.exifTool.correctedCommands = true;
+        context_ = support::editingContext(folder_.path());
         support::writeJpeg(master_);
         ExifTool({"-q", "-overwrite_original", "-EXIF:Make=Maker/s", "-EXIF:Model=Model 1",
                   "-DateTimeOriginal=2001:02:03 04:05:06", "-XMP-dc:Title=A title",

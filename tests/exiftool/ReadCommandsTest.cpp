@@ -1,6 +1,7 @@
 #include "exiftool/ReadCommands.h"
 
 #include "exiftool/StarterUnderTest.h"
+#include "support/EditingContext.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 
@@ -33,12 +34,7 @@ class ReadCommandsTest : public testing::Test {
  protected:
     void SetUp() override {
         runner_.setWarmStarter(starterUnderTest());
-        std::filesystem::create_directory(folder_ / "Temp");
-        std::filesystem::create_directory(folder_ / "photos");
-        context_.tempPath = folder_ / "Temp";
-        context_.cachePath = folder_ / "cache";
-        context_.exifToolPath = "/usr/bin/exiftool";
-        context_.settings.exifTool.correctedCommands = true;
+        context_ = support::editingContext(folder_.path());
         std::filesystem::current_path(folder_ / "photos");
     }
 

@@ -1,6 +1,7 @@
 #include "exiftool/WriteCommands.h"
 
 #include "exiftool/StarterUnderTest.h"
+#include "support/EditingContext.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 #include "support/ToolStandIns.h"
@@ -31,12 +32,7 @@ class WriteCommandsTest : public testing::Test {
  protected:
     void SetUp() override {
         runner_.setWarmStarter(starterUnderTest());
-        for (const char* name : {"Temp", "photos", "cache"}) fs::create_directory(folder_ / name);
-        context_.tempPath = folder_ / "Temp";
-        context_.cachePath = folder_ / "cache";
-        context_.reportFile = folder_ / "cache/report.txt";
-        context_.exifToolPath = "/usr/bin/exiftool";
-        context_.settings.exifTool.correctedCommands = true;
+        context_ = support::editingContext(folder_.path());
         runner_.setSafetyCopyFailed(
             [this](const QString& message) { failures_.push_back(message.toStdString()); });
         fs::current_path(folder_ / "photos");

@@ -2,6 +2,7 @@
 
 #include "exiftool/LineParts.h"
 #include "exiftool/ToolConversation.h"
+#include "support/EditingContext.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 #include "support/ToolStandIns.h"
@@ -43,14 +44,7 @@ constexpr int kMoreThanAnyGrace =
 
 class JobRunnerTest : public testing::Test {
  protected:
-    JobRunnerTest() {
-        for (const char* name : {"Temp", "photos", "cache"}) fs::create_directory(folder_ / name);
-        context_.tempPath = folder_ / "Temp";
-        context_.cachePath = folder_ / "cache";
-        context_.reportFile = folder_ / "cache/report.txt";
-        context_.exifToolPath = "/usr/bin/exiftool";
-        context_.settings.exifTool.correctedCommands = true;
-    }
+    JobRunnerTest() { context_ = support::editingContext(folder_.path()); }
     ~JobRunnerTest() override {
         gate_.release(100);
         runner_.reset();
@@ -100,6 +94,11 @@ class JobRunnerTest : public testing::Test {
         };
         return job;
     }
+    [[nodiscard]] bool isClosingDuring(Job job) {
+        if (!begin(std::move(job)) || !waitForTool()) return false;
+        runner_->closeAfterThisFile();
+        return true;
+    }
     /// ExifTool begins a photo, tells that it runs, and waits until it may go on; by sessions or by a line a
     /// file.
     Job jobThatWaits(const std::vector<fs::path>& files, bool bySessions) {
@@ -113,8 +112,8 @@ class JobRunnerTest : public testing::Test {
         job.workOnFile = [terms = platform::CommandText(arguments)](JobWork& work, const fs::path& file) {
             return work.runner.RunOnFile(file, terms);
         };
-        job.lineOf = [terms = platform::CommandText(arguments)](
-                             const app::AppContext& context, app::CommandForm form, const fs::path& file) {
+        job.lineOf = [terms = platform::CommandText(arguments)](const app::AppContext& context,
+                                                                app::CommandForm form, const fs::path& file) {
             return exiftool::lineOnFile(context, form, terms, file);
         };
         return job;
@@ -244,9 +243,7 @@ TEST_F(JobRunnerTest, AClosingWindowLetsTheFileInWorkEndOnEveryRoad) {
     for (const bool bySessions : {false, true}) {
         SCOPED_TRACE(bySessions);
         const std::vector<fs::path> files = photos({"a.jpg", "b.jpg"});
-        ASSERT_TRUE(begin(jobThatWaits(files, bySessions)));
-        ASSERT_TRUE(waitForTool());
-        runner_->closeAfterThisFile();
+        ASSERT_TRUE(isClosingDuring(jobThatWaits(files, bySessions)));
         // Longer than a cut would give it.
         EXPECT_FALSE(QTest::qWaitFor([this] { return result_.has_value(); }, kMoreThanAnyGrace));
         writeBytes(folder_ / "go", "");
@@ -263,9 +260,7 @@ TEST_F(JobRunnerTest, AStopCutsWhatAClosingWindowWaitsForOnEveryRoad) {
     for (const bool bySessions : {false, true}) {
         SCOPED_TRACE(bySessions);
         const std::vector<fs::path> files = photos({"a.jpg", "b.jpg"});
-        ASSERT_TRUE(begin(jobThatWaits(files, bySessions)));
-        ASSERT_TRUE(waitForTool());
-        runner_->closeAfterThisFile();
+        ASSERT_TRUE(isClosingDuring(jobThatWaits(files, bySessions)));
         runner_->stop();
         EXPECT_THAT(kindsOf(end().outcomes), ElementsAre(Stopped, NotBegun));
         EXPECT_EQ(titleOf(files[0]), "");

@@ -4,6 +4,7 @@
 #include "jobs/JobRunner.h"
 #include "jobs/JobSource.h"
 #include "platform/Text.h"
+#include "support/EditingContext.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 #include "support/ToolStandIns.h"
@@ -190,12 +191,7 @@ constexpr Operation kShowTitles{
 class OperationJobTest : public testing::Test {
  protected:
     OperationJobTest() {
-        for (const char* name : {"Temp", "photos", "cache"}) fs::create_directory(folder_ / name);
-        context_.tempPath = folder_ / "Temp";
-        context_.cachePath = folder_ / "cache";
-        context_.reportFile = folder_ / "cache/report.txt";
-        context_.exifToolPath = "/usr/bin/exiftool";
-        context_.settings.exifTool.correctedCommands = true;
+        context_ = support::editingContext(folder_.path());
     }
 
     fs::path photo(const std::string& name, const std::string& assignment = "-XMP-dc:Title=old") const {

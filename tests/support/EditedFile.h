@@ -2,6 +2,7 @@
 
 #include "app/LanguageFile.h"
 #include "jobs/OperationParts.h"
+#include "support/EditingContext.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 
@@ -12,14 +13,7 @@
 /// What the edits work with, over files of a folder that goes away.
 class EditedFile : public testing::Test {
  protected:
-    EditedFile() {
-        for (const char* name : {"Temp", "photos", "cache"}) std::filesystem::create_directory(folder / name);
-        context.tempPath = folder / "Temp";
-        context.cachePath = folder / "cache";
-        context.reportFile = folder / "cache/report.txt";
-        context.exifToolPath = "/usr/bin/exiftool";
-        context.settings.exifTool.correctedCommands = true;
-    }
+    EditedFile() { context = support::editingContext(folder.path()); }
 
     /// A picture with these values.
     std::filesystem::path photo(std::vector<std::string> arguments, const std::string& name = "a.jpg") const {

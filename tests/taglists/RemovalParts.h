@@ -2,6 +2,7 @@
 
 #include "jobs/JobSource.h"
 #include "jobs/OperationParts.h"
+#include "support/EditingContext.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 #include "support/ToolStandIns.h"
@@ -16,15 +17,7 @@
 /// What the edits work with, over the real ExifTool and files of its own.
 class RemovalParts {
  public:
-    RemovalParts() {
-        namespace fs = std::filesystem;
-        for (const char* name : {"Temp", "photos", "cache"}) fs::create_directory(folder / name);
-        context.tempPath = folder / "Temp";
-        context.cachePath = folder / "cache";
-        context.reportFile = folder / "cache/report.txt";
-        context.exifToolPath = "/usr/bin/exiftool";
-        context.settings.exifTool.correctedCommands = true;
-    }
+    RemovalParts() { context = support::editingContext(folder.path()); }
 
     std::filesystem::path makePhoto(const std::string& name) {
         namespace fs = std::filesystem;
