@@ -47,6 +47,7 @@ std::vector<NeededControl> neededControls(const Operation& operation) {
     }
     for (const OperationBox& box : operation.boxes) needed.push_back({box.control, kBoxes});
     for (const OperationButton& button : operation.buttons) needed.push_back({button.control, kButtons});
+    if (operation.resultList != 0) needed.push_back({operation.resultList, kLists});
     if (operation.focus != 0) needed.push_back({operation.focus, {}});
     return needed;
 }

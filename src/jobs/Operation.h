@@ -9,6 +9,7 @@
 #include "jobs/Job.h"
 #include "tags/TagDictionary.h"
 
+#include <QStringList>
 #include <chrono>
 #include <optional>
 #include <span>
@@ -97,12 +98,19 @@ struct OperationField {
     std::vector<OperationEntry> (*entries)(const Opening& opening) = nullptr;  ///< in the place of rows
 };
 
+/// A row of what a run has brought.
+struct OperationResult {
+    QStringList cells;
+    std::filesystem::path file = {};  ///< that it tells of; selected in the file list
+};
+
 /// What a button works with that does something within the dialog.
 struct Pressed {
     const Opening& opening;
     const app::LanguageFile& language;
     FilledForm& filled;  ///< what is set in it is shown
     QWidget* dialog;     ///< the parent of what is asked
+    std::span<const OperationResult> results;
 };
 
 struct OperationButton {
@@ -205,6 +213,10 @@ struct Operation {
     /// Completes what the line has brought, behind each run of which something has come: of one file, or of
     /// all with the line. On the job's thread; can end a file otherwise.
     void (*afterRun)(const Composing& composing, std::span<exiftool::Outcome> outcomes) = nullptr;
+    /// What a run has brought, for the list of that number. The dialog comes back with it, filled in as it
+    /// was, and can run again until it is cancelled. Null: it is done when the job begins.
+    std::vector<OperationResult> (*results)(const JobEnd& end, const FilledForm& filled) = nullptr;
+    int resultList = 0;
     /// As Job::atEnd.
     void (*atEnd)(const JobEnd& end, const FilledForm& filled) = nullptr;
     /// Null: as the settings say. False: no copies, whatever they say.

@@ -159,7 +159,7 @@ void OperationDialog::showOffered(const FilledForm& offered) {
 
 void OperationDialog::press(const OperationButton& button) {
     FilledForm form = filled();
-    button.press({opening(), parts_.language, form, this});
+    button.press({opening(), parts_.language, form, this, results_});
     showOffered(form);
 }
 
@@ -277,6 +277,19 @@ bool OperationDialog::ask(FilledForm& form) {
     return answer == QMessageBox::Yes || answer == QMessageBox::No;
 }
 
+std::vector<fs::path> OperationDialog::showResults(const JobEnd& end) {
+    results_ = operation_.results(end, asked_);
+    std::vector<fs::path> files;
+    auto* list = qobject_cast<QTreeWidget*>(widget(operation_.resultList));
+    if (list != nullptr) list->clear();
+    for (const OperationResult& result : results_) {
+        if (list != nullptr) new QTreeWidgetItem(list, result.cells);
+        if (!result.file.empty() && (files.empty() || files.back() != result.file))
+            files.push_back(result.file);
+    }
+    return files;
+}
+
 void OperationDialog::accept() {
     if (!hasForm()) return reject();
     FilledForm form = filled();
@@ -290,6 +303,7 @@ void OperationDialog::accept() {
     const QString title =
         operation_.progressText != 0 ? parts_.language.text(operation_.progressText) : windowTitle();
     setJob(jobOf(operation_, title, form_, form, files, parts_.dictionary));
+    asked_ = std::move(form);
     DarkModeDialogBase::accept();
 }
 

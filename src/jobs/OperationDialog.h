@@ -25,6 +25,11 @@ class OperationDialog : public dialogs::DarkModeDialogBase, public JobSource {
     /// Everything as it stands in the controls.
     FilledForm filled() const;
 
+    /// Whether it is to be shown once more when its job has ended.
+    bool comesBack() const { return operation_.results != nullptr; }
+    /// Puts what the job has brought into the list; the files it tells of. For a dialog that comes back.
+    std::vector<std::filesystem::path> showResults(const JobEnd& end);
+
     void accept() override;
 
  private:
@@ -51,6 +56,8 @@ class OperationDialog : public dialogs::DarkModeDialogBase, public JobSource {
     const std::vector<std::filesystem::path> files_;
     const std::filesystem::path folder_;
     const std::vector<std::filesystem::path> shown_;
+    FilledForm asked_;  ///< of the last job
+    std::vector<OperationResult> results_;
     std::map<int, std::filesystem::path> chosen_;  ///< keep the bytes of names that a text cannot hold
 };
 

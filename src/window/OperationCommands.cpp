@@ -63,14 +63,29 @@ void OperationCommands::run(app::CommandId id) {
         ending_.showReportBeginning();
         return;
     }
-    const bool reportFollows = row == nullptr || row->reportFollows;
-    const auto atEnd = std::exchange(job->atEnd, {});
-    ending_.carryOut(std::move(*job), [this, reportFollows, atEnd](const jobs::JobResult& result) {
+    carryOut(std::move(*job), row == nullptr || row->reportFollows);
+}
+
+void OperationCommands::carryOut(jobs::Job job, bool reportFollows) {
+    const auto atEnd = std::exchange(job.atEnd, {});
+    const auto dialog = std::exchange(asked_, nullptr);
+    ending_.carryOut(std::move(job), [this, reportFollows, atEnd, dialog](const jobs::JobResult& result) {
         tell(result, reportFollows);
-        if (atEnd && !result.isClosing && jobs::hasBroughtAnything(result))
-            atEnd({result, parts_.context, parts_.language, &parts_.window,
-                   [this](const fs::path& file) { browse_.openPath(file); }});
+        if (result.isClosing) return;
+        const jobs::JobEnd end{result, parts_.context, parts_.language, &parts_.window,
+                               [this](const fs::path& file) { browse_.openPath(file); }};
+        if (atEnd && jobs::hasBroughtAnything(result)) atEnd(end);
+        if (dialog) comeBack(dialog, end, reportFollows);
     });
+}
+
+void OperationCommands::comeBack(const std::shared_ptr<jobs::OperationDialog>& dialog,
+                                 const jobs::JobEnd& end, bool reportFollows) {
+    const std::vector<fs::path> found = dialog->showResults(end);
+    if (!found.empty()) parts_.activeBrowser().readAgain(found);
+    if (dialog->run() == 0 || !ending_.isReadyToBegin()) return;
+    asked_ = dialog;
+    carryOut(dialog->takeJob(), reportFollows);
 }
 
 void OperationCommands::tell(const jobs::JobResult& result, bool reportFollows) {
@@ -91,9 +106,11 @@ std::optional<jobs::Job> OperationCommands::dispatch(const jobs::Operation& oper
 
 std::optional<jobs::Job> OperationCommands::ask(const jobs::Operation& operation,
                                                 const std::vector<fs::path>& files) {
-    jobs::OperationDialog dialog(parts_.operations, operation, files, &parts_.window);
-    if (dialog.run() == 0) return std::nullopt;
-    return dialog.takeJob();
+    const auto dialog =
+        std::make_shared<jobs::OperationDialog>(parts_.operations, operation, files, &parts_.window);
+    if (dialog->run() == 0) return std::nullopt;
+    if (dialog->comesBack()) asked_ = dialog;
+    return dialog->takeJob();
 }
 
 }  // namespace window

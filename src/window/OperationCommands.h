@@ -5,7 +5,12 @@
 #include "window/CommandMap.h"
 #include "window/WindowParts.h"
 
+#include <memory>
 #include <optional>
+
+namespace jobs {
+class OperationDialog;
+}
 
 namespace window {
 
@@ -35,12 +40,17 @@ class OperationCommands {
     std::optional<jobs::Job> dispatch(const jobs::Operation& operation,
                                       const std::vector<std::filesystem::path>& files);
 
+    void carryOut(jobs::Job job, bool reportFollows);
     void tell(const jobs::JobResult& result, bool reportFollows);
+    /// Shows once more a dialog that lists what its job has brought.
+    void comeBack(const std::shared_ptr<jobs::OperationDialog>& dialog, const jobs::JobEnd& end,
+                  bool reportFollows);
 
     const WindowParts& parts_;
     SelectionGathering& gathering_;
     OperationEnding& ending_;
     BrowseCommands& browse_;
+    std::shared_ptr<jobs::OperationDialog> asked_;  ///< of the job that is to begin, where it comes back
 };
 
 }  // namespace window

@@ -191,6 +191,27 @@ constexpr Operation kChoosing{.id = 903,
                               .noFiles = {.literal = "Tick a file."},
                               .question = askWhetherSure};
 
+std::vector<jobs::OperationResult> found(const jobs::JobEnd& end, const FilledForm& filled) {
+    std::vector<jobs::OperationResult> results;
+    for (const exiftool::Outcome& outcome : end.result.outcomes)
+        results.push_back({{filled.text(kText)}, outcome.file});
+    return results;
+}
+
+void countResults(const jobs::Pressed& pressed) {
+    pressed.filled.set(kText, QStringLiteral("%1 found").arg(pressed.results.size()));
+}
+
+constexpr auto kSearchFields =
+    std::to_array<OperationField>({{.control = kText, .kind = FieldKind::Text, .mustBeFilled = true}});
+constexpr auto kSearchButtons = std::to_array<jobs::OperationButton>({{kClear, countResults}});
+constexpr Operation kSearch{.id = 904,
+                            .templateNumber = kTemplate,
+                            .fields = kSearchFields,
+                            .buttons = kSearchButtons,
+                            .results = found,
+                            .resultList = kItems};
+
 std::string widgetOf(int control, const std::string& className, const std::string& more = {}) {
     const std::string number = std::to_string(control);
     return "<item><widget class=\"" + className + "\" name=\"c" + number +
@@ -479,6 +500,29 @@ TEST_F(OperationDialogTest, APathIsChosenBesideTheOneThatStandsThere) {
     const FilledForm filled = dialog->filled();
     EXPECT_EQ(filled.path(kSource), folder_ / "here.txt");
     EXPECT_EQ(filled.path(kFolder), folder_.path());
+}
+
+TEST_F(OperationDialogTest, ADialogComesBackFilledInWithWhatItsRunHasBrought) {
+    EXPECT_FALSE(open()->comesBack());
+    const auto dialog = open(kSearch);
+    ASSERT_TRUE(dialog->comesBack());
+    auto& list = in<QTreeWidget>(*dialog, kItems);
+    for (const auto& [sought, files] : std::vector<std::pair<QString, std::vector<fs::path>>>{
+             {"wood", {"/a.jpg", "/a.jpg", "/b.jpg"}}, {"sea", {}}}) {
+        dialog->show();
+        in<QLineEdit>(*dialog, kText).setText(sought);
+        dialog->accept();
+        ASSERT_EQ(dialog->takeJob().files.size(), 2U);
+        in<QLineEdit>(*dialog, kText).setText("changed since");
+        jobs::JobResult result;
+        for (const fs::path& file : files) result.outcomes.push_back({file, exiftool::OutcomeKind::Done, {}});
+        const auto told = dialog->showResults({result, context_, *language_, nullptr, {}});
+        EXPECT_EQ(told.size(), files.empty() ? 0U : 2U) << "each file once";
+        EXPECT_EQ(list.topLevelItemCount(), int(files.size()));
+        if (!files.empty()) EXPECT_EQ(list.topLevelItem(2)->text(0), sought);
+        press(*dialog, kClear);
+        EXPECT_EQ(dialog->filled().text(kText), QStringLiteral("%1 found").arg(files.size()));
+    }
 }
 
 TEST_F(OperationDialogTest, ANewFileIsNamedWhereTheOperationSays) {
