@@ -61,6 +61,7 @@ bool tellsOfError(const fs::path& output) {
 
 std::vector<platform::FileStamp> stampsOf(const std::vector<fs::path>& files) {
     std::vector<platform::FileStamp> stamps;
+    stamps.reserve(files.size());
     for (const fs::path& file : files) stamps.push_back(platform::stampOf(file));
     return stamps;
 }
@@ -100,9 +101,7 @@ ToolAccount shareOf(const ToolAccount& whole, std::span<const fs::path> files, s
     ToolCounts counts;
     if (!(facts.before == facts.after))
         counts.updated = 1;
-    else if (share.words.find("Error") != std::string::npos)
-        counts.failed = 1;
-    else if (whole.counts->unchanged > 0)
+    else if (whole.counts->unchanged > 0 && share.words.find("Error") == std::string::npos)
         counts.unchanged = 1;
     else
         counts.failed = 1;
@@ -224,6 +223,7 @@ ReadRun ToolRunner::runReadLine(const std::vector<fs::path>& files, const Comman
     if (output != context_.reportFile) said = reportFrom(context_, reported) + said;
     const std::string words = accountOf({}, said).words;
     std::vector<fs::path> names;
+    names.reserve(files.size());
     for (const fs::path& file : files) names.emplace_back(fileWord(file));
     ReadFacts facts{.child = childOf(outcome_),
                     .words = words,
@@ -268,7 +268,7 @@ OutcomeKind ToolRunner::lastEnd() const {
 
 std::string ToolRunner::lastFault() const {
     const platform::ChildOutcome end = childOf(outcome_);
-    const std::string fault = faultOf(end);
+    std::string fault = faultOf(end);
     if (!fault.empty() || end.number == 0) return fault;
     return app::spokenText(text::kEndedWithStatus, {QString::number(end.number)});
 }

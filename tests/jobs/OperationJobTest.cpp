@@ -190,9 +190,7 @@ constexpr Operation kShowTitles{
 
 class OperationJobTest : public testing::Test {
  protected:
-    OperationJobTest() {
-        context_ = support::editingContext(folder_.path());
-    }
+    OperationJobTest() { context_ = support::editingContext(folder_.path()); }
 
     fs::path photo(const std::string& name, const std::string& assignment = "-XMP-dc:Title=old") const {
         const fs::path file = folder_ / "photos" / name;
