@@ -15,9 +15,11 @@
 #include "dialogs/ProgressDialog.h"
 #include "dialogs/Waiting.h"
 #include "edit/ValueEditor.h"
+#include "exiftool/DocumentTags.h"
 #include "jobs/JobRunner.h"
 #include "panel/MetadataPanel.h"
 #include "platform/Text.h"
+#include "properties/TagSource.h"
 #include "window/RibbonContents.h"
 #include "window/StatusBar.h"
 #include "window/SubjectCommands.h"
@@ -115,6 +117,7 @@ void MainWindow::stopWaiting() {
 }
 
 MainWindow::~MainWindow() {
+    properties::setTagSource(nullptr);
     // The panel goes after the commands whose states depend on it.
     if (metadataPanel_ != nullptr) metadataPanel_->disconnect(this);
 }
@@ -128,6 +131,8 @@ bool MainWindow::startSession() {
                                                            {platform::display(context_.tempPath)}),
                                        dialogs::MessageIcon::Stop});
     }
+    if (code == ExifToolSession::kStarted)
+        properties::setTagSource(std::make_shared<exiftool::DocumentTags>(context_.exifToolPath));
     return code == ExifToolSession::kStarted;
 }
 
