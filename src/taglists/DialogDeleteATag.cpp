@@ -23,7 +23,7 @@ DialogDeleteATag::DialogDeleteATag(const jobs::OperationParts& parts, app::Comma
 }
 
 void DialogDeleteATag::accept() {
-    setJob(deleteTagsJob(form_, row_.tag, addressesOf(parts_, form_, {row_}), file_));
+    setJob(deleteTagsJob(form_, row_.tag, addressOfEntry(parts_, form_, row_), file_));
     DarkModeDialogBase::accept();
 }
 

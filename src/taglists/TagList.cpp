@@ -5,6 +5,7 @@
 #include "controls/ListColors.h"
 #include "controls/TickBox.h"
 #include "dialogs/FormLoader.h"
+#include "tags/Entries.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -273,7 +274,9 @@ void TagList::copy(const QModelIndex& index) const {
     const TagRow& row = rows()[model_->rowAt(index.row())];
     QStringList cells{row.name};
     if (model_->columnOf(TagColumn::Group) >= 0) cells << row.group;
-    if (model_->columnOf(TagColumn::Value) >= 0) cells << shownValue(row);
+    // What the cell shows has dots where the value has line feeds.
+    if (model_->columnOf(TagColumn::Value) >= 0)
+        cells << (row.severalEntries ? tags::splitEntries(row.value).join(QStringLiteral(", ")) : row.value);
     QGuiApplication::clipboard()->setText(cells.join(u'\t'));
 }
 

@@ -189,8 +189,10 @@ bool readValues(const jobs::OperationParts& parts, CommandForm form, TagRows& ro
     // What an earlier file of this name held is none of this one's.
     fs::remove(output, ignored);
     if (read(output) == 0 || !parts.runner.lastFaultOfRead(output).empty()) return false;
-    const auto match = form == CommandForm::Corrected ? GroupMatch::WithoutCase : GroupMatch::Exact;
-    const bool isFilled = fillValues(rows, output, match);
+    const bool isFilled = form == CommandForm::Designed ? fillValues(rows, output)
+                                                        : fillExactValues(rows, output, [&](int tagId) {
+                                                              return parts.labels.takesSeveralValues(tagId);
+                                                          });
     fs::remove(output, ignored);
     return isFilled;
 }

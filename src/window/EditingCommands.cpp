@@ -3,6 +3,7 @@
 #include "dialogs/Messages.h"
 #include "edit/EditTexts.h"
 #include "edit/PanelEdit.h"
+#include "edit/TrialWrite.h"
 #include "edit/ValueDialogs.h"
 #include "exiftool/WriteTag.h"
 #include "jobs/JobRunner.h"
@@ -14,6 +15,8 @@
 #include "platform/Text.h"
 #include "taglists/DialogDeleteATag.h"
 #include "taglists/DialogDeleteGroup_FromOneFile.h"
+#include "tags/Entries.h"
+#include "tags/ExactOutput.h"
 #include "window/OperationEnding.h"
 #include "window/ReadingCommands.h"
 #include "window/StatusBar.h"
@@ -128,13 +131,17 @@ void EditingCommands::editRow(int rowIndex, const tags::MetadataRow& row, const 
     const jobs::OperationParts parts = parts_.operations;
     const app::CommandForm form = currentForm();
     const fs::path file = parts_.panel.file();
-    const auto [before, fault] = edit::contextOfRow(parts, form, file, row, record);
+    const auto [before, fault, refusal] = edit::contextOfRow(parts, form, file, row, record);
     if (!fault.isEmpty()) {
         tellNotRead(file, before.title, fault);
         return;
     }
+    if (!refusal.isEmpty()) {
+        dialogs::showMessage(&parts_.window, {refusal, dialogs::MessageIcon::Information});
+        return;
+    }
     tags::TagEditContext after = before;
-    if (edit::editValue(parts, after, record.valueKind, &parts_.window) != 1) return;
+    if (edit::editValue(parts, after, edit::kindOfDialog(before, record), &parts_.window) != 1) return;
     if (edit::isUnchanged(form, before, after, record)) {
         parts_.showStatus(parts_.language.formatted(edit::text::kUnchanged, {before.title}));
         return;
@@ -191,7 +198,8 @@ void EditingCommands::rememberWritten(const app::CurrentEdit& edit, bool isShown
     // The rows paint a rating from this memory.
     if (edit.valueKind == static_cast<int>(tags::ValueKind::Rating))
         parts_.operations.ratingMemory.Store(edit.id, edit.selection);
-    if (isShown) parts_.panel.showWrittenValue(edit.rowIndex, edit.value);
+    const QString shown = edit.severalValues ? tags::panelText(tags::splitEntries(edit.value)) : edit.value;
+    if (isShown) parts_.panel.showWrittenValue(edit.rowIndex, shown);
 }
 
 void EditingCommands::tellWrite(const jobs::JobResult& result, const QString& done) {
@@ -218,6 +226,53 @@ void EditingCommands::tellWrite(const jobs::JobResult& result, const QString& do
     }
 }
 
+bool EditingCommands::tellIfItStandsTwice(const tags::MetadataRow& row) {
+    const panel::MetadataListModel& model = parts_.panel.model();
+    int times = 0;
+    for (int position = 0; position < model.rowCount(); ++position)
+        times += model.row(position).groupId == row.groupId && model.row(position).tag == row.tag ? 1 : 0;
+    if (times < 2) return false;
+    dialogs::showMessage(
+        &parts_.window,
+        {parts_.language.formatted(jobs::text::kStandsTwice, {row.tag, QString::number(times), row.group}),
+         dialogs::MessageIcon::Information});
+    return true;
+}
+
+bool EditingCommands::hasTranslationsBeside(const tags::MetadataRow& row) const {
+    // A tag of the other kind has a name for its plain entry.
+    if (tags::splitLanguage(row.tag) || parts_.operations.labels.keepsLanguages(row.tagId)) return false;
+    const panel::MetadataListModel& model = parts_.panel.model();
+    for (int position = 0; position < model.rowCount(); ++position) {
+        const tags::MetadataRow& other = model.row(position);
+        const auto parted = tags::splitLanguage(other.tag);
+        if (parted && parted->tag == row.tag && other.groupId == row.groupId) return true;
+    }
+    return false;
+}
+
+void EditingCommands::deleteAlone(const tags::MetadataRow& row, const fs::path& file) {
+    const jobs::OperationParts parts = parts_.operations;
+    const auto record = parts_.dictionary.FindTagById(static_cast<std::uint32_t>(row.tagId));
+    if (!record) return;
+    const auto [before, fault, refusal] =
+        edit::contextOfRow(parts, app::CommandForm::Corrected, file, row, *record);
+    if (!fault.isEmpty()) {
+        tellNotRead(file, before.title, fault);
+        return;
+    }
+    tags::TagEditContext after = before;
+    after.value.clear();
+    if (const QString kept = edit::refusalOfText(parts, app::CommandForm::Corrected, before, after);
+        !kept.isEmpty()) {
+        dialogs::showMessage(&parts_.window, {kept, dialogs::MessageIcon::Information});
+        return;
+    }
+    app::CurrentEdit edit = edit::editOfRow(parts, app::CommandForm::Corrected, before, after, *record, -1);
+    edit.value.clear();
+    writeEdit(file, edit);
+}
+
 void EditingCommands::deleteTag(app::CommandId) {
     const QModelIndex current = parts_.panel.list().currentIndex();
     if (!current.isValid()) {
@@ -232,10 +287,15 @@ void EditingCommands::deleteTag(app::CommandId) {
         parts_.showStatus(parts_.language.formatted(edit::text::kCannotBeDeleted, {row.tag}));
         return;
     }
+    if (form == app::CommandForm::Corrected && tellIfItStandsTwice(row)) return;
     const fs::path file = parts_.panel.file();
     if (!ending_.isReadyToBegin()) return;
     taglists::DialogDeleteATag dialog(parts_.operations, form, row, file, &parts_.window);
     if (dialog.run() != 1) return;
+    if (form == app::CommandForm::Corrected && hasTranslationsBeside(row)) {
+        deleteAlone(row, file);
+        return;
+    }
     const QString done =
         parts_.language.formatted(edit::text::kDeleted, {row.tag, platform::display(file.filename())});
     jobs::Job job = dialog.takeJob();

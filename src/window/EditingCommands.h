@@ -39,6 +39,12 @@ class EditingCommands {
     bool mayWriteFrom(QWidget& dialog);
     void editRow(int rowIndex, const tags::MetadataRow& row, const tags::TagRecord& record);
     bool mayWriteAfterAll(const std::filesystem::path& file);
+    /// True, and told, when the shown file has the tag of the row more than once in its group.
+    bool tellIfItStandsTwice(const tags::MetadataRow& row);
+    /// Whether ExifTool would delete texts in other languages with the row.
+    bool hasTranslationsBeside(const tags::MetadataRow& row) const;
+    /// Deletes the row and writes those texts again.
+    void deleteAlone(const tags::MetadataRow& row, const std::filesystem::path& file);
     void writeEdit(const std::filesystem::path& file, const app::CurrentEdit& edit);
     /// Has the job on the shown file carried out; done is said when it is. edit: the value that its row then
     /// shows.

@@ -53,6 +53,35 @@ TEST_F(PanelEditingTest, AnUnchangedValueIsNotWritten) {
     EXPECT_EQ(safetyCopy(program), "");
 }
 
+TEST_F(PanelEditingTest, ATextInOneLanguageIsChangedAndDeletedAlone) {
+    photo("a.jpg", {"-XMP-dc:Title=plain", "-XMP-dc:Title-de=deutsch",
+                    "-XMP-dc:Title-fr=fran\xC3\xA7"
+                    "ais "});
+    const std::string bytes = support::readBytes(folder / "a.jpg");
+    const auto comment = [](const std::string& text) {
+        return std::string("\xFF\xFE\x00", 3) + static_cast<char>(text.size() + 2) + text;
+    };
+    support::writeBytes(folder / "a.jpg",
+                        bytes.substr(0, 2) + comment("one") + comment("two") + bytes.substr(2));
+    DrivenProgram program;
+    show(program);
+    program.tell("row", {"XMP-dc", "Title"});
+    program.tell("set", {"1694", "new"});
+    program.tell("press", {"1"});
+    EXPECT_TRUE(hasRow(program, "XMP-dc", "Title", "new"));
+    program.tell("row", {"XMP-dc", "Title-de"});
+    program.tell("set", {"1694", "neu"});
+    program.tell("press", {"1"});
+    EXPECT_TRUE(hasRow(program, "XMP-dc", "Title-de", "neu"));
+    EXPECT_EQ(stored("XMP-dc:Title") + '|' + stored("XMP-dc:Title-de") + '|' + stored("XMP-dc:Title-fr"),
+              "new|neu|fran\xC3\xA7"
+              "ais ");
+    program.tell("row", {"File", "Comment"});
+    EXPECT_NE(program.takeMessage().indexOf("Comment stands 2 times in the group File"), -1);
+    EXPECT_EQ(support::ExifTool({"-a", "-s3", "-File:Comment", (folder / "a.jpg").string()}), "one\ntwo\n");
+    EXPECT_EQ(program.quit(), 0);
+}
+
 TEST_F(PanelEditingTest, AGroupIsDeletedFromTheMenuOfARowAndOfItsHeader) {
     photo("a.jpg", {"-XMP-dc:Title=t", "-XMP-dc:Creator=c", "-XMP-xmp:Label=l", "-IFD0:Artist=kept"});
     DrivenProgram program;

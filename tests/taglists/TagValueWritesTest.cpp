@@ -70,7 +70,7 @@ TEST_F(TagValueWrites, RowsHoldWhatTheFileHolds) {
     EXPECT_EQ(rowOf(exif, "ExifIFD", "ISO").value, "200");
     EXPECT_EQ(changedCount(exif), 0U);
     TagRows iptc = rowsOf(2, file);
-    EXPECT_EQ(rowOf(iptc, "IPTC", "Keywords").value, "one, two");
+    EXPECT_EQ(rowOf(iptc, "IPTC", "Keywords").value, "one\ntwo");
     TagRows xmp = rowsOf(7, file);
     EXPECT_EQ(rowOf(xmp, "XMP-xmp", "Rating").value, "3");
     EXPECT_EQ(rowOf(xmp, "XMP-lr", "HierarchicalSubject").value, "a|b");

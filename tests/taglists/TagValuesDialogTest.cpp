@@ -235,6 +235,42 @@ TEST_F(TagValuesDialogTest, AValuesFileFillsTheList) {
     EXPECT_EQ(valueOf(target, "IFD0:Artist"), "kept");
 }
 
+TEST_F(TagValuesDialogTest, AValuesFileBringsEveryCharacterAndNothingOfAFilesBuild) {
+    const std::string odd =
+        "\xC2\xA0 a\tb\xE2\x80\xA9"
+        "c\r\nd \"e\", f\xC2\x85 ";
+    const fs::path source =
+        photo({"-XMP-dc:Description=" + odd, "-XMP-dc:Subject= one ", "-XMP-dc:Subject=two\n"}, "source.jpg");
+    support::writeBytes(folder / "values.xmp",
+                        support::ExifTool({"-csv", "-G1", "-XMP-dc:all", source.string()}));
+    support::writeBytes(
+        folder / "build.exif",
+        "SourceFile,Compression,StripOffsets,IFD0:PhotometricInterpretation,Make,IFD0:Copyright\n"
+        "a.tif,LZW,8,RGB,Acme,\"blanks at its end  \"\n");
+    const fs::path target = photo({"-XMP-dc:Title=plain", "-XMP-dc:Title-de=kept", "-IFD0:Artist=kept"});
+    const std::string build = support::ExifTool({"-S", "-IFD0:all", "-IFD1:all", target.string()});
+    {
+        DialogModifMain dialog(parts, 35, {target}, nullptr);
+        show(dialog);
+        dialog.loadValues(folder / "values.xmp");
+        const std::size_t title = rowOf(dialog, "XMP-dc", "Title");
+        editByMouse(dialog, title, [](dialogs::DarkModeDialogBase& editor) { typeText(editor, "new"); });
+        EXPECT_THAT(kindsOf(accept(dialog)), ElementsAre(Done));
+    }
+    EXPECT_EQ(valueOf(target, "XMP-dc:Description"), odd);
+    EXPECT_EQ(support::ExifTool({"-b", "-sep", "|", "-XMP-dc:Subject", target.string()}), " one |two\n");
+    EXPECT_EQ(valueOf(target, "XMP-dc:Title") + valueOf(target, "XMP-dc:Title-de"), "newkept");
+    DialogModifMain dialog(parts, 22, {target}, nullptr);
+    show(dialog);
+    dialog.loadValues(folder / "build.exif");
+    const std::string told = messages.value(0).toStdString();
+    EXPECT_THAT(told, testing::HasSubstr("IFD0:Compression\n"));
+    EXPECT_THAT(told, testing::HasSubstr("IFD0:PhotometricInterpretation"));
+    EXPECT_THAT(told, testing::HasSubstr("IFD0:Copyright"));
+    EXPECT_THAT(kindsOf(accept(dialog)), ElementsAre(Done));
+    EXPECT_EQ(support::ExifTool({"-S", "-IFD0:all", "-IFD1:all", target.string()}), "Make: Acme\n" + build);
+}
+
 TEST_F(TagValuesDialogTest, AFileWithoutValuesIsTold) {
     DialogModifMain dialog(parts, 22, {photo({})}, nullptr);
     support::writeBytes(folder / "none.exif", "one line");
