@@ -66,14 +66,25 @@ void DisplayHexaDialog::fetch() {
     data_ = platform::MappedFile::Open(places_.fetched, platform::Links::Refused);
     // A value that was not read is not an empty one.
     if (!fault.empty() && data_ != nullptr && data_->bytes().empty()) data_.reset();
+    const bool isEmpty = templateNumber() == kImageTemplate && (data_ == nullptr || data_->bytes().empty());
+    if (isEmpty) offerNothing();
     if (data_ != nullptr) hexView_->setBytes(data_->bytes(), data_);
     if (data_ != nullptr && fault.empty()) kind_ = kindOfPayload(data_->bytes());
     if (auto* button = control<QPushButton>(kSaveAs)) button->setEnabled(data_ != nullptr && fault.empty());
-    if (fault.empty()) return;
+    if (fault.empty()) {
+        if (isEmpty) say(parts_.language.text(text::kNoBytes));
+        return;
+    }
     const bool isInPart = data_ != nullptr;
     if (isInPart && parts_.runner.wasStopped()) return say(parts_.language.text(text::kReadingStopped));
     say(parts_.language.formatted(isInPart ? text::kValueReadInPart : text::kValueNotRead,
                                   {platform::wide(fault)}));
+}
+
+void DisplayHexaDialog::offerNothing() {
+    data_.reset();
+    for (const int id : {kAsDump, kReplace, kDelete})
+        if (auto* offer = control<QWidget>(id)) offer->hide();
 }
 
 DisplayHexaDialog::~DisplayHexaDialog() {

@@ -51,6 +51,8 @@ class DisplayHexaDialog : public dialogs::DarkModeDialogBase, public jobs::JobSo
  private:
     void makeViews();
     void fetch();
+    /// For a value without bytes.
+    void offerNothing();
     void connectControls();
     void readPicture();
     void showPicture(const PictureRead& picture);

@@ -133,6 +133,9 @@ TEST_F(PayloadDialogsTest, AnUnreadableValueLeavesTheViewEmptyAndSaysWhy) {
                         HasSubstr("could not be read: "))
                 << standIn.what;
             EXPECT_FALSE(dialog.control<QPushButton>(kSaveAs)->isEnabled()) << standIn.what;
+            if (form != DisplayHexaDialog::kImageTemplate) continue;
+            for (const int offer : {kAsDump, kReplace, kDelete})
+                EXPECT_TRUE(dialog.control<QWidget>(offer)->isHidden()) << offer << standIn.what;
         }
     }
     context.tempPath = noFolder;
