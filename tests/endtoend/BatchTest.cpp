@@ -96,6 +96,32 @@ TEST_F(BatchTest, WithoutASelectionTheFolderIsAskedFor) {
     EXPECT_EQ(program.quit(), 0);
 }
 
+TEST_F(BatchTest, ASelectionOfFoldersAloneSaysWhatToDo) {
+    subfolder("sub");
+    photo("sub/d.jpg");
+    const auto before = contents();
+    DrivenProgram program;
+    program.tell("open", {path()});
+    program.tell("select", {"sub"});
+    program.tell("command", {"75"});
+    program.refuse("dialog");
+    EXPECT_TRUE(program.status().startsWith("Only folders are selected.")) << program.status().toStdString();
+    EXPECT_EQ(contents(), before);
+    program.tell("select", {"a.jpg", "b.jpg"});
+    program.tell("command", {"5041"});
+    QString listed;
+    for (const QJsonValue& control : program.tell("dialog")["controls"].toArray())
+        if (control["id"].toInt() == 924) listed = control["text"].toString();
+    EXPECT_EQ(listed, path("a.jpg") + '\n' + path("b.jpg"));
+    program.tell("key", {"Escape"});
+    // A list without rows says why.
+    program.tell("select", {"a.jpg"});
+    program.tell("command", {"119"});
+    EXPECT_EQ(program.tell("dialog")["template"].toInt(), 8);
+    program.tell("key", {"Escape"});
+    EXPECT_EQ(program.quit(), 0);
+}
+
 TEST_F(BatchTest, OperationsWithoutADialogRunOverAllFiles) {
     fs::remove(file("b.jpg"));
     for (const char* name : {"a.jpg", "c.jpg"})

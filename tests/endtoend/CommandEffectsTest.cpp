@@ -111,6 +111,7 @@ const std::vector<Try>& changingTries() {
         {35, {}, "dialog 125 Modify XMP tags of one.jpg"},
         {23, {}, "dialog 8 Add IFD0 tags to one.jpg"},
         {142, {}, "dialog 8 Add GPS tags to one.jpg"},
+        {5041, {}, "dialog 5041 Selected files"},
         {1824, {kRow}, "dialog 81824 Add XMP-dc tags to one.jpg"},
         {1819, {}, "dialog 1819 Remove tags of the file"},
         {176, {}, "dialog 176 Delete the metadata of 1 file"},
