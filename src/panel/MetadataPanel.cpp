@@ -353,11 +353,15 @@ void MetadataPanel::Copy() const {
     if (!current.isValid()) return;
     const tags::MetadataRow& row = model_->row(current.row());
     const auto column = static_cast<tags::PanelColumn>(current.column());
-    QString text = column == tags::PanelColumn::Tag  ? row.tag
-                   : column == tags::PanelColumn::Id ? row.id
-                                                     : row.value;
-    if (column != tags::PanelColumn::Tag && column != tags::PanelColumn::Id && row.stars)
+    QString text;
+    if (column == tags::PanelColumn::Tag)
+        text = row.tag;
+    else if (column == tags::PanelColumn::Id)
+        text = row.id;
+    else if (row.stars)
         text = QString::number(*row.stars);
+    else
+        text = wholeValue_ ? wholeValue_(row) : row.value;
     QGuiApplication::clipboard()->setText(text);
 }
 

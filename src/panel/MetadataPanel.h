@@ -57,6 +57,11 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
 
     /// Copies the current cell, or the whole selected row where no cell is current.
     void Copy() const;
+    /// What a row's value is with the characters that its cell cannot show; without, the cell's text is
+    /// copied.
+    void setWholeValue(std::function<QString(const tags::MetadataRow&)> wholeValue) {
+        wholeValue_ = std::move(wholeValue);
+    }
     /// Command 40011: opens the value of the current row when it is the address of a web page.
     void openAddress() const;
 
@@ -125,6 +130,7 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
 
     Parts parts_;
     controls::CommandActions* commands_ = nullptr;
+    std::function<QString(const tags::MetadataRow&)> wholeValue_;
     std::filesystem::path file_;
     platform::FileStamp stamp_;
     QString fault_;

@@ -87,6 +87,19 @@ void EditingCommands::EditTagFromPanel(int rowIndex, bool altHeld) {
     }
 }
 
+QString EditingCommands::wholeValueOf(const tags::MetadataRow& shown) const {
+    const tags::MetadataRow row = shown;
+    const auto record =
+        row.tagId < 0 ? std::nullopt : parts_.dictionary.FindTagById(static_cast<std::uint32_t>(row.tagId));
+    const bool isText = record && record->valueKind == tags::ValueKind::Text;
+    if (!isText || currentForm() == app::CommandForm::Designed || parts_.panel.isReading()) return row.value;
+    const auto [edit, fault, refusal] =
+        edit::contextOfRow(parts_.operations, currentForm(), parts_.panel.file(), row, *record);
+    // Of two values under one name the cell alone says which it is.
+    if (!fault.isEmpty() || !refusal.isEmpty()) return row.value;
+    return edit.severalEntries ? tags::splitEntries(edit.value).join(QStringLiteral(", ")) : edit.value;
+}
+
 bool EditingCommands::isPanelUpToDate() {
     const fs::path file = parts_.panel.file();
     const QString name = platform::display(file.filename());

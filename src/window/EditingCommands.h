@@ -24,6 +24,9 @@ class EditingCommands {
 
     /// A click on a value of the panel, or Enter on its row: the dialog that fits the tag, and the write.
     void EditTagFromPanel(int rowIndex, bool altHeld);
+    /// The value of a row of the panel with the characters that its cell shows as dots or not at all; what
+    /// the cell shows where it cannot be read. Reads it from the file.
+    QString wholeValueOf(const tags::MetadataRow& shown) const;
     void deleteTag(app::CommandId id);
     void deleteGroup(app::CommandId id);
 

@@ -235,6 +235,8 @@ void MainWindow::createCommands() {
     connect(metadataPanel_, &panel::MetadataPanel::ValueChosen, this,
             [this](int row, bool altHeld) { commands_->editing().EditTagFromPanel(row, altHeld); });
     connect(metadataPanel_, &panel::MetadataPanel::CommandChosen, this, &MainWindow::Dispatch);
+    metadataPanel_->setWholeValue(
+        [this](const tags::MetadataRow& row) { return commands_->editing().wholeValueOf(row); });
 }
 
 void MainWindow::Dispatch(app::CommandId id) {

@@ -76,6 +76,16 @@ TEST_F(PanelEditingTest, ATextInOneLanguageIsChangedAndDeletedAlone) {
     EXPECT_EQ(stored("XMP-dc:Title") + '|' + stored("XMP-dc:Title-de") + '|' + stored("XMP-dc:Title-fr"),
               "new|neu|fran\xC3\xA7"
               "ais ");
+    // What is copied is the value, also where its cell shows less.
+    program.tell("row", {"XMP-dc", "Title-fr"});
+    program.tell("key", {"Escape"});
+    program.tell("key", {"Ctrl+C"});
+    program.tell("row", {"XMP-dc", "Title-de"});
+    program.tell("key", {"Ctrl+V"});
+    program.tell("press", {"1"});
+    EXPECT_EQ(stored("XMP-dc:Title-de"),
+              "fran\xC3\xA7"
+              "ais ");
     program.tell("row", {"File", "Comment"});
     EXPECT_NE(program.takeMessage().indexOf("Comment stands 2 times in the group File"), -1);
     EXPECT_EQ(support::ExifTool({"-a", "-s3", "-File:Comment", (folder / "a.jpg").string()}), "one\ntwo\n");
