@@ -143,20 +143,20 @@ TEST_F(BatchOperationsTest, FilesAreNamedAfterTheShutterCountAndNoneIsReplaced) 
 TEST_F(BatchOperationsTest, FilesAreNamedAfterDateAndCamera) {
     const fs::path photo = make("a.jpg");
     EXPECT_THAT(run(173, {photo}), ElementsAre(Done));
-    EXPECT_THAT(names(), ElementsAre("2020-01-02 03-04-05 - Makers-a.jpg"));
-    EXPECT_THAT(run(174, {folder_ / "photos/2020-01-02 03-04-05 - Makers-a.jpg"}), ElementsAre(Done));
-    EXPECT_THAT(names(), ElementsAre("2020-01-02 03-04-05 - Model 1-2020-01-02 03-04-05 - Makers-a.jpg"));
+    EXPECT_THAT(names(), ElementsAre("2001-02-03 04-05-06 - Makers-a.jpg"));
+    EXPECT_THAT(run(174, {folder_ / "photos/2001-02-03 04-05-06 - Makers-a.jpg"}), ElementsAre(Done));
+    EXPECT_THAT(names(), ElementsAre("2001-02-03 04-05-06 - Model 1-2001-02-03 04-05-06 - Makers-a.jpg"));
     EXPECT_EQ(report(), "");
     EXPECT_EQ(readBytes(folder_ / "photos" / names().front()), readBytes(master_));
 }
 
 TEST_F(BatchOperationsTest, NoFileTakesTheNameOfAnother) {
     const fs::path photo = make("a.jpg");
-    const fs::path other = folder_ / "photos/2020-01-02 03-04-05 - Makers-a.jpg";
+    const fs::path other = folder_ / "photos/2001-02-03 04-05-06 - Makers-a.jpg";
     writeBytes(other, "somebody else's");
     EXPECT_THAT(run(173, {photo}), ElementsAre(Done));
-    EXPECT_THAT(names(), UnorderedElementsAre("2020-01-02 03-04-05 - Makers-a.jpg",
-                                              "2020-01-02 03-04-05 - Makers-a-1.jpg"));
+    EXPECT_THAT(names(), UnorderedElementsAre("2001-02-03 04-05-06 - Makers-a.jpg",
+                                              "2001-02-03 04-05-06 - Makers-a-1.jpg"));
     EXPECT_EQ(readBytes(other), "somebody else's");
 }
 
@@ -193,7 +193,7 @@ TEST_F(BatchOperationsTest, WhatStandsInATagLeadsToNoOtherFolderAndRunsNothing) 
         set(photo, std::string("-XMP-tiff:Make=") + row.make);
         set(photo, "-EXIF:Make=");
         EXPECT_THAT(run(173, {photo}), ElementsAre(Done)) << row.make;
-        const std::string expected = std::string("2020-01-02 03-04-05 - ") + row.expected + "-a.jpg";
+        const std::string expected = std::string("2001-02-03 04-05-06 - ") + row.expected + "-a.jpg";
         EXPECT_THAT(names(), ElementsAre(expected)) << row.make << '\n' << report();
         fs::remove(folder_ / "photos" / names().front());
     }
@@ -205,7 +205,7 @@ TEST_F(BatchOperationsTest, HostileNamesAreKeptBehindTheDate) {
     for (const std::string& name : support::hostileNames()) {
         const fs::path photo = make(name);
         EXPECT_THAT(run(174, {photo}), ElementsAre(Done)) << name;
-        EXPECT_THAT(names(), ElementsAre("2020-01-02 03-04-05 - Model 1-" + name)) << report();
+        EXPECT_THAT(names(), ElementsAre("2001-02-03 04-05-06 - Model 1-" + name)) << report();
         fs::remove(folder_ / "photos" / names().front());
     }
     EXPECT_EQ(report(), "");
