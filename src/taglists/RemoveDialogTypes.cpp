@@ -42,7 +42,8 @@ void RemoveDialogTypes::accept() {
     if (dialogs::showMessage(this,
                              {.text = QStringLiteral("Please confirm the deletion of the selected tags."),
                               .icon = dialogs::MessageIcon::Exclamation,
-                              .buttons = QMessageBox::Yes | QMessageBox::No}) != QMessageBox::Yes) {
+                              .buttons = QMessageBox::Yes | QMessageBox::No,
+                              .defaultButton = QMessageBox::No}) != QMessageBox::Yes) {
         reject();
         return;
     }

@@ -2,6 +2,7 @@
 
 #include "browser/ShellBrowser.h"
 #include "dialogs/Messages.h"
+#include "edit/EditTexts.h"
 #include "panel/MetadataPanel.h"
 #include "taglists/DialogRemoveTags.h"
 #include "taglists/RemovalTexts.h"
@@ -61,8 +62,8 @@ void RemovalCommands::removeFamily(app::CommandId id) {
     if (app::commandFormOf(parts_.context) == app::CommandForm::Corrected && question &&
         dialogs::showMessage(&parts_.window, {.text = *question,
                                               .icon = dialogs::MessageIcon::Exclamation,
-                                              .buttons = QMessageBox::Yes | QMessageBox::No}) !=
-            QMessageBox::Yes)
+                                              .buttons = QMessageBox::Yes | QMessageBox::No,
+                                              .defaultButton = QMessageBox::No}) != QMessageBox::Yes)
         return;
     const QString title = taglists::familyRemovalTitle(parts_.language, id, files.size());
     ending_.carryOut(taglists::removeFamilyJob(title, id, files));
@@ -71,7 +72,7 @@ void RemovalCommands::removeFamily(app::CommandId id) {
 void RemovalCommands::removeTagsFromShownFile(app::CommandId) {
     const bool isShown = parts_.context.settings.lists.showMetadataWindow && !parts_.panel.file().empty();
     const fs::path file = isShown ? parts_.panel.file() : parts_.selectedFile();
-    if (file.empty()) return;
+    if (file.empty()) return parts_.showStatus(parts_.language.text(edit::text::kNoRowChosen));
     const QModelIndex row = parts_.panel.list().currentIndex();
     const QString group = isShown && row.isValid() ? parts_.panel.model().row(row.row()).group : QString();
     if (!ending_.isReadyToBegin()) return;
