@@ -16,6 +16,7 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -100,24 +101,28 @@ TEST_F(PayloadDialogsTest, ATextIsShownAsDumpAndAsText) {
     row.value = "First line\nsecond";
     DisplayHexaDialog dialog(parts, row, DisplayHexaDialog::kPlainTemplate, nullptr);
     ASSERT_TRUE(dialog.hasForm());
+    EXPECT_EQ(dialog.findChild<QPlainTextEdit*>()->toPlainText(), "First line\nsecond") << "as a text first";
+    dialog.control<QCheckBox>(kAsDump)->click();
     EXPECT_EQ(output(dialog).toStdString(),
               "00000000   46 69 72 73 74 20 6C 69   6E 65 0A 73 65 63 6F 6E    First line.secon\n"
               "00000010   64                                                   d\n"
               "(17 bytes)");
     dialog.control<QCheckBox>(kAsDump)->click();
-    EXPECT_EQ(output(dialog).toStdString(), "First line\nsecond");
+    EXPECT_TRUE(dialog.findChild<QPlainTextEdit*>()->isVisibleTo(&dialog));
     EXPECT_EQ(dialog.control<QPushButton>(dialogs::kOkControl)->text(), "  OK");
     EXPECT_EQ(dialog.control<QPushButton>(kSaveAs)->text(), "  SaveAs...");
     EXPECT_EQ(runAndPress(dialog, dialogs::kOkControl), 0);
 }
 
-TEST_F(PayloadDialogsTest, TheDesignedFormFillsAShortLineWithFourBlanks) {
+TEST_F(PayloadDialogsTest, TheDesignedFormBeginsWithTheDumpAndFillsAShortLineWithFourBlanks) {
     context.settings.exifTool.correctedCommands = false;
     TagEditContext row = thumbnailRow(photo({}));
     row.value = "abc";
     DisplayHexaDialog dialog(parts, row, DisplayHexaDialog::kPlainTemplate, nullptr);
     const QString blanks(13 * 4, u' ');
     EXPECT_EQ(output(dialog), QStringLiteral("00000000   61 62 63 %1   abc\n(3 bytes)").arg(blanks));
+    dialog.control<QCheckBox>(kAsDump)->click();
+    EXPECT_EQ(output(dialog), "abc");
 }
 
 TEST_F(PayloadDialogsTest, AnUnreadableValueLeavesTheViewEmptyAndSaysWhy) {
