@@ -1,9 +1,11 @@
 #include "taglists/TagListRows.h"
 
 #include "tags/Entries.h"
+#include "tags/FilterWords.h"
 #include "tags/OutputParser.h"
 
 #include <QHash>
+#include <QSet>
 #include <algorithm>
 
 namespace taglists {
@@ -113,11 +115,25 @@ std::size_t tickedCount(const TagRows& rows) {
 }
 
 bool matchesFilter(const TagRow& row, const QString& label, const QString& filter) {
-    const QStringList words = filter.split(u' ', Qt::SkipEmptyParts);
-    return std::ranges::all_of(words, [&](const QString& word) {
-        return row.name.contains(word, Qt::CaseInsensitive) ||
-               row.group.contains(word, Qt::CaseInsensitive) || label.contains(word, Qt::CaseInsensitive);
-    });
+    return tags::matchesWords(filter, {row.name, row.group, label});
+}
+
+bool isFilled(const TagRow& row) {
+    return !row.value.isEmpty() || row.changed;
+}
+
+void putFilledFirst(TagRows& rows) {
+    QSet<QString> present;
+    for (const TagRow& row : rows)
+        if (isFilled(row)) present.insert(row.group);
+    const auto rank = [&](const TagRow& row) {
+        return isFilled(row) ? 0 : present.contains(row.group) ? 1 : 2;
+    };
+    std::ranges::stable_sort(rows, {}, rank);
+}
+
+std::size_t filledCount(const TagRows& rows) {
+    return static_cast<std::size_t>(std::ranges::count_if(rows, isFilled));
 }
 
 }  // namespace taglists

@@ -80,6 +80,14 @@ void sortRows(TagRows& rows, TagSort column, bool ascending);
 std::size_t changedCount(const TagRows& rows);
 std::size_t tickedCount(const TagRows& rows);
 
+/// Whether the row has a value, or the user has done something with it.
+bool isFilled(const TagRow& row);
+std::size_t filledCount(const TagRows& rows);
+
+/// What the file holds comes first, then the rest of the groups that it holds, then what it has nothing of;
+/// within these the order stays.
+void putFilledFirst(TagRows& rows);
+
 /// Whether a row is shown under the filter: all its words must occur, without case, in name, group or label.
 bool matchesFilter(const TagRow& row, const QString& label, const QString& filter);
 

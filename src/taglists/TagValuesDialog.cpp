@@ -54,7 +54,8 @@ void TagValuesDialog::placeList() {
     auto* place = control<QWidget>(kListPlace);
     TagList::Wishes wishes{.listControl = kList,
                            .look = {.columns = task_.columns},
-                           .severalFiles = form_ == CommandForm::Corrected && !hasOneFile()};
+                           .severalFiles = form_ == CommandForm::Corrected && !hasOneFile(),
+                           .tellsFilled = form_ == CommandForm::Corrected && hasOneFile()};
     list_ = place == nullptr ? new TagList(parts_, std::move(wishes), this)
                              : TagList::placeIn(*place, parts_, std::move(wishes));
     list_->setEmptyText(parts_.language.text(text::kNoTagOfGroup));
@@ -74,6 +75,8 @@ void TagValuesDialog::showStatus(const QString& text) {
 
 bool TagValuesDialog::fill(TagRows rows, const std::filesystem::path& output, const ReadInto& read) {
     const bool wasRead = !hasOneFile() || readValues(parts_, form_, rows, output, read);
+    // Hundreds of tags that the file lacks would stand before the few that it has.
+    if (form_ == CommandForm::Corrected && hasOneFile()) putFilledFirst(rows);
     list_->model().setRows(wasRead ? std::move(rows) : TagRows());
     if (!wasRead) list_->setEmptyText(parts_.language.text(text::kFileNotRead));
     return wasRead;
