@@ -1,6 +1,7 @@
 #include "edit/PanelEdit.h"
 
 #include "edit/WholeValue.h"
+#include "platform/FileAccess.h"
 #include "platform/Text.h"
 #include "tags/ImageTags.h"
 
@@ -42,6 +43,13 @@ PanelAction actionOfClick(const jobs::OperationParts& parts, CommandForm form, c
             return form == CommandForm::Corrected ? PanelAction::TellNotInList : PanelAction::Nothing;
     }
     return PanelAction::Nothing;
+}
+
+QString whyNotWritable(const std::filesystem::path& file) {
+    std::error_code refused = platform::checkAccess(file, platform::AccessRight::Write);
+    // What is written is a new file beside it, which then takes its place.
+    if (!refused) refused = platform::checkAccess(file.parent_path(), platform::AccessRight::AddFiles);
+    return refused ? platform::wide(refused.message()) : QString();
 }
 
 RowToEdit contextOfRow(const jobs::OperationParts& parts, CommandForm form, const std::filesystem::path& file,

@@ -29,6 +29,10 @@ struct RowToEdit {
     QString fault;  ///< for people
 };
 
+/// Why the file cannot be rewritten by this user, as far as that can be known before; for people. Empty when
+/// nothing speaks against it.
+QString whyNotWritable(const std::filesystem::path& file);
+
 /// Reads the value anew where the row does not hold all of it.
 [[nodiscard]] RowToEdit contextOfRow(const jobs::OperationParts& parts, app::CommandForm form,
                                      const std::filesystem::path& file, const tags::MetadataRow& row,

@@ -18,6 +18,7 @@ struct TagEditContext {
     int selection = 0;               ///< index of the chosen entry (list, rating)
     QString comboCode;               ///< code that belongs to the chosen entry of a list
     platform::PointInTime fileTime;  ///< the moment chosen in a date dialog
+    QString refusal = {};            ///< why this value could not be written, for people; else empty
 };
 
 }  // namespace tags

@@ -4,6 +4,7 @@
 #include "edit/EditTexts.h"
 #include "edit/PanelEdit.h"
 #include "edit/ValueDialogs.h"
+#include "edit/WholeValue.h"
 #include "exiftool/WriteTag.h"
 #include "jobs/JobRunner.h"
 #include "jobs/JobTexts.h"
@@ -47,8 +48,8 @@ CommandState EditingCommands::deleteGroupState(app::CommandId) const {
     if (!current.isValid()) return {.enabled = false};
     const panel::MetadataListModel& model = parts_.panel.model();
     const std::uint32_t groupId = model.row(current.row()).groupId;
-    for (int position = 0; position < model.rowCount(); ++position)
-        if (model.row(position).groupId == groupId && canDelete(model.row(position))) return {};
+    for (const tags::MetadataRow& row : model.allRows())
+        if (row.groupId == groupId && canDelete(row)) return {};
     return {.enabled = false};
 }
 
@@ -67,10 +68,10 @@ void EditingCommands::EditTagFromPanel(int rowIndex, bool altHeld) {
         row.tagId < 0 ? std::nullopt : parts_.dictionary.FindTagById(static_cast<std::uint32_t>(row.tagId));
     switch (edit::actionOfClick(parts_.operations, currentForm(), row, record, altHeld)) {
         case edit::PanelAction::ViewText:
-            viewRow(row, payload::DisplayHexaDialog::kPlainTemplate);
+            viewRow(row, record, payload::DisplayHexaDialog::kPlainTemplate);
             break;
         case edit::PanelAction::ViewPicture:
-            viewRow(row, payload::DisplayHexaDialog::kImageTemplate);
+            viewRow(row, record, payload::DisplayHexaDialog::kImageTemplate);
             break;
         case edit::PanelAction::EditValue:
             // What was typed must not be lost for an operation on other files.
@@ -105,10 +106,17 @@ bool EditingCommands::isPanelUpToDate() {
     return false;
 }
 
-void EditingCommands::viewRow(const tags::MetadataRow& row, int templateNumber) {
+void EditingCommands::viewRow(const tags::MetadataRow& row, const std::optional<tags::TagRecord>& record,
+                              int templateNumber) {
     tags::TagEditContext view;
     view.filePath = parts_.panel.file();
     view.value = row.stars && row.value.isEmpty() ? QString::number(*row.stars) : row.value;
+    if (record) {
+        // A row shows several lines as one. A value that cannot be read anew is shown as the row has it.
+        const jobs::EditableValue whole =
+            edit::editableValue(parts_.operations, currentForm(), view.filePath, *record, view.value);
+        if (whole.fault.isEmpty()) view.value = whole.text;
+    }
     view.title = row.tag;
     view.group = row.group;
     view.tagId = row.tagId;
@@ -124,24 +132,37 @@ bool EditingCommands::mayWriteFrom(QWidget& dialog) {
     return false;
 }
 
+bool EditingCommands::isWritable(const fs::path& file) {
+    if (currentForm() == app::CommandForm::Designed) return true;
+    const QString reason = edit::whyNotWritable(file);
+    if (reason.isEmpty()) return true;
+    dialogs::showMessage(&parts_.window, {parts_.language.formatted(edit::text::kCannotBeWritten,
+                                                                    {platform::display(file), reason}),
+                                          dialogs::MessageIcon::Exclamation});
+    return false;
+}
+
 void EditingCommands::editRow(int rowIndex, const tags::MetadataRow& row, const tags::TagRecord& record) {
     const jobs::OperationParts parts = parts_.operations;
     const app::CommandForm form = currentForm();
     const fs::path file = parts_.panel.file();
+    if (!isWritable(file)) return;
     const auto [before, fault] = edit::contextOfRow(parts, form, file, row, record);
     if (!fault.isEmpty()) {
         tellNotRead(file, before.title, fault);
         return;
     }
-    tags::TagEditContext after = before;
-    if (edit::editValue(parts, after, record.valueKind, &parts_.window) != 1) return;
-    if (edit::isUnchanged(form, before, after, record)) {
-        parts_.showStatus(parts_.language.formatted(edit::text::kUnchanged, {before.title}));
+    askAndWrite({rowIndex, record, before, before});
+}
+
+void EditingCommands::askAndWrite(Edit edit) {
+    const app::CommandForm form = currentForm();
+    if (edit::editValue(parts_.operations, edit.after, edit.record.valueKind, &parts_.window) != 1) return;
+    if (edit::isUnchanged(form, edit.before, edit.after, edit.record)) {
+        parts_.showStatus(parts_.language.formatted(edit::text::kUnchanged, {edit.before.title}));
         return;
     }
-    if (!mayWriteAfterAll(file)) return;
-    parts_.context.currentEdit = edit::editOfRow(parts, form, before, after, record, rowIndex);
-    writeEdit(file, parts_.context.currentEdit);
+    if (mayWriteAfterAll(edit.before.filePath)) writeEdit(std::move(edit));
 }
 
 bool EditingCommands::mayWriteAfterAll(const fs::path& file) {
@@ -154,31 +175,60 @@ bool EditingCommands::mayWriteAfterAll(const fs::path& file) {
                                  .buttons = QMessageBox::Yes | QMessageBox::No}) == QMessageBox::Yes;
 }
 
-void EditingCommands::writeEdit(const fs::path& file, const app::CurrentEdit& edit) {
+void EditingCommands::writeEdit(Edit edit) {
     if (!ending_.isReadyToBegin()) return;
-    const QString name = platform::display(file.filename());
-    jobs::Job job{.title = parts_.language.formatted(edit::text::kModify, {edit.name}), .files = {file}};
-    job.workOnFile = [edit](jobs::JobWork& work, const fs::path& one) {
+    const fs::path file = edit.before.filePath;
+    const app::CurrentEdit written = edit::editOfRow(parts_.operations, currentForm(), edit.before,
+                                                     edit.after, edit.record, edit.rowIndex);
+    parts_.context.currentEdit = written;
+    jobs::Job job{.title = parts_.language.formatted(edit::text::kModify, {written.name}), .files = {file}};
+    job.workOnFile = [written](jobs::JobWork& work, const fs::path& one) {
         work.runner.copyForSafety(one);
-        return exiftool::WriteOneTag(work.context, work.form, work.runner, one, edit);
+        return exiftool::WriteOneTag(work.context, work.form, work.runner, one, written);
     };
-    const QString done = parts_.language.formatted(edit::text::kWritten, {edit.name, name});
-    begin(std::move(job), done, edit);
+    begin(std::move(job), [this, edit = std::move(edit), written](const jobs::JobResult& result) {
+        editEnded(result, edit, written);
+    });
 }
 
-void EditingCommands::begin(jobs::Job job, const QString& done, const std::optional<app::CurrentEdit>& edit) {
-    const bool isBegun = parts_.jobs.begin(
-        std::move(job), [this, done, edit, form = currentForm()](const jobs::JobResult& result) {
-            const exiftool::Outcome& outcome = result.outcomes.front();
-            const bool isShown = parts_.panel.file() == outcome.file;
-            // What ExifTool has made of the value is known only when the file is read. The new value is seen
-            // before.
-            if (edit && exiftool::isWritten(outcome.kind)) rememberWritten(*edit, isShown);
-            if (isShown && (!edit || form == app::CommandForm::Corrected)) parts_.panel.readAgainQuietly();
-            tellWrite(result, done);
-            if (result.isClosing) QTimer::singleShot(0, &parts_.window, &QWidget::close);
-        });
+void EditingCommands::begin(jobs::Job job, const Ended& ended) {
+    const bool isBegun = parts_.jobs.begin(std::move(job), [this, ended](const jobs::JobResult& result) {
+        ended(result);
+        if (result.isClosing) QTimer::singleShot(0, &parts_.window, &QWidget::close);
+    });
     if (!isBegun) parts_.showStatus(parts_.language.formatted(jobs::text::kIsRunning, {parts_.jobs.title()}));
+}
+
+void EditingCommands::editEnded(const jobs::JobResult& result, const Edit& edit,
+                                const app::CurrentEdit& written) {
+    const exiftool::Outcome& outcome = result.outcomes.front();
+    const bool isCorrected = currentForm() == app::CommandForm::Corrected;
+    const bool isShown = parts_.panel.file() == outcome.file;
+    // What ExifTool has made of the value is known only when the file is read. The new value is seen before.
+    if (exiftool::isWritten(outcome.kind)) rememberWritten(written, isShown);
+    if (isShown && isCorrected) parts_.panel.readAgainQuietly();
+    const bool isLost =
+        !exiftool::isWritten(outcome.kind) && outcome.kind != exiftool::OutcomeKind::Unchanged;
+    if (isLost && isCorrected && !result.isClosing) return askAgain(edit, outcome);
+    tellWrite(result, parts_.language.formatted(edit::text::kWritten,
+                                                {written.name, platform::display(outcome.file.filename())}));
+}
+
+void EditingCommands::askAgain(Edit edit, const exiftool::Outcome& outcome) {
+    const QString file = platform::display(outcome.file.filename());
+    const bool wasStopped =
+        outcome.kind == exiftool::OutcomeKind::Stopped || outcome.kind == exiftool::OutcomeKind::NotBegun;
+    edit.after.refusal =
+        wasStopped ? parts_.language.formatted(edit::text::kWriteStopped, {file})
+                   : parts_.language.formatted(edit::text::kNotWritten,
+                                               {file, jobs::wordsOf(parts_.language, outcome).trimmed()});
+    parts_.showStatus(edit.after.refusal);
+    askAndWrite(std::move(edit));
+}
+
+void EditingCommands::deletionEnded(const jobs::JobResult& result, const QString& done) {
+    if (parts_.panel.file() == result.outcomes.front().file) parts_.panel.readAgainQuietly();
+    tellWrite(result, done);
 }
 
 void EditingCommands::tellNotRead(const fs::path& file, const QString& tag, const QString& fault) {
@@ -233,13 +283,14 @@ void EditingCommands::deleteTag(app::CommandId) {
         return;
     }
     const fs::path file = parts_.panel.file();
-    if (!ending_.isReadyToBegin()) return;
+    if (!isWritable(file) || !ending_.isReadyToBegin()) return;
     taglists::DialogDeleteATag dialog(parts_.operations, form, row, file, &parts_.window);
     if (dialog.run() != 1) return;
     const QString done =
         parts_.language.formatted(edit::text::kDeleted, {row.tag, platform::display(file.filename())});
     jobs::Job job = dialog.takeJob();
-    if (!job.files.empty()) begin(std::move(job), done, std::nullopt);
+    if (job.files.empty()) return;
+    begin(std::move(job), [this, done](const jobs::JobResult& result) { deletionEnded(result, done); });
 }
 
 void EditingCommands::deleteGroup(app::CommandId) {
@@ -255,13 +306,14 @@ void EditingCommands::deleteGroup(app::CommandId) {
         return;
     }
     const fs::path file = parts_.panel.file();
-    if (!ending_.isReadyToBegin()) return;
+    if (!isWritable(file) || !ending_.isReadyToBegin()) return;
     taglists::DialogDeleteGroup_FromOneFile dialog(parts_.operations, form, rows, file, &parts_.window);
     if (dialog.run() != 1) return;
     const QString done = parts_.language.formatted(edit::text::kDeleted,
                                                    {rows.front().group, platform::display(file.filename())});
     jobs::Job job = dialog.takeJob();
-    if (!job.files.empty()) begin(std::move(job), done, std::nullopt);
+    if (job.files.empty()) return;
+    begin(std::move(job), [this, done](const jobs::JobResult& result) { deletionEnded(result, done); });
 }
 
 }  // namespace window
