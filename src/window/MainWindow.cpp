@@ -18,6 +18,7 @@
 #include "jobs/JobRunner.h"
 #include "panel/MetadataPanel.h"
 #include "platform/Text.h"
+#include "window/ContextMenus.h"
 #include "window/RibbonContents.h"
 #include "window/StatusBar.h"
 #include "window/SubjectCommands.h"
@@ -62,7 +63,7 @@ MainWindow::MainWindow(app::AppContext& context, const app::LanguageFile& langua
       statusBar_(new StatusBar(context, language, this)),
       feedback_(std::make_unique<WindowFeedback>(*this, progress, *statusBar_)),
       waiting_(std::make_unique<dialogs::Waiting>(progress)),
-      jobProgress_(std::make_unique<dialogs::ProgressDialog>(context.settings.main.language)),
+      jobProgress_(std::make_unique<dialogs::ProgressDialog>(context.settings.main.language, this)),
       jobs_(std::make_unique<jobs::JobRunner>(context)),
       readCommands_(context, runner_, *feedback_),
       load_(context, runner_, readCommands_, parser_),
@@ -100,7 +101,8 @@ void MainWindow::showCopyFailure(const QString& message) {
 }
 
 unsigned MainWindow::doings() const {
-    return (reader_.isReading() ? kReads : 0U) | (jobs_->isRunning() ? kOperates : 0U) |
+    const bool reads = reader_.isReading() || (commands_ != nullptr && commands_->reading().isResting());
+    return (reads ? kReads : 0U) | (jobs_->isRunning() ? kOperates : 0U) |
            (waiting_->isWaiting() ? kWaits : 0U);
 }
 
@@ -139,6 +141,7 @@ bool MainWindow::buildContents() {
     ribbon_ = new controls::Ribbon(this);
     client_ = new QWidget(this);
     client_->setObjectName(QStringLiteral("client"));
+    client_->installEventFilter(this);
     layout->addWidget(ribbon_);
     layout->addWidget(client_, 1);
     statusBar_->setParent(client_);
@@ -229,6 +232,7 @@ void MainWindow::createCommands() {
     commands_ = std::make_unique<SubjectCommands>(
         *parts_, [this] { relayout(); }, [this](app::CommandId id) { Dispatch(id); });
     metadataPanel_->setCommands(commands_->map());
+    menus_ = std::make_unique<ContextMenus>(*parts_, commands_->map(), *places_);
     connect(metadataPanel_, &panel::MetadataPanel::CurrentRowChanged, this, &MainWindow::refreshCommands);
     connect(jobs_.get(), &jobs::JobRunner::Began, this, &MainWindow::refreshCommands);
     connect(jobs_.get(), &jobs::JobRunner::JobEnded, this, &MainWindow::refreshCommands);
@@ -276,7 +280,7 @@ void MainWindow::relayout() {
     input.leftShown = settings.main.showFolders;
     input.rightShown = settings.lists.showMetadataWindow;
     input.leftWidth = settings.windowSizes.holderLeftWidth;
-    input.rightWidth = settings.windowSizes.holderRightWidth;
+    input.rightWidth = app::spreadRightWidth(settings.windowSizes.holderRightWidth, client_->width());
     const app::PaneRects rects = app::PaneLayout(input);
 
     const auto place = [](QWidget* widget, const QRect& rect) {
@@ -301,6 +305,12 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
         layout()->activate();
         relayout();
     }
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    // Folding the ribbon changes what it leaves to the panes, and not the window.
+    if (watched == client_ && event->type() == QEvent::Resize && ready_) relayout();
+    return QWidget::eventFilter(watched, event);
 }
 
 void MainWindow::Show() {
@@ -354,6 +364,28 @@ void MainWindow::createShortcuts() {
         add(QKeySequence::fromString(QLatin1String(key.keys)), key.command);
     auto* toAddress = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_D), this);
     connect(toAddress, &QShortcut::activated, addressBar_, &browser::AddressBar::editPath);
+    auto* find = new QShortcut(QKeySequence::Find, this);
+    connect(find, &QShortcut::activated, this, [this] {
+        if (metadataPanel_->isVisible()) metadataPanel_->focusFilter();
+    });
+    for (const bool backwards : {false, true}) {
+        auto* round =
+            new QShortcut(QKeyCombination(backwards ? Qt::ShiftModifier : Qt::NoModifier, Qt::Key_F6), this);
+        connect(round, &QShortcut::activated, this, [this, backwards] { goToNextPane(backwards); });
+    }
+}
+
+void MainWindow::goToNextPane(bool backwards) {
+    QWidget* const panes[] = {places_, &activeBrowser().view(), &metadataPanel_->list()};
+    std::array<bool, app::kPaneCount> shown{};
+    std::optional<app::Pane> current;
+    for (std::size_t at = 0; at < app::kPaneCount; ++at) {
+        shown[at] = panes[at]->isVisible();
+        if (panes[at]->hasFocus()) current = static_cast<app::Pane>(at);
+    }
+    if (metadataPanel_->isAncestorOf(focusWidget())) current = app::Pane::Tags;
+    panes[static_cast<std::size_t>(app::nextPane(current, shown, backwards))]->setFocus(
+        backwards ? Qt::BacktabFocusReason : Qt::TabFocusReason);
 }
 
 void MainWindow::changeEvent(QEvent* event) {

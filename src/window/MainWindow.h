@@ -50,6 +50,7 @@ class MetadataPanel;
 namespace window {
 
 class CommandMap;
+class ContextMenus;
 class StatusBar;
 class SubjectCommands;
 class WindowFeedback;
@@ -115,6 +116,7 @@ class MainWindow : public QWidget {
     void closeEvent(QCloseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
     bool fillRibbon();
@@ -135,6 +137,7 @@ class MainWindow : public QWidget {
     void tabSelected();
     void navigationCompleted();
     void focusFileList();
+    void goToNextPane(bool backwards);
 
     // Stopping.
     void waitHasEnded();
@@ -191,6 +194,7 @@ class MainWindow : public QWidget {
     std::vector<QWidget*> emptyHolders_;
     std::unique_ptr<WindowParts> parts_;
     std::unique_ptr<SubjectCommands> commands_;
+    std::unique_ptr<ContextMenus> menus_;
     std::vector<boost::signals2::scoped_connection> connections_;
 };
 

@@ -128,10 +128,7 @@ TEST_F(BatchTest, AReadOnlyFileIsLeftAsItIs) {
     show(program, "a.jpg");
     fs::permissions(folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
     program.tell("row", {"XMP-dc", "Source", "Value"});
-    program.tell("set", {kText, "never written"});
-    program.tell("press", {"1"});
-    EXPECT_EQ(program.tell("dialog")["template"].toInt(), 94);
-    program.tell("press", {"1"});
+    EXPECT_TRUE(program.takeMessage().contains("cannot be written"));
     fs::permissions(folder.path(), fs::perms::owner_all);
     EXPECT_EQ(support::readBytes(file("a.jpg")), before);
     EXPECT_EQ(program.quit(), 0);

@@ -115,6 +115,7 @@ TEST_F(PanelEditingTest, WhatExifToolRefusesIsShown) {
     EXPECT_EQ(support::readBytes(folder / "a.jpg"), before);
     fs::remove(folder / "a.jpg_exiftool_tmp");
     program.tell("press", {"1"});
+    EXPECT_TRUE(hasRow(program, "IFD0", "Artist", "Bob"));
     EXPECT_EQ(stored("IFD0:Artist"), "Bob");
     fs::create_directory(folder / "a.jpg_exiftool_tmp");
     program.tell("row", {"IFD0", "Artist"});
