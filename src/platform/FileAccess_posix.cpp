@@ -4,6 +4,7 @@
 #include "platform/FileDescriptor.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -32,6 +33,17 @@ int bitsOf(AccessRight right) {
 std::error_code checkAccess(const std::filesystem::path& path, AccessRight right) {
     if (::access(path.c_str(), bitsOf(right)) == 0) return {};
     return {errno, std::generic_category()};
+}
+
+// The system grants a lease for writing only on a file that nobody else has open. Who opens it meanwhile
+// waits, and this program is told by a signal, one that does nothing.
+bool isOpenNowhere(const std::filesystem::path& file) {
+    const FileDescriptor descriptor(
+        ::open(file.c_str(), O_RDWR | O_NONBLOCK | O_NOFOLLOW | O_NOCTTY | O_CLOEXEC));
+    if (!descriptor.isOpen() || ::fcntl(descriptor.get(), F_SETSIG, SIGURG) != 0) return false;
+    if (::fcntl(descriptor.get(), F_SETLEASE, F_WRLCK) != 0) return false;
+    static_cast<void>(::fcntl(descriptor.get(), F_SETLEASE, F_UNLCK) == 0);
+    return true;
 }
 
 int writeFile(const std::filesystem::path& file, WriteMode mode, std::string_view bytes) {
