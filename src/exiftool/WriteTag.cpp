@@ -4,7 +4,6 @@
 #include "exiftool/ExifToolTexts.h"
 #include "exiftool/LineParts.h"
 #include "exiftool/WriteCommands.h"
-#include "platform/FileAccess.h"
 #include "platform/Text.h"
 #include "tags/Entries.h"
 #include "tags/PropertyWrite.h"
@@ -71,12 +70,9 @@ CommandText encodingTerms(CommandForm form, std::span<const app::CurrentEdit> ed
     CommandText terms("-tagsfromfile @ -IPTC:All ");
     for (const app::CurrentEdit& edit : edits)
         if (edit.group == u"IPTC") terms.literal("--IPTC:").outside(platform::narrow(edit.name)).literal(" ");
-    return terms.literal("-IPTC:CodedCharacterSet=UTF8 ");
-}
-
-bool isWriteProtected(const fs::path& file) {
-    std::error_code error;
-    return fs::exists(file, error) && platform::checkAccess(file, platform::AccessRight::Write);
+    // Copied like the others, from a value that every file has: of a file without IPTC ExifTool would else
+    // complain that it had nothing to copy.
+    return terms.literal("\"-IPTC:CodedCharacterSet<${FileType;$_='UTF8'}\" ");
 }
 
 }  // namespace
@@ -153,15 +149,9 @@ Outcome WriteOneTag(const app::AppContext& context, CommandForm form, ToolRunner
     return WriteOneTagWithExifTool(context, form, runner, file, edit);
 }
 
-Outcome runTagWrite(CommandForm form, ToolRunner& runner, const fs::path& file, const CommandText& command) {
-    if (form == CommandForm::Corrected && isWriteProtected(file))
-        return outcomeOfProperty(file, properties::PropertyResult::AccessDenied);
-    return runner.runWriteLine(file, command);
-}
-
 Outcome WriteOneTagWithExifTool(const app::AppContext& context, CommandForm form, ToolRunner& runner,
                                 const fs::path& file, const app::CurrentEdit& edit) {
-    return runTagWrite(form, runner, file, writeTagCommand(context, form, file, edit));
+    return runner.runWriteLine(file, writeTagCommand(context, form, file, edit));
 }
 
 }  // namespace exiftool

@@ -1,6 +1,5 @@
 #include "taglists/DeleteTags.h"
 
-#include "exiftool/WriteTag.h"
 #include "platform/Text.h"
 
 #include <algorithm>
@@ -38,9 +37,8 @@ jobs::Job deleteTagsJob(app::CommandForm form, const QString& title, const std::
     if (tags.empty() && form == app::CommandForm::Corrected) return job;
     job.files = {file};
     job.workOnFile = [tags](jobs::JobWork& work, const std::filesystem::path& one) {
-        work.runner.copyForSafety(one);
-        return exiftool::runTagWrite(work.form, work.runner, one,
-                                     removeTagsOfFileCommand(work.context, work.form, tags, one));
+        if (std::optional<exiftool::Outcome> refused = work.runner.copyForSafety(one)) return *refused;
+        return work.runner.runWriteLine(one, removeTagsOfFileCommand(work.context, work.form, tags, one));
     };
     return job;
 }

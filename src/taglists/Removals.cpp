@@ -67,7 +67,7 @@ jobs::Job removeTagsJob(const QString& title, const std::vector<TagAddress>& tag
     job.files = files;
     leaveOutUnknownFiles(job);
     job.workOnFile = [tags](jobs::JobWork& work, const fs::path& file) {
-        work.runner.copyForSafety(file);
+        if (std::optional<exiftool::Outcome> refused = work.runner.copyForSafety(file)) return *refused;
         return work.runner.runWriteLine(file,
                                         removeTagsOfSelectionCommand(work.context, work.form, tags, file));
     };
@@ -81,7 +81,7 @@ jobs::Job removeTagsFromShownFileJob(const QString& title, const std::vector<Tag
                                      const fs::path& file) {
     jobs::Job job = removeTagsJob(title, tags, {file});
     job.workOnFile = [tags](jobs::JobWork& work, const fs::path& shown) {
-        work.runner.copyForSafety(shown);
+        if (std::optional<exiftool::Outcome> refused = work.runner.copyForSafety(shown)) return *refused;
         return work.runner.runWriteLine(shown, removeTagsOfFileCommand(work.context, work.form, tags, shown));
     };
     return job;

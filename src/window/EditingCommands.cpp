@@ -159,7 +159,7 @@ void EditingCommands::writeEdit(const fs::path& file, const app::CurrentEdit& ed
     const QString name = platform::display(file.filename());
     jobs::Job job{.title = parts_.language.formatted(edit::text::kModify, {edit.name}), .files = {file}};
     job.workOnFile = [edit](jobs::JobWork& work, const fs::path& one) {
-        work.runner.copyForSafety(one);
+        if (std::optional<exiftool::Outcome> refused = work.runner.copyForSafety(one)) return *refused;
         return exiftool::WriteOneTag(work.context, work.form, work.runner, one, edit);
     };
     const QString done = parts_.language.formatted(edit::text::kWritten, {edit.name, name});

@@ -90,6 +90,7 @@ void MainWindow::connectProgress() {
                 jobProgress_->showFile(platform::display(file.filename()), number);
             });
     connect(jobs_.get(), &JobRunner::SafetyCopyFailed, this, &MainWindow::showCopyFailure);
+    jobs_->setQuestion([this](const QString& question) { return askWhetherToWrite(question); });
     connect(jobs_.get(), &JobRunner::JobEnded, this, [this] { jobProgress_->finish(); });
 }
 
@@ -97,6 +98,23 @@ void MainWindow::connectProgress() {
 void MainWindow::showCopyFailure(const QString& message) {
     if (std::exchange(hasShownCopyFailure_, true)) return;
     dialogs::showMessage(this, {message, dialogs::MessageIcon::Stop, language_.text(app::text::kErrorTitle)});
+}
+
+jobs::JobRunner::Answer MainWindow::askWhetherToWrite(const QString& question) {
+    using Answer = jobs::JobRunner::Answer;
+    switch (dialogs::showMessage(this, {.text = question,
+                                        .icon = dialogs::MessageIcon::Exclamation,
+                                        .buttons = QMessageBox::Yes | QMessageBox::YesToAll |
+                                                   QMessageBox::No | QMessageBox::NoToAll})) {
+        case QMessageBox::Yes:
+            return Answer::Yes;
+        case QMessageBox::YesToAll:
+            return Answer::YesToAll;
+        case QMessageBox::NoToAll:
+            return Answer::NoToAll;
+        default:
+            return Answer::No;
+    }
 }
 
 unsigned MainWindow::doings() const {

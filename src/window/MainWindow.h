@@ -7,6 +7,7 @@
 #include "exiftool/ExifToolSession.h"
 #include "exiftool/MetadataLoad.h"
 #include "exiftool/WarmStarter.h"
+#include "jobs/JobRunner.h"
 #include "jobs/OperationParts.h"
 #include "platform/ProcessFolder.h"
 #include "tags/LabelLibrary.h"
@@ -120,6 +121,7 @@ class MainWindow : public QWidget {
     bool fillRibbon();
     void connectProgress();
     void showCopyFailure(const QString& message);
+    jobs::JobRunner::Answer askWhetherToWrite(const QString& question);
     void startWarmStarter();
     void createHolders();
     void createBrowser();

@@ -2,6 +2,7 @@
 #include "batch/BatchOperations.h"
 #include "jobs/JobSource.h"
 #include "support/EditingContext.h"
+#include "support/RunHere.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 #include "support/ToolStandIns.h"
@@ -62,7 +63,7 @@ class BatchOperationsTest : public testing::Test {
         return job.value_or(jobs::Job());
     }
     std::vector<OutcomeKind> run(CommandId id, const std::vector<fs::path>& files) {
-        outcomes_ = jobs::runHere(jobOf(id, files), context_, runner_);
+        outcomes_ = support::runHere(jobOf(id, files), context_, runner_);
         for (std::size_t at = 0; at < outcomes_.size(); ++at) EXPECT_EQ(outcomes_[at].file, files.at(at));
         return kindsOf(outcomes_);
     }
@@ -248,7 +249,7 @@ TEST_F(BatchOperationsTest, TheDesignedThumbnailLineNamesTheFilesUpToItsOwn) {
     EXPECT_EQ(job.title, QStringLiteral("Removing thumbnails"));
     for (int round = 0; round < 2; ++round) {
         fs::remove(folder_ / "seen");
-        static_cast<void>(jobs::runHere(job, context_, runner_));
+        static_cast<void>(support::runHere(job, context_, runner_));
         std::string seen;
         std::string line;
         for (const fs::path& file : files) seen += (line += "-ThumbnailImage=" + file.string()) + '\n';
@@ -267,7 +268,7 @@ TEST_F(BatchOperationsTest, TheLineForAllFilesIsTheLineOfEach) {
                 EXPECT_EQ(runner_.RunToolLine(job.lineOf(context_, app::commandFormOf(context_), photo).text),
                           1);
             } else {
-                static_cast<void>(jobs::runHere(job, context_, runner_));
+                static_cast<void>(support::runHere(job, context_, runner_));
             }
             seen[asOne ? 0 : 1] = readBytes(folder_ / "seen");
             fs::remove(folder_ / "seen");

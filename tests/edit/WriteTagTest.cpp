@@ -84,7 +84,8 @@ std::vector<LineCase> lineCases() {
         {"Latin in IPTC", edited("IPTC", "City", "K\xC3\xB6ln"), "-City=\"K\xC3\xB6ln\" ",
          "-IPTC:City=\"K\xC3\xB6ln\" "},
         {"more in IPTC", edited("IPTC", "City", "\xE6\x9D\xB1"), "-City=\"\xE6\x9D\xB1\" ",
-         "-tagsfromfile @ -IPTC:All --IPTC:City -IPTC:CodedCharacterSet=UTF8 -IPTC:City=\"\xE6\x9D\xB1\" "},
+         "-tagsfromfile @ -IPTC:All --IPTC:City \"-IPTC:CodedCharacterSet<${FileType;$_='UTF8'}\" "
+         "-IPTC:City=\"\xE6\x9D\xB1\" "},
         {"a property's group", property, "-CameraModel=\"x\" ", "-CameraModel=\"x\" "},
     };
 }
@@ -237,6 +238,9 @@ TEST_F(WriteTag, TextThatLatinLacksKeepsTheOtherValuesOfItsRecord) {
     EXPECT_EQ(valueOf(file, "IPTC:Headline"), "\xE6\x97\xA5\xE6\x9C\xAC");
     EXPECT_EQ(valueOf(file, "IPTC:City"), "M\xC3\xBCnchen");
     EXPECT_EQ(valueOf(file, "IPTC:Keywords"), "gr\xC3\xBCn\nb");
+    const fs::path bare = photo({}, "bare.jpg");
+    EXPECT_EQ(write(bare, u"IPTC", u"Headline", QStringLiteral("\u65E5\u672C")), (Outcome{bare, Done, {}}));
+    EXPECT_EQ(valueOf(bare, "IPTC:Headline"), "\xE6\x97\xA5\xE6\x9C\xAC");
 }
 
 TEST_F(WriteTag, SeveralSuchTextsOfOneLineAllArrive) {
@@ -245,7 +249,8 @@ TEST_F(WriteTag, SeveralSuchTextsOfOneLineAllArrive) {
                                       edited("IPTC", "Headline", "\xE4\xBA\xAC")};
     const platform::CommandText terms = termsOfTags(form(), edits);
     EXPECT_EQ(terms.text(),
-              "-tagsfromfile @ -IPTC:All --IPTC:City --IPTC:Headline -IPTC:CodedCharacterSet=UTF8 "
+              "-tagsfromfile @ -IPTC:All --IPTC:City --IPTC:Headline "
+              "\"-IPTC:CodedCharacterSet<${FileType;$_='UTF8'}\" "
               "-IPTC:City=\"\xE6\x9D\xB1\" -IFD0:Artist=\"Ada\" -IPTC:Headline=\"\xE4\xBA\xAC\" ");
     platform::CommandText line = exiftool::toolStart(context).append(terms).literal("-overwrite_original \"");
     EXPECT_EQ(runner.RunToolLine(line.outside(file.string()).literal("\"")), 1);

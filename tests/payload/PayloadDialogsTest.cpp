@@ -5,6 +5,7 @@
 #include "payload/ExportDialogThumbnail.h"
 #include "payload/PayloadFile.h"
 #include "payload/ThumbnailOperations.h"
+#include "support/RunHere.h"
 #include "support/ToolStandIns.h"
 
 #include "dialogs/Messages.h"
@@ -85,7 +86,7 @@ class PayloadDialogsTest : public PayloadFile {
 
     /// Carries out what the dialog has left.
     exiftool::Outcomes carryOut(jobs::JobSource& dialog) {
-        return jobs::runHere(dialog.takeJob(), context, runner);
+        return support::runHere(dialog.takeJob(), context, runner);
     }
 
     std::vector<std::string> messages;
@@ -306,7 +307,7 @@ TEST_F(PayloadDialogsTest, ThumbnailsAreExportedAndWhatIsMissingIsTold) {
     EXPECT_TRUE(fs::is_empty(folder / "to")) << "the dialog writes nothing itself";
     const jobs::Job job = dialog.takeJob();
     EXPECT_EQ(job.title, "Exporting ThumbnailImage");
-    const exiftool::Outcomes outcomes = jobs::runHere(job, context, runner);
+    const exiftool::Outcomes outcomes = support::runHere(job, context, runner);
     EXPECT_THAT(kindsOf(outcomes), ElementsAre(Done, Unchanged));
     EXPECT_EQ(outcomes[1].words, "Holds no ThumbnailImage");
     EXPECT_EQ(readBytes(folder / "to/a_ThumbnailImage.jpg"), readBytes(folder / "first.jpg"));

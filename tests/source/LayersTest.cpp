@@ -203,7 +203,6 @@ TEST(Layers, TheFormOfCommandsIsAskedForWhereAnOperationBegins) {
                                                      "src/exiftool/ReadCommands.h",
                                                      "src/exiftool/ToolRunner.h",
                                                      "src/jobs/JobRunner.cpp",
-                                                     "src/jobs/JobSource.cpp",
                                                      "src/jobs/OperationDialog.cpp",
                                                      "src/payload/DisplayHexaDialog.cpp",
                                                      "src/payload/ExportDialogPayload.cpp",

@@ -3,6 +3,7 @@
 #include "exiftool/SafetyCopy.h"
 #include "jobs/JobSource.h"
 #include "support/EditedFile.h"
+#include "support/RunHere.h"
 #include "support/ToolStandIns.h"
 #include "taglists/AddTagsGroups.h"
 
@@ -45,7 +46,7 @@ class TagValueWrites : public EditedFile {
         return support::ExifTool({"-a", "-G1", "-s", "-x", "System:All", "-x", "ExifTool:All", "-x",
                                   "Composite:All", "-x", "File:CurrentIPTCDigest", file.string()});
     }
-    Outcomes carryOut(const jobs::Job& job) { return jobs::runHere(job, context, runner); }
+    Outcomes carryOut(const jobs::Job& job) { return support::runHere(job, context, runner); }
     Outcomes write(const std::vector<fs::path>& files, const TagRows& rows) {
         return carryOut(modifyFilesJob(parts, form(), "Title", 1, rows, files));
     }

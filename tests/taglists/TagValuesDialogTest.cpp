@@ -2,6 +2,7 @@
 #include "edit/ValueEditor.h"
 #include "jobs/JobSource.h"
 #include "support/EditedFile.h"
+#include "support/RunHere.h"
 #include "support/ToolStandIns.h"
 #include "taglists/DialogAddATag_ToOneFile.h"
 #include "taglists/DialogAddTagsMain.h"
@@ -86,7 +87,7 @@ class TagValuesDialogTest : public EditedFile {
     exiftool::Outcomes accept(TagValuesDialog& dialog) {
         dialog.accept();
         EXPECT_EQ(dialog.QDialog::result(), QDialog::Accepted);
-        return jobs::runHere(dialog.takeJob(), context, runner);
+        return support::runHere(dialog.takeJob(), context, runner);
     }
 
     QStringList messages;
@@ -128,7 +129,7 @@ TEST_F(TagValuesDialogTest, OneFileIsReadEditedAndWritten) {
     EXPECT_EQ(valueOf(file, "IFD0:Make"), "Acme") << "the dialog writes nothing itself";
     const jobs::Job job = dialog.takeJob();
     EXPECT_EQ(job.title, dialog.windowTitle());
-    EXPECT_THAT(kindsOf(jobs::runHere(job, context, runner)), ElementsAre(Done));
+    EXPECT_THAT(kindsOf(support::runHere(job, context, runner)), ElementsAre(Done));
     EXPECT_EQ(valueOf(file, "IFD0:Make"), "New \"one\"");
     EXPECT_EQ(support::ExifTool({"-s3", "-n", "-IFD0:Orientation", file.string()}), "3\n");
     EXPECT_EQ(valueOf(file, "IFD0:Artist"), "Somebody");
