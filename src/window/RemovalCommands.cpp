@@ -45,9 +45,10 @@ void RemovalCommands::removeGroupTypes(app::CommandId) {
     if (files.empty()) return;
     askAndRemove(taglists::RemoveDialogTypes(parts_.operations, files, &parts_.window),
                  [this](const jobs::JobResult& result) {
-                     dialogs::showMessage(&parts_.window,
-                                          {taglists::typesRemovedText(parts_.language, result.outcomes),
-                                           dialogs::MessageIcon::Information});
+                     dialogs::showMessage(
+                         &parts_.window,
+                         {taglists::typesRemovedText(parts_.language, result.outcomes, result.remarks),
+                          dialogs::MessageIcon::Information});
                      ending_.ShowBatchReport(result);
                  });
 }
