@@ -12,6 +12,12 @@
 
 namespace app {
 
+/// A text in another language: "Title-deu-DE" and what it says.
+struct Translation {
+    QString name;
+    QString value;
+};
+
 /// The last edit of a tag, as the write gets it: by copy. A new one stands for "nothing edited yet".
 struct CurrentEdit {
     int id = -1;          ///< TagRecord::id, or PropertyRecord::propertyId in a group of properties
@@ -25,8 +31,11 @@ struct CurrentEdit {
     bool writable = false;
     int selection = -1;
     int rowIndex = -1;
+    QString language;  ///< of a tag kept in several: the one entry that is written
+    /// Of a tag whose other languages ExifTool deletes with its plain entry: what is written again.
+    std::vector<Translation> translations;
     QString valueBefore;         ///< text on entry; what of it stands in value was not typed by the user
-    bool severalValues = false;  ///< value holds one entry a line, as edit::joinEntries makes it
+    bool severalValues = false;  ///< value holds one entry a line, as tags::joinEntries makes it
 };
 
 /// A key of the settings file when it was loaded: what the program took it for, and what the file held

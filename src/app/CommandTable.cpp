@@ -25,6 +25,7 @@ constexpr auto kHotKeys = std::to_array<HotKey>({
 
 constexpr auto kShortcuts = std::to_array<Shortcut>({
     {command::kRefresh, "F5"},
+    {command::kReadSelection, "Ctrl+R"},
     {command::kBack, "Alt+Left"},
     {command::kForward, "Alt+Right"},
     {command::kUp, "Alt+Up"},

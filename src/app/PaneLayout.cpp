@@ -13,8 +13,25 @@ constexpr int kEdge = 2;         ///< left of the middle without a left pane, an
 constexpr int kRightMargin = 8;  ///< what the right holder leaves of the right area
 constexpr int kLeastTopBand = 208;
 constexpr int kHandle = 6;
+constexpr int kFirstRightWidth = 500;
+constexpr int kFirstClientWidth = 1280;
 
 }  // namespace
+
+Pane nextPane(std::optional<Pane> current, const std::array<bool, kPaneCount>& shown, bool backwards) {
+    if (!current) return Pane::Files;
+    const std::size_t step = backwards ? kPaneCount - 1 : 1;
+    auto next = static_cast<std::size_t>(*current);
+    do {
+        next = (next + step) % kPaneCount;
+    } while (!shown[next] && next != static_cast<std::size_t>(*current));
+    return static_cast<Pane>(next);
+}
+
+int spreadRightWidth(int stored, int clientWidth) {
+    if (stored != kFirstRightWidth) return stored;
+    return stored + std::max(clientWidth - kFirstClientWidth, 0) * 3 / 5;
+}
 
 int rightHolderWidth(int asked) {
     return std::max(asked, kLeastRightWidth);

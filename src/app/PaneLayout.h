@@ -4,6 +4,8 @@
 
 #include <QRect>
 #include <QSize>
+#include <array>
+#include <optional>
 
 namespace app {
 
@@ -30,6 +32,19 @@ struct PaneLayoutInput {
 /// The figures of the frame. A window too narrow for its panes takes from the right pane first, then from the
 /// left, and never makes a width negative.
 PaneRects PaneLayout(const PaneLayoutInput& input);
+
+/// What takes the keyboard, from left to right.
+enum class Pane { Folders, Files, Tags };
+inline constexpr std::size_t kPaneCount = 3;
+
+/// The pane that the keyboard goes to next, round and round; from elsewhere to the files, which are always
+/// shown.
+Pane nextPane(std::optional<Pane> current, const std::array<bool, kPaneCount>& shown, bool backwards);
+
+/// The width of the right pane in a client area of that width. One that the user has never dragged, and which
+/// is as the first run has it, gets most of what a wide window has more: its values are cut before the names
+/// of files are.
+int spreadRightWidth(int stored, int clientWidth);
 
 /// The width that a drag of the right pane's edge asks for; never below 300.
 int rightHolderWidth(int asked);

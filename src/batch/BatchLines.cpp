@@ -44,13 +44,38 @@ CommandText shutterCountLine(const app::AppContext& context, CommandForm form, c
     return line.literal("\"").outside(fileWord(file)).literal("\"").append(reportBehind(context));
 }
 
-CommandText dateAndCameraArguments(CommandForm form, CameraPart part) {
+CommandText dateAndCameraArguments(CommandForm form, CameraPart part, Naming naming) {
     const std::string_view tag = part == CameraPart::Make ? "Make" : "Model";
     CommandText arguments("-d \"%%Y-%%m-%%d %%H-%%M-%%S\" ");
     if (form == CommandForm::Designed)
         return arguments.literal("\"-FileName<${FileCreateDate;} - ${").literal(tag).literal(";}-%%f.%%e\" ");
-    arguments.literal("\"-FileName<${FileModifyDate;} - ${").literal(tag).literal(kTextPartEnd);
+    arguments.literal(naming == Naming::Given ? "\"-FileName" : "\"-TestName");
+    arguments.literal("<${DateTimeOriginal;} - ${").literal(tag).literal(kTextPartEnd);
     return arguments.literal("-%%f%%-c.%%e\" ").literal(fragments::kFileNameCharset);
+}
+
+CommandText toldNamesLine(const app::AppContext& context, CameraPart part, std::span<const fs::path> files) {
+    CommandText line = toolStart(context);
+    line.append(dateAndCameraArguments(CommandForm::Corrected, part, Naming::Told));
+    for (const fs::path& file : files) line.literal("\"").outside(fileWord(file)).literal("\" ");
+    return line;
+}
+
+std::vector<ToldName> toldNames(std::string_view printed) {
+    constexpr std::string_view kBetween = "' --> '";
+    const auto nameOf = [](std::string_view path) { return std::string(path.substr(path.rfind('/') + 1)); };
+    std::vector<ToldName> names;
+    while (!printed.empty()) {
+        const std::size_t end = printed.find('\n');
+        const std::string_view line = printed.substr(0, end);
+        printed.remove_prefix(end == std::string_view::npos ? printed.size() : end + 1);
+        const std::size_t between = line.find(kBetween);
+        if (between == std::string_view::npos || !line.starts_with('\'') || !line.ends_with('\'')) continue;
+        std::string_view after = line.substr(between + kBetween.size());
+        after.remove_suffix(1);
+        names.push_back({nameOf(line.substr(1, between - 1)), nameOf(after)});
+    }
+    return names;
 }
 
 CommandText thumbnailArguments(CommandForm form, const std::vector<fs::path>& filesSoFar) {

@@ -170,7 +170,9 @@ QVariant FileListModel::headerData(int section, Qt::Orientation orientation, int
     const std::uint32_t columnType = columns_[static_cast<std::size_t>(section)];
     if (role == Qt::TextAlignmentRole) return isRightAligned(columnType) ? kRightAlignment : kLeftAlignment;
     const tags::PropertyRecord* record = catalogue_.findColumn(columnType);
-    if (role != Qt::DisplayRole || record == nullptr) return {};
+    if (record == nullptr) return {};
+    if (role == Qt::ToolTipRole) return tags::plainName(*record);
+    if (role != Qt::DisplayRole) return {};
     return QString(reinterpret_cast<const QChar*>(record->name.data()),
                    static_cast<qsizetype>(record->name.size()));
 }

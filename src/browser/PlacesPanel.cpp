@@ -59,6 +59,13 @@ PlacesPanel::PlacesPanel(const app::LanguageFile& language, QWidget* parent)
     };
     connect(this, &QTreeWidget::itemClicked, this, tell);
     connect(this, &QTreeWidget::itemActivated, this, tell);
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(this, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
+        const QTreeWidgetItem* item = itemAt(place);
+        if (item == nullptr) item = currentItem();
+        if (item != nullptr && item->data(0, kPathRole).isValid())
+            PlaceMenuRequested(pathOf(*item), viewport()->mapToGlobal(place));
+    });
     auto* timer = new QTimer(this);
     connect(timer, &QTimer::timeout, this, &PlacesPanel::reloadVolumesIfChanged);
     timer->start(kVolumeCheck);

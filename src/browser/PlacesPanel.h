@@ -23,6 +23,8 @@ class PlacesPanel : public QTreeWidget {
     void reload();
 
     boost::signals2::signal<void(const std::filesystem::path&)> PlaceActivated;
+    /// The context menu of a place is asked for; at a global position.
+    boost::signals2::signal<void(const std::filesystem::path&, const QPoint&)> PlaceMenuRequested;
 
  protected:
     void changeEvent(QEvent* event) override;

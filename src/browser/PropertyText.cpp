@@ -1,6 +1,7 @@
 #include "browser/PropertyText.h"
 
 #include "browser/ColumnText.h"
+#include "properties/PropertyTexts.h"
 
 #include <QDateTime>
 #include <QLocale>
@@ -41,17 +42,35 @@ QString plainNumber(double number, int places) {
     return text;
 }
 
+/// Its digits, which no zone shifts.
+QDateTime digitsOf(properties::LocalTime time) {
+    return QDateTime::fromMSecsSinceEpoch(time.nanoseconds / 1'000'000, Qt::UTC);
+}
+
+QString clockText(properties::LocalTime time) {
+    return QLocale().toString(digitsOf(time), QLocale::ShortFormat);
+}
+
 /// What the system says by itself.
 QString defaultText(const PropertyValue& value) {
     if (const auto* text = std::get_if<QString>(&value)) return *text;
     if (const auto* list = std::get_if<QStringList>(&value)) return list->join(QStringLiteral("; "));
     if (const auto* time = std::get_if<platform::PointInTime>(&value)) return dateText(time->nanoseconds);
+    if (const auto* time = std::get_if<properties::LocalTime>(&value)) return clockText(*time);
     if (std::holds_alternative<properties::Angle>(value)) return propertyValueText(value);
     const auto number = numberOf(value);
     return number ? plainNumber(*number, 6) : QString();
 }
 
 // --- positions
+
+/// Rounded before it is divided, so that no 60 stands in it.
+QString angleText(const properties::Angle& angle) {
+    constexpr double kParts = 100;
+    const double seconds = angle[0] * 3600 + angle[1] * 60 + angle[2];
+    const properties::Angle rounded = properties::angleOfSeconds(std::round(seconds * kParts) / kParts);
+    return QString::asprintf("%3.0f° %02.0f' %02.02f\"", rounded[0], rounded[1], rounded[2]);
+}
 
 QString metres(const PropertyValue& value) {
     return QString::asprintf("%2.0f m", numberOf(value).value_or(0));
@@ -262,7 +281,7 @@ constexpr auto kFormats = std::to_array<Format>({
     {Id::ImageHorizontalSize, pixels},
     {Id::ImageVerticalResolution, dotsPerInch},
     {Id::ImageVerticalSize, pixels},
-    {Id::PhotoAperture, shortNumber},
+    {Id::PhotoAperture, fNumber},
     {Id::PhotoBrightness, shortNumber},
     {Id::PhotoExposureBias, exposureBias},
     {Id::PhotoExposureTime, exposureTime},
@@ -271,8 +290,8 @@ constexpr auto kFormats = std::to_array<Format>({
     {Id::PhotoFocalLength, millimetres},
     {Id::PhotoISOSpeed, isoSpeed},
     {Id::PhotoLightSource, lightSource},
-    {Id::PhotoMaxAperture, shortNumber},
-    {Id::PhotoShutterSpeed, shortNumber},
+    {Id::PhotoMaxAperture, fNumber},
+    {Id::PhotoShutterSpeed, exposureTime},
     {Id::PhotoSubjectDistance, distance},
 
     {Id::AudioChannelCount, channels},
@@ -287,6 +306,7 @@ constexpr auto kFormats = std::to_array<Format>({
     {Id::VideoIsSpherical, yesOrNo},
     {Id::VideoIsStereo, yesOrNo},
     {Id::VideoSampleSize, bits},
+    {Id::TextTotalEditingTime, duration},
     {Id::VideoTotalBitrate, kilobitsPerSecond},
 });
 
@@ -303,11 +323,12 @@ properties::PropertyStore& storeOf(const std::filesystem::path& path) {
 QString propertyValueText(const PropertyValue& value) {
     if (const auto* text = std::get_if<QString>(&value)) return *text;
     if (const auto* list = std::get_if<QStringList>(&value)) return list->join(QStringLiteral(", "));
-    if (const auto* angle = std::get_if<properties::Angle>(&value))
-        return QString::asprintf("%3.0f° %02.0f' %02.02f\"", (*angle)[0], (*angle)[1], (*angle)[2]);
+    if (const auto* angle = std::get_if<properties::Angle>(&value)) return angleText(*angle);
     if (const auto* time = std::get_if<platform::PointInTime>(&value))
         return QDateTime::fromMSecsSinceEpoch(time->nanoseconds / 1'000'000, Qt::UTC)
             .toString(Qt::ISODateWithMs);
+    if (const auto* time = std::get_if<properties::LocalTime>(&value))
+        return digitsOf(*time).toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss.zzz"));
     if (const auto* number = std::get_if<std::int64_t>(&value)) return QString::number(*number);
     const auto number = numberOf(value);
     return number ? QString::number(*number, 'g', 10) : QString();

@@ -69,16 +69,20 @@ void ShellBrowser::connectView() {
     connect(view, &QAbstractItemView::activated, this, &ShellBrowser::onActivated);
     connect(view, &FileListView::UpWanted, this, &ShellBrowser::GoUp);
     connect(view, &FileListView::RootWanted, this, &ShellBrowser::goToRoot);
-    connect(view, &FileListView::RefreshWanted, this, [this] { navigationController_.Refresh(); });
+    connect(view, &FileListView::RefreshWanted, this, [this] { refresh(); });
     // The cells that come into sight must not wait for those that went.
     connect(view->verticalScrollBar(), &QScrollBar::valueChanged, this, &ShellBrowser::dropTasksOutOfSight);
 }
 
 void ShellBrowser::connectHeader() {
     QHeaderView* header = view_->header();
+    header->setObjectName(QStringLiteral("FileListHeader"));
     header->setSectionsClickable(true);
     header->setMinimumSectionSize(kLeastColumnWidth);
     header->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(header, &QHeaderView::sectionResized, this,
+            [this](int section, int, int width) { columnResized(section, width); });
+    view_->viewport()->installEventFilter(this);
     connect(header, &QHeaderView::sectionClicked, this, &ShellBrowser::onHeaderClicked);
     connect(header, &QWidget::customContextMenuRequested, this,
             [this, header](const QPoint& position) { HeaderMenuRequested(header->mapToGlobal(position)); });
@@ -184,12 +188,25 @@ void ShellBrowser::selectPaths(std::vector<std::filesystem::path> wanted) {
     if (selection.isEmpty()) return;
     QItemSelectionModel& selected = *view_->selectionModel();
     selected.select(selection, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    selected.setCurrentIndex(selection.first().topLeft(), QItemSelectionModel::NoUpdate);
+    const int before = model_.list().rowOf(model_.list().findItem(currentAgain_.filename().native()));
+    const QModelIndex current = before >= 0 ? model_.index(before, 0) : QModelIndex();
+    selected.setCurrentIndex(selection.contains(current) ? current : QModelIndex(selection.first().topLeft()),
+                             QItemSelectionModel::NoUpdate);
+    view_->doItemsLayout();
+    view_->verticalScrollBar()->setValue(scrolledAgain_);
 }
 
 void ShellBrowser::readAgain(std::vector<std::filesystem::path> selected) {
     selectedAgain_ = std::move(selected);
+    const QModelIndex current = view_->currentIndex();
+    currentAgain_ = current.isValid() ? model_.list().pathAt(current.row()) : std::filesystem::path();
+    scrolledAgain_ = view_->verticalScrollBar()->value();
     navigationController_.Refresh();
+}
+
+void ShellBrowser::refresh() {
+    const bool keeps = app::commandFormOf(parts_.context) == app::CommandForm::Corrected;
+    readAgain(keeps ? GetSelectedFiles() : std::vector<std::filesystem::path>());
 }
 
 void ShellBrowser::GoUp() {

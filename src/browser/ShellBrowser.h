@@ -4,6 +4,7 @@
 #include "app/LanguageFile.h"
 #include "app/ViewMode.h"
 #include "browser/CellLoader.h"
+#include "browser/FileInView.h"
 #include "browser/FileListModel.h"
 #include "browser/FileListView.h"
 #include "browser/ItemSorter.h"
@@ -13,6 +14,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
+#include <set>
 
 namespace browser {
 
@@ -48,8 +50,11 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
         const NavigationCompletedSignal::slot_type& slot) override;
     ShellNavigationController& navigationController() { return navigationController_; }
     const ShellNavigationController& navigationController() const { return navigationController_; }
-    /// Reads the folder anew; what is then there of these paths gets selected.
+    /// Reads the folder anew; what is then there of these paths gets selected, and the list stays where it
+    /// is.
     void readAgain(std::vector<std::filesystem::path> selected);
+    /// The user wants to see what is there now. In the corrected form the selection stays.
+    void refresh();
     /// The parent folder, where the folder that was left gets selected.
     void GoUp();
     void goToRoot();
@@ -70,6 +75,9 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     ItemSnapshot GetItem(int row) const;
     /// From top to bottom.
     std::vector<std::filesystem::path> GetSelectedFiles() const;
+    FileInView fileInView(const std::filesystem::path& shown) const {
+        return browser::fileInView(model_.list(), view_->currentIndex().row(), shown);
+    }
     const ItemList::Totals& totals() const { return model_.list().totals(); }
     /// An entry of the folder that has come into being, by its name's bytes.
     void AddItem(std::string_view name);
@@ -84,6 +92,8 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     /// Stores the mode and moves the header's arrow. The list keeps its old order until the new one has been
     /// made in the background; the last call counts.
     void SetSortMode(app::SortMode mode);
+    /// The same by what that column of the view shows.
+    void sortByColumn(int section, bool ascending);
     /// Whether the order is still to come.
     bool isSorting() const { return sorter_.isSorting(); }
     /// After the settings that decide names, order or look of the list have changed.
@@ -103,13 +113,16 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     boost::signals2::signal<void()> ColumnsChanged;
     /// The tags shown are out of date: a click on any item or on the free area (command 8003).
     boost::signals2::signal<void()> MetadataOutdated;
-    /// A click on a file: what makes its metadata be read. Selecting by the keyboard does not.
+    /// A click on a file: what makes its metadata be read. Selecting by the keyboard is told as such alone.
     boost::signals2::signal<void(const std::filesystem::path&, std::int32_t itemId)> FileClicked;
     /// Enter or a double click on a file; folders are opened here.
     boost::signals2::signal<void(const std::filesystem::path&)> FileActivated;
     /// The context menu is asked for: on a row or, with -1, on the free area; at a global position.
     boost::signals2::signal<void(int, const QPoint&)> MenuRequested;
     boost::signals2::signal<void(const QPoint&)> HeaderMenuRequested;
+
+ protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
     struct ColumnCell {
@@ -124,6 +137,9 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     void dropTasks();
     void dropTasksOutOfSight();
     void showColumns();
+    void columnResized(int section, int width);
+    /// The list is filled to its edge.
+    void spreadColumns();
     void restoreSelection(int currentRow);
     void showSortArrow();
     FolderRequest requestFor(const std::filesystem::path& folder);
@@ -150,8 +166,13 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     bool folderLoaded_ = false;
     int listingError_ = 0;
     unsigned folderGeneration_ = 0;
-    std::filesystem::path awaitedItem_;                 // to be selected once its folder is there
-    std::vector<std::filesystem::path> selectedAgain_;  // once the folder has been read
+    std::filesystem::path awaitedItem_;  // to be selected once its folder is there
+    // Once the folder has been read:
+    std::vector<std::filesystem::path> selectedAgain_;
+    std::filesystem::path currentAgain_;
+    int scrolledAgain_ = 0;
+    std::set<std::uint32_t> setColumns_;  // the user has given them a width
+    bool isSpreading_ = false;
     std::uint32_t sortedColumn_ = 0;
     bool hasSortedColumn_ = false;
     platform::FolderWatch folderWatch_;

@@ -1,9 +1,11 @@
 // The columns of a ShellBrowser: what they show, how they are filled, and the order that a click on them
 // gives.
 #include "browser/ColumnSort.h"
+#include "browser/ColumnSpread.h"
 #include "browser/ColumnText.h"
 #include "browser/ShellBrowser.h"
 
+#include <QEvent>
 #include <QHeaderView>
 
 namespace browser {
@@ -16,18 +18,54 @@ void ShellBrowser::SetViewMode(app::ViewMode mode) {
 
 void ShellBrowser::showColumns() {
     QHeaderView* header = view_->header();
+    isSpreading_ = true;
     for (int section = 0; section < header->count(); ++section) {
         const std::uint32_t column = model_.columns()[static_cast<std::size_t>(section)];
         header->resizeSection(section, parts_.catalogue.findColumn(column)->width);
     }
+    isSpreading_ = false;
+    spreadColumns();
     showSortArrow();
+}
+
+void ShellBrowser::columnResized(int section, int width) {
+    if (isSpreading_ || section >= model_.columnCount()) return;
+    const std::uint32_t column = model_.columns()[static_cast<std::size_t>(section)];
+    setColumns_.insert(column);
+    parts_.catalogue.setWidth(column, width);
+    spreadColumns();
+}
+
+void ShellBrowser::spreadColumns() {
+    QHeaderView* header = view_->header();
+    std::vector<int> widths;
+    for (const std::uint32_t column : model_.columns())
+        widths.push_back(parts_.catalogue.findColumn(column)->width);
+    if (widths.empty() || header->count() != static_cast<int>(widths.size())) return;
+    const ColumnSpread spread =
+        spreadOf(widths, view_->viewport()->width(), setColumns_.contains(model_.columns().front()),
+                 setColumns_.contains(model_.columns().back()));
+    isSpreading_ = true;
+    const int last = static_cast<int>(widths.size()) - 1;
+    header->resizeSection(0, widths.front() + spread.name);
+    if (last > 0) header->resizeSection(last, widths.back() + spread.last);
+    isSpreading_ = false;
+}
+
+bool ShellBrowser::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Resize) spreadColumns();
+    return QObject::eventFilter(watched, event);
 }
 
 void ShellBrowser::SaveColumnWidths() {
     const QHeaderView* header = view_->header();
-    for (int section = 0; section < header->count(); ++section)
-        parts_.catalogue.setWidth(model_.columns()[static_cast<std::size_t>(section)],
-                                  header->sectionSize(section));
+    const int last = header->count() - 1;
+    for (int section = 0; section < header->count(); ++section) {
+        const std::uint32_t column = model_.columns()[static_cast<std::size_t>(section)];
+        // What the spreading has made of these two is none of their own.
+        if ((section == 0 || section == last) && !setColumns_.contains(column)) continue;
+        parts_.catalogue.setWidth(column, header->sectionSize(section));
+    }
 }
 
 void ShellBrowser::RebuildColumns() {
@@ -85,6 +123,11 @@ void ShellBrowser::showSortArrow() {
     hasSortedColumn_ = true;
     header->setSortIndicator(static_cast<int>(found - columns.begin()),
                              settings.sortAscending ? Qt::AscendingOrder : Qt::DescendingOrder);
+}
+
+void ShellBrowser::sortByColumn(int section, bool ascending) {
+    parts_.context.settings.main.sortAscending = ascending;
+    SetSortMode(ColumnToSortMode(model_.columns().at(static_cast<std::size_t>(section))));
 }
 
 void ShellBrowser::onHeaderClicked(int section) {

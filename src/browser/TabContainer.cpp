@@ -54,6 +54,12 @@ TabContainer::TabContainer(app::AppContext& context, tags::PropertyCatalogue& ca
     tabBar_->installEventFilter(this);
     connect(add, &QToolButton::clicked, this, [this] { duplicateSelectedTab(); });
     connect(tabBar_, &QTabBar::currentChanged, this, &TabContainer::onCurrentChanged);
+    tabBar_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(tabBar_, &QWidget::customContextMenuRequested, this, [this](const QPoint& place) {
+        // By the Menu key the place is none of a tab.
+        const int index = tabBar_->tabAt(place);
+        TabMenuRequested(index >= 0 ? index : tabBar_->currentIndex(), tabBar_->mapToGlobal(place));
+    });
     connect(tabBar_, &QTabBar::tabCloseRequested, this,
             [this](int index) { closeTab(GetTabByIndex(index)); });
 }

@@ -55,6 +55,8 @@ class TabContainer : public QWidget {
     TabSignal TabListSelectionChanged;
     TabSignal TabColumnsChanged;
     boost::signals2::signal<void(int)> TabRemoved;
+    /// The context menu of a tab is asked for, by its place; at a global position.
+    boost::signals2::signal<void(int index, const QPoint&)> TabMenuRequested;
 
     // What the lists tell, with the tab that it happened in; see ShellBrowser.
     TabSignal MetadataOutdated;

@@ -7,7 +7,6 @@ namespace controls {
 
 namespace {
 
-constexpr double kReadable = 4.5;
 constexpr double kDarkGround = 0.18;
 
 double linear(double channel) {
@@ -46,13 +45,13 @@ bool isDark(const QColor& ground) {
     return luminance(ground) < kDarkGround;
 }
 
-QColor readableOn(const QColor& color, const QColor& ground) {
+QColor readableOn(const QColor& color, const QColor& ground, double leastContrast) {
     const bool towardsWhite = contrastRatio(Qt::white, ground) > contrastRatio(Qt::black, ground);
     const QColor end = towardsWhite ? Qt::white : Qt::black;
     for (int step = 0; step < 20; ++step) {
         // What is painted has eight bits a channel; so has what is measured.
         const QColor candidate = mixedColor(color, end, static_cast<float>(step) / 20.0F).rgb();
-        if (contrastRatio(candidate, ground) >= kReadable) return candidate;
+        if (contrastRatio(candidate, ground) >= leastContrast) return candidate;
     }
     return end;
 }

@@ -20,8 +20,12 @@ double contrastRatio(const QColor& one, const QColor& other);
 /// True for a ground that wants light texts.
 bool isDark(const QColor& ground);
 
+/// What a text and what a mark needs: a line, a frame, a drawing.
+inline constexpr double kTextContrast = 4.5;
+inline constexpr double kMarkContrast = 3.0;
+
 /// The colour itself when it reads on the ground, else moved towards white or black until it does.
-QColor readableOn(const QColor& color, const QColor& ground);
+QColor readableOn(const QColor& color, const QColor& ground, double leastContrast = kTextContrast);
 
 /// For a colour made for white paper: the colour itself on light grounds; on dark ones as light as it was
 /// dark, with its hue, and lighter where it would not read.

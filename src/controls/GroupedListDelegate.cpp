@@ -39,6 +39,11 @@ void drawElided(QPainter& painter, const QRect& rect, Qt::Alignment alignment, c
     painter.drawText(rect, static_cast<int>(alignment) | Qt::TextSingleLine, shown);
 }
 
+/// Of a path both ends count: where it leads from, and the name.
+bool isPath(QStringView text) {
+    return text.startsWith(u'/') && text.indexOf(u'/', 1) > 0;
+}
+
 QColor textColor(const QStyleOptionViewItem& option) {
     const bool enabled = (option.state & QStyle::State_Enabled) != 0;
     return option.palette.color(enabled ? QPalette::Normal : QPalette::Disabled, QPalette::Text);
@@ -158,7 +163,8 @@ void GroupedListDelegate::paintDetails(QPainter& painter, const QStyleOptionView
             {QPoint(cell.rect.left() + left, cell.rect.top() + (cell.rect.height() - size.height()) / 2),
              size});
     }
-    drawElided(painter, detailsTextRect(cell), cell.displayAlignment, cell.fontMetrics, cell.text);
+    drawElided(painter, detailsTextRect(cell), cell.displayAlignment, cell.fontMetrics, cell.text,
+               isPath(cell.text) ? Qt::ElideMiddle : Qt::ElideRight);
 }
 
 void GroupedListDelegate::paintTile(QPainter& painter, const QStyleOptionViewItem& option,

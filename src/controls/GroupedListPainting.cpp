@@ -16,6 +16,7 @@ namespace {
 constexpr int kMargin = 6;
 constexpr int kIconSide = 16;
 constexpr int kCellInset = 2;
+constexpr int kMarkWidth = 3;
 constexpr qreal kCellRadius = 4;
 constexpr qreal kGhostOpacity = 0.5;
 
@@ -52,7 +53,7 @@ void GroupedListView::Painting::paint(const QPaintEvent& event) {
     Contents& contents = *view_.contents_;
     const ListGeometry& geometry = contents.geometry();
     const QRect exposed = event.rect();
-    if (geometry.positionCount() == 0) paintEmptyText(painter);
+    if (geometry.positionCount() == 0) paintEmpty(painter);
     const QItemSelectionModel* selection = view_.selectionModel();
     for (const ListGeometry::Span& span : contents.spansIn(exposed)) {
         const int first = geometry.sectionOfPosition(span.first)->firstPosition;
@@ -124,6 +125,9 @@ void GroupedListView::Painting::paintTint(QPainter& painter, const Row& row) con
     if (contents.isDetails() && !contents.fullRowSelection) rect = contents.cellRect(row.index.row(), 0);
     if (contents.isDetails()) {
         painter.fillRect(rect, tint);
+        if (row.selected)
+            painter.fillRect(QRect(qMax(rect.left(), 0), rect.top(), kMarkWidth, rect.height()),
+                             colors_.selectionMark);
         painter.setPen(colors_.focusFrame);
         if (current) painter.drawRect(rect.adjusted(0, 0, -1, -1));
         return;
@@ -220,7 +224,12 @@ void GroupedListView::Painting::paintDefaultGroupHeader(QPainter& painter, const
         painter.fillRect(QRect(left, rect.center().y() + 1, rect.right() - left, 1), colors.line);
 }
 
-void GroupedListView::Painting::paintEmptyText(QPainter& painter) const {
+void GroupedListView::Painting::paintEmpty(QPainter& painter) const {
+    // Without a row to stand on, the keyboard is in the list all the same.
+    if (view_.hasFocus()) {
+        painter.setPen(colors_.focusFrame);
+        painter.drawRect(view_.viewport()->rect().adjusted(0, 0, -1, -1));
+    }
     const QString& text = view_.contents_->emptyText;
     if (text.isEmpty()) return;
     painter.setPen(colors_.secondaryText);

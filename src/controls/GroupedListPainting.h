@@ -36,7 +36,7 @@ class GroupedListView::Painting {
     void paintCell(QPainter& painter, const Row& row, const QModelIndex& index, const QRect& cell) const;
     void paintCheckBox(QPainter& painter, const Row& row, const QRect& cell) const;
     void paintGrid(QPainter& painter, const Row& row) const;
-    void paintEmptyText(QPainter& painter) const;
+    void paintEmpty(QPainter& painter) const;
     void paintRubberBand(QPainter& painter) const;
 
     GroupedListView& view_;

@@ -1,5 +1,7 @@
 #include "controls/Icons.h"
 
+#include "controls/ColorArithmetic.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -13,6 +15,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
+#include <vector>
 
 // The resource stands in a static library, where nothing else would pull it in.
 static void initializeOwnIcons() {
@@ -24,6 +28,10 @@ namespace {
 
 constexpr qreal kDisabledOpacity = 0.4;
 constexpr int kSmallDrawingLimit = 24;  ///< logical side up to which a drawing's "-small" form is taken
+
+constexpr int kSmallPicture = 32;  ///< logical side up to which a picture is looked at as a mark
+constexpr int kDrawn = 128;        ///< alpha of a pixel that counts
+const QColor kLightestDarkGround(0x46, 0x46, 0x46);
 
 struct Tone {
     const char* light;
@@ -117,6 +125,38 @@ QString lineDrawing(const QString& name) {
     return {};
 }
 
+/// The contrast that a quarter of the drawn pixels have at least.
+double strengthOf(const QImage& picture, const QColor& ground) {
+    std::vector<double> contrasts;
+    for (int y = 0; y < picture.height(); ++y)
+        for (int x = 0; x < picture.width(); ++x)
+            if (qAlpha(picture.pixel(x, y)) > kDrawn)
+                contrasts.push_back(contrastRatio(QColor(picture.pixel(x, y)), ground));
+    if (contrasts.empty()) return kMarkContrast;
+    const auto quarter = contrasts.begin() + static_cast<std::ptrdiff_t>(contrasts.size() / 4);
+    std::ranges::nth_element(contrasts, quarter, std::greater<>());
+    return *quarter;
+}
+
+/// The theme's pictures of files are as light as their sheets; they are made darker, or lighter on a dark
+/// ground, until they can be told from it.
+QPixmap withContrast(const QPixmap& picture) {
+    const QColor ground = darkFlag() ? kLightestDarkGround : QColor(Qt::white);
+    const QColor end = darkFlag() ? Qt::white : Qt::black;
+    const QImage original = picture.toImage().convertToFormat(QImage::Format_ARGB32);
+    QImage shown = original;
+    for (int step = 1; step <= 8 && strengthOf(shown, ground) < kMarkContrast; ++step) {
+        const float share = static_cast<float>(step) / 10;
+        for (int y = 0; y < shown.height(); ++y)
+            for (int x = 0; x < shown.width(); ++x) {
+                const QRgb pixel = original.pixel(x, y);
+                const QRgb mixed = mixedColor(QColor(pixel), end, share).rgb();
+                shown.setPixel(x, y, qRgba(qRed(mixed), qGreen(mixed), qBlue(mixed), qAlpha(pixel)));
+            }
+    }
+    return QPixmap::fromImage(shown);
+}
+
 /// Most actions are drawn for 16 and 22 only. At 32 the 16 drawn twice as large falls on whole pixels, where
 /// 22 would be blurred; it is taken for all of them and at every ratio, since the few drawn for 32 have
 /// thinner lines than their neighbours.
@@ -129,6 +169,7 @@ QPixmap drawFromTheme(const QString& name, QSize pixels, qreal ratio) {
     }
     QPixmap found = QIcon::fromTheme(name).pixmap(QSize(side, side), ratio);
     found.setDevicePixelRatio(1);
+    if (!found.isNull() && side <= kSmallPicture) found = withContrast(found);
     if (found.isNull() || found.size() == pixels) return found;
     QPixmap picture(pixels);
     picture.fill(Qt::transparent);

@@ -77,6 +77,7 @@ Ribbon::Ribbon(QWidget* parent)
       keyboard_(std::make_unique<RibbonKeyboard>(*this, *tabs_)) {
     setObjectName(QStringLiteral("ribbon"));
     tabs_->setObjectName(QStringLiteral("ribbonTabs"));
+    foldButton_->setObjectName(QStringLiteral("ribbonFold"));
     pages_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
     auto* strip = new QHBoxLayout;

@@ -16,6 +16,7 @@ struct RibbonColors {
     QColor secondaryText;
     QColor disabledText;
     QColor accent;
+    QColor currentTab;  ///< its text, on the body
     QColor hover;
     QColor pressed;
     QColor checked;

@@ -87,7 +87,7 @@ void RibbonTabStrip::paintTab(QPainter& painter, int index) const {
     } else if (index == hoveredTab_) {
         painter.fillRect(area.adjusted(0, 0, 0, -1), colors.hover);
     }
-    painter.setPen(joined ? colors.accent : colors.text);
+    painter.setPen(joined ? colors.currentTab : colors.text);
     painter.drawText(area, Qt::AlignCenter | Qt::TextSingleLine, tabText(index).replace("&&", "&"));
     if (hasFocus() && current) {
         painter.setPen(colors.accent);

@@ -33,6 +33,7 @@ QMessageBox::StandardButton showMessage(QWidget* parent, const Message& message)
     if (currentAnswer()) return currentAnswer()(parent, message);
     QMessageBox box(boxIcon(message.icon), message.title, message.text, message.buttons, parent);
     box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(message.defaultButton);
     box.setProperty(kMessageIconProperty, static_cast<int>(message.icon));
     return static_cast<QMessageBox::StandardButton>(box.exec());
 }

@@ -15,6 +15,9 @@ struct Message {
     MessageIcon icon = MessageIcon::None;
     QString title = QStringLiteral("Tagwright");
     QMessageBox::StandardButtons buttons = QMessageBox::Ok;
+    /// What Enter presses; NoButton: the one that agrees. A question before something is taken away names
+    /// another.
+    QMessageBox::StandardButton defaultButton = QMessageBox::NoButton;
 };
 
 /// The dynamic property of a message box that carries its icon's number.

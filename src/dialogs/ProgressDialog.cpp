@@ -29,10 +29,10 @@ QByteArray ownForm() {
 
 }  // namespace
 
-ProgressDialog::ProgressDialog(int language) : ProgressDialog(language, Delays()) {}
+ProgressDialog::ProgressDialog(int language, QWidget* parent) : ProgressDialog(language, Delays(), parent) {}
 
-ProgressDialog::ProgressDialog(int language, const Delays& delays)
-    : QDialog(nullptr, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+ProgressDialog::ProgressDialog(int language, const Delays& delays, QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
       language_(language),
       delays_(delays) {
     loadForm(*this, ownForm());
@@ -43,6 +43,9 @@ ProgressDialog::ProgressDialog(int language, const Delays& delays)
     bar_ = qobject_cast<QProgressBar*>(findControl(*this, kBarControl));
     Q_ASSERT(text_ != nullptr && bar_ != nullptr && stop_ != nullptr);
     stop_->hide();
+    // A key that was meant for the list must not stop what goes on: Esc does.
+    stop_->setAutoDefault(false);
+    setFocusPolicy(Qt::StrongFocus);
     connect(stop_, &QPushButton::clicked, this, &ProgressDialog::stopWaiting);
     show_.setSingleShot(true);
     connect(&show_, &QTimer::timeout, this, &ProgressDialog::showNow);
@@ -160,7 +163,11 @@ void ProgressDialog::showNow() {
         const QPoint middle = active->frameGeometry().center();
         move(middle - rect().center());
     }
+    setAttribute(Qt::WA_ShowWithoutActivating, !isShowingFiles_);
     show();
+    if (!isShowingFiles_) return;
+    activateWindow();
+    setFocus(Qt::OtherFocusReason);
 }
 
 }  // namespace dialogs

@@ -37,8 +37,8 @@ class ProgressDialog : public QDialog {
     };
 
     /// Speaks the language of a language file's number.
-    explicit ProgressDialog(int language);
-    ProgressDialog(int language, const Delays& delays);
+    explicit ProgressDialog(int language, QWidget* parent = nullptr);
+    ProgressDialog(int language, const Delays& delays, QWidget* parent = nullptr);
 
     /// The language when the settings have been read anew.
     void setLanguage(int language);
@@ -55,7 +55,8 @@ class ProgressDialog : public QDialog {
     /// Begins a wait that nothing but this dialog may interrupt, and shows it; finish() ends it.
     void beginWait();
 
-    /// Begins an operation over so many files, which becomes the dialog's title; finish() ends it. Without
+    /// Begins an operation over so many files, which becomes the dialog's title; finish() ends it. Its dialog
+    /// takes the keyboard, and Esc stops. Without
     /// counting, the bar only moves.
     void beginFiles(const QString& title, std::size_t count, bool countsFiles = true);
     /// The file that is worked on, its number counted from 1; the bar moves.

@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QRegularExpression>
 #include <algorithm>
+#include <cstdlib>
 #include <limits>
 
 namespace edit {
@@ -60,6 +61,26 @@ QString dateValueText(const DateValue& value) {
         text += value.time.toString(kTimeForms[static_cast<std::size_t>(value.timeFields)]) + value.fraction;
     }
     return text + value.zone;
+}
+
+void setFractionAndZone(DateValue& value, const QDateTime& moment) {
+    constexpr int kDigits = 3;
+    constexpr int kDecimal = 10;
+    constexpr int kMinute = 60;
+    if (!value.fraction.isEmpty()) {
+        const qsizetype digits = value.fraction.size() - 1;
+        const QString milliseconds =
+            QStringLiteral("%1").arg(moment.time().msec(), kDigits, kDecimal, QLatin1Char('0'));
+        value.fraction = u'.' + milliseconds.leftJustified(digits, u'0', true);
+    }
+    if (value.zone.isEmpty()) return;
+    const int offset = moment.offsetFromUtc() / kMinute;
+    const auto twoDigits = [](int number) {
+        return QStringLiteral("%1").arg(number, 2, kDecimal, QLatin1Char('0'));
+    };
+    const QString colon = value.zone == u"Z" || value.zone.contains(u':') ? QStringLiteral(":") : QString();
+    value.zone = (offset < 0 ? u'-' : u'+') + twoDigits(std::abs(offset) / kMinute) + colon +
+                 twoDigits(std::abs(offset) % kMinute);
 }
 
 std::optional<CutMoment> cutDateByPosition(const QString& text) {

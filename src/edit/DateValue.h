@@ -3,6 +3,7 @@
 #include "properties/PropertyValue.h"
 
 #include <QDate>
+#include <QDateTime>
 #include <QString>
 #include <QStringView>
 #include <QTime>
@@ -32,6 +33,10 @@ std::optional<DateValue> readDateValue(QStringView text);
 
 /// The text of the parts that the value has, with leading zeros: "2015:06:01 12:13:14.50+02:00".
 QString dateValueText(const DateValue& value);
+
+/// Puts the moment's fraction of a second and zone in place of those that the value has; the digits of the
+/// fraction stay as many as they were, and a zone without a colon stays without.
+void setFractionAndZone(DateValue& value, const QDateTime& moment);
 
 /// A date and a time of day cut out of the text by position, whatever stands there. Nothing when that is no
 /// moment.

@@ -57,12 +57,16 @@ void ModifDateDialog::setCorrected() {
     if (edit().value.isEmpty()) return;
     if (const auto value = readDateValue(edit().value)) {
         value_ = *value;
-        const QString kept = value_.fraction + value_.zone;
-        if (!kept.isEmpty()) showHint(parts().language.formatted(text::kKeptOfTime, {kept}));
+        showKept();
         return;
     }
     keepsText_ = true;
     showHint(parts().language.formatted(text::kNoDate, {edit().value}));
+}
+
+void ModifDateDialog::showKept() {
+    const QString kept = value_.fraction + value_.zone;
+    if (!kept.isEmpty()) showHint(parts().language.formatted(text::kKeptOfTime, {kept}));
 }
 
 void ModifDateDialog::setNow() {
@@ -70,6 +74,9 @@ void ModifDateDialog::setNow() {
     control<QDateEdit>(control::kDate)->setDate(now.date());
     control<QTimeEdit>(control::kTime)->setTime(now.time());
     keepsText_ = false;
+    if (form() == app::CommandForm::Designed) return;
+    setFractionAndZone(value_, now);
+    showKept();
 }
 
 void ModifDateDialog::accept() {

@@ -20,6 +20,7 @@ class ModifDateDialog : public ValueDialog {
  private:
     void setDesigned();
     void setCorrected();
+    void showKept();
     void setNow();
 
     DateValue value_;

@@ -1,59 +1,74 @@
 #include "edit/ModifStringDialog.h"
 
+#include "controls/ExactTextEdit.h"
 #include "edit/EditControls.h"
 #include "edit/EditTexts.h"
+#include "edit/TrialWrite.h"
+#include "tags/Entries.h"
 
 #include <QKeyEvent>
-#include <QPlainTextEdit>
-#include <QTextBlock>
 
 namespace edit {
 
+using controls::ExactTextEdit;
+
+static_assert(ExactTextEdit::kLiteral == tags::kLiteral && ExactTextEdit::kNoText == tags::kNoText);
+
 namespace {
 
-/// The text with the separators of lines within an entry, which toPlainText() takes for ends of lines.
-QString textOf(const QPlainTextEdit& field) {
-    QStringList lines;
-    for (QTextBlock block = field.document()->firstBlock(); block.isValid(); block = block.next())
-        lines.append(block.text());
-    return lines.join(u'\n');
+/// Whether each of its lines ends as on another system: such an end shows as one.
+bool endsLinesWithReturns(const QString& text) {
+    const qsizetype returns = text.count(u'\r');
+    return returns > 0 && returns == text.count(u'\n') && returns == text.count(u"\r\n");
 }
 
 }  // namespace
 
 ModifStringDialog::ModifStringDialog(const jobs::OperationParts& parts, tags::TagEditContext& edit,
                                      QWidget* parent)
-    : ValueDialog(parts, edit, kTemplate, parent) {
-    auto* field = control<QPlainTextEdit>(control::kText);
-    if (field == nullptr) return;
-    field->setPlainText(edit.value);
-    field->selectAll();
-    field->installEventFilter(this);
-    field->setFocus();
-    const bool several = form() == app::CommandForm::Corrected && parts.labels.takesSeveralValues(edit.tagId);
-    showHint(parts.language.text(several ? text::kEntryLines : text::kNewLine));
+    : ValueDialog(parts, edit, kTemplate, parent), before_(edit) {
+    if (!hasForm()) return;
+    field_ = ExactTextEdit::inPlaceOf(*control<QPlainTextEdit>(control::kText));
+    withReturns_ = !edit.severalEntries && endsLinesWithReturns(edit.value);
+    QString text = edit.severalEntries ? edit.value : ExactTextEdit::literal(edit.value);
+    if (withReturns_) text.remove(u'\r');
+    field_->setExactText(text);
+    field_->selectAll();
+    field_->installEventFilter(this);
+    field_->setFocus();
+    QString hint = parts.language.text(edit.severalEntries ? text::kEntryLines : text::kNewLine);
+    if (field_->hasMarks()) hint += u'\n' + parts.language.text(text::kMarks);
+    showHint(hint);
 }
 
 bool ModifStringDialog::eventFilter(QObject* watched, QEvent* event) {
-    auto* field = control<QPlainTextEdit>(control::kText);
-    if (watched != field || event->type() != QEvent::KeyPress)
+    if (watched != field_ || event->type() != QEvent::KeyPress)
         return ValueDialog::eventFilter(watched, event);
     const auto* key = static_cast<QKeyEvent*>(event);
     if (key->key() != Qt::Key_Return && key->key() != Qt::Key_Enter) return false;
     if ((key->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier)) != 0)
-        field->textCursor().insertBlock();
+        field_->textCursor().insertBlock();
     else
         accept();
     return true;
 }
 
 void ModifStringDialog::accept() {
-    const auto* field = control<QPlainTextEdit>(control::kText);
-    // The field knows one end of a line only; text that nobody touched keeps its own.
-    if (field->document()->isModified()) {
-        const bool withReturns = edit().value.contains(u"\r\n");
-        edit().value = textOf(*field);
-        if (withReturns) edit().value.replace(u'\n', QStringLiteral("\r\n"));
+    // Text that nobody touched stays as it was read.
+    if (field_->document()->isModified()) {
+        QString text = field_->exactText();
+        if (!edit().severalEntries) text = ExactTextEdit::bare(text);
+        if (withReturns_) text.replace(u'\n', QStringLiteral("\r\n"));
+        tags::TagEditContext after = edit();
+        after.value = text;
+        const QString refusal =
+            text == before_.value ? QString() : refusalOfText(parts(), form(), before_, after);
+        if (!refusal.isEmpty()) {
+            showHint(refusal, HintKind::Refusal);
+            field_->setFocus();
+            return;
+        }
+        edit().value = text;
     }
     ValueDialog::accept();
 }

@@ -2,10 +2,15 @@
 
 #include "edit/ValueDialog.h"
 
+namespace controls {
+class ExactTextEdit;
+}
+
 namespace edit {
 
 /// A text of any length, of several lines too. Enter is OK; with Ctrl or Shift it begins a new line. A tag
-/// that holds several values shows one a line.
+/// that holds several values shows one a line. A text that the tag would not hold as it is keeps the dialog
+/// open.
 class ModifStringDialog : public ValueDialog {
     Q_OBJECT
 
@@ -18,6 +23,11 @@ class ModifStringDialog : public ValueDialog {
 
  protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+    const tags::TagEditContext before_;
+    controls::ExactTextEdit* field_ = nullptr;
+    bool withReturns_ = false;
 };
 
 }  // namespace edit

@@ -26,8 +26,15 @@ PanelAction actionOfClick(const jobs::OperationParts& parts, app::CommandForm fo
 /// What the dialog starts from, unless the value could not be read.
 struct RowToEdit {
     tags::TagEditContext context;
-    QString fault;  ///< for people
+    QString fault;    ///< why it could not be, for people
+    QString refusal;  ///< why it cannot be edited, a whole sentence
 };
+
+/// The dialog that the value takes: that for texts where there are several entries.
+tags::ValueKind kindOfDialog(const tags::TagEditContext& edit, const tags::TagRecord& record);
+/// Why the file cannot be rewritten by this user, as far as that can be known before; for people. Empty when
+/// nothing speaks against it.
+QString whyNotWritable(const std::filesystem::path& file);
 
 /// Reads the value anew where the row does not hold all of it.
 [[nodiscard]] RowToEdit contextOfRow(const jobs::OperationParts& parts, app::CommandForm form,

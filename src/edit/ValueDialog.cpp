@@ -2,11 +2,14 @@
 
 #include "edit/EditControls.h"
 #include "edit/EditTexts.h"
+#include "platform/Text.h"
 
 #include <QLabel>
 #include <QLayout>
 #include <QPlainTextEdit>
 #include <QTextBlock>
+
+#include <utility>
 
 namespace edit {
 
@@ -16,6 +19,7 @@ constexpr int kMostHelpLines = 6;
 /// Without it a text that just fits could be scrolled.
 constexpr int kHelpSpare = 6;
 constexpr int kWidth = 460;
+constexpr int kNameMargin = 40;
 constexpr double kSecondary = 0.72;
 
 QPalette secondary(const QWidget& widget) {
@@ -49,6 +53,7 @@ ValueDialog::ValueDialog(const jobs::OperationParts& parts, tags::TagEditContext
 
 void ValueDialog::setVisible(bool visible) {
     // No taller than its contents ask for: text edits would like more.
+    if (visible && !edit_.refusal.isEmpty()) showHint(std::exchange(edit_.refusal, {}), HintKind::Refusal);
     if (visible && !testAttribute(Qt::WA_Resized) && layout() != nullptr) {
         const int width = std::max(kWidth, layout()->totalMinimumSize().width());
         resize(width,
@@ -62,7 +67,16 @@ void ValueDialog::showLabel() {
     if (label == nullptr) return;
     const QString known = parts_.labels.label(edit_.tagId);
     const QString place = edit_.group.isEmpty() ? QString() : QStringLiteral("  (%1)").arg(edit_.group);
-    label->setText((known.isEmpty() ? edit_.title : known) + place);
+    QString shown = (known.isEmpty() ? edit_.title : known) + place;
+    if (!edit_.filePath.empty()) {
+        // A name may hold line feeds, and be longer than the dialog is wide.
+        QString name = platform::display(edit_.filePath.filename());
+        name.replace(u'\n', u' ').replace(u'\r', u' ');
+        const QFontMetrics metrics(label->font());
+        shown += u'\n' + metrics.elidedText(name, Qt::ElideMiddle, kWidth - kNameMargin);
+        label->setToolTip(platform::display(edit_.filePath));
+    }
+    label->setText(shown);
 }
 
 void ValueDialog::showHelp() {

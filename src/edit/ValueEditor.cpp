@@ -1,13 +1,13 @@
 #include "edit/ValueEditor.h"
 
+#include "edit/TrialWrite.h"
 #include "edit/ValueDialogs.h"
-#include "edit/WholeValue.h"
 
 namespace edit {
 
-jobs::EditableValue ValueEditor::editableValue(app::CommandForm form, const std::filesystem::path& file,
-                                               const tags::TagRecord& tag, const QString& shown) {
-    return edit::editableValue(parts_, form, file, tag, shown);
+QString ValueEditor::refusalOf(const tags::TagEditContext& before, const tags::TagEditContext& after) {
+    // As designed nothing is refused, and nobody asks.
+    return refusalOfText(parts_, app::CommandForm::Corrected, before, after);
 }
 
 int ValueEditor::editValue(tags::TagEditContext& edit, tags::ValueKind kind, QWidget* parent) {

@@ -10,9 +10,8 @@ class ValueEditor : public jobs::ValueEditing {
  public:
     explicit ValueEditor(const jobs::OperationParts& parts) : parts_(parts) {}
 
-    jobs::EditableValue editableValue(app::CommandForm form, const std::filesystem::path& file,
-                                      const tags::TagRecord& tag, const QString& shown) override;
     int editValue(tags::TagEditContext& edit, tags::ValueKind kind, QWidget* parent) override;
+    QString refusalOf(const tags::TagEditContext& before, const tags::TagEditContext& after) override;
 
  private:
     jobs::OperationParts parts_;

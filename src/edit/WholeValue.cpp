@@ -1,67 +1,92 @@
 #include "edit/WholeValue.h"
 
+#include "exiftool/ExifToolTexts.h"
 #include "exiftool/LineParts.h"
-#include "platform/FileAccess.h"
+#include "jobs/JobTexts.h"
 #include "platform/Text.h"
 #include "tags/Entries.h"
+#include "tags/ExactOutput.h"
 
 namespace edit {
 
 namespace fs = std::filesystem;
+using app::CommandForm;
 using platform::CommandText;
 
 namespace {
 
-/// A character that no text has.
-constexpr char kSeparator = '\x1E';
-
-QByteArray bytesOf(const fs::path& file) {
-    return QByteArray::fromStdString(platform::readOwnFile(file));
+/// A tag whose plain entry can be written alone, and one that is a language's own, leave the others alone.
+bool deletesTranslations(const jobs::OperationParts& parts, const tags::TagRecord& tag, const QString& name) {
+    return !isTranslation(name, tag) && !parts.labels.keepsLanguages(static_cast<int>(tag.id));
 }
 
 }  // namespace
 
-bool couldBeShortened(QStringView shown, bool severalValues) {
-    return shown.contains(u'.') || (severalValues && shown.contains(u", "));
-}
-
-CommandText wholeValueCommand(const app::AppContext& context, app::CommandForm form, const fs::path& file,
+CommandText wholeValueCommand(const app::AppContext& context, CommandForm form, const fs::path& file,
                               const fs::path& output, QStringView group, QStringView name) {
     CommandText command = exiftool::toolStartWithLanguage(context, form);
-    command.literal(" -b -sep \"").literal(std::string_view(&kSeparator, 1)).literal("\" ");
-    command.literal(exiftool::kFileNameCharset).literal("-").outside(platform::narrow(group));
-    command.literal(":").outside(platform::narrow(name)).literal(" \"");
-    command.outside(exiftool::fileWord(file)).literal("\" >\"").outside(platform::narrow(output));
-    return command.literal("\"");
+    command.literal(" -a -S -G1").literal(exiftool::kExactly).literal(" ");
+    command.literal(exiftool::kFileNameCharset);
+    for (const char* ending : {" ", "-* "}) {
+        command.literal("-").outside(platform::narrow(group)).literal(":");
+        command.outside(platform::narrow(name)).literal(ending);
+    }
+    command.literal("\"").outside(exiftool::fileWord(file)).literal("\" >\"");
+    return command.outside(platform::narrow(output)).literal("\"");
 }
 
-QStringList entriesOfOutput(const QByteArray& output) {
-    QStringList entries;
-    if (output.isEmpty()) return entries;
-    for (const QByteArray& entry : output.split(kSeparator)) entries.append(QString::fromUtf8(entry));
-    return entries;
+bool isTranslation(QStringView name, const tags::TagRecord& tag) {
+    const auto parted = tags::splitLanguage(name);
+    return parted && parted->tag.compare(platform::wide(tag.name), Qt::CaseInsensitive) == 0;
 }
 
-jobs::EditableValue editableValue(const jobs::OperationParts& parts, app::CommandForm form,
-                                  const fs::path& file, const tags::TagRecord& tag, const QString& shown) {
-    const bool asksNothing = form == app::CommandForm::Designed || tag.valueKind != tags::ValueKind::Text;
-    const bool several = parts.labels.takesSeveralValues(static_cast<int>(tag.id));
-    if (asksNothing || !couldBeShortened(shown, several)) return {shown, {}};
+HeldValues readValues(const jobs::OperationParts& parts, CommandForm form, const fs::path& file,
+                      QStringView group, QStringView name) {
     const fs::path output = parts.context.tempPath / "Value.txt";
     std::error_code ignored;
     fs::remove(output, ignored);
-    const CommandText command = wholeValueCommand(parts.context, form, file, output,
-                                                  platform::wide(tag.group), platform::wide(tag.name));
-    static_cast<void>(parts.runner.RunToolLine(command));
-    const std::string fault = parts.runner.lastFaultOfRead(output);
-    if (!fault.empty()) return {{}, platform::wide(fault)};
-    const QStringList entries = entriesOfOutput(bytesOf(output));
+    static_cast<void>(
+        parts.runner.RunToolLine(wholeValueCommand(parts.context, form, file, output, group, name)));
+    HeldValues held;
+    held.fault = platform::wide(parts.runner.lastFaultOfRead(output));
+    if (!held.fault.isEmpty()) return held;
+    const bool isRead = tags::forEachExactLine(output, [&](const tags::ExactLine& line) {
+        if (line.name.compare(name, Qt::CaseInsensitive) == 0)
+            held.entries.push_back(line.entries);
+        else if (const auto parted = tags::splitLanguage(line.name); parted && parted->tag == name)
+            held.translations.push_back({line.name, line.entries.join(QStringLiteral(", "))});
+    });
+    if (!isRead) held.fault = parts.language.text(exiftool::text::kNoAnswer);
     fs::remove(output, ignored);
-    // Another answer than the row: the file has changed, has the tag twice, or stores what is shown as
-    // numbers.
-    const bool isSame = tags::panelText(entries) == shown;
-    if (several) return {tags::joinEntries(isSame ? entries : shown.split(QStringLiteral(", "))), {}};
-    return {isSame ? entries.join(QStringLiteral(", ")) : shown, {}};
+    return held;
+}
+
+EditableValue editableValue(const jobs::OperationParts& parts, CommandForm form, const fs::path& file,
+                            const tags::TagRecord& tag, const QString& name, const QString& shown) {
+    EditableValue value;
+    value.text = shown;
+    if (form == CommandForm::Designed) return value;
+    const bool takesSeveral = parts.labels.takesSeveralValues(static_cast<int>(tag.id));
+    const QString group = platform::wide(tag.group);
+    HeldValues held = readValues(parts, form, file, group, name);
+    if (!held.fault.isEmpty()) {
+        EditableValue failed;
+        failed.fault = held.fault;
+        return failed;
+    }
+    if (held.entries.size() > 1)
+        value.refusal = parts.language.formatted(jobs::text::kStandsTwice,
+                                                 {name, QString::number(held.entries.size()), group});
+    if (deletesTranslations(parts, tag, name)) value.translations = std::move(held.translations);
+    QStringList entries = held.entries.empty() ? QStringList(shown) : held.entries.front();
+    const bool isText = tag.valueKind == tags::ValueKind::Text;
+    value.severalEntries = takesSeveral && (isText || entries.size() > 1);
+    // A row of another kind is edited as it is shown, which tells all of it.
+    if (value.severalEntries)
+        value.text = shown.isEmpty() && held.entries.empty() ? QString() : tags::joinEntries(entries);
+    else if (isText)
+        value.text = entries.join(QStringLiteral(", "));
+    return value;
 }
 
 }  // namespace edit

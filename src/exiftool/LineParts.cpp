@@ -47,7 +47,7 @@ std::string fileWord(const fs::path& file) {
 }
 
 CommandText quotedValue(CommandForm form, QStringView value) {
-    const std::string bytes = value.toUtf8().toStdString();
+    const std::string bytes = platform::exactBytes(value);
     CommandText word("\"");
     if (form == CommandForm::Corrected)
         word.outside(bytes);

@@ -13,6 +13,9 @@ namespace exiftool {
 
 inline constexpr std::string_view kFileNameCharset = "-charset filename=UTF8 ";
 
+/// What asks for every character of a value, for tags::forEachExactLine.
+inline constexpr std::string_view kExactly = " -ec -sep \"\x1E\x1F\x1E\"";
+
 /// The ExifTool language code of an index of the DataLanguage setting; "en" for an index outside the table.
 /// The spelling "ce" of the first is kept.
 std::string_view languageCode(int dataLanguage);

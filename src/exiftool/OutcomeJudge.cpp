@@ -142,7 +142,48 @@ std::optional<Outcome> judgeUnended(const fs::path& file, const platform::ChildO
     return cut;
 }
 
+struct LossText {
+    bool platform::FileLosses::*loss;
+    int text;
+};
+
+constexpr auto kLossTexts = std::to_array<LossText>({
+    {&platform::FileLosses::names, text::kOtherNames},
+    {&platform::FileLosses::owner, text::kOwner},
+    {&platform::FileLosses::attributes, text::kAttributes},
+});
+
 }  // namespace
+
+Outcome withWords(Outcome outcome, std::string_view line) {
+    appendLine(outcome.words, line);
+    if (outcome.kind == OutcomeKind::Done || outcome.kind == OutcomeKind::Unchanged)
+        outcome.kind = OutcomeKind::Warned;
+    return outcome;
+}
+
+std::string wordsOfLosses(const platform::FileLosses& losses) {
+    std::string words;
+    for (const LossText& row : kLossTexts) {
+        if (!(losses.*row.loss)) continue;
+        if (!words.empty()) words += ", ";
+        words += app::spokenText(row.text);
+    }
+    return words;
+}
+
+Outcome withLosses(Outcome outcome, const platform::FileLosses& losses) {
+    if (!losses.any()) return outcome;
+    const QString file = platform::display(outcome.file);
+    const QString lost = platform::wide(wordsOfLosses(losses));
+    return withWords(std::move(outcome), "Warning: " + app::spokenText(text::kNotKept, {file, lost}));
+}
+
+Outcome withoutCopy(const fs::path& file, const QString& failure) {
+    return {file, OutcomeKind::Failed,
+            "Error: " + app::spokenText(text::kNotWrittenWithoutCopy, {failure}) + " - " +
+                platform::narrow(file)};
+}
 
 ToolAccount accountOf(std::string_view output, std::string_view errors) {
     ToolAccount account;

@@ -2,8 +2,10 @@
 
 #include "exiftool/Outcome.h"
 #include "platform/ChildProcess.h"
+#include "platform/FileBelongings.h"
 #include "platform/FileStamp.h"
 
+#include <QString>
 #include <cstddef>
 #include <filesystem>
 #include <optional>
@@ -68,6 +70,18 @@ struct ReadFacts {
 /// Done and Warned: the answer has come. Unchanged: ExifTool ended well and had nothing to answer, or the
 /// file did not meet its condition.
 Outcome judgeRead(const std::filesystem::path& file, const ReadFacts& facts);
+
+/// The outcome with a line more, which makes a Done a Warned.
+Outcome withWords(Outcome outcome, std::string_view line);
+
+/// The same for what the file has lost by being written, if anything.
+Outcome withLosses(Outcome outcome, const platform::FileLosses& losses);
+
+/// What the file would lose or has lost, for people: "its other names (hard links), its owner".
+std::string wordsOfLosses(const platform::FileLosses& losses);
+
+/// Of a file whose safety copy failed, and which is not to be written without one.
+Outcome withoutCopy(const std::filesystem::path& file, const QString& failure);
 
 /// What is to be said of a tool that could not say it itself; empty when it ended by itself.
 std::string faultOf(const platform::ChildOutcome& child);

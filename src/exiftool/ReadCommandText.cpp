@@ -63,6 +63,7 @@ CommandText groupAllCommand(const app::AppContext& context, CommandForm form, co
                             const fs::path& output, std::string_view groupName) {
     CommandText command = toolStartWithLanguage(context, form);
     if (readsDuplicates(form)) command.literal(" -a");
+    if (form == CommandForm::Corrected) command.literal(kExactly);
     command.literal(" -sort -S -G1 --ExifToolVersion -");
     command.outside(groupName).literal(":All ").literal(kFileNameCharset);
     return appendFile(command, file, output);
@@ -72,6 +73,7 @@ CommandText categoryCommand(const app::AppContext& context, CommandForm form, co
                             const fs::path& output, int categoryId) {
     CommandText command = toolStartWithLanguage(context, form);
     if (readsDuplicates(form)) command.literal(" -a");
+    if (form == CommandForm::Corrected) command.literal(kExactly);
     appendExclusions(command, context.settings.exifTool);
     if (context.settings.exifTool.ignoreComposite) command.literal(" -e");
     command.literal(" -sort -S -G1 --ExifToolVersion ");

@@ -5,6 +5,8 @@
 #include "platform/Text.h"
 
 #include <QLocale>
+#include <algorithm>
+#include <cstdint>
 #include <system_error>
 
 namespace exiftool {
@@ -12,6 +14,10 @@ namespace exiftool {
 namespace fs = std::filesystem;
 
 namespace {
+
+/// In bytes, as the file systems of this platform have it.
+constexpr std::size_t kLongestName = 255;
+constexpr std::size_t kLongestExtension = 32;
 
 /// A path in three pieces of bytes, whose joining gives it back.
 struct SplitPath {
@@ -67,13 +73,33 @@ std::string dateText(const QDateTime& now) {
     return (date + now.time().toString(QStringLiteral("  hh-mm-ss"))).toStdString();
 }
 
+/// The beginning of a name that leaves no room for the mark, with a number in the place of the rest, by which
+/// files whose names begin alike have copies of their own. before: bytes of the name that stand there
+/// already.
+std::string shortName(const SplitPath& parts, const std::string& mark, std::size_t before) {
+    std::uint32_t number = 2166136261U;  // FNV-1a
+    for (const char byte : parts.base + parts.extension)
+        number = (number ^ static_cast<unsigned char>(byte)) * 16777619U;
+    const bool hasExtension = parts.extension.size() <= kLongestExtension;
+    const std::string end = '~' + std::to_string(number) + '-' + mark + (hasExtension ? parts.extension : "");
+    const std::string start = hasExtension ? parts.base : parts.base + parts.extension;
+    std::size_t length = kLongestName - std::min(kLongestName, before + end.size());
+    // No letter is cut in two.
+    while (length > 0 && length < start.size() && (static_cast<unsigned char>(start[length]) & 0xC0) == 0x80)
+        --length;
+    return start.substr(0, length) + end;
+}
+
 }  // namespace
 
 fs::path safetyCopyPath(const fs::path& file, const fs::path& cachePath, const SafetyCopies& settings,
                         const QDateTime& now) {
     const SplitPath parts = split(file);
     const std::string mark = settings.SafetyCopyDated != 0 ? dateText(now) : "sav";
-    return targetFolder(parts, cachePath, settings) + parts.base + '-' + mark + parts.extension;
+    const std::string folder = targetFolder(parts, cachePath, settings);
+    const std::size_t before = folder.size() - (folder.rfind('/') + 1);
+    const std::string name = parts.base + '-' + mark + parts.extension;
+    return folder + (before + name.size() <= kLongestName ? name : shortName(parts, mark, before));
 }
 
 QString MakeSafetyCopy(const fs::path& file, const fs::path& cachePath, const SafetyCopies& settings) {

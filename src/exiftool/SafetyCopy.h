@@ -20,7 +20,8 @@ struct SafetyCopies {
 
 /// The name of the file's copy: "<base>-sav<extension>", or with the date and time in the user's short format
 /// for "sav". The folder is put together as text, so that the base name stands right behind the last letter
-/// of a folder that ends in no separator ("/photos//sava-sav.jpg" beside "/photos/a.jpg").
+/// of a folder that ends in no separator ("/photos//sava-sav.jpg" beside "/photos/a.jpg"). Where the name
+/// would be longer than 255 bytes, it is shortened and has a number: "<beginning>~<number>-sav<extension>".
 std::filesystem::path safetyCopyPath(const std::filesystem::path& file,
                                      const std::filesystem::path& cachePath, const SafetyCopies& settings,
                                      const QDateTime& now);

@@ -4,10 +4,12 @@
 #include "exiftool/ExifToolTexts.h"
 #include "exiftool/Leftover.h"
 #include "exiftool/LineParts.h"
+#include "exiftool/LongArguments.h"
 #include "exiftool/OutcomeJudge.h"
 #include "exiftool/ReportFile.h"
 #include "exiftool/WarmStarter.h"
 #include "platform/FileAccess.h"
+#include "platform/FileBelongings.h"
 #include "platform/FileStamp.h"
 #include "platform/Text.h"
 
@@ -147,7 +149,7 @@ int ToolRunner::runBatchFile(const fs::path& batchFile, const CommandText& comma
 Outcome ToolRunner::RunOnFile(const fs::path& file, const CommandText& arguments) {
     outcome_ = {};
     if (file.empty()) return {file, OutcomeKind::NotStarted, app::spokenText(text::kNoFile)};
-    copyForSafety(file);
+    if (std::optional<Outcome> refused = copyForSafety(file)) return *refused;
     const CommandText command = lineOnFile(context_, form(), arguments, file);
     return judged({file}, command, [&] { return runBatchFile(context_.tempPath / kWriteBatchFile, command); })
         .front();
@@ -174,6 +176,9 @@ Outcomes ToolRunner::judged(const std::vector<fs::path>& files, const CommandTex
     const std::uintmax_t reported = reportSize(context_);
     const std::vector<Leftover> leftovers(files.begin(), files.end());
     const std::vector<platform::FileStamp> before = stampsOf(files);
+    std::vector<platform::FileBelongings> belongings;
+    if (form() == app::CommandForm::Corrected)
+        for (const fs::path& file : files) belongings.emplace_back(file);
     isCapturing_ = true;
     static_cast<void>(run());
     isCapturing_ = false;
@@ -199,6 +204,8 @@ Outcomes ToolRunner::judged(const std::vector<fs::path>& files, const CommandTex
         outcomes.push_back(judgeWrite(files[at], own));
     }
     if (isCut && files.size() > 1) spreadCut(outcomes, before);
+    for (std::size_t at = 0; at < belongings.size(); ++at)
+        outcomes[at] = withLosses(std::move(outcomes[at]), belongings[at].giveBack());
     for (Outcome& outcome : outcomes) {
         if (said.empty()) tellReport(outcome);
         addCopyFailure(outcome);
@@ -293,7 +300,10 @@ FileList ToolRunner::WriteFileList(const std::vector<fs::path>& files) {
             list.refused.push_back({file, OutcomeKind::Failed, refusalLine(word)});
             continue;
         }
-        copyForSafety(file);
+        if (std::optional<Outcome> refused = copyForSafety(file)) {
+            list.refused.push_back(std::move(*refused));
+            continue;
+        }
         lines.append(word).append("\r\n");
         list.listed.push_back(file);
     }
@@ -304,12 +314,17 @@ FileList ToolRunner::WriteFileList(const std::vector<fs::path>& files) {
     return list;
 }
 
-void ToolRunner::copyForSafety(const fs::path& file) {
-    if (safetyCopies_.SafetyCopyEnabled == 0) return;
+std::optional<Outcome> ToolRunner::copyForSafety(const fs::path& file) {
+    if (safetyCopies_.SafetyCopyEnabled == 0) return std::nullopt;
     const QString failure = MakeSafetyCopy(file, context_.cachePath, safetyCopies_);
-    if (failure.isEmpty()) return;
+    if (failure.isEmpty()) return std::nullopt;
+    if (!mayBeWrittenWithoutCopy(file, failure)) {
+        Outcome refused = withoutCopy(file, failure);
+        tellReport(refused);
+        return refused;
+    }
     copyFailures_.emplace_back(file, "Warning: " + failure.toStdString() + " - " + platform::narrow(file));
-    if (safetyCopyFailed_) safetyCopyFailed_(failure);
+    return std::nullopt;
 }
 
 int ToolRunner::runWritten(const fs::path& batchFile, const CommandText& command) {
@@ -318,16 +333,25 @@ int ToolRunner::runWritten(const fs::path& batchFile, const CommandText& command
     return RunHidden(command);
 }
 
+platform::ChildOutcome ToolRunner::runTool(const platform::ChildCommand& child,
+                                           const KeepWaiting& keepWaiting) const {
+    if (warmStarter_ != nullptr) {
+        if (std::optional<platform::ChildOutcome> outcome = warmStarter_->run(child, keepWaiting))
+            return *outcome;
+    }
+    if (child.program != context_.exifToolPath) return platform::runChild(child, keepWaiting);
+    const LongArguments arguments(child.arguments, context_.tempPath);
+    platform::ChildCommand command = child;
+    command.arguments = arguments.arguments();
+    return platform::runChild(command, keepWaiting);
+}
+
 int ToolRunner::run(const CommandText& command, std::vector<fs::path> tools) {
     platform::CommandInterpreter interpreter(std::move(tools), typedPieces(form()));
     interpreter.setOwnFolders({context_.tempPath, context_.reportFile.parent_path()});
-    if (warmStarter_ != nullptr) {
-        interpreter.setChildRunner(
-            [this](const platform::ChildCommand& child, const KeepWaiting& keepWaiting) {
-                std::optional<platform::ChildOutcome> outcome = warmStarter_->run(child, keepWaiting);
-                return outcome ? *outcome : platform::runChild(child, keepWaiting);
-            });
-    }
+    interpreter.setChildRunner([this](const platform::ChildCommand& child, const KeepWaiting& keepWaiting) {
+        return runTool(child, keepWaiting);
+    });
     if (isCapturing_) interpreter.setUnredirected(context_.tempPath / kOutput, context_.tempPath / kErrors);
     if (elsewhere_)
         elsewhere_([&] { outcome_ = interpreter.run(command, keepWaiting_); });

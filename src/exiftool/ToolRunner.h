@@ -9,6 +9,7 @@
 #include <chrono>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,9 +19,8 @@ namespace exiftool {
 /// Asked about every 20 ms on the thread that runs the tool. False ends the child.
 using KeepWaiting = platform::KeepWaiting;
 
-/// Gets the message of a safety copy that failed, for a box titled "Error"; the write goes on when it
-/// returns.
-using SafetyCopyFailed = std::function<void(const QString& message)>;
+/// Gets the message of a safety copy that failed. True: the file is written all the same.
+using SafetyCopyFailed = std::function<bool(const std::filesystem::path& file, const QString& message)>;
 
 /// Has the work done on another thread and returns when it is over; how the caller waits is its own matter.
 using Elsewhere = std::function<void(const std::function<void()>& work)>;
@@ -96,7 +96,8 @@ class ToolRunner {
     /// The road of all writes of one file: a safety copy first when they are on, then by way of
     /// <temp>/MetaData.bat the line `"<tool>" -lang <lang> <arguments> "<file>" 2>>"<report>"`. What ExifTool
     /// complains of stands in the report, and so does what became of a tool that could not, because it was
-    /// killed, stopped, or not started. A half-written file of a run that was cut is removed.
+    /// killed, stopped, or not started. A half-written file of a run that was cut is removed. In the
+    /// corrected form the file keeps what the file system keeps with it (platform/FileBelongings.h).
     Outcome RunOnFile(const std::filesystem::path& file, const platform::CommandText& arguments);
 
     /// The same for a whole line by way of <temp>/Metadata.bat, without a safety copy.
@@ -122,8 +123,15 @@ class ToolRunner {
     void setSafetyCopyFailed(SafetyCopyFailed failed);
 
     /// A copy of the file under the settings, if they are on, for the roads that do not pass through
-    /// RunOnFile. One that failed is told in the outcome of the file's next run.
-    void copyForSafety(const std::filesystem::path& file);
+    /// RunOnFile. One that failed is told in the outcome of the file's next run; where it is not to be
+    /// written without, that is its outcome, and there is no run.
+    [[nodiscard]] std::optional<Outcome> copyForSafety(const std::filesystem::path& file);
+
+    /// Asks whoever has asked to be told of a copy that failed. Any thread, if that one's answer can be had
+    /// there.
+    bool mayBeWrittenWithoutCopy(const std::filesystem::path& file, const QString& failure) const {
+        return !safetyCopyFailed_ || safetyCopyFailed_(file, failure);
+    }
 
  private:
     using Run = std::function<int()>;
@@ -131,6 +139,7 @@ class ToolRunner {
     app::CommandForm form() const { return app::commandFormOf(context_); }
     int runWritten(const std::filesystem::path& batchFile, const platform::CommandText& command);
     int run(const platform::CommandText& command, std::vector<std::filesystem::path> tools);
+    platform::ChildOutcome runTool(const platform::ChildCommand& child, const KeepWaiting& keepWaiting) const;
     Outcomes judged(const std::vector<std::filesystem::path>& files, const platform::CommandText& command,
                     const Run& run);
     void tellReport(const Outcome& outcome) const;

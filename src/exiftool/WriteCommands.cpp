@@ -30,14 +30,6 @@ Outcomes WriteCommands::RemoveFamilyFromSelection(int commandId, const std::vect
     return writeEach(files, [&](const fs::path& file) { return runner_.RunOnFile(file, arguments); });
 }
 
-Outcomes WriteCommands::CopyTagsFromFile(app::CommandForm form, CopiedFamilies families,
-                                         const fs::path& source, const std::vector<fs::path>& files) {
-    if (!(families.exif || families.iptc || families.xmp)) return {};
-    return writeEach(files, [&](const fs::path& file) {
-        return runner_.runWriteLine(file, copyTagsCommand(context_, form, families, source, file));
-    });
-}
-
 Outcome WriteCommands::WriteSingleValue(const fs::path& file, int tagId, std::string_view tagName,
                                         const platform::CommandText& value) {
     if (file.empty() || tagName.empty())

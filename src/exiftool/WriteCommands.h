@@ -57,12 +57,6 @@ class WriteCommands {
     [[nodiscard]] Outcomes RemoveFamilyFromSelection(int commandId,
                                                      const std::vector<std::filesystem::path>& files);
 
-    /// No safety copies; ExifTool leaves its own "_original" beside the file. No outcomes when nothing was
-    /// chosen or selected.
-    [[nodiscard]] Outcomes CopyTagsFromFile(app::CommandForm form, CopiedFamilies families,
-                                            const std::filesystem::path& source,
-                                            const std::vector<std::filesystem::path>& files);
-
     /// Neither safety copy nor report.
     Outcome WriteSingleValue(const std::filesystem::path& file, int tagId, std::string_view tagName,
                              const platform::CommandText& value);

@@ -5,9 +5,11 @@
 #include "exiftool/ExifToolTexts.h"
 #include "exiftool/Leftover.h"
 #include "exiftool/LineParts.h"
+#include "exiftool/LongArguments.h"
 #include "exiftool/OutcomeJudge.h"
 #include "exiftool/ToolConversation.h"
 #include "exiftool/WriteBatch.h"
+#include "platform/FileBelongings.h"
 
 #include <algorithm>
 #include <deque>
@@ -42,7 +44,8 @@ struct Item {
     fs::path file;  ///< as the caller named it
     fs::path word;  ///< as ExifTool gets it
     platform::FileStamp before;
-    std::optional<Leftover> leftover;  ///< from when it is begun
+    std::optional<Leftover> leftover;                    ///< from when it is begun
+    std::optional<platform::FileBelongings> belongings;  ///< the same
     bool isPrepared = false;
     bool isBegun = false;
     std::string copyFailure;
@@ -67,7 +70,10 @@ class Operation {
           sharing_(sharingOf(request.arguments)),
           argumentLines_(argumentLines(request.arguments)) {
         for (const fs::path& file : request.files) {
-            items_.push_back({file, fs::path(fileWord(file)), {}, {}, false, false, {}});
+            Item item;
+            item.file = file;
+            item.word = fileWord(file);
+            items_.push_back(std::move(item));
             outcomes_.push_back({file, OutcomeKind::NotBegun, {}});
         }
     }
@@ -205,14 +211,20 @@ class Worker {
  private:
     Item& item(std::size_t index) { return operation_.items_[index]; }
 
-    void prepare(const Batch& batch) {
-        for (const std::size_t index : batch) {
+    /// Takes those out of the batch that are not to be written.
+    void prepare(Batch& batch) {
+        std::erase_if(batch, [this](std::size_t index) {
             Item& one = item(index);
-            if (one.isPrepared) continue;
-            if (operation_.isStopping()) return;
+            if (one.isPrepared || operation_.isStopping()) return false;
             one.isPrepared = true;
-            if (operation_.request_.beforeFile) one.copyFailure = operation_.request_.beforeFile(one.file);
-        }
+            if (!operation_.request_.beforeFile) return false;
+            Prepared prepared = operation_.request_.beforeFile(one.file);
+            one.copyFailure = std::move(prepared.words);
+            if (!prepared.instead) return false;
+            operation_.tellBegun(index);
+            operation_.tellEnded(index, std::move(*prepared.instead));
+            return true;
+        });
     }
 
     /// Right before ExifTool gets them. False when it is not to get them any more.
@@ -222,6 +234,7 @@ class Worker {
             Item& one = item(index);
             one.before = platform::stampOf(one.word);
             one.leftover.emplace(one.word);
+            one.belongings.emplace(one.word);
             operation_.tellBegun(index);
         }
         return true;
@@ -234,7 +247,7 @@ class Worker {
     }
 
     /// Gives the next batch, whose preparation fills the time of waiting for this one.
-    Batch writeTogether(const Batch& batch) {
+    Batch writeTogether(Batch batch) {
         if (!session_.isRunning()) {
             const ChildOutcome started =
                 session_.start(operation_.request_.exifTool, {"-stay_open", "True", "-@", "-"});
@@ -242,6 +255,7 @@ class Worker {
             hasDoneFiles_ = false;
         }
         prepare(batch);
+        if (batch.empty()) return operation_.take();
         if (!begin(batch)) return {};
         std::vector<fs::path> words;
         for (const std::size_t index : batch) words.push_back(item(index).word);
@@ -249,12 +263,12 @@ class Worker {
         const bool wasSent = session_.send(batchRequest(*operation_.argumentLines_, words, token));
         Batch next = wasSent ? operation_.take() : Batch();
         prepareShared(next);
-        BatchAnswer answer = collect(token);
-        if (!tellBatch(batch, answer) && next.empty()) next = operation_.take();
-        return next;
+        const BatchAnswer answer = collect(token);
+        tellBatch(batch, answer);
+        return next.empty() ? operation_.take() : next;
     }
 
-    void prepareShared(const Batch& batch) {
+    void prepareShared(Batch& batch) {
         if (!batch.empty() && !operation_.needsOwnProcess(item(batch.front()))) prepare(batch);
     }
 
@@ -275,8 +289,7 @@ class Worker {
         return answer;
     }
 
-    /// False when files were given back.
-    bool tellBatch(const Batch& batch, const BatchAnswer& answer) {
+    void tellBatch(const Batch& batch, const BatchAnswer& answer) {
         std::vector<BatchFile> files;
         for (const std::size_t index : batch) {
             const Item& one = item(index);
@@ -285,6 +298,8 @@ class Worker {
         Outcomes outcomes = judgeBatch(files, answer);
         Batch left;
         for (std::size_t i = 0; i < batch.size(); ++i) {
+            const platform::FileLosses lost = item(batch[i]).belongings->giveBack();
+            item(batch[i]).belongings.reset();
             if (outcomes[i].kind == OutcomeKind::NotBegun) {
                 left.push_back(batch[i]);
                 continue;
@@ -293,12 +308,11 @@ class Worker {
             const OutcomeKind kind = outcomes[i].kind;
             hasDoneFiles_ =
                 hasDoneFiles_ || answer.isWhole || kind == OutcomeKind::Unchanged || isWritten(kind);
-            operation_.tellEnded(batch[i], std::move(outcomes[i]));
+            operation_.tellEnded(batch[i], withLosses(std::move(outcomes[i]), lost));
         }
         if (!answer.isWhole && answer.child.kind != ChildOutcome::Kind::Stopped)
             operation_.noteSession(hasDoneFiles_);
         if (!left.empty()) operation_.giveBack(left);
-        return left.empty();
     }
 
     Batch tellNotStarted(const Batch& batch, const ChildOutcome& started) {
@@ -313,10 +327,12 @@ class Worker {
 
     void writeAlone(std::size_t index) {
         Item& one = item(index);
-        prepare({index});
-        if (!begin({index})) return;
+        Batch batch{index};
+        prepare(batch);
+        if (batch.empty() || !begin(batch)) return;
         ToolConversation tool;
-        std::vector<std::string> arguments = operation_.request_.arguments;
+        const LongArguments shortened(operation_.request_.arguments, operation_.request_.tempFolder);
+        std::vector<std::string> arguments = shortened.arguments();
         arguments.push_back(one.word.native());
         WriteFacts facts;
         facts.before = one.before;
@@ -331,7 +347,9 @@ class Worker {
         facts.account = accountOf(tool.output(), tool.errors());
         Outcome outcome = judgeWrite(one.word, facts);
         if (facts.child.kind != ChildOutcome::Kind::Ended) removeLeftover(one, outcome.kind);
-        operation_.tellEnded(index, std::move(outcome));
+        const platform::FileLosses lost = one.belongings->giveBack();
+        one.belongings.reset();
+        operation_.tellEnded(index, withLosses(std::move(outcome), lost));
     }
 
     void endSession() {

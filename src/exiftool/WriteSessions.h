@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <stop_token>
 #include <string>
 #include <vector>
@@ -12,17 +13,23 @@
 /// Writing the same to many files, with ExifTool's start paid once a processor instead of once a file.
 namespace exiftool {
 
+/// What is to be said of a file before it is written.
+struct Prepared {
+    std::string words = {};               ///< of what has failed; the outcome is at best Warned
+    std::optional<Outcome> instead = {};  ///< the file's outcome: it is not to be written
+};
+
 /// For one operation.
 struct WriteRequest {
     std::filesystem::path exifTool;
+    std::filesystem::path tempFolder;  ///< of the program's own
     /// Bytes, one argument each, as on a command line without the program and the file. Complete: the last is
     /// no option that would take the file for its value.
     std::vector<std::string> arguments;
     std::vector<std::filesystem::path> files;
-    /// Called once for each file before ExifTool gets it, such as for its safety copy; gives back what has to
-    /// be said when that failed, which makes the outcome at best Warned, else nothing. On a worker thread,
+    /// Called once for each file before ExifTool gets it, such as for its safety copy. On a worker thread,
     /// for different files side by side. Empty for none.
-    std::function<std::string(const std::filesystem::path&)> beforeFile;
+    std::function<Prepared(const std::filesystem::path&)> beforeFile;
     /// At most so many sessions; 0: one for each processor.
     std::size_t sessionLimit = 0;
 };
@@ -54,7 +61,8 @@ struct WriteStops {
 /// stays NotBegun. What a session has been handed cannot be taken back: up to 16 small files, or one large
 /// one. At noFurther it finishes these, however long that takes. A cut gives it a bounded time for them and
 /// then ends it: its file is Stopped, those that it has not come to are NotBegun. ExifTool's half-written
-/// file of one that was cut is removed, when the file itself is untouched.
+/// file of one that was cut is removed, when the file itself is untouched. Files keep what the file system
+/// keeps with them (platform/FileBelongings.h).
 [[nodiscard]] Outcomes writeFiles(const WriteRequest& request, const WriteStops& stops,
                                   const WriteEvents& events);
 

@@ -4,7 +4,6 @@
 #include "exiftool/ExifToolTexts.h"
 #include "exiftool/LineParts.h"
 #include "exiftool/WriteCommands.h"
-#include "platform/FileAccess.h"
 #include "platform/Text.h"
 #include "tags/Entries.h"
 #include "tags/PropertyWrite.h"
@@ -47,7 +46,10 @@ CommandText tagWord(CommandForm form, const app::CurrentEdit& edit) {
     CommandText word("-");
     if (form == CommandForm::Corrected && !edit.group.isEmpty() && !isPropertyGroupOfTheList(edit))
         word.outside(platform::narrow(edit.group)).literal(":");
-    return word.outside(platform::narrow(edit.name));
+    word.outside(platform::narrow(edit.name));
+    if (form == CommandForm::Corrected && !edit.language.isEmpty())
+        word.literal("-").outside(platform::narrow(edit.language));
+    return word;
 }
 
 bool opensWithEscape(CommandForm form, const app::CurrentEdit& edit) {
@@ -71,25 +73,33 @@ CommandText encodingTerms(CommandForm form, std::span<const app::CurrentEdit> ed
     CommandText terms("-tagsfromfile @ -IPTC:All ");
     for (const app::CurrentEdit& edit : edits)
         if (edit.group == u"IPTC") terms.literal("--IPTC:").outside(platform::narrow(edit.name)).literal(" ");
-    return terms.literal("-IPTC:CodedCharacterSet=UTF8 ");
-}
-
-bool isWriteProtected(const fs::path& file) {
-    std::error_code error;
-    return fs::exists(file, error) && platform::checkAccess(file, platform::AccessRight::Write);
+    // Copied like the others, from a value that every file has: of a file without IPTC ExifTool would else
+    // complain that it had nothing to copy.
+    return terms.literal("\"-IPTC:CodedCharacterSet<${FileType;$_='UTF8'}\" ");
 }
 
 }  // namespace
 
 CommandText editedValue(CommandForm form, QStringView value, QStringView valueBefore) {
     if (!couldLeaveItsArgument(valueBefore)) return exiftool::quotedValue(form, value);
-    return CommandText("\"").outside(platform::narrow(value)).literal("\"");
+    return CommandText("\"").outside(platform::exactBytes(value)).literal("\"");
 }
 
 namespace {
 
-/// Without what the encoding of the group asks for.
-CommandText termsOfOneTag(CommandForm form, const app::CurrentEdit& edit) {
+/// What ExifTool deletes together with the plain entry.
+CommandText translationTerms(const app::CurrentEdit& edit) {
+    CommandText terms;
+    for (const app::Translation& other : edit.translations) {
+        terms.literal("-").outside(platform::narrow(edit.group)).literal(":");
+        terms.outside(platform::narrow(other.name)).literal("=\"");
+        terms.outside(platform::exactBytes(other.value)).literal("\" ");
+    }
+    return terms;
+}
+
+/// Without what the encoding of the group and other languages ask for.
+CommandText termOfTag(CommandForm form, const app::CurrentEdit& edit) {
     const CommandText word = tagWord(form, edit);
     CommandText terms;
     const bool byCode = form == CommandForm::Corrected && !edit.comboCode.isEmpty() &&
@@ -99,8 +109,12 @@ CommandText termsOfOneTag(CommandForm form, const app::CurrentEdit& edit) {
     if (edit.value.isEmpty()) return terms.append(word).literal("= ");
     if (form == CommandForm::Corrected && edit.severalValues) {
         const QStringList entries = tags::splitEntries(edit.value);
-        for (const QString& entry : entries)
-            terms.append(word).literal("=").append(editedValue(form, entry, {})).literal(" ");
+        for (const QString& entry : entries) {
+            // An equals sign with nothing behind it deletes, unless a caret is before it.
+            terms.append(word).literal(entry.isEmpty() ? "^=" : "=");
+            if (!entry.isEmpty()) terms.append(editedValue(form, entry, {}));
+            terms.literal(" ");
+        }
         if (entries.isEmpty()) terms.append(word).literal("= ");
         return terms;
     }
@@ -108,6 +122,12 @@ CommandText termsOfOneTag(CommandForm form, const app::CurrentEdit& edit) {
     const QString opening = opensWithEscape(form, edit) ? QStringLiteral("ESC ") : QString();
     const CommandText quoted = editedValue(form, opening + edit.value, edit.valueBefore);
     return terms.append(word).literal("=").append(quoted).literal(" ");
+}
+
+CommandText termsOfOneTag(CommandForm form, const app::CurrentEdit& edit) {
+    CommandText terms = termOfTag(form, edit);
+    if (form == CommandForm::Corrected) terms.append(translationTerms(edit));
+    return terms;
 }
 
 }  // namespace
@@ -153,15 +173,9 @@ Outcome WriteOneTag(const app::AppContext& context, CommandForm form, ToolRunner
     return WriteOneTagWithExifTool(context, form, runner, file, edit);
 }
 
-Outcome runTagWrite(CommandForm form, ToolRunner& runner, const fs::path& file, const CommandText& command) {
-    if (form == CommandForm::Corrected && isWriteProtected(file))
-        return outcomeOfProperty(file, properties::PropertyResult::AccessDenied);
-    return runner.runWriteLine(file, command);
-}
-
 Outcome WriteOneTagWithExifTool(const app::AppContext& context, CommandForm form, ToolRunner& runner,
                                 const fs::path& file, const app::CurrentEdit& edit) {
-    return runTagWrite(form, runner, file, writeTagCommand(context, form, file, edit));
+    return runner.runWriteLine(file, writeTagCommand(context, form, file, edit));
 }
 
 }  // namespace exiftool

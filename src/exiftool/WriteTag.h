@@ -35,11 +35,6 @@ platform::CommandText writeTagCommand(const app::AppContext& context, app::Comma
 Outcome WriteOneTag(const app::AppContext& context, app::CommandForm form, ToolRunner& runner,
                     const std::filesystem::path& file, const app::CurrentEdit& edit);
 
-/// Runs a line that writes the file. In the corrected form a file that is marked read-only is left alone;
-/// ExifTool would put a new one in its place.
-Outcome runTagWrite(app::CommandForm form, ToolRunner& runner, const std::filesystem::path& file,
-                    const platform::CommandText& command);
-
 /// The road by ExifTool.
 Outcome WriteOneTagWithExifTool(const app::AppContext& context, app::CommandForm form, ToolRunner& runner,
                                 const std::filesystem::path& file, const app::CurrentEdit& edit);

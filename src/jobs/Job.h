@@ -9,6 +9,7 @@
 #include <QString>
 #include <filesystem>
 #include <functional>
+#include <span>
 #include <stop_token>
 #include <vector>
 
@@ -29,6 +30,10 @@ struct JobWork {
     std::function<void(const exiftool::Outcome& outcome)> fileEnded;
     std::stop_token cut = {};  ///< what is in work is to end too, soon
     std::string printed = {};  ///< what reading has printed that no line has led to a file
+    /// Asks the user whether a file is to be written although something is amiss, and waits. Any thread.
+    /// Empty: yes.
+    std::function<bool(const QString& question)> writeAnyway = {};
+    std::vector<std::string> remarks = {};  ///< on the whole of the job, for people
 };
 
 using WorkOnFile = std::function<exiftool::Outcome(JobWork& work, const std::filesystem::path& file)>;
@@ -39,6 +44,13 @@ using ComposeLine = std::function<Composed(const app::AppContext& context, app::
 using WorkOnAll =
     std::function<exiftool::Outcomes(JobWork& work, const std::vector<std::filesystem::path>& files)>;
 
+/// What a job does to its files.
+enum class Changes {
+    Contents,
+    Names,    ///< only these: of a link its own, and of a file that is not to be written too
+    Nothing,  ///< reads them
+};
+
 /// How a job ended.
 struct JobResult {
     QString title;
@@ -47,6 +59,8 @@ struct JobResult {
     bool isClosing = false;       ///< by the closing of the window
     NewNames newNames = {};       ///< of the files that the work has renamed
     std::string printed = {};     ///< of JobWork
+    Changes changes = Changes::Contents;
+    std::vector<std::string> remarks = {};  ///< of JobWork
 };
 
 /// What the end of a job is shown with.
@@ -77,6 +91,10 @@ struct Job {
     std::function<void(const JobEnd& end)> atEnd = {};
     /// Files that are not worked on, with the reason; they end the outcomes.
     exiftool::Outcomes leftOut = {};
+    Changes changes = Changes::Contents;
+    /// In the corrected form, once all files are done: looks whether they now are what was asked for, and
+    /// judges them again. One outcome for each file that was worked on.
+    std::function<void(JobWork& work, std::span<exiftool::Outcome> outcomes)> judgeAgain = {};
     bool makesSafetyCopies = true;  ///< false: none in this job, whatever the settings say
     bool countsFiles = true;        ///< false: one run over all, of which nobody knows how far it is
 };

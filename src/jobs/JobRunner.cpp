@@ -1,11 +1,15 @@
 #include "jobs/JobRunner.h"
 
-#include "jobs/SameForAll.h"
+#include "app/SpokenText.h"
+#include "jobs/CarryOut.h"
+#include "jobs/JobTexts.h"
 #include "platform/ProcessFolder.h"
+#include "platform/Text.h"
 
 #include <QMetaObject>
 #include <algorithm>
 #include <atomic>
+#include <condition_variable>
 #include <system_error>
 
 namespace jobs {
@@ -29,33 +33,12 @@ app::AppContext contextOfJob(const app::AppContext& context) {
 }
 
 /// There is no place for the files of the work.
-Outcomes notStarted(const std::vector<fs::path>& files, const std::error_code& refused) {
+Outcomes notStarted(const Job& job, const std::error_code& refused) {
     Outcomes outcomes;
-    for (const fs::path& file : files) outcomes.push_back({file, OutcomeKind::NotStarted, refused.message()});
+    for (const fs::path& file : job.files)
+        outcomes.push_back({file, OutcomeKind::NotStarted, refused.message()});
+    outcomes.insert(outcomes.end(), job.leftOut.begin(), job.leftOut.end());
     return outcomes;
-}
-
-/// One outcome a file in the files' order, whatever order and gaps the work has left.
-Outcomes inOrder(const std::vector<fs::path>& files, Outcomes outcomes) {
-    Outcomes ordered;
-    ordered.reserve(files.size());
-    std::vector<bool> taken(outcomes.size());
-    std::size_t next = 0;
-    for (const fs::path& file : files) {
-        std::size_t found = outcomes.size();
-        for (std::size_t step = 0; step < outcomes.size() && found == outcomes.size(); ++step) {
-            const std::size_t at = (next + step) % outcomes.size();
-            if (!taken[at] && outcomes[at].file == file) found = at;
-        }
-        if (found == outcomes.size()) {
-            ordered.push_back({file, OutcomeKind::NotBegun, {}});
-            continue;
-        }
-        taken[found] = true;
-        next = found + 1;
-        ordered.push_back(std::move(outcomes[found]));
-    }
-    return ordered;
 }
 
 }  // namespace
@@ -63,9 +46,14 @@ Outcomes inOrder(const std::vector<fs::path>& files, Outcomes outcomes) {
 /// What GUI thread and job thread have in common.
 struct JobRunner::Running {
     Running(const app::AppContext& shared, Job&& work, Ended&& whenEnded)
-        : context(contextOfJob(shared)), job(std::move(work)), ended(std::move(whenEnded)), runner(context) {}
+        : context(contextOfJob(shared)),
+          form(app::commandFormOf(context)),
+          job(std::move(work)),
+          ended(std::move(whenEnded)),
+          runner(context) {}
 
     app::AppContext context;
+    const app::CommandForm form;
     const Job job;
     const Ended ended;
     exiftool::ToolRunner runner;
@@ -80,6 +68,12 @@ struct JobRunner::Running {
     steady_clock::time_point lastNotice{};
     std::vector<fs::path> over;
     JobResult result;
+    bool isEnding = false;  ///< nobody answers any more
+    std::optional<Answer> answer;
+    std::optional<bool> answerForAll;
+
+    std::mutex asking;  ///< held by the one thread that asks
+    std::condition_variable_any answered;
 };
 
 JobRunner::JobRunner(const app::AppContext& context, QObject* parent) : QObject(parent), context_(context) {}
@@ -104,10 +98,12 @@ bool JobRunner::begin(Job job, Ended ended) {
     if (!running.job.makesSafetyCopies) running.runner.safetyCopies().SafetyCopyEnabled = 0;
     running.runner.setKeepWaiting(
         [this, &running](std::chrono::milliseconds) { return keepWaiting(running); });
-    running.runner.setSafetyCopyFailed([this](const QString& message) {
-        QMetaObject::invokeMethod(
-            this, [this, message] { Q_EMIT SafetyCopyFailed(message); }, Qt::QueuedConnection);
-    });
+    // The runner ends with what it would keep alive here.
+    running.runner.setSafetyCopyFailed(
+        [this, own = std::weak_ptr(current_)](const fs::path& file, const QString& message) {
+            const std::shared_ptr<Running> job = own.lock();
+            return !job || safetyCopyFailed(job, file, message);
+        });
     Q_EMIT Began(running.job.title, running.job.files.size(), running.job.countsFiles);
     thread_ = std::thread([this, own = current_] {
         work(own);
@@ -145,6 +141,11 @@ void JobRunner::closeAfterThisFile() {
 void JobRunner::waitForEnd() {
     if (!current_) return;
     const std::shared_ptr<Running> own = current_;
+    {
+        const std::scoped_lock lock(own->guard);
+        own->isEnding = true;
+        own->answered.notify_all();
+    }
     if (thread_.joinable()) thread_.join();
     finish(own);
 }
@@ -158,15 +159,16 @@ void JobRunner::work(const std::shared_ptr<Running>& own) {
     const Job& job = running.job;
     const std::error_code refused = platform::makeOwnSubfolder(running.context.tempPath);
     JobWork work{running.context,
-                 app::commandFormOf(running.context),
+                 running.form,
                  running.runner,
                  running.stop.get_token(),
                  [this, own](const fs::path& file) { noteBegun(own, file); },
                  [this, own](const Outcome& outcome) { noteEnded(own, outcome); },
-                 running.cut.get_token()};
+                 running.cut.get_token(),
+                 {},
+                 [this, own](const QString& question) { return writeAnyway(own, question); }};
     const RenamedFiles names(job.files);
-    Outcomes outcomes = refused ? notStarted(job.files, refused) : inOrder(job.files, workOn(running, work));
-    outcomes.insert(outcomes.end(), job.leftOut.begin(), job.leftOut.end());
+    Outcomes outcomes = refused ? notStarted(job, refused) : carryOut(job, work);
     const bool isCut = std::ranges::any_of(
         outcomes,
         [](OutcomeKind kind) { return kind == OutcomeKind::Stopped || kind == OutcomeKind::NotBegun; },
@@ -175,35 +177,43 @@ void JobRunner::work(const std::shared_ptr<Running>& own) {
     fs::remove_all(running.context.tempPath, ignored);
     NewNames newNames = names.newNames();
     const std::scoped_lock lock(running.guard);
-    running.result = {job.title, std::move(outcomes), running.stop.stop_requested() && isCut,
-                      false,     std::move(newNames), std::move(work.printed)};
+    running.result = {job.title,   std::move(outcomes),    running.stop.stop_requested() && isCut,
+                      false,       std::move(newNames),    std::move(work.printed),
+                      job.changes, std::move(work.remarks)};
 }
 
-Outcomes JobRunner::workOn(Running& running, JobWork& work) {
-    const Job& job = running.job;
-    if (job.workOnAll && !job.files.empty()) return job.workOnAll(work, job.files);
-    if (job.lineOf && work.form == app::CommandForm::Corrected && job.files.size() > 1) {
-        if (std::optional<Outcomes> outcomes = writeSameToAll(job, work)) return std::move(*outcomes);
-    }
-    return workOnFiles(running, work);
+// One question at a time, whichever thread has it. A stop is an answer too, and so is the end of the program.
+bool JobRunner::writeAnyway(const std::shared_ptr<Running>& running, const QString& question) {
+    const std::scoped_lock asking(running->asking);
+    std::unique_lock lock(running->guard);
+    if (running->answerForAll) return *running->answerForAll;
+    if (running->isEnding) return false;
+    running->answer.reset();
+    QMetaObject::invokeMethod(
+        this,
+        [this, running, question] {
+            const Answer answer = question_ && current_ == running ? question_(question) : Answer::No;
+            const std::scoped_lock answering(running->guard);
+            running->answer = answer;
+            running->answered.notify_all();
+        },
+        Qt::QueuedConnection);
+    running->answered.wait(lock, running->stop.get_token(),
+                           [&] { return running->answer.has_value() || running->isEnding; });
+    const Answer answer = running->answer.value_or(Answer::No);
+    const bool isYes = answer == Answer::Yes || answer == Answer::YesToAll;
+    if (answer == Answer::YesToAll || answer == Answer::NoToAll) running->answerForAll = isYes;
+    return isYes;
 }
 
-Outcomes JobRunner::workOnFiles(Running& running, JobWork& work) {
-    Outcomes outcomes;
-    for (const fs::path& file : running.job.files) {
-        if (running.stop.stop_requested()) {
-            outcomes.push_back({file, OutcomeKind::NotBegun, {}});
-            continue;
-        }
-        work.fileBegun(file);
-        Outcome outcome = running.job.workOnFile(work, file);
-        outcome.file = file;
-        // Who does not want to wait for one file has had enough of all.
-        if (outcome.kind == OutcomeKind::Stopped) running.stop.request_stop();
-        work.fileEnded(outcome);
-        outcomes.push_back(std::move(outcome));
-    }
-    return outcomes;
+bool JobRunner::safetyCopyFailed(const std::shared_ptr<Running>& running, const fs::path& file,
+                                 const QString& message) {
+    if (running->form == app::CommandForm::Corrected)
+        return writeAnyway(running, platform::wide(app::spokenText(text::kNoCopyQuestion,
+                                                                   {platform::display(file), message})));
+    QMetaObject::invokeMethod(
+        this, [this, message] { Q_EMIT SafetyCopyFailed(message); }, Qt::QueuedConnection);
+    return true;
 }
 
 void JobRunner::noteBegun(const std::shared_ptr<Running>& running, const fs::path& file) {

@@ -35,6 +35,13 @@ class JobRunner : public QObject {
     void setWarmStarter(exiftool::WarmStarter* starter) { warmStarter_ = starter; }
     void setSafetyCopies(const exiftool::SafetyCopies& copies) { safetyCopies_ = copies; }
 
+    /// Asked on the GUI thread before a file is written although something is amiss, such as a safety copy
+    /// that failed (corrected form); the work waits. What is answered for all holds for the running job.
+    /// Empty: no.
+    enum class Answer { Yes, YesToAll, No, NoToAll };
+    using Question = std::function<Answer(const QString& question)>;
+    void setQuestion(Question question) { question_ = std::move(question); }
+
     /// Begins the job; ended is called on the GUI thread once all is over, after the signal. False, and
     /// nothing is begun, while another one runs, and for a job without files.
     [[nodiscard]] bool begin(Job job, Ended ended);
@@ -60,7 +67,7 @@ class JobRunner : public QObject {
     void Began(const QString& title, std::size_t count, bool countsFiles);
     /// number counts from 1.
     void FileBegun(const std::filesystem::path& file, std::size_t number);
-    /// The safety copy of a file failed, for a box; the work goes on.
+    /// In the designed form: the safety copy of a file failed, for a box; the work goes on.
     void SafetyCopyFailed(const QString& message);
     void JobEnded(const jobs::JobResult& result);
 
@@ -68,8 +75,9 @@ class JobRunner : public QObject {
     struct Running;
 
     void work(const std::shared_ptr<Running>& own);
-    exiftool::Outcomes workOn(Running& running, JobWork& work);
-    exiftool::Outcomes workOnFiles(Running& running, JobWork& work);
+    bool writeAnyway(const std::shared_ptr<Running>& running, const QString& question);
+    bool safetyCopyFailed(const std::shared_ptr<Running>& running, const std::filesystem::path& file,
+                          const QString& message);
     bool keepWaiting(Running& running) const;
     void noteBegun(const std::shared_ptr<Running>& running, const std::filesystem::path& file);
     void noteEnded(const std::shared_ptr<Running>& running, const exiftool::Outcome& outcome);
@@ -78,6 +86,7 @@ class JobRunner : public QObject {
     const app::AppContext& context_;
     exiftool::WarmStarter* warmStarter_ = nullptr;
     exiftool::SafetyCopies safetyCopies_;
+    Question question_;
     std::shared_ptr<Running> current_;
     std::thread thread_;
 };

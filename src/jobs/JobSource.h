@@ -20,9 +20,4 @@ class JobSource {
     Job job_;
 };
 
-/// Carries the job out on the calling thread, for programs and tests without a window. The context outlives
-/// the call.
-[[nodiscard]] exiftool::Outcomes runHere(const Job& job, const app::AppContext& context,
-                                         exiftool::ToolRunner& runner);
-
 }  // namespace jobs

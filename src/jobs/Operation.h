@@ -217,10 +217,14 @@ struct Operation {
     /// was, and can run again until it is cancelled. Null: it is done when the job begins.
     std::vector<OperationResult> (*results)(const JobEnd& end, const FilledForm& filled) = nullptr;
     int resultList = 0;
+    /// As Job::judgeAgain.
+    void (*judgeAgain)(JobWork& work, const FilledForm& filled,
+                       std::span<exiftool::Outcome> outcomes) = nullptr;
     /// As Job::atEnd.
     void (*atEnd)(const JobEnd& end, const FilledForm& filled) = nullptr;
     /// Null: as the settings say. False: no copies, whatever they say.
     bool (*makesSafetyCopies)(app::CommandForm form, const FilledForm& filled) = nullptr;
+    bool onlyRenames = false;  ///< the contents stay as they are
     DesignedHabits designed{};
 };
 

@@ -271,6 +271,7 @@ bool OperationDialog::ask(FilledForm& form) {
     dialogs::Message message{question.text, dialogs::MessageIcon::Question};
     message.buttons = QMessageBox::Yes | QMessageBox::No;
     if (question.answer != 0) message.buttons |= QMessageBox::Cancel;
+    message.defaultButton = question.answer != 0 ? QMessageBox::Cancel : QMessageBox::No;
     const QMessageBox::StandardButton answer = dialogs::showMessage(this, message);
     if (question.answer == 0) return answer == QMessageBox::Yes;
     form.set(question.answer, answer == QMessageBox::Yes);

@@ -110,7 +110,7 @@ Outcomes read(JobWork& work, const std::vector<fs::path>& files, const CommandTe
 Outcome run(ComposedAs composedAs, JobWork& work, const fs::path& file, const CommandText& command) {
     if (isReading(composedAs)) return read(work, {file}, command).front();
     if (composedAs == ComposedAs::Arguments) return work.runner.RunOnFile(file, command);
-    work.runner.copyForSafety(file);
+    if (std::optional<Outcome> refused = work.runner.copyForSafety(file)) return *refused;
     return composedAs == ComposedAs::HiddenLine ? work.runner.runHiddenOnFile(file, command)
                                                 : work.runner.runWriteLine(file, command);
 }
@@ -254,6 +254,13 @@ Job jobOf(const Operation& operation, const QString& title, CommandForm form, co
     if (operation.makesSafetyCopies != nullptr)
         job.makesSafetyCopies = operation.makesSafetyCopies(form, filled);
     if (isReading(composedAs)) job.makesSafetyCopies = false;
+    job.changes = isReading(composedAs)   ? Changes::Nothing
+                  : operation.onlyRenames ? Changes::Names
+                                          : Changes::Contents;
+    if (operation.judgeAgain != nullptr)
+        job.judgeAgain = [&operation, filled](JobWork& work, std::span<Outcome> outcomes) {
+            operation.judgeAgain(work, filled, outcomes);
+        };
     if (operation.atEnd != nullptr)
         job.atEnd = [&operation, filled](const JobEnd& end) { operation.atEnd(end, filled); };
     if (isOverAll(composedAs)) {

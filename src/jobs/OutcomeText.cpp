@@ -36,9 +36,12 @@ bool isGood(OutcomeKind kind) {
     return kind == OutcomeKind::Done || kind == OutcomeKind::Unchanged;
 }
 
-std::string lineOf(const app::LanguageFile& language, const Outcome& outcome) {
+std::string lineOf(const app::LanguageFile& language, const Outcome& outcome, Changes changes) {
     std::string line = outcome.words;
-    if (line.empty()) line = wordsOf(language, outcome).toStdString();
+    if (line.empty())
+        line = wordsOf(language, outcome).toStdString();
+    else if (outcome.kind == OutcomeKind::Warned && changes != Changes::Nothing)
+        line = language.text(text::kWordWarned).toStdString() + ' ' + line;
     // ExifTool mostly names the file itself, by its whole path.
     if (line.find(platform::narrow(outcome.file.filename())) == std::string::npos)
         line += " - " + platform::narrow(outcome.file);
@@ -96,8 +99,9 @@ std::string reportOf(const app::LanguageFile& language, const JobResult& result)
     for (const Outcome& outcome : result.outcomes) {
         if (outcome.kind == OutcomeKind::NotBegun) continue;
         if (isGood(outcome.kind) && outcome.words.empty()) continue;
-        report += lineOf(language, outcome) + '\n';
+        report += lineOf(language, outcome, result.changes) + '\n';
     }
+    for (const std::string& remark : result.remarks) report += remark + '\n';
     return report + filesLeftLine(result);
 }
 

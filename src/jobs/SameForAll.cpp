@@ -1,6 +1,7 @@
 #include "jobs/SameForAll.h"
 
 #include "exiftool/LineParts.h"
+#include "exiftool/OutcomeJudge.h"
 #include "exiftool/ReportFile.h"
 #include "exiftool/WriteSessions.h"
 #include "platform/CommandInterpreter.h"
@@ -31,11 +32,13 @@ std::optional<std::vector<std::string>> argumentsOf(const platform::CommandText&
     return words;
 }
 
-std::string copyForSafety(const app::AppContext& context, const exiftool::SafetyCopies& copies,
-                          const fs::path& file) {
-    const QString failure = exiftool::MakeSafetyCopy(file, context.cachePath, copies);
-    return failure.isEmpty() ? std::string()
-                             : "Warning: " + failure.toStdString() + " - " + platform::narrow(file);
+exiftool::Prepared copyForSafety(const JobWork& work, const exiftool::SafetyCopies& copies,
+                                 const fs::path& file) {
+    const QString failure = exiftool::MakeSafetyCopy(file, work.context.cachePath, copies);
+    if (failure.isEmpty()) return {};
+    if (!work.runner.mayBeWrittenWithoutCopy(file, failure))
+        return {.instead = exiftool::withoutCopy(file, failure)};
+    return {.words = "Warning: " + failure.toStdString() + " - " + platform::narrow(file)};
 }
 
 bool readsOneOf(const std::vector<fs::path>& sources, const std::vector<fs::path>& files) {
@@ -55,9 +58,9 @@ struct Shared {
 };
 
 /// Nothing where a line is not as the others.
-std::optional<Shared> sharedOf(const Job& job, const JobWork& work) {
+std::optional<Shared> sharedOf(const Job& job, const std::vector<fs::path>& files, const JobWork& work) {
     Shared shared;
-    for (const fs::path& file : job.files) {
+    for (const fs::path& file : files) {
         if (work.stop.stop_requested()) break;
         Composed line = job.lineOf(work.context, work.form, file);
         if (line.instead) {
@@ -80,9 +83,9 @@ void report(const app::AppContext& context, const Outcome& outcome) {
 
 }  // namespace
 
-std::optional<Outcomes> writeSameToAll(const Job& job, JobWork& work) {
-    if (readsOneOf(job.sources, job.files)) return std::nullopt;
-    std::optional<Shared> shared = sharedOf(job, work);
+std::optional<Outcomes> writeSameToAll(const Job& job, const std::vector<fs::path>& files, JobWork& work) {
+    if (readsOneOf(job.sources, files)) return std::nullopt;
+    std::optional<Shared> shared = sharedOf(job, files, work);
     if (!shared) return std::nullopt;
     for (const Outcome& outcome : shared->passedOver) {
         work.fileBegun(outcome.file);
@@ -91,11 +94,12 @@ std::optional<Outcomes> writeSameToAll(const Job& job, JobWork& work) {
     }
     exiftool::WriteRequest request;
     request.exifTool = work.context.exifToolPath;
+    request.tempFolder = work.context.tempPath;
     request.arguments = std::move(shared->arguments);
     request.files = std::move(shared->files);
     const exiftool::SafetyCopies copies = work.runner.safetyCopies();
     if (copies.SafetyCopyEnabled != 0)
-        request.beforeFile = [&](const fs::path& file) { return copyForSafety(work.context, copies, file); };
+        request.beforeFile = [&](const fs::path& file) { return copyForSafety(work, copies, file); };
     const auto fileEnded = [&work](const Outcome& outcome) {
         report(work.context, outcome);
         work.fileEnded(outcome);

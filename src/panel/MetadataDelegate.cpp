@@ -2,6 +2,7 @@
 
 #include "controls/ColorArithmetic.h"
 #include "controls/Icons.h"
+#include "controls/ListColors.h"
 #include "panel/MetadataListView.h"
 
 #include <QPainter>
@@ -92,6 +93,11 @@ tags::RowAppearance MetadataDelegate::appearanceOf(const tags::MetadataRow& row)
     return tags::appearanceOf(row, record, settings_.colors, memory_);
 }
 
+QColor MetadataDelegate::colourOn(const tags::PanelColour& colour, const QPalette& palette,
+                                  const QColor& ground) {
+    return controls::readableOn(paletteColour(colour, palette), ground);
+}
+
 void MetadataDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
     GroupedListDelegate::initStyleOption(option, index);
     const tags::RowAppearance look = appearanceOf(model_.row(index.row()));
@@ -107,7 +113,12 @@ void MetadataDelegate::initStyleOption(QStyleOptionViewItem* option, const QMode
             break;
     }
     option->text = oneLine(option->text.left(kLongestShown));
-    option->palette.setColor(QPalette::Text, paletteColour(colour, option->palette));
+    const QPalette& palette = option->widget != nullptr ? option->widget->palette() : option->palette;
+    const QColor ground = controls::ListColors(palette).groundOf(
+        {.alternate = option->features.testFlag(QStyleOptionViewItem::Alternate),
+         .selected = option->state.testFlag(QStyle::State_Selected),
+         .hovered = option->state.testFlag(QStyle::State_MouseOver)});
+    option->palette.setColor(QPalette::Text, colourOn(colour, palette, ground));
 }
 
 void MetadataDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,

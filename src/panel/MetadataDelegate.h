@@ -18,6 +18,10 @@ class MetadataDelegate : public controls::GroupedListDelegate {
                      const tags::RatingMemory& memory, const app::Settings& settings,
                      const tags::LabelLibrary* labels = nullptr, QObject* parent = nullptr);
 
+    /// A colour of the panel as it is painted: moved towards white or black where it would not read on that
+    /// ground of a row.
+    static QColor colourOn(const tags::PanelColour& colour, const QPalette& palette, const QColor& ground);
+
     void paint(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
 

@@ -4,6 +4,7 @@
 #include "controls/GroupedListView.h"
 #include "panel/PanelTexts.h"
 #include "platform/Text.h"
+#include "tags/FilterWords.h"
 
 #include <algorithm>
 
@@ -14,9 +15,10 @@ MetadataListModel::MetadataListModel(const app::Settings& settings, QObject* par
 
 void MetadataListModel::clear() {
     loading_.clear();
-    if (rows_.empty()) return;
+    if (all_.empty()) return;
     beginResetModel();
-    rows_.clear();
+    all_.clear();
+    filterRows();
     endResetModel();
 }
 
@@ -36,9 +38,32 @@ void MetadataListModel::InsertMetadataRow(tags::MetadataRow&& row) {
 
 void MetadataListModel::Commit() {
     beginResetModel();
-    rows_ = std::move(loading_);
+    all_ = std::move(loading_);
     loading_.clear();
+    filterRows();
     endResetModel();
+}
+
+void MetadataListModel::setFilter(const QString& filter) {
+    if (filter == filter_) return;
+    beginResetModel();
+    filter_ = filter;
+    filterRows();
+    endResetModel();
+}
+
+void MetadataListModel::filterRows() {
+    rows_.clear();
+    places_.clear();
+    const bool isFiltering = !filter_.trimmed().isEmpty();
+    for (std::size_t place = 0; place < all_.size(); ++place) {
+        const tags::MetadataRow& row = all_[place];
+        // Labels are texts to put together, which without a filter nobody asks for.
+        const QString label = isFiltering && labels_ != nullptr ? labels_->label(row.tagId) : QString();
+        if (isFiltering && !tags::matchesWords(filter_, {row.tag, row.group, row.value, label})) continue;
+        rows_.push_back(row);
+        places_.push_back(place);
+    }
 }
 
 void MetadataListModel::SetValue(int position, const QString& value) {
@@ -47,6 +72,7 @@ void MetadataListModel::SetValue(int position, const QString& value) {
         changed.stars = tags::leadingInteger(value);
     else
         changed.value = value;
+    all_[places_[static_cast<std::size_t>(position)]] = changed;
     const int column = static_cast<int>(tags::PanelColumn::Value);
     Q_EMIT dataChanged(index(position, column), index(position, column));
 }

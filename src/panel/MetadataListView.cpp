@@ -14,6 +14,8 @@ using controls::colorFromStored;
 using controls::isDark;
 using controls::luminance;
 using controls::mirroredOn;
+using controls::mixedColor;
+using controls::readableOn;
 
 namespace {
 
@@ -23,6 +25,8 @@ constexpr int kPictureSide = 16;
 constexpr int kPictureLeft = 5;
 constexpr int kChevronRoom = 28;
 constexpr int kChevronSide = 16;
+constexpr int kHovered = 103;  // percent, as QColor::darker takes it
+constexpr float kCountShare = 0.78F;
 
 /// A user's light header colours would shine out of a dark list; there they keep their hue alone.
 QColor onGround(const QColor& colour, const QColor& ground) {
@@ -37,6 +41,23 @@ QColor onGround(const QColor& colour, const QColor& ground) {
 MetadataListView::MetadataListView(const app::Settings& settings, QWidget* parent)
     : GroupedListView(parent), settings_(settings) {}
 
+MetadataListView::HeaderColours MetadataListView::headerColours(const app::Settings::Colors& settings,
+                                                                const QColor& ground) {
+    const auto shown = [&](std::uint32_t stored) {
+        return onGround(colorFromStored(settings.groupHeaderUseSolid ? settings.groupHeaderSolid : stored),
+                        ground);
+    };
+    HeaderColours colours{shown(settings.groupHeaderHigh), shown(settings.groupHeaderLow), {}, {}};
+    // The texts stand on both ends of the gradient, and on what a mouse over it makes of them.
+    const QColor grounds[] = {colours.high, colours.low, colours.high.darker(kHovered),
+                              colours.low.darker(kHovered)};
+    colours.text = mirroredOn(colorFromStored(settings.groupHeaderText), colours.low);
+    for (const QColor& behind : grounds) colours.text = readableOn(colours.text, behind);
+    colours.count = mixedColor(colours.low, colours.text, kCountShare);
+    for (const QColor& behind : grounds) colours.count = readableOn(colours.count, behind);
+    return colours;
+}
+
 QRect MetadataListView::groupChevronRect(const QRect& headerRect) const {
     // The picture stands at the left edge, so the chevron stands at the right one.
     return {headerRect.right() - kChevronRoom + 1, headerRect.center().y() - kChevronSide / 2, kChevronSide,
@@ -47,40 +68,35 @@ void MetadataListView::paintGroupHeader(QPainter& painter, const QRect& rect, co
                                         bool collapsed, bool hovered) const {
     const app::Settings::Colors& colours = settings_.colors;
     const QColor ground = palette().color(QPalette::Base);
-    const bool solid = colours.groupHeaderUseSolid;
-    const QColor high =
-        onGround(colorFromStored(solid ? colours.groupHeaderSolid : colours.groupHeaderHigh), ground);
-    const QColor low =
-        onGround(colorFromStored(solid ? colours.groupHeaderSolid : colours.groupHeaderLow), ground);
+    const HeaderColours painted = headerColours(colours, ground);
+    const QColor& high = painted.high;
+    const QColor& low = painted.low;
     QLinearGradient gradient(rect.topLeft(),
                              colours.groupHeaderVerticalGradient ? rect.bottomLeft() : rect.topRight());
-    gradient.setColorAt(0, hovered ? high.darker(103) : high);
-    gradient.setColorAt(1, hovered ? low.darker(103) : low);
+    gradient.setColorAt(0, hovered ? high.darker(kHovered) : high);
+    gradient.setColorAt(1, hovered ? low.darker(kHovered) : low);
     painter.fillRect(rect, gradient);
 
     const QRect picture(rect.left() + kPictureLeft, rect.top() + (rect.height() - kPictureSide) / 2,
                         kPictureSide, kPictureSide);
     group.image.paint(&painter, picture);
 
-    const QColor text = mirroredOn(colorFromStored(colours.groupHeaderText), low);
     const QRect title = rect.adjusted(kTitleLeft, kTitleTop, -kChevronRoom, -kTitleTop);
     const qsizetype countAt = group.title.lastIndexOf(u" (");
     const QString name = countAt < 0 ? group.title : group.title.first(countAt);
     QFont bold = font();
     bold.setBold(true);
     painter.setFont(bold);
-    painter.setPen(text);
+    painter.setPen(painted.text);
     painter.drawText(title, Qt::AlignVCenter | Qt::AlignLeft, name);
     if (countAt >= 0) {
         const int nameWidth = QFontMetrics(bold).horizontalAdvance(name);
         painter.setFont(font());
-        QColor faint = text;
-        faint.setAlphaF(0.78F);
-        painter.setPen(faint);
+        painter.setPen(painted.count);
         painter.drawText(title.adjusted(nameWidth, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
                          group.title.sliced(countAt));
     }
-    paintGroupChevron(painter, rect, collapsed, text);
+    paintGroupChevron(painter, rect, collapsed, painted.text);
 }
 
 }  // namespace panel

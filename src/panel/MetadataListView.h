@@ -12,6 +12,15 @@ class MetadataListView : public controls::GroupedListView {
     Q_OBJECT
 
  public:
+    struct HeaderColours {
+        QColor high;
+        QColor low;
+        QColor text;
+        QColor count;
+    };
+    /// The colours of a group's header as they are painted on a list of that ground.
+    static HeaderColours headerColours(const app::Settings::Colors& settings, const QColor& ground);
+
     explicit MetadataListView(const app::Settings& settings, QWidget* parent = nullptr);
 
  protected:

@@ -9,27 +9,25 @@
 #include "platform/Text.h"
 
 #include <QClipboard>
-#include <QDesktopServices>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QMenu>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QShortcut>
 #include <QTimer>
-#include <QToolTip>
-#include <QUrl>
 #include <QVBoxLayout>
 #include <algorithm>
-#include <array>
+#include <map>
 
 namespace panel {
 
 namespace {
 
 constexpr int kTitleHeight = 34;
+constexpr int kFilterMargin = 4;
 constexpr int kTagWidth = 250;
 constexpr int kIdWidth = 50;
 constexpr int kKindWidth = 22;
@@ -37,13 +35,8 @@ constexpr int kLeastValueWidth = 200;
 /// Far more than any file has; what a damaged one makes ExifTool print beyond it would only stop the window.
 constexpr std::size_t kMostRows = 100'000;
 constexpr qsizetype kLongestGroupTitle = 80;
-constexpr int kHelpMilliseconds = 30000;
-constexpr int kOpenAddress = 40011;
-constexpr int kOpenAddressText = 40012;
-constexpr int kCopy = 40063;
-/// Entries of our own in the menu of a group header.
-constexpr int kCollapseAll = 40201;
-constexpr int kExpandAll = 40202;
+/// An empty list between two files would flicker; after this time it is better than the rows that went.
+constexpr std::chrono::milliseconds kHeldOnScreen{300};
 
 QString groupIconName(tags::GroupImage image) {
     switch (image) {
@@ -74,60 +67,13 @@ controls::GroupedListView::Group panelGroup(int id, const QString& name, tags::G
             true};
 }
 
-void addEntry(QMenu& menu, int id, const QString& text, const QString& iconName) {
-    menu.addAction(controls::icon(iconName), text)->setData(id);
-}
-
-/// Names come out of files; an ampersand would become a key of the menu.
-QString menuText(const QString& name) {
-    return name.left(kLongestGroupTitle).replace(u'&', QStringLiteral("&&"));
-}
-
-struct GroupMenuEntry {
-    int textNumber;
-    int command;
-};
-
-constexpr std::array<GroupMenuEntry, 5> kGroupMenu = {{
-    {1829, app::command::kAddTagsToFile},
-    {1830, app::command::kRemoveTagsFromFile},
-    {1831, app::command::kRemoveGroupFromFile},
-    {167, app::command::kRemoveTags},
-    {168, app::command::kRemoveGroupTypes},
-}};
-
-/// The command that removes the family that the group belongs to; 0 for none.
-int familyRemoval(std::uint32_t groupId) {
-    switch (tags::groupGateOf(groupId)) {
-        case tags::GroupGate::Exif:
-            return app::command::kRemoveExif;
-        case tags::GroupGate::Iptc:
-            return app::command::kRemoveIptc;
-        case tags::GroupGate::Xmp:
-            return app::command::kRemoveXmp;
-        case tags::GroupGate::Icc:
-            return app::command::kRemoveIccProfile;
-        case tags::GroupGate::Gps:
-            return app::command::kRemoveGps;
-        case tags::GroupGate::None:
-        case tags::GroupGate::MakerNotes:
-        case tags::GroupGate::Composite:
-            break;
-    }
-    return 0;
-}
-
-int chosenIn(QMenu& menu, const QPoint& position) {
-    const QAction* chosen = menu.exec(position);
-    return chosen == nullptr ? 0 : chosen->data().toInt();
-}
-
 }  // namespace
 
 MetadataPanel::MetadataPanel(const Parts& parts, QWidget* parent)
     : QWidget(parent),
       parts_(parts),
       title_(new QLabel(this)),
+      filter_(new QLineEdit(this)),
       model_(new MetadataListModel(parts.context.settings, this)),
       list_(new MetadataListView(parts.context.settings, this)) {
     setObjectName(QStringLiteral("RIGHT_HOLDER"));
@@ -146,6 +92,10 @@ MetadataPanel::MetadataPanel(const Parts& parts, QWidget* parent)
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(title_);
+    auto* field = new QHBoxLayout;
+    field->setContentsMargins(kFilterMargin, 0, kFilterMargin, kFilterMargin);
+    field->addWidget(filter_);
+    layout->addLayout(field);
     layout->addWidget(list_, 1);
 
     model_->setValueTitle(parts_.text(app::text::kValueColumn));
@@ -159,7 +109,75 @@ MetadataPanel::MetadataPanel(const Parts& parts, QWidget* parent)
     CreatePanelGroups();
     clear();
 
+    createFilter();
+    hold_.setSingleShot(true);
+    hold_.setInterval(kHeldOnScreen);
+    connect(&hold_, &QTimer::timeout, this, &MetadataPanel::releaseScreen);
     connectList();
+}
+
+void MetadataPanel::createFilter() {
+    filter_->setObjectName(QStringLiteral("metadataFilter"));
+    filter_->setPlaceholderText(parts_.text(text::kFilterHint));
+    filter_->setClearButtonEnabled(true);
+    filter_->addAction(controls::icon(QStringLiteral("view-filter")), QLineEdit::LeadingPosition);
+    filter_->installEventFilter(this);
+    model_->setLabels(parts_.labels);
+    connect(filter_, &QLineEdit::textChanged, this, &MetadataPanel::setFilter);
+}
+
+void MetadataPanel::focusFilter() {
+    filter_->setFocus(Qt::ShortcutFocusReason);
+    filter_->selectAll();
+}
+
+void MetadataPanel::setFilter(const QString& filter) {
+    if (model_->rowCount() > 0) notePlace();
+    model_->setFilter(filter);
+    showCounts();
+    showEmptyText();
+    goToPlace(Reading::NewFile);
+    Q_EMIT CurrentRowChanged();
+}
+
+bool MetadataPanel::filterKey(const QKeyEvent& key) {
+    switch (key.key()) {
+        case Qt::Key_Escape:
+            if (filter_->text().isEmpty())
+                list_->setFocus(Qt::OtherFocusReason);
+            else
+                filter_->clear();
+            return true;
+        case Qt::Key_Down:
+        case Qt::Key_Return:
+        case Qt::Key_Enter: {
+            const std::vector<int> rows = list_->rowsInViewOrder();
+            if (rows.empty()) return true;
+            if (!list_->currentIndex().isValid())
+                list_->setCurrentIndex(
+                    model_->index(rows.front(), static_cast<int>(tags::PanelColumn::Value)));
+            list_->setFocus(Qt::OtherFocusReason);
+            return true;
+        }
+        default:
+            return false;
+    }
+}
+
+/// A group's header tells how many rows the file has in it, or how many of them match.
+void MetadataPanel::showCounts() {
+    std::map<std::uint32_t, int> shown;
+    for (const tags::MetadataRow& row : model_->rows()) ++shown[row.groupId];
+    const bool isFiltering = model_->rowCount() < static_cast<int>(model_->allRows().size());
+    for (const auto& [groupId, count] : counts_) {
+        const int id = static_cast<int>(groupId);
+        list_->setGroupTitle(
+            id, tags::groupTitleWithCount(list_->groupTitle(id), isFiltering ? shown[groupId] : count));
+    }
+}
+
+void MetadataPanel::showEmptyText() {
+    list_->setEmptyText(model_->allRows().empty() ? emptyText_ : parts_.text(text::kNoRowMatches));
 }
 
 void MetadataPanel::connectList() {
@@ -192,6 +210,8 @@ int MetadataPanel::commandOfKey(const QKeyEvent& key) {
 }
 
 bool MetadataPanel::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == filter_ && event->type() == QEvent::KeyPress)
+        return filterKey(static_cast<QKeyEvent&>(*event));
     const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::ShortcutOverride;
     const int command = watched == list_ && isKey ? commandOfKey(static_cast<QKeyEvent&>(*event)) : 0;
     if (command == 0) return QWidget::eventFilter(watched, event);
@@ -230,32 +250,52 @@ void MetadataPanel::CreatePanelGroups() {
 }
 
 void MetadataPanel::clear() {
+    if (model_->rowCount() > 0) notePlace();
+    releaseScreen();
     parts_.reader.cancel();
     parts_.feedback.hideProgress();
     fault_.clear();
     file_.clear();
+    number_ = selectedCount_ = 0;
     model_->clear();
     title_->setText(parts_.text(app::text::kMetadataTitle));
     title_->setToolTip({});
-    list_->setEmptyText(parts_.text(app::text::kClickAFile));
+    emptyText_ = parts_.text(app::text::kClickAFile);
+    showEmptyText();
     Q_EMIT CurrentRowChanged();
 }
 
-void MetadataPanel::newSelection(const std::filesystem::path& file) {
+void MetadataPanel::clearForNext() {
     clear();
-    if (!file.empty()) beginReading(file, std::nullopt, false);
+    holdScreen();
+}
+
+void MetadataPanel::showNumber(int number, int count) {
+    number_ = number;
+    selectedCount_ = count;
+    if (!file_.empty()) showTitle();
+}
+
+void MetadataPanel::newSelection(const std::filesystem::path& file) {
+    if (file.empty()) return clear();
+    clearForNext();
+    beginReading(file, Reading::NewFile, false);
+}
+
+void MetadataPanel::newSelectionQuietly(const std::filesystem::path& file) {
+    clearForNext();
+    beginReading(file, Reading::NewFile, true);
 }
 
 void MetadataPanel::Refresh() {
-    if (!file_.empty()) beginReading(std::filesystem::path(file_), place(), false);
+    if (!file_.empty()) beginReading(std::filesystem::path(file_), Reading::SameFile, false);
 }
 
 void MetadataPanel::readAgainQuietly() {
-    if (!file_.empty()) beginReading(std::filesystem::path(file_), place(), true);
+    if (!file_.empty()) beginReading(std::filesystem::path(file_), Reading::SameFile, true);
 }
 
-void MetadataPanel::beginReading(const std::filesystem::path& file, const std::optional<Place>& place,
-                                 bool isQuiet) {
+void MetadataPanel::beginReading(const std::filesystem::path& file, Reading reading, bool isQuiet) {
     file_ = file;
     stamp_ = platform::stampOf(file);
     fault_.clear();
@@ -264,17 +304,21 @@ void MetadataPanel::beginReading(const std::filesystem::path& file, const std::o
     const auto status = std::filesystem::status(file, error);
     if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status)) {
         // A pipe or a device could keep whoever opens it waiting for ever.
-        showRead({file, {}, false, false, parts_.text(app::text::kNoRegularFile)}, place, isQuiet);
+        showRead({file, {}, false, false, parts_.text(app::text::kNoRegularFile)}, reading, isQuiet);
         return;
     }
-    if (!place) list_->setEmptyText(parts_.text(text::kReading));
+    if (reading == Reading::NewFile) {
+        emptyText_ = parts_.text(text::kReading);
+        showEmptyText();
+    }
     if (!isQuiet) parts_.feedback.showReading(file);
-    parts_.reader.request(
-        file, [this, place, isQuiet](const exiftool::MetadataRead& read) { showRead(read, place, isQuiet); });
+    parts_.reader.request(file, [this, reading, isQuiet](const exiftool::MetadataRead& read) {
+        showRead(read, reading, isQuiet);
+    });
 }
 
-void MetadataPanel::showRead(const exiftool::MetadataRead& read, const std::optional<Place>& place,
-                             bool isQuiet) {
+void MetadataPanel::showRead(const exiftool::MetadataRead& read, Reading reading, bool isQuiet) {
+    if (model_->rowCount() > 0) notePlace();
     counts_.clear();
     rowsOfFile_ = 0;
     model_->clear();
@@ -284,22 +328,35 @@ void MetadataPanel::showRead(const exiftool::MetadataRead& read, const std::opti
     CreatePanelGroups();
     model_->Commit();
     showTitle();
-    for (const auto& [groupId, count] : counts_) {
-        const int id = static_cast<int>(groupId);
-        list_->setGroupTitle(id, tags::groupTitleWithCount(list_->groupTitle(id), count));
-    }
+    showCounts();
     QString empty = parts_.text(app::text::kNoTags);
     if (!loaded || !fault_.isEmpty()) empty = parts_.text(text::kFileNotRead);
     if (!fault_.isEmpty()) empty += QStringLiteral("\n") + fault_;
-    list_->setEmptyText(empty);
-    if (place) goTo(*place);
+    emptyText_ = empty;
+    showEmptyText();
+    goToPlace(reading);
+    releaseScreen();
     Q_EMIT CurrentRowChanged();
     Q_EMIT ReadingEnded();
+}
+
+/// Before the first layout the panel has no width yet; then nothing is cut.
+int MetadataPanel::titleRoom() const {
+    const int room = width() - title_->contentsMargins().left() - title_->contentsMargins().right();
+    return room > 0 && isVisible() ? room : QWIDGETSIZE_MAX;
+}
+
+void MetadataPanel::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    if (!file_.empty()) showTitle();
 }
 
 void MetadataPanel::showTitle() {
     QString title = platform::display(file_.filename());
     QString tip = platform::display(file_);
+    if (selectedCount_ > 1)
+        title = app::formatText(parts_.text(text::kFileOfSelected),
+                                {title, QLocale().toString(number_), QLocale().toString(selectedCount_)});
     if (rowsOfFile_ > kMostRows)
         title = app::formatText(
             parts_.text(text::kRowsShown),
@@ -308,32 +365,8 @@ void MetadataPanel::showTitle() {
         title += QStringLiteral(" - ") + parts_.text(app::text::kNotAllRead);
         tip += u'\n' + fault_;
     }
-    title_->setText(title);
+    title_->setText(title_->fontMetrics().elidedText(title, Qt::ElideMiddle, titleRoom()));
     title_->setToolTip(tip);
-}
-
-MetadataPanel::Place MetadataPanel::place() const {
-    Place place;
-    const QModelIndex current = list_->currentIndex();
-    place.hasRow = current.isValid();
-    if (place.hasRow) {
-        place.row = model_->row(current.row());
-        place.column = current.column();
-    }
-    place.scrolled = list_->verticalScrollBar()->value();
-    return place;
-}
-
-void MetadataPanel::goTo(const Place& place) {
-    for (int position = 0; place.hasRow && position < model_->rowCount(); ++position) {
-        const tags::MetadataRow& row = model_->row(position);
-        if (row.groupId != place.row.groupId || row.tag != place.row.tag ||
-            row.itemIndex != place.row.itemIndex)
-            continue;
-        list_->setCurrentIndex(model_->index(position, place.column));
-        break;
-    }
-    list_->verticalScrollBar()->setValue(place.scrolled);
 }
 
 void MetadataPanel::InsertMetadataRow(tags::MetadataRow&& row) {
@@ -353,68 +386,16 @@ void MetadataPanel::Copy() const {
     if (!current.isValid()) return;
     const tags::MetadataRow& row = model_->row(current.row());
     const auto column = static_cast<tags::PanelColumn>(current.column());
-    QString text = column == tags::PanelColumn::Tag  ? row.tag
-                   : column == tags::PanelColumn::Id ? row.id
-                                                     : row.value;
-    if (column != tags::PanelColumn::Tag && column != tags::PanelColumn::Id && row.stars)
+    QString text;
+    if (column == tags::PanelColumn::Tag)
+        text = row.tag;
+    else if (column == tags::PanelColumn::Id)
+        text = row.id;
+    else if (row.stars)
         text = QString::number(*row.stars);
+    else
+        text = wholeValue_ ? wholeValue_(row) : row.value;
     QGuiApplication::clipboard()->setText(text);
-}
-
-void MetadataPanel::addCommand(QMenu& menu, int id, const QString& text) const {
-    controls::CommandAction* command = commands_ != nullptr ? commands_->action(id) : nullptr;
-    if (command != nullptr) menu.addAction(command->makeEntry(text, &menu));
-}
-
-void MetadataPanel::addRemovalEntries(QMenu& menu, const tags::MetadataRow& row) const {
-    addCommand(menu, app::command::kDeleteGroup,
-               app::formatText(parts_.text(app::text::kGroupDelete), {menuText(row.group)}));
-    menu.addSeparator();
-    addCommand(menu, app::command::kDeleteTag, parts_.text(app::text::kTagDelete));
-}
-
-void MetadataPanel::showRowMenu(const QModelIndex& index, const QPoint& position) {
-    if (!index.isValid()) return;
-    list_->setCurrentIndex(index);
-    if (commands_ != nullptr) commands_->refresh();
-    const tags::MetadataRow row = model_->row(index.row());
-    QMenu menu(this);
-    addEntry(menu, kCopy, parts_.text(app::text::kCopyCell), QStringLiteral("edit-copy"));
-    const bool onValue = index.column() == static_cast<int>(tags::PanelColumn::Value);
-    if (onValue) {
-        menu.addSeparator();
-        addRemovalEntries(menu, row);
-    }
-    if (onValue && tags::looksLikeAddress(row.value)) {
-        menu.addSeparator();
-        addEntry(menu, kOpenAddress, parts_.text(kOpenAddressText), QStringLiteral("internet-services"));
-    }
-    const int chosen = chosenIn(menu, position);
-    if (chosen == kCopy)
-        Copy();
-    else if (chosen == kOpenAddress)
-        openAddress(row.value);
-}
-
-void MetadataPanel::showGroupMenu(int groupId, const QPoint& position) {
-    makeCurrent(groupId);
-    if (commands_ != nullptr) commands_->refresh();
-    QMenu menu(this);
-    for (const GroupMenuEntry& entry : kGroupMenu)
-        addCommand(menu, entry.command, parts_.text(entry.textNumber));
-    menu.addSeparator();
-    const int family = groupId < static_cast<int>(tags::kGroupCount)
-                           ? familyRemoval(static_cast<std::uint32_t>(groupId))
-                           : 0;
-    QMenu families(parts_.text(app::text::kRemoveFamily), &menu);
-    for (const int removal : {family, app::command::kRemoveAllMetadata})
-        if (removal != 0) addCommand(families, removal, parts_.text(removal));
-    if (!families.isEmpty()) menu.addMenu(&families);
-    menu.addSeparator();
-    addEntry(menu, kCollapseAll, parts_.text(app::text::kCollapseAll), QStringLiteral("view-list-tree"));
-    addEntry(menu, kExpandAll, parts_.text(app::text::kExpandAll), QStringLiteral("view-list-details"));
-    const int chosen = chosenIn(menu, position);
-    if (chosen == kCollapseAll || chosen == kExpandAll) collapseAll(chosen == kCollapseAll);
 }
 
 /// The commands about a group take it from the current row.
@@ -433,8 +414,9 @@ std::vector<tags::MetadataRow> MetadataPanel::rowsOfCurrentGroup() const {
     const QModelIndex current = list_->currentIndex();
     if (!current.isValid()) return rows;
     const std::uint32_t groupId = model_->row(current.row()).groupId;
-    for (int position = 0; position < model_->rowCount(); ++position)
-        if (model_->row(position).groupId == groupId) rows.push_back(model_->row(position));
+    // What the filter hides belongs to the group all the same.
+    for (const tags::MetadataRow& row : model_->allRows())
+        if (row.groupId == groupId) rows.push_back(row);
     return rows;
 }
 
@@ -449,34 +431,6 @@ void MetadataPanel::showWrittenValue(int row, const QString& value) {
 
 void MetadataPanel::collapseAll(bool collapsed) {
     for (const int groupId : list_->shownGroups()) list_->setGroupCollapsed(groupId, collapsed);
-}
-
-void MetadataPanel::showHelp(const QModelIndex& index) {
-    const bool wanted = parts_.labels != nullptr && parts_.context.settings.listViewMetadata.libelleHelp;
-    if (!wanted || index.column() != static_cast<int>(tags::PanelColumn::Tag)) return;
-    QString help;
-    if (!parts_.labels->GetHelpFromLibelle(model_->row(index.row()).tagId, help)) return;
-    const QRect cell = list_->visualRect(index);
-    const QString text =
-        QStringLiteral("<div style=\"white-space:pre-wrap\">%1</div>").arg(help.toHtmlEscaped());
-    // After the click: a tool tip goes at the end of one.
-    QTimer::singleShot(0, this, [this, text, cell] {
-        QToolTip::showText(list_->viewport()->mapToGlobal(cell.bottomLeft()), text, list_->viewport(), cell,
-                           kHelpMilliseconds);
-    });
-}
-
-void MetadataPanel::openAddress() const {
-    const QModelIndex current = list_->currentIndex();
-    if (current.isValid()) openAddress(model_->row(current.row()).value);
-}
-
-void MetadataPanel::openAddress(const QString& value) {
-    // The value comes out of a file: it may name a web page, never a program or a local file.
-    const QUrl address(value.trimmed(), QUrl::StrictMode);
-    const QString scheme = address.scheme();
-    if (scheme == u"http" || scheme == u"https" || scheme == u"vnd.youtube")
-        QDesktopServices::openUrl(address);
 }
 
 }  // namespace panel

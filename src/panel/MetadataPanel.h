@@ -7,7 +7,9 @@
 #include "panel/MetadataListView.h"
 #include "platform/FileStamp.h"
 #include "tags/LabelLibrary.h"
+#include "tags/RowPlace.h"
 
+#include <QTimer>
 #include <QWidget>
 #include <filesystem>
 #include <functional>
@@ -15,6 +17,7 @@
 
 class QKeyEvent;
 class QLabel;
+class QLineEdit;
 class QMenu;
 
 namespace panel {
@@ -45,8 +48,11 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     void setCommands(controls::CommandActions& commands) { commands_ = &commands; }
 
     /// Command 40108: clears the list and has the file read; an empty path only clears it. The rows come when
-    /// ReadingEnded is told; a file that is chosen before then takes the place of this one.
+    /// ReadingEnded is told; a file that is chosen before then takes the place of this one. The user stays at
+    /// the tag where he was, if the file has it.
     void newSelection(const std::filesystem::path& file);
+    /// The same without a word in the status bar.
+    void newSelectionQuietly(const std::filesystem::path& file);
     /// Command 8056: has the shown file read again; the rows stay until the new ones are there, row and
     /// scroll position remain.
     void Refresh();
@@ -54,9 +60,19 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     void readAgainQuietly();
     /// Command 8003.
     void clear();
+    /// Clears the list for a file that will soon be known; until then the rows may stay to be seen, and for
+    /// nothing else.
+    void clearForNext();
+    /// Of the files that are selected the one that is shown, for the title.
+    void showNumber(int number, int count);
 
     /// Copies the current cell, or the whole selected row where no cell is current.
     void Copy() const;
+    /// What a row's value is with the characters that its cell cannot show; without, the cell's text is
+    /// copied.
+    void setWholeValue(std::function<QString(const tags::MetadataRow&)> wholeValue) {
+        wholeValue_ = std::move(wholeValue);
+    }
     /// Command 40011: opens the value of the current row when it is the address of a web page.
     void openAddress() const;
 
@@ -71,6 +87,9 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     void showWrittenValue(int row, const QString& value);
     /// The rows of the group of the current row, or none without one.
     std::vector<tags::MetadataRow> rowsOfCurrentGroup() const;
+
+    /// The keyboard goes to the field that narrows the list.
+    void focusFilter();
 
     MetadataListView& list() { return *list_; }
     const MetadataListModel& model() const { return *model_; }
@@ -93,15 +112,23 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
 
  protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
  private:
+    void createFilter();
     void createColumns();
+    void setFilter(const QString& filter);
+    bool filterKey(const QKeyEvent& key);
+    void showCounts();
+    void showEmptyText();
     void connectList();
     /// The command of a key that the panel takes; 0 for none.
     static int commandOfKey(const QKeyEvent& key);
     /// A command of the window, if it has it.
     void addCommand(QMenu& menu, int id, const QString& text) const;
-    void addRemovalEntries(QMenu& menu, const tags::MetadataRow& row) const;
+    void addListEntries(QMenu& menu) const;
+    void addRowEntries(QMenu& menu, const tags::MetadataRow& row) const;
+    void addDesignedEntries(QMenu& menu, const QModelIndex& index) const;
     void makeCurrent(int groupId);
     void CreatePanelGroups();
     void showRowMenu(const QModelIndex& index, const QPoint& position);
@@ -110,27 +137,43 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     static void openAddress(const QString& value);
     /// The help of a tag whose name was clicked, in a pop-up beside it.
     void showHelp(const QModelIndex& index);
-    /// Where the user is in the list, told by what stands there.
+    /// Where the user is in the list: the current row, and a row in sight with its distance from the top.
     struct Place {
-        bool hasRow = false;
-        tags::MetadataRow row;
+        std::optional<tags::RowPlace> current;
         int column = 0;
-        int scrolled = 0;
+        std::optional<tags::RowPlace> inSight;
+        int top = 0;
     };
+    enum class Reading { NewFile, SameFile };
     Place place() const;
-    void goTo(const Place& place);
-    void beginReading(const std::filesystem::path& file, const std::optional<Place>& place, bool isQuiet);
-    void showRead(const exiftool::MetadataRead& read, const std::optional<Place>& place, bool isQuiet);
+    /// Remembers where the user is; where nobody has moved since goToPlace(), what was wanted stays wanted.
+    void notePlace();
+    void goToPlace(Reading reading);
+    void scrollToPlace();
+    void holdScreen();
+    void releaseScreen();
+    void beginReading(const std::filesystem::path& file, Reading reading, bool isQuiet);
+    void showRead(const exiftool::MetadataRead& read, Reading reading, bool isQuiet);
     void showTitle();
+    int titleRoom() const;
 
     Parts parts_;
     controls::CommandActions* commands_ = nullptr;
+    std::function<QString(const tags::MetadataRow&)> wholeValue_;
     std::filesystem::path file_;
     platform::FileStamp stamp_;
     QString fault_;
     QLabel* title_;
+    QLineEdit* filter_;
+    QString emptyText_;  ///< while no filter hides all rows
     MetadataListModel* model_;
     MetadataListView* list_;
+    Place wanted_;
+    int arrivedAt_ = -1;       ///< the current row after goToPlace()
+    int arrivedScrolled_ = 0;  ///< and the scroll bar's value
+    QTimer hold_;              ///< how long the rows that went stay on the screen
+    int number_ = 0;           ///< of the file among the selected ones
+    int selectedCount_ = 0;
     std::vector<std::pair<std::uint32_t, int>> counts_;
     std::size_t rowsOfFile_ = 0;
 };

@@ -15,6 +15,7 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QLocale>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QThread>
@@ -35,7 +36,8 @@ enum Control {
     kAsPicture = 81503,
     kPicture = 81504,
     kReplace = 81505,
-    kDelete = 81506
+    kDelete = 81506,
+    kText = 81507
 };
 
 QString number(std::size_t value) {
@@ -56,6 +58,7 @@ DisplayHexaDialog::DisplayHexaDialog(const jobs::OperationParts& parts, const ta
     makeViews();
     connectControls();
     fetch();
+    showText();
     readPicture();
 }
 
@@ -66,14 +69,25 @@ void DisplayHexaDialog::fetch() {
     data_ = platform::MappedFile::Open(places_.fetched, platform::Links::Refused);
     // A value that was not read is not an empty one.
     if (!fault.empty() && data_ != nullptr && data_->bytes().empty()) data_.reset();
+    const bool isEmpty = templateNumber() == kImageTemplate && (data_ == nullptr || data_->bytes().empty());
+    if (isEmpty) offerNothing();
     if (data_ != nullptr) hexView_->setBytes(data_->bytes(), data_);
     if (data_ != nullptr && fault.empty()) kind_ = kindOfPayload(data_->bytes());
     if (auto* button = control<QPushButton>(kSaveAs)) button->setEnabled(data_ != nullptr && fault.empty());
-    if (fault.empty()) return;
+    if (fault.empty()) {
+        if (isEmpty) say(parts_.language.text(text::kNoBytes));
+        return;
+    }
     const bool isInPart = data_ != nullptr;
     if (isInPart && parts_.runner.wasStopped()) return say(parts_.language.text(text::kReadingStopped));
     say(parts_.language.formatted(isInPart ? text::kValueReadInPart : text::kValueNotRead,
                                   {platform::wide(fault)}));
+}
+
+void DisplayHexaDialog::offerNothing() {
+    data_.reset();
+    for (const int id : {kAsDump, kReplace, kDelete})
+        if (auto* offer = control<QWidget>(id)) offer->hide();
 }
 
 DisplayHexaDialog::~DisplayHexaDialog() {
@@ -130,6 +144,26 @@ void DisplayHexaDialog::connectControls() {
     connect(hexView_, &controls::HexView::TooMuchToCopy, this, &DisplayHexaDialog::tellTooMuchToCopy);
 }
 
+void DisplayHexaDialog::showText() {
+    auto* asDump = control<QCheckBox>(kAsDump);
+    const bool isText = form_ == app::CommandForm::Corrected && data_ != nullptr && asDump != nullptr &&
+                        isReadableText(data_->bytes());
+    if (!isText) return;
+    textView_ = new QPlainTextEdit(stack_);
+    textView_->setProperty(dialogs::kControlIdProperty, kText);
+    textView_->setReadOnly(true);
+    // The keyboard marks and copies in it as in a field, and leaves it by Tab.
+    textView_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    textView_->setTabChangesFocus(true);
+    const std::span<const unsigned char> bytes = data_->bytes();
+    textView_->setPlainText(
+        QString::fromUtf8(reinterpret_cast<const char*>(bytes.data()), static_cast<qsizetype>(bytes.size())));
+    stack_->addWidget(textView_);
+    setFocusProxy(textView_);
+    asDump->setChecked(false);
+    chooseView();
+}
+
 void DisplayHexaDialog::readPicture() {
     if (pictureView_ == nullptr || data_ == nullptr || kind_ == PayloadKind::Other) return;
     picture_ = copyPicture(places_, data_->bytes(), kind_);
@@ -173,9 +207,13 @@ void DisplayHexaDialog::chooseView() {
     const auto* asPicture = pictureView_ == nullptr ? nullptr : control<QCheckBox>(kAsPicture);
     auto* asDump = control<QCheckBox>(kAsDump);
     const bool showsPicture = !picture_.empty() && asPicture != nullptr && asPicture->isChecked();
-    stack_->setCurrentIndex(showsPicture ? 1 : 0);
+    const bool showsText = textView_ != nullptr && asDump != nullptr && !asDump->isChecked();
+    stack_->setCurrentWidget(showsPicture ? static_cast<QWidget*>(pictureView_)
+                             : showsText  ? static_cast<QWidget*>(textView_)
+                                          : static_cast<QWidget*>(hexView_));
     if (asDump == nullptr) return;
     asDump->setEnabled(!showsPicture);
+    if (showsText) return;
     // The text's line ends are looked for once, which takes a moment in a large value.
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     hexView_->setMode(asDump->isChecked() ? controls::HexView::Mode::Dump : controls::HexView::Mode::Text);
@@ -235,7 +273,8 @@ void DisplayHexaDialog::deleteThumbnail() {
         parts_.language.formatted(text::kDeleteThumbnail, {platform::display(edit_.filePath.filename())});
     const auto answer = dialogs::showMessage(this, {.text = question,
                                                     .icon = dialogs::MessageIcon::Question,
-                                                    .buttons = QMessageBox::Yes | QMessageBox::No});
+                                                    .buttons = QMessageBox::Yes | QMessageBox::No,
+                                                    .defaultButton = QMessageBox::No});
     if (answer != QMessageBox::Yes) return;
     setJob(deleteThumbnailJob(parts_.language.text(text::kDeletingThumbnail), edit_.filePath));
     accept();

@@ -12,6 +12,7 @@
 #include <memory>
 
 class QLabel;
+class QPlainTextEdit;
 class QStackedWidget;
 class QThread;
 
@@ -22,7 +23,8 @@ class PictureView;
 
 namespace payload {
 
-/// Shows the bytes of a tag's value as a dump or as text, in the image view as a picture when they are one,
+/// Shows a tag's value: its bytes as a dump or as text; in the corrected form a value that is a text as such,
+/// with the bytes a step further; in the image view as a picture when they are one,
 /// and saves them. In the image view the thumbnail of a JPEG can be replaced or deleted; run() answers 1 only
 /// then, with that as its job. The value is fetched when the dialog is made; one that could not be read, or
 /// not wholly, is told as such and neither shown as a picture nor saved. GUI thread; a picture is decoded on
@@ -51,7 +53,10 @@ class DisplayHexaDialog : public dialogs::DarkModeDialogBase, public jobs::JobSo
  private:
     void makeViews();
     void fetch();
+    /// For a value without bytes.
+    void offerNothing();
     void connectControls();
+    void showText();
     void readPicture();
     void showPicture(const PictureRead& picture);
     void chooseView();
@@ -73,6 +78,7 @@ class DisplayHexaDialog : public dialogs::DarkModeDialogBase, public jobs::JobSo
     std::unique_ptr<QThread> pictureThread_;
     QStackedWidget* stack_ = nullptr;
     controls::HexView* hexView_ = nullptr;
+    QPlainTextEdit* textView_ = nullptr;            ///< for a value that is read as a text
     controls::PictureView* pictureView_ = nullptr;  ///< in the image view only
 };
 

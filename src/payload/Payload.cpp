@@ -3,6 +3,8 @@
 #include "platform/FileAccess.h"
 #include "platform/FileCopy.h"
 
+#include <QStringDecoder>
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -14,6 +16,7 @@ namespace {
 
 constexpr std::size_t kHeaderBytes = 140;
 constexpr qsizetype kLongestName = 100;
+constexpr std::size_t kLongestReadText = 1 << 20;
 
 const char* extensionOf(PayloadKind kind) {
     switch (kind) {
@@ -46,6 +49,17 @@ PayloadKind kindOfPayload(std::span<const unsigned char> bytes) {
     if (first == 0x89) return PayloadKind::Png;
     if (first == 0x31 && second == 0x02) return PayloadKind::JpegBehindHeader;
     return PayloadKind::Other;
+}
+
+bool isReadableText(std::span<const unsigned char> bytes) {
+    if (bytes.empty() || bytes.size() > kLongestReadText) return false;
+    const auto isControl = [](unsigned char byte) {
+        return byte == 0x7F || (byte < 0x20 && byte != '\t' && byte != '\n' && byte != '\r');
+    };
+    if (std::ranges::any_of(bytes, isControl)) return false;
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    const QString text = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+    return !text.isNull() && !decoder.hasError();
 }
 
 bool standsForBinaryData(QStringView value) {

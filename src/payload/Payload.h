@@ -21,6 +21,10 @@ enum class PayloadKind {
 
 PayloadKind kindOfPayload(std::span<const unsigned char> bytes);
 
+/// Whether the bytes are a text for people: UTF-8 without controls but tabs and ends of lines, and no longer
+/// than somebody would read.
+bool isReadableText(std::span<const unsigned char> bytes);
+
 /// Whether the panel holds ExifTool's "(Binary data ..." in the place of the value.
 bool standsForBinaryData(QStringView value);
 /// Whether that says itself that there are 0 bytes.

@@ -167,6 +167,7 @@ bool PayloadExporter::isOfSelection(const fs::path& target) const {
 jobs::Job exportPayloadsJob(const QString& title, PayloadExporter exporter,
                             const std::vector<PayloadExport>& payloads) {
     jobs::Job job{.title = title};
+    job.changes = jobs::Changes::Nothing;
     if (payloads.empty()) return job;
     job.files = exporter.selection();
     // From one file to the next it remembers what it has written; nobody else has it.

@@ -34,7 +34,7 @@ bool isCopyOf(const fs::path& copy, const fs::path& picture) {
 }
 
 Outcome writeThumbnail(jobs::JobWork& work, const fs::path& file, const platform::CommandText& command) {
-    work.runner.copyForSafety(file);
+    if (std::optional<Outcome> refused = work.runner.copyForSafety(file)) return *refused;
     return work.runner.runWriteLine(file, command);
 }
 

@@ -20,6 +20,10 @@ enum class AccessRight {
 /// nothing of that name. An answer of the moment: what is done on it can still fail.
 [[nodiscard]] std::error_code checkAccess(const std::filesystem::path& path, AccessRight right);
 
+/// True where nobody at all, on this machine, has the file open. False also where the system cannot tell: on
+/// many network file systems, and of a file of another user.
+bool isOpenNowhere(const std::filesystem::path& file);
+
 /// Whether a file is opened through a symbolic link. Files of the program's own never are: a link there was
 /// laid by somebody else.
 enum class Links { Followed, Refused };

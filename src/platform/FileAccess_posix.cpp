@@ -4,6 +4,7 @@
 #include "platform/FileDescriptor.h"
 
 #include <fcntl.h>
+#include <signal.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -30,8 +31,20 @@ int bitsOf(AccessRight right) {
 }  // namespace
 
 std::error_code checkAccess(const std::filesystem::path& path, AccessRight right) {
-    if (::access(path.c_str(), bitsOf(right)) == 0) return {};
+    // By the rights with which it would be opened.
+    if (::faccessat(AT_FDCWD, path.c_str(), bitsOf(right), AT_EACCESS) == 0) return {};
     return {errno, std::generic_category()};
+}
+
+// The system grants a lease for writing only on a file that nobody else has open. Who opens it meanwhile
+// waits, and this program is told by a signal, one that does nothing.
+bool isOpenNowhere(const std::filesystem::path& file) {
+    const FileDescriptor descriptor(
+        ::open(file.c_str(), O_RDWR | O_NONBLOCK | O_NOFOLLOW | O_NOCTTY | O_CLOEXEC));
+    if (!descriptor.isOpen() || ::fcntl(descriptor.get(), F_SETSIG, SIGURG) != 0) return false;
+    if (::fcntl(descriptor.get(), F_SETLEASE, F_WRLCK) != 0) return false;
+    static_cast<void>(::fcntl(descriptor.get(), F_SETLEASE, F_UNLCK) == 0);
+    return true;
 }
 
 int writeFile(const std::filesystem::path& file, WriteMode mode, std::string_view bytes) {

@@ -32,6 +32,7 @@ class FileRewrite {
     /// brings it to the disk.
     [[nodiscard]] int finishCopy(bool keepTimes);
 
+    /// Other names of the file (hard links) lead to the new contents too, and it keeps its owner.
     [[nodiscard]] int takePlace();
 
  private:

@@ -1,6 +1,7 @@
 #include "platform/FileRewrite.h"
 
 #include "platform/FileAccess.h"
+#include "platform/FileBelongings.h"
 #include "platform/FileCopy.h"
 #include "platform/FileDescriptor.h"
 #include "platform/UniqueFile.h"
@@ -99,8 +100,11 @@ int FileRewrite::finishCopy(bool keepTimes) {
 }
 
 int FileRewrite::takePlace() {
+    FileBelongings belongings(original_);
     if (::rename(copy_.c_str(), original_.c_str()) != 0) return noSpaceForNoQuota(errno);
     copy_.clear();
+    // The new contents are there whatever else is lost, of which was told before.
+    static_cast<void>(belongings.giveBack());
     syncFolder(original_.parent_path());
     return 0;
 }

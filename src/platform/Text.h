@@ -27,6 +27,12 @@ std::string narrow(std::u16string_view text);
 QString wide(std::string_view utf8);
 QString wide(std::u16string_view text);
 
+/// Both ways without loss, for texts that are edited: a byte that is no UTF-8 becomes the lone surrogate
+/// U+DC00 plus the byte, and a byte again. Any other lone surrogate, which no file can hold, is written as
+/// "?".
+QString exactText(std::string_view bytes);
+std::string exactBytes(QStringView text);
+
 /// Without a copy: good as long as the bytes are, and unchanged.
 std::string_view bytesOf(const QByteArray& bytes);
 

@@ -4,6 +4,7 @@
 #include "platform/ProcessId.h"
 
 #include <chrono>
+#include <vector>
 
 namespace platform {
 
@@ -20,10 +21,14 @@ class WatchedProcess {
     bool hasEndedWithin(std::chrono::milliseconds limit) const;
 
     /// Asks the process and all of its group to end, after grace kills them, then waits at most deathLimit
-    /// for the end of the process.
+    /// for the end of the process. Nothing where the process has ended: its number, which also is that of its
+    /// group, may be another's by now.
     void stopGroup(std::chrono::milliseconds grace, std::chrono::milliseconds deathLimit) const;
 
  private:
+    /// All of its group, itself among them; none once it has ended.
+    std::vector<FileDescriptor> members() const;
+
     ProcessId process_ = 0;
     FileDescriptor watch_;
 };

@@ -8,7 +8,9 @@
 #include <taglib/fileref.h>
 #include <taglib/flacproperties.h>
 #include <taglib/id3v2tag.h>
+#include <taglib/mp4file.h>
 #include <taglib/mp4properties.h>
+#include <taglib/mp4tag.h>
 #include <taglib/mpegfile.h>
 #include <taglib/popularimeterframe.h>
 #include <taglib/synchronizedlyricsframe.h>
@@ -21,13 +23,21 @@
 
 #include <algorithm>
 #include <mutex>
+#include <string_view>
 
 namespace properties {
 namespace {
 
 using Id = PropertyId;
 
-enum class AudioForm { Text, List, Integer, Yes, Date };
+enum class AudioForm {
+    Text,
+    List,
+    Integer,
+    Counted,  ///< an integer from one on: what no file counts is written as zero
+    Yes,
+    Date
+};
 
 struct AudioSource {
     Id property;
@@ -38,10 +48,13 @@ struct AudioSource {
 constexpr auto kSources = std::to_array<AudioSource>({
     {Id::SummaryAuthor, AudioForm::List, "ARTIST"},
     {Id::SummaryComment, AudioForm::Text, "COMMENT"},
+    {Id::SummaryComment, AudioForm::Text, "DESCRIPTION"},
     {Id::SummaryCopyright, AudioForm::Text, "COPYRIGHT"},
     {Id::SummaryItemAuthors, AudioForm::List, "ARTIST"},
+    {Id::SummaryKeywords, AudioForm::List, "KEYWORDS"},
     {Id::SummarySubject, AudioForm::Text, "CONTENTGROUP"},
     {Id::SummarySubject, AudioForm::Text, "WORK"},
+    {Id::SummarySubject, AudioForm::Text, "GROUPING"},
     {Id::SummaryTitle, AudioForm::Text, "TITLE"},
     {Id::MusicAlbumArtist, AudioForm::Text, "ALBUMARTIST"},
     {Id::MusicAlbumID, AudioForm::Text, "MUSICBRAINZ_ALBUMID"},
@@ -62,18 +75,44 @@ constexpr auto kSources = std::to_array<AudioSource>({
     {Id::MediaAuthorUrl, AudioForm::Text, "ARTISTWEBPAGE"},
     {Id::MediaCopyright, AudioForm::Text, "COPYRIGHT"},
     {Id::MediaDateEncoded, AudioForm::Date, "ENCODINGTIME"},
+    {Id::MediaDateEncoded, AudioForm::Date, "CREATION_TIME"},
     {Id::MediaDateReleased, AudioForm::Text, "RELEASEDATE"},
     {Id::MediaEncodedBy, AudioForm::Text, "ENCODEDBY"},
+    {Id::MediaEncodedBy, AudioForm::Text, "ENCODED_BY"},
     {Id::MediaEncodingSettings, AudioForm::Text, "ENCODING"},
+    {Id::MediaEpisodeNumber, AudioForm::Counted, "TVEPISODE"},
+    {Id::MediaEpisodeNumber, AudioForm::Counted, "EPISODE_SORT"},
     {Id::MediaProducer, AudioForm::List, "PRODUCER"},
     {Id::MediaPromotionUrl, AudioForm::Text, "PUBLISHERWEBPAGE"},
     {Id::MediaPublisher, AudioForm::Text, "LABEL"},
     {Id::MediaPublisher, AudioForm::Text, "PUBLISHER"},
+    {Id::MediaSeasonNumber, AudioForm::Counted, "TVSEASON"},
+    {Id::MediaSeasonNumber, AudioForm::Counted, "SEASON_NUMBER"},
+    {Id::MediaSeriesName, AudioForm::Text, "TVSHOW"},
+    {Id::MediaSeriesName, AudioForm::Text, "SHOW"},
     {Id::MediaSubTitle, AudioForm::Text, "SUBTITLE"},
     {Id::MediaUserWebUrl, AudioForm::Text, "FILEWEBPAGE"},
     {Id::MediaWriter, AudioForm::List, "LYRICIST"},
     {Id::MediaWriter, AudioForm::List, "WRITER"},
-    {Id::MediaYear, AudioForm::Integer, "DATE"},
+    {Id::MediaYear, AudioForm::Counted, "DATE"},
+    {Id::TelevisionNetworkAffiliation, AudioForm::Text, "TVNETWORK"},
+    {Id::TelevisionNetworkAffiliation, AudioForm::Text, "NETWORK"},
+    {Id::TelevisionProgramDescription, AudioForm::Text, "SYNOPSIS"},
+    {Id::VersionDescription, AudioForm::Text, "DESCRIPTION"},
+    {Id::VersionDescription, AudioForm::Text, "PODCASTDESC"},
+    {Id::VideoDirector, AudioForm::List, "DIRECTOR"},
+});
+
+/// What MPEG-4 files hold beside the map.
+constexpr auto kItems = std::to_array<AudioSource>({
+    {Id::SummaryKeywords, AudioForm::List, "keyw"},
+    {Id::MusicConductor, AudioForm::List, "\251con"},
+    {Id::MediaEncodedBy, AudioForm::Text, "\251enc"},
+    {Id::MediaProducer, AudioForm::List, "\251prd"},
+    {Id::MediaPublisher, AudioForm::Text, "\251pub"},
+    {Id::MediaSubTitle, AudioForm::Text, "\251st3"},
+    {Id::TelevisionProgramDescription, AudioForm::Text, "ldes"},
+    {Id::VideoDirector, AudioForm::List, "\251dir"},
 });
 
 constexpr Id kComputed[] = {Id::DiskRating,
@@ -124,6 +163,9 @@ PropertyValue valueOf(AudioForm form, const QStringList& texts) {
             return texts;
         case AudioForm::Integer:
             if (const auto number = parseLeadingInteger(texts.front())) return *number;
+            break;
+        case AudioForm::Counted:
+            if (const auto number = parseLeadingInteger(texts.front()); number && *number > 0) return *number;
             break;
         case AudioForm::Yes:
             return parseLeadingInteger(texts.front()).value_or(0) != 0 ? std::int64_t{1} : std::int64_t{0};
@@ -198,8 +240,10 @@ void addFrames(const TagLib::ID3v2::Tag& tag, PropertyValues& values) {
     }
 }
 
-void addTags(const TagLib::PropertyMap& tags, PropertyValues& values) {
+void addTags(const TagLib::PropertyMap& tags, bool isMp4, PropertyValues& values) {
     for (const AudioSource& source : kSources) {
+        // The map calls the program that wrote an MPEG-4 file by that name, not the one who did it.
+        if (isMp4 && source.key == std::string_view("ENCODEDBY")) continue;
         const auto found = tags.find(source.key);
         if (found != tags.end()) values.add(source.property, valueOf(source.form, textsOf(found->second)));
     }
@@ -209,6 +253,12 @@ void addTags(const TagLib::PropertyMap& tags, PropertyValues& values) {
     if (const auto rating = tags.find("RATING"); rating != tags.end())
         if (const auto stars = parseLeadingInteger(textOf(rating->second.toString())))
             values.add(Id::DiskRating, *stars > 5 ? (std::min<std::int64_t>(*stars, 100) + 19) / 20 : *stars);
+}
+
+void addItems(const TagLib::MP4::Tag& tag, PropertyValues& values) {
+    for (const AudioSource& source : kItems)
+        if (tag.contains(source.key))
+            values.add(source.property, valueOf(source.form, textsOf(tag.item(source.key).toStringList())));
 }
 
 /// What the property map gets for a value; nothing when the value is of no fitting type.
@@ -231,7 +281,9 @@ void readTagged(const std::filesystem::path& file, bool withSound, PropertyValue
     try {
         const TagLib::FileRef opened(file.c_str(), withSound, TagLib::AudioProperties::Average);
         if (opened.isNull()) return;
-        addTags(opened.file()->properties(), values);
+        auto* mp4 = dynamic_cast<TagLib::MP4::File*>(opened.file());
+        addTags(opened.file()->properties(), mp4 != nullptr, values);
+        if (mp4 != nullptr && mp4->tag() != nullptr) addItems(*mp4->tag(), values);
         if (opened.audioProperties() != nullptr) addSound(*opened.audioProperties(), values);
         if (const TagLib::ID3v2::Tag* tag = id3Of(opened.file())) addFrames(*tag, values);
     } catch (...) {
@@ -254,7 +306,8 @@ PropertyResult prepareAudioChange(PropertyChange& change) {
     if (source == kSources.end() || source->form == AudioForm::Date) return PropertyResult::NotSupported;
     if (const auto* given = std::get_if<QString>(&change.value)) {
         const QString text = *given;
-        const bool isNumber = source->form == AudioForm::Integer || source->form == AudioForm::Yes;
+        const bool isNumber = source->form == AudioForm::Integer || source->form == AudioForm::Counted ||
+                              source->form == AudioForm::Yes;
         if (text.isEmpty()) {
             change.value = std::monostate();
         } else if (source->form == AudioForm::List) {
@@ -286,6 +339,8 @@ PropertyResult writeAudioProperties(const std::filesystem::path& copy,
         for (const PropertyChange& change : changes) {
             const auto source = std::ranges::find(kSources, change.property, &AudioSource::property);
             if (source == kSources.end()) return PropertyResult::NotSupported;
+            if (change.property == Id::MediaEncodedBy && dynamic_cast<TagLib::MP4::File*>(opened.file()))
+                return PropertyResult::NotSupported;
             const auto texts = tagsOf(change.value);
             if (!texts) return PropertyResult::TypeMismatch;
             if (texts->isEmpty())

@@ -20,6 +20,20 @@ constexpr Id kGiven[] = {Id::SystemName,       Id::DiskDateAccessed,       Id::D
 
 constexpr std::size_t kHeadBytes = 4096;
 
+// With all that is made on them: office documents are archives or compound files.
+constexpr const char* kDocumentTypes[] = {"application/pdf",
+                                          "application/postscript",
+                                          "application/rtf",
+                                          "application/vnd.adobe.indesign-idml-package",
+                                          "application/vnd.microsoft.portable-executable",
+                                          "application/x-dosexec",
+                                          "application/x-ms-dos-executable",
+                                          "application/x-msdownload",
+                                          "application/x-ole-storage",
+                                          "application/zip",
+                                          "text/html",
+                                          "text/rtf"};
+
 // The bits that the attribute column has always had.
 constexpr std::int64_t kReadOnlyBit = 1;
 constexpr std::int64_t kHiddenBit = 2;
@@ -97,13 +111,17 @@ void readFileProperties(const std::filesystem::path& file, PropertyValues& value
 MediaClass mediaClassOf(const std::filesystem::path& file) {
     // A note of metadata that lies beside a photo holds the photo's.
     if (platform::display(file.extension()).toLower() == u".xmp") return MediaClass::Photo;
-    const QString name = typeOf(file).name();
+    const QMimeType type = typeOf(file);
+    const QString name = type.name();
     if (name.startsWith(u"image/")) return MediaClass::Photo;
     if (name.startsWith(u"audio/")) return MediaClass::Audio;
     const bool container = name.startsWith(u"video/") || name == u"application/ogg" ||
                            name == u"application/mxf" || name == u"application/vnd.rn-realmedia" ||
                            name == u"application/x-matroska" || name == u"application/vnd.ms-asf";
-    return container ? MediaClass::Video : MediaClass::Other;
+    if (container) return MediaClass::Video;
+    const bool isDocument = std::ranges::any_of(
+        kDocumentTypes, [&](const char* known) { return type.inherits(QString::fromLatin1(known)); });
+    return isDocument ? MediaClass::Document : MediaClass::Other;
 }
 
 }  // namespace properties

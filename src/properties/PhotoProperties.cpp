@@ -2,6 +2,7 @@
 
 #include "properties/PhotoFile.h"
 #include "properties/PhotoPropertyTable.h"
+#include "properties/PictureDensity.h"
 #include "properties/PropertyTexts.h"
 
 #include <QRegularExpression>
@@ -15,13 +16,24 @@ namespace {
 using Id = PropertyId;
 using Entry = Exiv2::Metadatum;
 
+// The units of resolution.
+constexpr std::int64_t kInches = 2;
+constexpr std::int64_t kCentimetres = 3;
 // Beyond this many bytes a text is no text that anybody wrote.
 constexpr long kLongestText = 1L << 20;
+// Beyond it no camera can count.
+constexpr double kMostApex = 100;
+// The whole circle.
+constexpr double kMostSeconds = 360.0 * 3600;
 
-constexpr Id kComputed[] = {Id::DiskRating,          Id::GpsDateStamp,        Id::GpsLatitudeDecimal,
-                            Id::GpsLongitudeDecimal, Id::GpsVersionID,        Id::ImageBitDepth,
-                            Id::ImageDimensions,     Id::ImageHorizontalSize, Id::ImageVerticalSize,
-                            Id::PhotoDateTaken,      Id::PhotoMakerNote,      Id::PhotoPeopleNames};
+constexpr Id kComputed[] = {Id::DiskRating,          Id::GpsDateStamp,
+                            Id::GpsLatitudeDecimal,  Id::GpsLongitudeDecimal,
+                            Id::GpsVersionID,        Id::ImageBitDepth,
+                            Id::ImageDimensions,     Id::ImageHorizontalSize,
+                            Id::ImageVerticalSize,   Id::ImageHorizontalResolution,
+                            Id::ImageResolutionUnit, Id::ImageVerticalResolution,
+                            Id::PhotoDateTaken,      Id::PhotoMakerNote,
+                            Id::PhotoPeopleNames};
 
 /// Texts that XP tags hold: UTF-16, least byte first, in a row of bytes.
 QString wideBytesText(const Entry& entry) {
@@ -71,26 +83,26 @@ std::optional<Angle> angleOfText(const QString& text) {
         QStringLiteral(R"(^(\d{1,3}),(\d{1,2}(?:\.\d+)?)(?:,(\d{1,2}(?:\.\d+)?))?[NSEW]?$)"));
     const QRegularExpressionMatch match = form.match(text);
     if (!match.hasMatch()) return std::nullopt;
-    const double minutes = match.captured(2).toDouble();
-    if (match.hasCaptured(3))
-        return Angle{match.captured(1).toDouble(), minutes, match.captured(3).toDouble()};
-    return Angle{match.captured(1).toDouble(), std::floor(minutes), (minutes - std::floor(minutes)) * 60};
+    return angleOfSeconds(match.captured(1).toDouble() * 3600 + match.captured(2).toDouble() * 60 +
+                          match.captured(3).toDouble());
 }
 
 std::optional<Angle> angleOf(const Entry& entry) {
     if (entry.typeId() == Exiv2::xmpText) return angleOfText(textOf(entry));
-    Angle angle{};
-    for (long n = 0; n < 3; ++n) {
+    double seconds = 0;
+    double unit = 3600;
+    for (long n = 0; n < 3; ++n, unit /= 60) {
         const std::optional<Rational> part = fractionOf(entry, n);
-        if (!part) return n == 0 ? std::nullopt : std::optional(angle);
+        if (!part && n > 0) break;
+        if (!part) return std::nullopt;
         if (part->denominator == 0) {
             if (part->numerator != 0 || n == 0) return std::nullopt;
             continue;
         }
-        angle[static_cast<std::size_t>(n)] =
-            static_cast<double>(part->numerator) / static_cast<double>(part->denominator);
+        seconds += unit * static_cast<double>(part->numerator) / static_cast<double>(part->denominator);
     }
-    return angle;
+    if (seconds < 0 || seconds > kMostSeconds) return std::nullopt;
+    return angleOfSeconds(seconds);
 }
 
 QStringList partsOf(const Entry& entry, bool numerators) {
@@ -153,49 +165,69 @@ QStringList listOf(const std::vector<const Entry*>& entries) {
     return list;
 }
 
+std::optional<double> numberOf(const Entry& entry) {
+    const std::optional<Rational> value = fractionOf(entry, 0);
+    if (!value || value->denominator == 0) return std::nullopt;
+    return static_cast<double>(value->numerator) / static_cast<double>(value->denominator);
+}
+
+/// Of the forms that stand for fractions; those without a denominator have no value and no parts.
+PropertyValue valueOfFraction(PhotoForm form, const Entry& entry) {
+    const std::optional<Rational> value = fractionOf(entry, 0);
+    if (!value || value->denominator == 0) return {};
+    if (form == PhotoForm::Fraction) return *value;
+    if (form == PhotoForm::Numerator) return value->numerator;
+    if (form == PhotoForm::Denominator) return value->denominator;
+    const double logarithm = static_cast<double>(value->numerator) / static_cast<double>(value->denominator);
+    if (std::abs(logarithm) > kMostApex) return {};
+    return std::exp2(form == PhotoForm::ApexNumber ? logarithm / 2 : -logarithm);
+}
+
+PropertyValue textValue(const QString& text) {
+    return text.isEmpty() ? PropertyValue() : PropertyValue(text);
+}
+
+PropertyValue listValue(const QStringList& list) {
+    return list.isEmpty() ? PropertyValue() : PropertyValue(list);
+}
+
+template <typename Value>
+PropertyValue valueOrNone(const std::optional<Value>& value) {
+    return value ? PropertyValue(*value) : PropertyValue();
+}
+
 PropertyValue valueOf(const PhotoSource& source, const std::vector<const Entry*>& entries) {
     const Entry& entry = *entries.front();
-    const auto fraction = [&] { return fractionOf(entry, 0); };
     const auto integer = [&]() -> std::optional<std::int64_t> {
         const std::int64_t number = entry.toLong(0);
         return entry.value().ok() ? std::optional(number) : std::nullopt;
     };
     switch (source.form) {
         case PhotoForm::Text:
-            if (const QString text = textOf(entry); !text.isEmpty()) return text;
-            break;
+            return textValue(textOf(entry));
         case PhotoForm::List:
-            if (const QStringList list = listOf(entries); !list.isEmpty()) return list;
-            break;
+            return listValue(listOf(entries));
         case PhotoForm::Integer:
-            if (const auto number = integer()) return *number;
-            break;
+            return valueOrNone(integer());
         case PhotoForm::Fraction:
-            if (const auto value = fraction(); value && value->denominator != 0) return *value;
-            break;
         case PhotoForm::Numerator:
-            if (const auto value = fraction()) return value->numerator;
-            break;
         case PhotoForm::Denominator:
-            if (const auto value = fraction()) return value->denominator;
-            break;
+        case PhotoForm::ApexNumber:
+        case PhotoForm::ApexTime:
+            return valueOfFraction(source.form, entry);
         case PhotoForm::Angle:
-            if (const auto angle = angleOf(entry)) return *angle;
-            break;
+            return valueOrNone(angleOf(entry));
         case PhotoForm::AngleNumerators:
         case PhotoForm::AngleDenominators:
-            if (const QStringList parts = partsOf(entry, source.form == PhotoForm::AngleNumerators);
-                !parts.isEmpty())
-                return parts;
-            break;
+            return listValue(partsOf(entry, source.form == PhotoForm::AngleNumerators));
         case PhotoForm::Date:
-            if (const auto time = parsePointInTime(textOf(entry))) return *time;
-            break;
-        case PhotoForm::Words:
-            if (const auto number = integer())
-                if (const QString words = photoWords(source.property, *number); !words.isEmpty())
-                    return words;
-            break;
+            return valueOrNone(parsePointInTime(textOf(entry)));
+        case PhotoForm::LocalDate:
+            return valueOrNone(parseLocalTime(textOf(entry)));
+        case PhotoForm::Words: {
+            const auto number = integer();
+            return number ? textValue(photoWords(source.property, *number)) : PropertyValue();
+        }
     }
     return {};
 }
@@ -220,21 +252,20 @@ void addRating(const Entries& entries, PropertyValues& values) {
             values.add(Id::DiskRating, *percent == 0 ? std::int64_t{0} : (*percent + 12) / 25 + 1);
 }
 
-/// With the sub-seconds and the zone that stand in tags of their own.
+/// The clock of the place where the photo was taken, with the sub-seconds that stand in a tag of their own.
 void addDateTaken(const Entries& entries, PropertyValues& values) {
-    const auto add = [&](const char* key, const char* fraction, const char* zone) {
-        QString text = entries.text(key);
-        if (text.isEmpty()) return;
-        const QString digits = entries.text(fraction);
-        if (!digits.isEmpty() && text.count(u':') >= 4) text += u'.' + digits;
-        const auto zoned = parsePointInTime(text + entries.text(zone));
-        const auto time = zoned ? zoned : parsePointInTime(entries.text(key));
+    const auto add = [&](const char* key, const char* fraction) {
+        const QString text = entries.text(key);
+        const QString digits = fraction == nullptr ? QString() : entries.text(fraction);
+        auto time = digits.isEmpty() ? std::nullopt : parseLocalTime(text + u'.' + digits);
+        if (!time) time = parseLocalTime(text);
         if (time) values.add(Id::PhotoDateTaken, *time);
     };
-    add("Exif.Photo.DateTimeOriginal", "Exif.Photo.SubSecTimeOriginal", "Exif.Photo.OffsetTimeOriginal");
-    for (const char* key : {"Xmp.exif.DateTimeOriginal", "Xmp.photoshop.DateCreated"})
-        if (const auto time = parsePointInTime(entries.text(key))) values.add(Id::PhotoDateTaken, *time);
-    add("Exif.Photo.DateTimeDigitized", "Exif.Photo.SubSecTimeDigitized", "Exif.Photo.OffsetTimeDigitized");
+    add("Exif.Photo.DateTimeOriginal", "Exif.Photo.SubSecTimeOriginal");
+    add("Exif.Image.DateTimeOriginal", nullptr);
+    add("Xmp.exif.DateTimeOriginal", nullptr);
+    add("Xmp.photoshop.DateCreated", nullptr);
+    add("Exif.Photo.DateTimeDigitized", "Exif.Photo.SubSecTimeDigitized");
 }
 
 void addDecimals(const Entries& entries, PropertyValues& values) {
@@ -283,16 +314,52 @@ void addGpsVersion(const Entries& entries, PropertyValues& values) {
     values.addList(Id::GpsVersionID, bytes);
 }
 
+/// Regions may also frame pets, bar codes and what the focus was on; those of the other kind frame people
+/// only.
 void addPeople(const Entries& entries, PropertyValues& values) {
+    static constexpr std::string_view kName = "/mwg-rs:Name";
     QStringList names;
     for (const Exiv2::Xmpdatum& datum : entries.image().xmpData()) {
         const std::string key = datum.key();
-        const bool region = key.ends_with("/MPReg:PersonDisplayName") || key.ends_with("/mwg-rs:Name");
-        if (!region && key != "Xmp.iptcExt.PersonInImage") continue;
+        const bool isFace = key.ends_with(kName) && entries.text(key.substr(0, key.size() - kName.size()) +
+                                                                 "/mwg-rs:Type") == u"Face";
+        if (!isFace && !key.ends_with("/MPReg:PersonDisplayName") && key != "Xmp.iptcExt.PersonInImage")
+            continue;
         for (const QString& name : listOf({&datum}))
             if (!names.contains(name)) names.append(name);
     }
     values.addList(Id::PhotoPeopleNames, names);
+}
+
+/// Dots for each inch, from a density in the file's own unit: 1 for none, 2 for inches, 3 for centimetres.
+void addDensity(std::optional<double> horizontal, std::optional<double> vertical, std::int64_t unit,
+                PropertyValues& values) {
+    constexpr double kCentimetresInAnInch = 2.54;
+    if (unit != kInches && unit != kCentimetres) return;
+    const double factor = unit == kCentimetres ? kCentimetresInAnInch : 1;
+    if (horizontal && *horizontal > 0) values.add(Id::ImageHorizontalResolution, *horizontal * factor);
+    if (vertical && *vertical > 0) values.add(Id::ImageVerticalResolution, *vertical * factor);
+}
+
+/// From the tags, else from the head of the picture, which is where most programs look.
+void addResolution(const Entries& entries, const std::filesystem::path& file, PropertyValues& values) {
+    const auto addOf = [&](const std::string& family) {
+        const auto number = [&](const char* name) -> std::optional<double> {
+            const Entry* entry = entries.first(family + name);
+            return entry == nullptr ? std::nullopt : numberOf(*entry);
+        };
+        const auto unit = parseLeadingInteger(entries.text(family + "ResolutionUnit"));
+        const auto horizontal = number("XResolution");
+        if (unit) values.add(Id::ImageResolutionUnit, *unit);
+        addDensity(horizontal, number("YResolution"), unit.value_or(kInches), values);
+        return horizontal.has_value();
+    };
+    if (addOf("Exif.Image.")) return;
+    if (const auto density = readPictureDensity(file)) {
+        values.add(Id::ImageResolutionUnit, std::int64_t{density->unit});
+        addDensity(density->horizontal, density->vertical, density->unit, values);
+    }
+    addOf("Xmp.tiff.");
 }
 
 /// What a container is always pressed with.
@@ -335,9 +402,12 @@ bool photoCanGive(PropertyId property) {
            std::ranges::find(kComputed, property) != std::end(kComputed);
 }
 
-void readPhotoProperties(const std::filesystem::path& file, PropertyValues& values) {
+bool readPhotoProperties(const std::filesystem::path& file, PropertyValues& values) {
+    bool isKnown = false;
     try {
         const auto image = openPhoto(file);
+        isKnown = image->checkMode(Exiv2::mdExif) != Exiv2::amNone ||
+                  image->checkMode(Exiv2::mdXmp) != Exiv2::amNone;
         const Entries entries(*image);
         addFromTable(entries, values);
         addRating(entries, values);
@@ -347,10 +417,12 @@ void readPhotoProperties(const std::filesystem::path& file, PropertyValues& valu
         addGpsVersion(entries, values);
         addPeople(entries, values);
         addPicture(entries, values);
+        addResolution(entries, file, values);
         addCompression(entries, values);
     } catch (...) {
         // A damaged or unknown file: what was found before the damage stays.
     }
+    return isKnown;
 }
 
 }  // namespace properties

@@ -9,8 +9,9 @@ namespace properties {
 
 bool photoCanGive(PropertyId property);
 
-/// Adds what the file has. Damage of any kind gives fewer values.
-void readPhotoProperties(const std::filesystem::path& file, PropertyValues& values);
+/// Adds what the file has. Damage of any kind gives fewer values. False when Exiv2 reads no metadata of files
+/// of this kind, whatever else it may have found out.
+bool readPhotoProperties(const std::filesystem::path& file, PropertyValues& values);
 
 /// Turns the value of a change into the type that the property is written in; a text is read, an empty one
 /// takes the property away.

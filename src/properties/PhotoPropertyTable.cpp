@@ -95,12 +95,9 @@ constexpr auto kSources = std::to_array<PhotoSource>({
      {"Exif.Photo.CompressedBitsPerPixel", "Xmp.exif.CompressedBitsPerPixel"}},
     {Id::ImageCompression, Integer, {"Exif.Image.Compression", "Xmp.tiff.Compression"}},
     {Id::ImageCompressionText, Words, {"Exif.Image.Compression", "Xmp.tiff.Compression"}},
-    {Id::ImageHorizontalResolution, Fraction, {"Exif.Image.XResolution", "Xmp.tiff.XResolution"}},
     {Id::ImageImageID, Text, {"Exif.Photo.ImageUniqueID", "Xmp.exif.ImageUniqueID"}},
-    {Id::ImageResolutionUnit, Integer, {"Exif.Image.ResolutionUnit", "Xmp.tiff.ResolutionUnit"}},
-    {Id::ImageVerticalResolution, Fraction, {"Exif.Image.YResolution", "Xmp.tiff.YResolution"}},
 
-    {Id::PhotoAperture, Fraction, {"Exif.Photo.ApertureValue", "Xmp.exif.ApertureValue"}},
+    {Id::PhotoAperture, ApexNumber, {"Exif.Photo.ApertureValue", "Xmp.exif.ApertureValue"}},
     {Id::PhotoApertureDenominator, Denominator, {"Exif.Photo.ApertureValue", "Xmp.exif.ApertureValue"}},
     {Id::PhotoApertureNumerator, Numerator, {"Exif.Photo.ApertureValue", "Xmp.exif.ApertureValue"}},
     {Id::PhotoBrightness, Fraction, {"Exif.Photo.BrightnessValue", "Xmp.exif.BrightnessValue"}},
@@ -179,7 +176,7 @@ constexpr auto kSources = std::to_array<PhotoSource>({
     {Id::PhotoLensModel, Text, {"Exif.Photo.LensModel", "Xmp.aux.Lens", "Xmp.MicrosoftPhoto.LensModel"}},
     {Id::PhotoLightSource, Integer, {"Exif.Photo.LightSource", "Xmp.exif.LightSource"}},
     {Id::PhotoMakerNoteOffset, Integer, {"Exif.MakerNote.Offset"}},
-    {Id::PhotoMaxAperture, Fraction, {"Exif.Photo.MaxApertureValue", "Xmp.exif.MaxApertureValue"}},
+    {Id::PhotoMaxAperture, ApexNumber, {"Exif.Photo.MaxApertureValue", "Xmp.exif.MaxApertureValue"}},
     {Id::PhotoMaxApertureDenominator,
      Denominator,
      {"Exif.Photo.MaxApertureValue", "Xmp.exif.MaxApertureValue"}},
@@ -201,7 +198,7 @@ constexpr auto kSources = std::to_array<PhotoSource>({
     {Id::PhotoSaturationText, Words, {"Exif.Photo.Saturation", "Xmp.exif.Saturation"}},
     {Id::PhotoSharpness, Integer, {"Exif.Photo.Sharpness", "Xmp.exif.Sharpness"}},
     {Id::PhotoSharpnessText, Words, {"Exif.Photo.Sharpness", "Xmp.exif.Sharpness"}},
-    {Id::PhotoShutterSpeed, Fraction, {"Exif.Photo.ShutterSpeedValue", "Xmp.exif.ShutterSpeedValue"}},
+    {Id::PhotoShutterSpeed, ApexTime, {"Exif.Photo.ShutterSpeedValue", "Xmp.exif.ShutterSpeedValue"}},
     {Id::PhotoShutterSpeedDenominator,
      Denominator,
      {"Exif.Photo.ShutterSpeedValue", "Xmp.exif.ShutterSpeedValue"}},
@@ -220,6 +217,11 @@ constexpr auto kSources = std::to_array<PhotoSource>({
      {"Xmp.dc.subject", "Exif.Image.XPKeywords", "Iptc.Application2.Keywords"}},
     {Id::PhotoWhiteBalance, Integer, {"Exif.Photo.WhiteBalance", "Xmp.exif.WhiteBalance"}},
     {Id::PhotoWhiteBalanceText, Words, {"Exif.Photo.WhiteBalance", "Xmp.exif.WhiteBalance"}},
+
+    {Id::TextContributor, List, {"Xmp.dc.contributor"}},
+    {Id::TextDateCreated, LocalDate, {"Xmp.xmp.CreateDate", "Exif.Photo.DateTimeDigitized"}},
+    {Id::TextDateSaved, LocalDate, {"Exif.Image.DateTime", "Xmp.xmp.ModifyDate"}},
+    {Id::TextDocumentID, Text, {"Xmp.xmpMM.DocumentID"}},
 });
 
 struct Word {

@@ -19,8 +19,11 @@ enum class PhotoForm : std::uint8_t {
     Angle,  ///< degrees, minutes, seconds
     AngleNumerators,
     AngleDenominators,
-    Date,  ///< a local date and time, or one with its zone
-    Words  ///< the text of a number, from the table of words
+    Date,        ///< a local date and time, or one with its zone
+    LocalDate,   ///< what the clock of the place showed, whatever its zone
+    ApexNumber,  ///< an f-number, kept as twice its binary logarithm
+    ApexTime,    ///< seconds, kept as their negative binary logarithm
+    Words        ///< the text of a number, from the table of words
 };
 
 /// Where a property comes from: the first of the keys that the photo has. A write goes to the first key and

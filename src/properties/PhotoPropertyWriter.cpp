@@ -5,7 +5,9 @@
 #include "properties/PropertyTexts.h"
 
 #include <QDateTime>
+#include <QRegularExpression>
 #include <algorithm>
+#include <cmath>
 #include <limits>
 #include <numeric>
 
@@ -20,7 +22,7 @@ constexpr std::int64_t kNanosecondsInAMillisecond = 1'000'000;
 constexpr PhotoSource kOwnWays[] = {
     {Id::DiskRating, PhotoForm::Integer, {"Xmp.xmp.Rating", "Exif.Image.Rating"}},
     {Id::PhotoDateTaken,
-     PhotoForm::Date,
+     PhotoForm::LocalDate,
      {"Exif.Photo.DateTimeOriginal", "Xmp.exif.DateTimeOriginal", "Xmp.photoshop.DateCreated"}},
     {Id::PhotoPeopleNames, PhotoForm::List, {"Xmp.iptcExt.PersonInImage"}},
 };
@@ -65,8 +67,7 @@ Exiv2::Value::AutoPtr wideBytes(const QString& text) {
     return value;
 }
 
-PropertyResult setExif(Exiv2::ExifData& data, const std::string& name, const PropertyValue& value,
-                       std::optional<int> offsetSeconds) {
+PropertyResult setExif(Exiv2::ExifData& data, const std::string& name, const PropertyValue& value) {
     const Exiv2::ExifKey key(name);
     if (const auto old = data.findKey(key); old != data.end()) data.erase(old);
     if (name.starts_with("Exif.Image.XP")) {
@@ -74,8 +75,7 @@ PropertyResult setExif(Exiv2::ExifData& data, const std::string& name, const Pro
         return PropertyResult::Ok;
     }
     std::string text = platform::narrow(joined(value));
-    if (const auto* time = std::get_if<PointInTime>(&value))
-        text = platform::narrow(exifDateText(*time, offsetSeconds));
+    if (const auto* time = std::get_if<LocalTime>(&value)) text = platform::narrow(exifDateText(*time));
     if (name == "Exif.Photo.UserComment") {
         const bool plain =
             std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
@@ -102,12 +102,26 @@ QString isoDate(PointInTime time) {
     return moment.toOffsetFromUtc(moment.offsetFromUtc()).toString(Qt::ISODate);
 }
 
+/// With the zone that the old text had: the clock of the place is set, not another place.
+QString isoDate(LocalTime time, const QString& old) {
+    static const QRegularExpression zone(QStringLiteral(R"((Z|[+\-]\d\d:\d\d)$)"));
+    QString text = exifDateText(time).replace(u' ', u'T');
+    text[4] = text[7] = u'-';
+    return text + zone.match(old).captured(1);
+}
+
+QString xmpText(const PropertyValue& value, const QString& old) {
+    if (const auto* time = std::get_if<PointInTime>(&value)) return isoDate(*time);
+    if (const auto* time = std::get_if<LocalTime>(&value)) return isoDate(*time, old);
+    return joined(value);
+}
+
 /// Values are put in as they are: the library's own reader takes a leading "type=" or "lang=" for an order.
 void setXmp(Exiv2::XmpData& data, const std::string& name, const PropertyValue& value) {
     const Exiv2::XmpKey key(name);
     const auto old = data.findKey(key);
-    const auto* time = std::get_if<PointInTime>(&value);
-    const std::string text = platform::narrow(time != nullptr ? isoDate(*time) : joined(value));
+    const QString before = old == data.end() ? QString() : textFromBytes(old->toString());
+    const std::string text = platform::narrow(xmpText(value, before));
     const Exiv2::TypeId type = Exiv2::XmpProperties::propertyType(key);
     Exiv2::LangAltValue languages;
     if (type == Exiv2::langAlt && old != data.end())
@@ -211,26 +225,12 @@ class PhotoWrite {
     }
 
     PropertyResult place(const std::string& key, const PropertyChange& change) {
-        if (key.starts_with("Exif."))
-            return setExif(image_.exifData(), key, change.value,
-                           change.property == Id::PhotoDateTaken ? zone() : std::nullopt);
+        if (key.starts_with("Exif.")) return setExif(image_.exifData(), key, change.value);
         if (key.starts_with("Xmp."))
             setXmp(image_.xmpData(), key, change.value);
         else
             setIptc(image_.iptcData(), key, change.value);
         return PropertyResult::Ok;
-    }
-
-    /// The zone that the photo's time stands in, which it keeps.
-    std::optional<int> zone() {
-        const Exiv2::ExifData& data = image_.exifData();
-        const auto entry = data.findKey(Exiv2::ExifKey("Exif.Photo.OffsetTimeOriginal"));
-        if (entry == data.end()) return std::nullopt;
-        const QString text = textFromBytes(entry->toString());
-        if (text == u"Z") return 0;
-        if (text.size() != 6) return std::nullopt;
-        const int seconds = (text.mid(1, 2).toInt() * 60 + text.mid(4, 2).toInt()) * 60;
-        return text.startsWith(u'-') ? -seconds : seconds;
     }
 
     /// Takes away what would contradict the new value.
@@ -264,10 +264,29 @@ std::optional<PropertyValue> readText(PhotoForm form, const QString& text) {
         case PhotoForm::Date:
             if (const auto time = parsePointInTime(text)) return *time;
             break;
+        case PhotoForm::LocalDate:
+            if (const auto time = parseLocalTime(text)) return *time;
+            break;
+        case PhotoForm::ApexNumber:
+        case PhotoForm::ApexTime:
+            if (const auto value = parseRational(text); value && value->numerator > 0)
+                return static_cast<double>(value->numerator) / static_cast<double>(value->denominator);
+            break;
         default:
             break;
     }
     return std::nullopt;
+}
+
+bool isApex(PhotoForm form) {
+    return form == PhotoForm::ApexNumber || form == PhotoForm::ApexTime;
+}
+
+/// The logarithm that stands in the file.
+Rational apexOf(PhotoForm form, double value) {
+    constexpr std::int64_t kParts = 10'000;
+    const double logarithm = form == PhotoForm::ApexNumber ? 2 * std::log2(value) : -std::log2(value);
+    return shortened({std::llround(logarithm * kParts), kParts});
 }
 
 bool fits(PhotoForm form, const PropertyValue& value) {
@@ -282,6 +301,11 @@ bool fits(PhotoForm form, const PropertyValue& value) {
             return std::holds_alternative<Rational>(value);
         case PhotoForm::Date:
             return std::holds_alternative<PointInTime>(value);
+        case PhotoForm::LocalDate:
+            return std::holds_alternative<LocalTime>(value);
+        case PhotoForm::ApexNumber:
+        case PhotoForm::ApexTime:
+            return std::holds_alternative<double>(value);
         default:
             return false;
     }
@@ -289,7 +313,8 @@ bool fits(PhotoForm form, const PropertyValue& value) {
 
 bool isWritable(PhotoForm form) {
     return form == PhotoForm::Text || form == PhotoForm::List || form == PhotoForm::Integer ||
-           form == PhotoForm::Fraction || form == PhotoForm::Date;
+           form == PhotoForm::Fraction || form == PhotoForm::Date || form == PhotoForm::LocalDate ||
+           isApex(form);
 }
 
 }  // namespace
@@ -307,8 +332,15 @@ PropertyResult preparePhotoChange(PropertyChange& change) {
         change.value = *value;
     }
     if (isAbsent(change.value)) return PropertyResult::Ok;
+    // A moment that was picked here stands for the digits that were picked.
+    if (const auto* moment = std::get_if<PointInTime>(&change.value);
+        moment != nullptr && source->form == PhotoForm::LocalDate)
+        change.value = localTimeOf(*moment);
     if (!fits(source->form, change.value)) return PropertyResult::TypeMismatch;
-    if (auto* fraction = std::get_if<Rational>(&change.value)) {
+    if (const auto* number = std::get_if<double>(&change.value)) {
+        if (!(*number > 0) || !std::isfinite(*number)) return PropertyResult::InvalidParameter;
+        change.value = apexOf(source->form, *number);
+    } else if (auto* fraction = std::get_if<Rational>(&change.value)) {
         if (fraction->denominator <= 0) return PropertyResult::InvalidParameter;
         *fraction = shortened(*fraction);
     }

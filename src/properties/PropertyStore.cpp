@@ -1,7 +1,9 @@
 #include "properties/PropertyStore.h"
 
 #include "properties/AudioProperties.h"
+#include "properties/DocumentProperties.h"
 #include "properties/FileProperties.h"
+#include "properties/MacintoshTexts.h"
 #include "properties/PhotoProperties.h"
 #include "properties/SafeRewrite.h"
 #include "properties/StreamProperties.h"
@@ -59,17 +61,26 @@ void PropertyStore::read(PropertyId property) {
         return;
     }
     look();
-    if (mediaClass_ == MediaClass::Photo && photoCanGive(property)) ask(photoRead_, readPhotoProperties);
+    const bool mayKnow = photoCanGive(property) || documentsCanGive(property);
+    if (mediaClass_ == MediaClass::Photo && mayKnow)
+        ask(photoRead_, [&](const std::filesystem::path& file, PropertyValues& values) {
+            isKnownPhoto_ = readPhotoProperties(file, values);
+        });
+    const bool isLeftToTool =
+        mediaClass_ == MediaClass::Document || (mediaClass_ == MediaClass::Photo && !isKnownPhoto_);
+    if (isLeftToTool && documentsCanGive(property)) ask(documentRead_, readDocumentProperties);
     if (mediaClass_ == MediaClass::Audio && audioCanGive(property)) ask(audioRead_, readAudioProperties);
+    if (mediaClass_ == MediaClass::Video && macintoshTextsCanGive(property))
+        ask(macintoshRead_, readMacintoshTexts);
+    // Of a film only the tags: TagLib takes the first stream for the sound, whatever it is. It is asked
+    // before MediaInfo, which mixes up who has done what.
+    if (mediaClass_ == MediaClass::Video && audioTagsCanGive(property)) ask(audioRead_, readAudioTags);
     const bool hasStreams = mediaClass_ == MediaClass::Audio || mediaClass_ == MediaClass::Video ||
                             (mediaClass_ == MediaClass::Photo && property == PropertyId::ImageBitDepth);
     if (hasStreams && !values_.has(property) && streamsCanGive(property))
         ask(streamsRead_, [&](const std::filesystem::path& file, PropertyValues& values) {
             readStreamProperties(file, mediaClass_ == MediaClass::Photo, values);
         });
-    // Of a film only the tags: TagLib takes the first stream for the sound, whatever it is.
-    if (mediaClass_ == MediaClass::Video && !values_.has(property) && audioTagsCanGive(property))
-        ask(audioRead_, readAudioTags);
 }
 
 PropertyResult PropertyStore::set(PropertyId property, const PropertyValue& value) {
@@ -98,6 +109,7 @@ PropertyResult PropertyStore::commit(CommitOptions options) {
     // What was read is that of the file as it was.
     identity_ = platform::identifyFile(file_);
     fileRead_ = photoRead_ = audioRead_ = streamsRead_ = false;
+    macintoshRead_ = documentRead_ = false;
     values_ = {};
     return result;
 }

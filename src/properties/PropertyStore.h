@@ -12,7 +12,7 @@
 namespace properties {
 
 /// What kinds of content a file may have, judged by its MIME type, and so who is asked about it.
-enum class MediaClass : std::uint8_t { Other, Photo, Audio, Video };
+enum class MediaClass : std::uint8_t { Other, Photo, Audio, Video, Document };
 
 /// A value to be written.
 struct PropertyChange {
@@ -20,8 +20,9 @@ struct PropertyChange {
     PropertyValue value;  ///< std::monostate takes the property away
 };
 
-/// The properties of one file, fed by the file system, the MIME database, Exiv2, TagLib and MediaInfo. Each
-/// library is asked at the first property of its area, and only for files of its kinds; its failures count as
+/// The properties of one file, fed by the file system, the MIME database, Exiv2, TagLib and MediaInfo, and
+/// for documents, programs and the pictures that Exiv2 does not know by the source of tags (TagSource.h).
+/// Each is asked at the first property of its area, and only for files of its kinds; its failures count as
 /// absent values. Only regular files are ever opened, so that a pipe or a device cannot hold anybody up.
 /// Blocks as the disk does. Any thread, one thread for an object.
 class PropertyStore {
@@ -62,6 +63,9 @@ class PropertyStore {
     bool photoRead_ = false;
     bool audioRead_ = false;
     bool streamsRead_ = false;
+    bool macintoshRead_ = false;
+    bool documentRead_ = false;
+    bool isKnownPhoto_ = false;  ///< Exiv2 reads the metadata of such files
     PropertyValues values_;
     std::vector<PropertyChange> changes_;
 };

@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QRegularExpression>
 #include <QTimeZone>
+#include <cmath>
 #include <limits>
 
 namespace properties {
@@ -25,26 +26,59 @@ std::optional<int> offsetOf(const QString& zone) {
     return zone[0] == u'-' ? -seconds : seconds;
 }
 
-}  // namespace
+struct Moment {
+    QDate date;
+    QTime time;
+    std::int64_t fraction = 0;  ///< nanoseconds
+    std::optional<int> offset;  ///< seconds east
+};
 
-std::optional<PointInTime> parsePointInTime(const QString& text) {
+std::optional<Moment> parseMoment(const QString& text) {
     static const QRegularExpression form(QStringLiteral(
         R"(^\s*(?:UTC )?(\d{4})[:\-/](\d\d?)[:\-/](\d\d?)(?:[T ]+(\d\d?):(\d\d?)(?::(\d\d?)(?:[.,](\d+))?)?)?\s*(Z|UTC|[+\-]\d\d:?\d\d)?\s*$)"));
     const QRegularExpressionMatch match = form.match(text);
     if (!match.hasMatch()) return std::nullopt;
-    const QDate date(match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt());
-    const QTime time(match.captured(4).toInt(), match.captured(5).toInt(), match.captured(6).toInt());
-    if (!date.isValid() || !time.isValid()) return std::nullopt;
-    std::optional<int> offset = offsetOf(match.captured(8));
-    if (text.trimmed().startsWith(u"UTC ")) offset = 0;
-    const QDateTime moment =
-        offset ? QDateTime(date, time, Qt::OffsetFromUTC, *offset) : QDateTime(date, time);
-    if (!moment.isValid()) return std::nullopt;
-    const std::int64_t seconds = moment.toSecsSinceEpoch();
-    // What nanoseconds of 64 bits can hold: the years 1678 to 2261.
+    Moment moment;
+    moment.date = QDate(match.captured(1).toInt(), match.captured(2).toInt(), match.captured(3).toInt());
+    moment.time = QTime(match.captured(4).toInt(), match.captured(5).toInt(), match.captured(6).toInt());
+    if (!moment.date.isValid() || !moment.time.isValid()) return std::nullopt;
+    moment.fraction = fraction(match.capturedView(7));
+    moment.offset = offsetOf(match.captured(8));
+    if (text.trimmed().startsWith(u"UTC ")) moment.offset = 0;
+    return moment;
+}
+
+/// Within what nanoseconds of 64 bits can hold: the years 1678 to 2261.
+std::optional<std::int64_t> nanosecondsOf(const QDateTime& time, std::int64_t fraction) {
+    if (!time.isValid()) return std::nullopt;
+    const std::int64_t seconds = time.toSecsSinceEpoch();
     if (std::abs(seconds) >= std::numeric_limits<std::int64_t>::max() / kNanosecondsInASecond)
         return std::nullopt;
-    return PointInTime{seconds * kNanosecondsInASecond + fraction(match.capturedView(7))};
+    return seconds * kNanosecondsInASecond + fraction;
+}
+
+}  // namespace
+
+std::optional<PointInTime> parsePointInTime(const QString& text) {
+    const std::optional<Moment> moment = parseMoment(text);
+    if (!moment) return std::nullopt;
+    const QDateTime time = moment->offset
+                               ? QDateTime(moment->date, moment->time, Qt::OffsetFromUTC, *moment->offset)
+                               : QDateTime(moment->date, moment->time);
+    const auto nanoseconds = nanosecondsOf(time, moment->fraction);
+    return nanoseconds ? std::optional(PointInTime{*nanoseconds}) : std::nullopt;
+}
+
+std::optional<LocalTime> parseLocalTime(const QString& text) {
+    const std::optional<Moment> moment = parseMoment(text);
+    if (!moment) return std::nullopt;
+    const auto nanoseconds = nanosecondsOf(QDateTime(moment->date, moment->time, Qt::UTC), moment->fraction);
+    return nanoseconds ? std::optional(LocalTime{*nanoseconds}) : std::nullopt;
+}
+
+LocalTime localTimeOf(PointInTime time) {
+    const QDateTime moment = QDateTime::fromMSecsSinceEpoch(time.nanoseconds / kNanosecondsInAMillisecond);
+    return {time.nanoseconds + moment.offsetFromUtc() * kNanosecondsInASecond};
 }
 
 std::optional<Rational> parseRational(const QString& text) {
@@ -87,10 +121,17 @@ QString textFromBytes(const std::string& bytes) {
     return text;
 }
 
-QString exifDateText(PointInTime time, std::optional<int> offsetSeconds) {
-    QDateTime moment = QDateTime::fromMSecsSinceEpoch(time.nanoseconds / kNanosecondsInAMillisecond);
-    if (offsetSeconds) moment = moment.toOffsetFromUtc(*offsetSeconds);
-    return moment.toString(QStringLiteral("yyyy:MM:dd HH:mm:ss"));
+Angle angleOfSeconds(double seconds) {
+    constexpr std::int64_t kMillion = 1'000'000;
+    const std::int64_t total = std::llround(seconds * kMillion);
+    const std::int64_t minutes = total / (60 * kMillion);
+    return {static_cast<double>(minutes / 60), static_cast<double>(minutes % 60),
+            static_cast<double>(total % (60 * kMillion)) / kMillion};
+}
+
+QString exifDateText(LocalTime time) {
+    return QDateTime::fromMSecsSinceEpoch(time.nanoseconds / kNanosecondsInAMillisecond, Qt::UTC)
+        .toString(QStringLiteral("yyyy:MM:dd HH:mm:ss"));
 }
 
 }  // namespace properties

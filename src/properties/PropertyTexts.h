@@ -12,6 +12,12 @@ namespace properties {
 /// date alone. Without a zone it is local time. Nothing for anything else, zero dates included.
 std::optional<PointInTime> parsePointInTime(const QString& text);
 
+/// The same texts; a zone is passed over, so that the digits stay as they stand there.
+std::optional<LocalTime> parseLocalTime(const QString& text);
+
+/// What clocks here show at that moment.
+LocalTime localTimeOf(PointInTime time);
+
 /// "1/250", "-2/3", "2.8", "3". Nothing for anything else and for a zero denominator.
 std::optional<Rational> parseRational(const QString& text);
 
@@ -25,7 +31,10 @@ QStringList splitList(const QString& text);
 /// go.
 QString textFromBytes(const std::string& bytes);
 
-/// "2021:03:04 05:06:07" in local time, or at the offset.
-QString exifDateText(PointInTime time, std::optional<int> offsetSeconds = std::nullopt);
+/// Seconds of the circle as degrees, minutes and seconds, to a millionth of a second.
+Angle angleOfSeconds(double seconds);
+
+/// "2021:03:04 05:06:07".
+QString exifDateText(LocalTime time);
 
 }  // namespace properties

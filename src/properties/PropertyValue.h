@@ -19,13 +19,21 @@ struct Rational {
 
 using platform::PointInTime;
 
-/// Degrees, minutes and seconds.
+/// What a clock on the wall showed, wherever that was: nanoseconds since 1970 by that clock. No zone shifts
+/// it, and no summer time has gaps for it.
+struct LocalTime {
+    std::int64_t nanoseconds = 0;
+
+    friend bool operator==(const LocalTime&, const LocalTime&) = default;
+};
+
+/// Degrees, minutes and seconds; degrees and minutes are whole.
 using Angle = std::array<double, 3>;
 
 /// What a file has for a property; the first alternative stands for nothing at all, which is not the same as
 /// an empty text or zero.
-using PropertyValue =
-    std::variant<std::monostate, QString, std::int64_t, double, Rational, PointInTime, QStringList, Angle>;
+using PropertyValue = std::variant<std::monostate, QString, std::int64_t, double, Rational, PointInTime,
+                                   LocalTime, QStringList, Angle>;
 
 inline bool isAbsent(const PropertyValue& value) {
     return std::holds_alternative<std::monostate>(value);

@@ -16,6 +16,10 @@ namespace taglists {
 std::vector<TagAddress> addressesOf(const jobs::OperationParts& parts, app::CommandForm form,
                                     const std::vector<tags::MetadataRow>& rows);
 
+/// The same for one row alone, whose text in other languages stays.
+std::vector<TagAddress> addressOfEntry(const jobs::OperationParts& parts, app::CommandForm form,
+                                       const tags::MetadataRow& row);
+
 /// One run after a safety copy. Without an address the corrected form has nothing to do: a job without files.
 jobs::Job deleteTagsJob(app::CommandForm form, const QString& title, const std::vector<TagAddress>& tags,
                         const std::filesystem::path& file);

@@ -27,6 +27,7 @@ DialogAddTagsMain::DialogAddTagsMain(const jobs::OperationParts& parts, int comm
     : TagValuesDialog(parts, taskOf(parts, commandId, std::move(files)), parent),
       group_(addTagsGroupOf(commandId)) {
     list().setColumnWidths({kNameWidth, kKindWidth});
+    list().setEmptyText(parts.language.formatted(text::kGroupOnlyRead, {platform::wide(group_.group)}));
     const std::filesystem::path& first = this->files().front();
     fill(rowsOfCategory(parts.dictionary, group_.categoryId), valuesOutput(parts.context, first),
          [&](const std::filesystem::path& output) {

@@ -1,6 +1,7 @@
 #include "taglists/DialogDeleteATag.h"
 
 #include "platform/Text.h"
+#include "taglists/DeletionQuestion.h"
 #include "taglists/TagListControls.h"
 #include "taglists/TagListTexts.h"
 
@@ -20,10 +21,11 @@ DialogDeleteATag::DialogDeleteATag(const jobs::OperationParts& parts, app::Comma
     if (auto* place = control<QLabel>(control::kPlace))
         place->setText(
             parts.language.formatted(text::kGroupAndFile, {row.group, platform::display(file_.filename())}));
+    if (form_ == app::CommandForm::Corrected) makeCancelDefault(*this);
 }
 
 void DialogDeleteATag::accept() {
-    setJob(deleteTagsJob(form_, row_.tag, addressesOf(parts_, form_, {row_}), file_));
+    setJob(deleteTagsJob(form_, row_.tag, addressOfEntry(parts_, form_, row_), file_));
     DarkModeDialogBase::accept();
 }
 

@@ -1,6 +1,7 @@
 #include "taglists/DialogDeleteGroup_FromOneFile.h"
 
 #include "platform/Text.h"
+#include "taglists/DeletionQuestion.h"
 #include "taglists/TagListControls.h"
 #include "taglists/TagListTexts.h"
 
@@ -26,7 +27,11 @@ DialogDeleteGroup_FromOneFile::DialogDeleteGroup_FromOneFile(const jobs::Operati
     QStringList names;
     for (const TagAddress& tag : tags_) names.append(QString::fromStdString(tag.name));
     if (auto* list = control<QPlainTextEdit>(control::kHelp)) list->setPlainText(names.join(u'\n'));
-    if (QWidget* confirm = findControl(*this, dialogs::kOkControl)) confirm->setFocus();
+    QWidget* confirm = findControl(*this, dialogs::kOkControl);
+    if (form_ == app::CommandForm::Corrected)
+        makeCancelDefault(*this);
+    else if (confirm != nullptr)
+        confirm->setFocus();
 }
 
 void DialogDeleteGroup_FromOneFile::accept() {

@@ -101,13 +101,42 @@ void DialogModifMain::loadValues(const std::filesystem::path& file) {
     }
     LoadedValues loaded;
     list().model().changeRows([&](TagRows& rows) {
-        loaded = applyValues(rows, values, form(),
-                             [&](int tagId) { return parts().labels.takesSeveralValues(tagId); });
+        loaded = applyValues(
+            rows, values, form(),
+            {.takesSeveral = [&](int tagId) { return parts().labels.takesSeveralValues(tagId); },
+             .describesStructure = [&](int tagId) { return parts().labels.describesStructure(tagId); }});
     });
     const QLocale locale;
     showStatus(parts().language.formatted(text::kValuesLoaded,
                                           {locale.toString(static_cast<qulonglong>(loaded.set)),
                                            locale.toString(static_cast<qulonglong>(loaded.unknown))}));
+    loaded.leftOut += leaveOutRefused();
+    if (!loaded.leftOut.isEmpty())
+        dialogs::showMessage(
+            this, {.text = parts().language.formatted(text::kValuesLeftOut, {loaded.leftOut.join(u'\n')}),
+                   .icon = dialogs::MessageIcon::Information});
+}
+
+QStringList DialogModifMain::leaveOutRefused() {
+    QStringList refused;
+    if (form() == app::CommandForm::Designed || parts().values == nullptr) return refused;
+    for (std::size_t at = 0; at < list().rows().size(); ++at) {
+        const TagRow& row = list().rows()[at];
+        if (!row.loaded || row.kind != tags::ValueKind::Text) continue;
+        tags::TagEditContext before;
+        before.filePath = files().front();
+        before.title = row.name;
+        before.group = row.group;
+        before.tagId = row.tagId;
+        before.value = row.fileValue;
+        before.severalEntries = row.severalEntries;
+        tags::TagEditContext after = before;
+        after.value = row.value;
+        if (parts().values->refusalOf(before, after).isEmpty()) continue;
+        refused.append(row.group + u':' + row.name);
+        list().model().undo(at);
+    }
+    return refused;
 }
 
 jobs::Job DialogModifMain::jobOf(const TagRows& rows) {

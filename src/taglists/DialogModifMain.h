@@ -27,6 +27,8 @@ class DialogModifMain : public TagValuesDialog {
  private:
     void showStrip(bool shown);
     void chooseValuesFile();
+    /// Takes back loaded values that the tags of the first file would not hold as they are.
+    QStringList leaveOutRefused();
 
     int mode_;
 };

@@ -3,6 +3,7 @@
 #include "exiftool/WriteCommands.h"
 #include "taglists/RemovalLines.h"
 #include "taglists/RemovalTexts.h"
+#include "taglists/WhatIsLeft.h"
 
 #include <array>
 #include <system_error>
@@ -108,11 +109,18 @@ bool copiesBeforeDeleting(CommandForm form, const FilledForm& filled) {
     return form == CommandForm::Designed || filled.isTicked(kSafetyCopy);
 }
 
+DeleteAllChoice choiceOf(const FilledForm& filled) {
+    return {filled.isTicked(kEverything), filled.isTicked(kExif), filled.isTicked(kIptc),
+            filled.isTicked(kXmp), filled.isTicked(kKeepDate)};
+}
+
 jobs::Composed deleteArguments(const jobs::Composing& composing) {
-    const FilledForm& filled = composing.filled;
-    return deleteAllArguments(composing.form,
-                              {filled.isTicked(kEverything), filled.isTicked(kExif), filled.isTicked(kIptc),
-                               filled.isTicked(kXmp), filled.isTicked(kKeepDate)});
+    return deleteAllArguments(composing.form, choiceOf(composing.filled));
+}
+
+void tellWhatIsLeftOfChoice(jobs::JobWork& work, const FilledForm& filled,
+                            std::span<exiftool::Outcome> outcomes) {
+    tellWhatIsLeft(work, askedByChoice(choiceOf(filled)), outcomes);
 }
 
 constexpr auto kDeleteFields = std::to_array<OperationField>({
@@ -135,6 +143,7 @@ constexpr auto kOperations = std::to_array<jobs::Operation>({
      .offer = offerDeleting,
      .keep = keepDeleting,
      .compose = deleteArguments,
+     .judgeAgain = tellWhatIsLeftOfChoice,
      .makesSafetyCopies = copiesBeforeDeleting},
     copying(app::command::kCopyTagsFromFile),
     copying(app::command::kCopyTags),

@@ -49,12 +49,21 @@ QString familyRemovalTitle(const app::LanguageFile& language, int commandId, std
     return title.trimmed();
 }
 
-QString typesRemovedText(const app::LanguageFile& language, std::span<const exiftool::Outcome> outcomes) {
-    const std::size_t done = exiftool::countOf(outcomes, exiftool::OutcomeKind::Done);
-    const std::size_t warned = exiftool::countOf(outcomes, exiftool::OutcomeKind::Warned);
-    if (done == outcomes.size() && done > 0)
-        return language.formatted(text::kGroupsRemoved, {filesText(language, done)});
-    return language.text(done + warned > 0 ? text::kEndedWithReport : text::kNotCarriedOut);
+QString typesRemovedText(const app::LanguageFile& language, std::span<const exiftool::Outcome> outcomes,
+                         std::span<const std::string> remarks) {
+    using enum exiftool::OutcomeKind;
+    const std::size_t done = exiftool::countOf(outcomes, Done);
+    const std::size_t warned = exiftool::countOf(outcomes, Warned);
+    const std::size_t unchanged = exiftool::countOf(outcomes, Unchanged);
+    QString said;
+    if (done + unchanged == outcomes.size() && done > 0)
+        said = language.formatted(text::kGroupsRemoved, {filesText(language, done)});
+    else if (unchanged == outcomes.size() && unchanged > 0)
+        said = language.text(text::kNoGroupHeld);
+    else
+        said = language.text(done + warned > 0 ? text::kEndedWithReport : text::kNotCarriedOut);
+    for (const std::string& remark : remarks) said += u'\n' + QString::fromStdString(remark);
+    return said;
 }
 
 }  // namespace taglists

@@ -8,6 +8,7 @@
 #include <cstddef>
 #include <optional>
 #include <span>
+#include <string>
 
 namespace taglists {
 
@@ -22,7 +23,8 @@ std::optional<QString> familyRemovalQuestion(const app::LanguageFile& language, 
 /// The title of a family removal while it runs; the same texts without the question mark.
 QString familyRemovalTitle(const app::LanguageFile& language, int commandId, std::size_t files);
 
-/// What RemoveDialogTypes says at its end.
-QString typesRemovedText(const app::LanguageFile& language, std::span<const exiftool::Outcome> outcomes);
+/// What RemoveDialogTypes says at its end. remarks: of the job.
+QString typesRemovedText(const app::LanguageFile& language, std::span<const exiftool::Outcome> outcomes,
+                         std::span<const std::string> remarks);
 
 }  // namespace taglists

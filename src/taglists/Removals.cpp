@@ -7,6 +7,7 @@
 #include "platform/Text.h"
 #include "taglists/RemovalTexts.h"
 #include "taglists/TagListTexts.h"
+#include "taglists/WhatIsLeft.h"
 #include "tags/ExtensionTable.h"
 #include "tags/GroupCatalogue.h"
 
@@ -39,6 +40,15 @@ class WithoutSafetyCopies {
     std::uint8_t before_;
 };
 
+/// A group that no file held has not been removed.
+void tellGroupsOfNone(jobs::JobWork& work, const std::vector<std::string>& groups,
+                      const std::vector<fs::path>& files) {
+    QStringList none;
+    for (const std::string& group : groupsOfNone(work, groups, files)) none << QString::fromStdString(group);
+    if (!none.isEmpty())
+        work.remarks.push_back(app::spokenText(text::kHeldByNone, {none.join(QStringLiteral(", "))}));
+}
+
 bool canStandInList(const fs::path& file) {
     return exiftool::canStandOnLine(platform::narrow(file));
 }
@@ -67,7 +77,7 @@ jobs::Job removeTagsJob(const QString& title, const std::vector<TagAddress>& tag
     job.files = files;
     leaveOutUnknownFiles(job);
     job.workOnFile = [tags](jobs::JobWork& work, const fs::path& file) {
-        work.runner.copyForSafety(file);
+        if (std::optional<exiftool::Outcome> refused = work.runner.copyForSafety(file)) return *refused;
         return work.runner.runWriteLine(file,
                                         removeTagsOfSelectionCommand(work.context, work.form, tags, file));
     };
@@ -81,7 +91,7 @@ jobs::Job removeTagsFromShownFileJob(const QString& title, const std::vector<Tag
                                      const fs::path& file) {
     jobs::Job job = removeTagsJob(title, tags, {file});
     job.workOnFile = [tags](jobs::JobWork& work, const fs::path& shown) {
-        work.runner.copyForSafety(shown);
+        if (std::optional<exiftool::Outcome> refused = work.runner.copyForSafety(shown)) return *refused;
         return work.runner.runWriteLine(shown, removeTagsOfFileCommand(work.context, work.form, tags, shown));
     };
     return job;
@@ -93,7 +103,11 @@ jobs::Job removeTypesJob(const QString& title, const std::vector<std::string>& g
     if (groups.empty()) return job;
     job.files = files;
     job.countsFiles = false;
+    job.judgeAgain = [groups](jobs::JobWork& work, std::span<exiftool::Outcome> outcomes) {
+        tellWhatIsLeft(work, {.groups = groups}, outcomes);
+    };
     job.workOnAll = [groups](jobs::JobWork& work, const std::vector<fs::path>& all) {
+        if (work.form == app::CommandForm::Corrected) tellGroupsOfNone(work, groups, all);
         const exiftool::FileList list = work.runner.WriteFileList(all);
         Outcomes outcomes;
         if (list.path.empty()) {
@@ -115,6 +129,9 @@ jobs::Job removeFamilyJob(const QString& title, int commandId, const std::vector
     job.workOnFile = [commandId](jobs::JobWork& work, const fs::path& file) {
         exiftool::WriteCommands writes(work.context, work.runner);
         return writes.RemoveFamilyFromSelection(commandId, {file}).front();
+    };
+    job.judgeAgain = [commandId](jobs::JobWork& work, std::span<exiftool::Outcome> outcomes) {
+        tellWhatIsLeft(work, askedByCommand(commandId), outcomes);
     };
     job.lineOf = [commandId](const app::AppContext& context, app::CommandForm form, const fs::path& file) {
         return exiftool::lineOnFile(context, form, exiftool::removeFamilyArguments(context, commandId), file);

@@ -4,11 +4,19 @@
 #include "taglists/RemovalTexts.h"
 #include "taglists/Removals.h"
 
+#include <algorithm>
+
 namespace taglists {
 
 namespace {
 
 constexpr QSize kSize(420, 520);
+
+/// In a JPEG the record of IPTC lies within Photoshop's.
+bool takesIptcAlong(const std::vector<std::string>& groups) {
+    return std::ranges::find(groups, "Photoshop") != groups.end() &&
+           std::ranges::find(groups, "IPTC") == groups.end();
+}
 
 }  // namespace
 
@@ -39,10 +47,13 @@ void RemoveDialogTypes::accept() {
             this, {QStringLiteral("Please select at least of tag type!"), dialogs::MessageIcon::Exclamation});
         return;
     }
-    if (dialogs::showMessage(this,
-                             {.text = QStringLiteral("Please confirm the deletion of the selected tags."),
-                              .icon = dialogs::MessageIcon::Exclamation,
-                              .buttons = QMessageBox::Yes | QMessageBox::No}) != QMessageBox::Yes) {
+    QString question = QStringLiteral("Please confirm the deletion of the selected tags.");
+    if (form() == app::CommandForm::Corrected && takesIptcAlong(groups))
+        question += QStringLiteral("\n\n") + parts().language.text(text::kTakesIptcAlong);
+    if (dialogs::showMessage(this, {.text = question,
+                                    .icon = dialogs::MessageIcon::Exclamation,
+                                    .buttons = QMessageBox::Yes | QMessageBox::No,
+                                    .defaultButton = QMessageBox::No}) != QMessageBox::Yes) {
         reject();
         return;
     }

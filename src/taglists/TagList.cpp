@@ -5,7 +5,9 @@
 #include "controls/ListColors.h"
 #include "controls/TickBox.h"
 #include "dialogs/FormLoader.h"
+#include "tags/Entries.h"
 
+#include <QCheckBox>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
@@ -16,6 +18,7 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QShortcut>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -145,6 +148,7 @@ TagList::TagList(const jobs::OperationParts& parts, Wishes wishes, QWidget* pare
       wishes_(std::move(wishes)),
       model_(new TagListModel({parts.language, parts.labels, parts.context.settings}, wishes_.look, this)),
       filter_(new QLineEdit(this)),
+      onlyFilled_(new QCheckBox(parts.language.text(text::kOnlyFilled), this)),
       view_(new TagListView(*model_, this)),
       count_(new QLabel(this)) {
     filter_->setProperty(dialogs::kControlIdProperty, kFilterControl);
@@ -158,10 +162,24 @@ TagList::TagList(const jobs::OperationParts& parts, Wishes wishes, QWidget* pare
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(kGrid);
-    layout->addWidget(filter_);
+    auto* above = new QHBoxLayout;
+    above->setSpacing(2 * kGrid);
+    above->addWidget(filter_, 1);
+    above->addWidget(onlyFilled_);
+    layout->addLayout(above);
     layout->addWidget(view_, 1);
     layout->addWidget(count_);
     setFocusProxy(filter_);
+    onlyFilled_->setProperty(dialogs::kControlIdProperty, kOnlyFilledControl);
+    onlyFilled_->setVisible(wishes_.tellsFilled);
+    connect(onlyFilled_, &QCheckBox::toggled, this,
+            [this](bool only) { keepingCurrent([&] { model_->setOnlyFilled(only); }); });
+    auto* find = new QShortcut(QKeySequence::Find, this);
+    find->setContext(Qt::WidgetWithChildrenShortcut);
+    connect(find, &QShortcut::activated, this, [this] {
+        filter_->setFocus(Qt::ShortcutFocusReason);
+        filter_->selectAll();
+    });
     connect(filter_, &QLineEdit::textChanged, this, &TagList::setFilter);
     connect(model_, &TagListModel::RowsChanged, this, [this] {
         updateCount();
@@ -241,23 +259,29 @@ TagRows TagList::tickedRows() const {
     return ticked;
 }
 
-void TagList::setFilter(const QString& filter) {
-    // What was looked at stays in sight where the filter lets it through.
+template <typename Change>
+void TagList::keepingCurrent(Change&& change) {
     const QModelIndex current = view_->currentIndex();
     const std::optional<std::size_t> row =
         current.isValid() ? std::optional(model_->rowAt(current.row())) : std::nullopt;
-    model_->setFilter(filter);
+    change();
     const int shown = row ? model_->shownRowOf(*row) : -1;
     if (shown < 0) return;
     view_->setCurrentIndex(model_->index(shown, 0));
     view_->scrollTo(view_->currentIndex());
 }
 
+void TagList::setFilter(const QString& filter) {
+    keepingCurrent([&] { model_->setFilter(filter); });
+}
+
 void TagList::clicked(const QModelIndex& index, Qt::MouseButton button) {
-    if (button == Qt::LeftButton && index.column() == model_->columnOf(TagColumn::Value)) requestEdit(index);
+    const bool onValue = hasValues() && index.column() == model_->columnOf(TagColumn::Value);
+    if (button == Qt::LeftButton && onValue) requestEdit(index);
 }
 
 void TagList::requestEdit(const QModelIndex& index) {
+    if (wishes_.look.ticks) Q_EMIT ConfirmRequested();
     if (hasValues() && index.isValid()) Q_EMIT EditRequested(model_->rowAt(index.row()));
 }
 
@@ -273,7 +297,9 @@ void TagList::copy(const QModelIndex& index) const {
     const TagRow& row = rows()[model_->rowAt(index.row())];
     QStringList cells{row.name};
     if (model_->columnOf(TagColumn::Group) >= 0) cells << row.group;
-    if (model_->columnOf(TagColumn::Value) >= 0) cells << shownValue(row);
+    // What the cell shows has dots where the value has line feeds.
+    if (model_->columnOf(TagColumn::Value) >= 0)
+        cells << (row.severalEntries ? tags::splitEntries(row.value).join(QStringLiteral(", ")) : row.value);
     QGuiApplication::clipboard()->setText(cells.join(u'\t'));
 }
 
@@ -331,6 +357,8 @@ void TagList::updateCount() {
     const auto number = [&](std::size_t count) { return locale.toString(static_cast<qulonglong>(count)); };
     QStringList parts{parts_.language.formatted(
         wishes_.countOfRows, {number(static_cast<std::size_t>(model_->rowCount())), number(rows().size())})};
+    if (wishes_.tellsFilled)
+        parts << parts_.language.formatted(text::kCountFilled, {number(filledCount(rows()))});
     if (hasValues()) parts << parts_.language.formatted(text::kCountChanged, {number(changedCount(rows()))});
     if (wishes_.look.ticks)
         parts << parts_.language.formatted(text::kCountTicked, {number(tickedCount(rows()))});

@@ -8,6 +8,7 @@
 #include <QWidget>
 #include <vector>
 
+class QCheckBox;
 class QLabel;
 class QLineEdit;
 
@@ -51,6 +52,7 @@ class TagList : public QWidget {
     /// The controls' numbers beside the list's own.
     static constexpr int kFilterControl = 80520;
     static constexpr int kCountControl = 80521;
+    static constexpr int kOnlyFilledControl = 80525;
 
     struct Wishes {
         int listControl = 0;  ///< the number by which scripts and dialogs find the list
@@ -58,6 +60,7 @@ class TagList : public QWidget {
         bool severalFiles = false;  ///< the rows' values are for several files, whose own are not known
         int filterHint = text::kFilterHint;  ///< numbers of the language file's strings
         int countOfRows = text::kCountOfRows;
+        bool tellsFilled = false;  ///< counts the rows with a value, and shows these alone on wish
     };
 
     /// parts outlive the list.
@@ -82,6 +85,8 @@ class TagList : public QWidget {
  Q_SIGNALS:
     /// The user wants to edit the value of this row, by its place among all rows.
     void EditRequested(std::size_t row);
+    /// Enter in a list that ticks.
+    void ConfirmRequested();
     void RowsChanged();
 
  protected:
@@ -91,6 +96,9 @@ class TagList : public QWidget {
     void createView();
     void goToList();
     void setFilter(const QString& filter);
+    /// Does what changes the rows that are shown; the current one stays in sight where it still is.
+    template <typename Change>
+    void keepingCurrent(Change&& change);
     void clicked(const QModelIndex& index, Qt::MouseButton button);
     void requestEdit(const QModelIndex& index);
     void empty(const QModelIndex& index);
@@ -107,6 +115,7 @@ class TagList : public QWidget {
     Wishes wishes_;
     TagListModel* model_;
     QLineEdit* filter_;
+    QCheckBox* onlyFilled_;
     TagListView* view_;
     QLabel* count_;
     QString emptyText_;

@@ -28,10 +28,20 @@ void TagListModel::setFilter(const QString& filter) {
     Q_EMIT RowsChanged();
 }
 
+void TagListModel::setOnlyFilled(bool onlyFilled) {
+    if (onlyFilled == onlyFilled_) return;
+    beginResetModel();
+    onlyFilled_ = onlyFilled;
+    filterRows();
+    endResetModel();
+    Q_EMIT RowsChanged();
+}
+
 void TagListModel::filterRows() {
     shown_.clear();
     const bool all = filter_.trimmed().isEmpty();
     for (std::size_t row = 0; row < rows_.size(); ++row) {
+        if (onlyFilled_ && !isFilled(rows_[row])) continue;
         // Labels are many texts to put together; without a filter nobody asks for them.
         if (all || matchesFilter(rows_[row], parts_.labels.label(rows_[row].tagId), filter_))
             shown_.push_back(row);

@@ -37,6 +37,8 @@ class TagListModel : public QAbstractTableModel {
 
     /// Shows the rows that match; all of them under an empty filter.
     void setFilter(const QString& filter);
+    /// Shows only rows with a value, or what the user has done something with.
+    void setOnlyFilled(bool onlyFilled);
     void sort(TagSort column, bool ascending);
 
     // --- one row, by its place among all rows
@@ -86,6 +88,7 @@ class TagListModel : public QAbstractTableModel {
     TagRows rows_;
     std::vector<std::size_t> shown_;
     QString filter_;
+    bool onlyFilled_ = false;
 };
 
 }  // namespace taglists

@@ -1,9 +1,12 @@
 #include "taglists/TagListRows.h"
 
 #include "tags/Entries.h"
+#include "tags/ExactOutput.h"
+#include "tags/FilterWords.h"
 #include "tags/OutputParser.h"
 
 #include <QHash>
+#include <QSet>
 #include <algorithm>
 
 namespace taglists {
@@ -20,9 +23,16 @@ bool isOffered(const tags::TagRecord& record) {
     return record.writable && record.valueKind != tags::ValueKind::Binary;
 }
 
-QString keyOf(const QString& group, const QString& name, GroupMatch match) {
-    return (match == GroupMatch::Exact ? group : group.toCaseFolded()) + u'\n' + name;
+QString keyOf(const QString& group, const QString& name) {
+    return group + u'\n' + name;
 }
+
+/// What the output tells of one tag.
+struct HeldTexts {
+    QStringList entries;
+    int times = 0;
+    std::vector<app::Translation> translations;
+};
 
 }  // namespace
 
@@ -49,16 +59,16 @@ TagRows rowsOfFamily(const tags::TagDictionary& dictionary, const tags::TagFamil
     return rows;
 }
 
-bool fillValues(TagRows& rows, const std::filesystem::path& outputFile, GroupMatch match) {
+bool fillValues(TagRows& rows, const std::filesystem::path& outputFile) {
     QHash<QString, QString> values;
     const bool isRead =
-        tags::forEachTagValue(outputFile, [&](QStringView lineGroup, QStringView name, QStringView value) {
-            const QString key = keyOf(lineGroup.toString(), name.toString(), match);
+        tags::forEachTagValue(outputFile, [&](QStringView group, QStringView name, QStringView value) {
+            const QString key = keyOf(group.toString(), name.toString());
             if (!values.contains(key)) values.insert(key, value.toString());
         });
     if (!isRead) return false;
     for (TagRow& row : rows) {
-        const auto found = values.constFind(keyOf(row.group, row.name, match));
+        const auto found = values.constFind(keyOf(row.group, row.name));
         if (found == values.cend()) continue;
         row.fileValue = *found;
         undoRow(row);
@@ -66,8 +76,33 @@ bool fillValues(TagRows& rows, const std::filesystem::path& outputFile, GroupMat
     return true;
 }
 
+bool fillExactValues(TagRows& rows, const std::filesystem::path& outputFile,
+                     const TakesSeveral& takesSeveral) {
+    QHash<QString, HeldTexts> held;
+    const bool isRead = tags::forEachExactLine(outputFile, [&](const tags::ExactLine& line) {
+        const QString group = line.group.toCaseFolded();
+        HeldTexts& texts = held[keyOf(group, line.name)];
+        if (texts.times++ == 0) texts.entries = line.entries;
+        if (const auto parted = tags::splitLanguage(line.name))
+            held[keyOf(group, parted->tag.toString())].translations.push_back(
+                {line.name, line.entries.join(QStringLiteral(", "))});
+    });
+    if (!isRead) return false;
+    for (TagRow& row : rows) {
+        const auto found = held.constFind(keyOf(row.group.toCaseFolded(), row.name));
+        if (found == held.cend()) continue;
+        row.timesInFile = found->times;
+        row.translations = found->translations;
+        const bool isText = row.kind == tags::ValueKind::Text;
+        row.fileSeveral = found->entries.size() > 1 || (isText && takesSeveral(row.tagId));
+        row.fileValue = row.fileSeveral ? tags::joinEntries(found->entries) : found->entries.value(0);
+        undoRow(row);
+    }
+    return true;
+}
+
 void setRowValue(TagRow& row, const NewValue& value) {
-    if (value.value == row.fileValue) {
+    if (value.value == row.fileValue && (value.severalEntries == row.fileSeveral || value.value.isEmpty())) {
         undoRow(row);
         return;
     }
@@ -93,7 +128,8 @@ void emptyRow(TagRow& row, bool severalFiles) {
 void undoRow(TagRow& row) {
     row.value = row.fileValue;
     row.code.clear();
-    row.changed = row.severalEntries = row.loaded = false;
+    row.severalEntries = row.fileSeveral;
+    row.changed = row.loaded = false;
 }
 
 void sortRows(TagRows& rows, TagSort column, bool ascending) {
@@ -113,11 +149,25 @@ std::size_t tickedCount(const TagRows& rows) {
 }
 
 bool matchesFilter(const TagRow& row, const QString& label, const QString& filter) {
-    const QStringList words = filter.split(u' ', Qt::SkipEmptyParts);
-    return std::ranges::all_of(words, [&](const QString& word) {
-        return row.name.contains(word, Qt::CaseInsensitive) ||
-               row.group.contains(word, Qt::CaseInsensitive) || label.contains(word, Qt::CaseInsensitive);
-    });
+    return tags::matchesWords(filter, {row.name, row.group, label});
+}
+
+bool isFilled(const TagRow& row) {
+    return !row.value.isEmpty() || row.changed;
+}
+
+void putFilledFirst(TagRows& rows) {
+    QSet<QString> present;
+    for (const TagRow& row : rows)
+        if (isFilled(row)) present.insert(row.group);
+    const auto rank = [&](const TagRow& row) {
+        return isFilled(row) ? 0 : present.contains(row.group) ? 1 : 2;
+    };
+    std::ranges::stable_sort(rows, {}, rank);
+}
+
+std::size_t filledCount(const TagRows& rows) {
+    return static_cast<std::size_t>(std::ranges::count_if(rows, isFilled));
 }
 
 }  // namespace taglists

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "app/AppContext.h"
 #include "tags/TagDictionary.h"
 #include "tags/TagFamilies.h"
 
 #include <QString>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -22,8 +24,11 @@ struct TagRow {
     QString fileValue;  ///< what the one file holds; empty when it lacks the tag or there are several files
     QString code;       ///< of the chosen entry of a list; empty: value is written as text
     bool changed = false;         ///< by the user; with an empty value the tag is to be removed
-    bool severalEntries = false;  ///< value holds one entry a line, as joinEntries makes it
-    bool loaded = false;          ///< value came out of a values file; nobody typed it
+    bool severalEntries = false;  ///< value holds one entry a line, as tags::joinEntries makes it
+    bool fileSeveral = false;     ///< and so does fileValue
+    int timesInFile = 0;          ///< how often the tag stands in its group; one of several cannot be changed
+    std::vector<app::Translation> translations;  ///< that the file holds
+    bool loaded = false;                         ///< value came out of a values file; nobody typed it
     bool ticked = false;
 
     bool isRemoval() const { return changed && value.isEmpty(); }
@@ -38,16 +43,18 @@ TagRows rowsOfFamily(const tags::TagDictionary& dictionary, const tags::TagFamil
 /// A row for the record, whatever its kind and whether it can be written.
 TagRow rowOf(const tags::TagRecord& record);
 
-/// How a row is found in the output of a read, whose group is spelled as ExifTool does.
-enum class GroupMatch {
-    Exact,        ///< as FindTagValue compares
-    WithoutCase,  ///< "XMP-Xmp" is ExifTool's "XMP-xmp"
-};
-
 /// Puts what a file holds (`[Group] TagName: value`) into value and fileValue of the rows; the first line of
 /// a group and name counts. The file is read once. False, and the rows as they are, for a file
 /// that cannot be read.
-[[nodiscard]] bool fillValues(TagRows& rows, const std::filesystem::path& outputFile, GroupMatch match);
+[[nodiscard]] bool fillValues(TagRows& rows, const std::filesystem::path& outputFile);
+
+/// Whether the tag of an id holds a list.
+using TakesSeveral = std::function<bool(int tagId)>;
+
+/// The same for an output that holds every character (tags/ExactOutput.h). ExifTool may spell a group in
+/// other case than the rows.
+[[nodiscard]] bool fillExactValues(TagRows& rows, const std::filesystem::path& outputFile,
+                                   const TakesSeveral& takesSeveral);
 
 /// A value of the user's.
 struct NewValue {
@@ -79,6 +86,14 @@ void sortRows(TagRows& rows, TagSort column, bool ascending);
 
 std::size_t changedCount(const TagRows& rows);
 std::size_t tickedCount(const TagRows& rows);
+
+/// Whether the row has a value, or the user has done something with it.
+bool isFilled(const TagRow& row);
+std::size_t filledCount(const TagRows& rows);
+
+/// What the file holds comes first, then the rest of the groups that it holds, then what it has nothing of;
+/// within these the order stays.
+void putFilledFirst(TagRows& rows);
 
 /// Whether a row is shown under the filter: all its words must occur, without case, in name, group or label.
 bool matchesFilter(const TagRow& row, const QString& label, const QString& filter);

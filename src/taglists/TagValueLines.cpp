@@ -34,7 +34,7 @@ bool isTyped(const TagRow& row) {
 
 CommandText quotedValue(const TagRow& row, const QString& value) {
     if (isTyped(row)) return exiftool::editedValue(app::CommandForm::Designed, value, row.fileValue);
-    return CommandText("\"").outside(platform::narrow(value)).literal("\"");
+    return CommandText("\"").outside(platform::exactBytes(value)).literal("\"");
 }
 
 /// `-GROUP:NAME="VALUE"`
@@ -68,6 +68,7 @@ int indexOfCode(const tags::LabelLibrary& labels, int tagId, const QString& valu
 }
 
 QString codeOf(const jobs::OperationParts& parts, const TagRow& row) {
+    if (row.severalEntries) return {};
     if (!row.code.isEmpty() || row.kind != tags::ValueKind::List || row.value.isEmpty()) return row.code;
     QString label;
     QString code;
@@ -148,6 +149,11 @@ app::CurrentEdit editOfTagRow(const jobs::OperationParts& parts, const TagRow& r
     edit.writable = true;
     edit.valueBefore = row.fileValue;
     edit.severalValues = row.severalEntries;
+    // Under its bare name ExifTool deletes the other languages with it.
+    if (parts.labels.keepsLanguages(row.tagId))
+        edit.language = QStringLiteral("x-default");
+    else
+        edit.translations = row.translations;
     return edit;
 }
 

@@ -70,7 +70,7 @@ jobs::Job changedTagsJob(const jobs::OperationParts& parts, const QString& title
     const std::vector<app::CurrentEdit> changed = changedTags(parts, rows);
     if (changed.empty()) return {.title = title};
     jobs::Job job = jobOver(title, files, [changed](jobs::JobWork& work, const fs::path& file) {
-        work.runner.copyForSafety(file);
+        if (std::optional<Outcome> refused = work.runner.copyForSafety(file)) return *refused;
         return work.runner.runWriteLine(file, writeChangedTagsCommand(work.context, changed, file));
     });
     job.lineOf = [changed](const app::AppContext& context, CommandForm, const fs::path& file) {
@@ -138,7 +138,7 @@ jobs::Job modifyFilesJob(const jobs::OperationParts& parts, CommandForm form, co
         Outcome emptied =
             work.runner.runWriteLine(file, emptyGroupOfFirstRowCommand(work.context, rows, file));
         if (emptied.kind == OutcomeKind::Stopped) return emptied;
-        work.runner.copyForSafety(file);
+        if (std::optional<Outcome> refused = work.runner.copyForSafety(file)) return *refused;
         return bothOf(std::move(emptied),
                       work.runner.runWriteLine(file, writeRowsCommand(work.context, rows, file)));
     });
@@ -159,7 +159,7 @@ jobs::Job addTagsJob(const jobs::OperationParts& parts, CommandForm form, const 
                      const TagRows& rows, const QString& group, const std::vector<fs::path>& files) {
     if (form == CommandForm::Corrected) return changedTagsJob(parts, title, rows, files);
     return jobOver(title, files, [rows, group](jobs::JobWork& work, const fs::path& file) {
-        work.runner.copyForSafety(file);
+        if (std::optional<Outcome> refused = work.runner.copyForSafety(file)) return *refused;
         Outcome emptied = work.runner.runWriteLine(file, emptyGroupCommand(work.context, group, file));
         if (emptied.kind == OutcomeKind::Stopped) return emptied;
         return bothOf(std::move(emptied),
@@ -171,7 +171,7 @@ jobs::Job addATagJob(const jobs::OperationParts& parts, CommandForm form, const 
                      const TagRows& rows, const QString& group, const fs::path& file) {
     if (form == CommandForm::Corrected) return changedTagsJob(parts, title, rows, {file});
     return jobOver(title, {file}, [rows, group](jobs::JobWork& work, const fs::path& one) {
-        work.runner.copyForSafety(one);
+        if (std::optional<Outcome> refused = work.runner.copyForSafety(one)) return *refused;
         return work.runner.runWriteLine(one, addRowsToOneFileCommand(work.context, rows, group, one));
     });
 }
@@ -189,8 +189,10 @@ bool readValues(const jobs::OperationParts& parts, CommandForm form, TagRows& ro
     // What an earlier file of this name held is none of this one's.
     fs::remove(output, ignored);
     if (read(output) == 0 || !parts.runner.lastFaultOfRead(output).empty()) return false;
-    const auto match = form == CommandForm::Corrected ? GroupMatch::WithoutCase : GroupMatch::Exact;
-    const bool isFilled = fillValues(rows, output, match);
+    const bool isFilled = form == CommandForm::Designed ? fillValues(rows, output)
+                                                        : fillExactValues(rows, output, [&](int tagId) {
+                                                              return parts.labels.takesSeveralValues(tagId);
+                                                          });
     fs::remove(output, ignored);
     return isFilled;
 }

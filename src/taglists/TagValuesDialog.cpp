@@ -54,7 +54,8 @@ void TagValuesDialog::placeList() {
     auto* place = control<QWidget>(kListPlace);
     TagList::Wishes wishes{.listControl = kList,
                            .look = {.columns = task_.columns},
-                           .severalFiles = form_ == CommandForm::Corrected && !hasOneFile()};
+                           .severalFiles = form_ == CommandForm::Corrected && !hasOneFile(),
+                           .tellsFilled = form_ == CommandForm::Corrected && hasOneFile()};
     list_ = place == nullptr ? new TagList(parts_, std::move(wishes), this)
                              : TagList::placeIn(*place, parts_, std::move(wishes));
     list_->setEmptyText(parts_.language.text(text::kNoTagOfGroup));
@@ -74,37 +75,41 @@ void TagValuesDialog::showStatus(const QString& text) {
 
 bool TagValuesDialog::fill(TagRows rows, const std::filesystem::path& output, const ReadInto& read) {
     const bool wasRead = !hasOneFile() || readValues(parts_, form_, rows, output, read);
+    // Hundreds of tags that the file lacks would stand before the few that it has.
+    if (form_ == CommandForm::Corrected && hasOneFile()) putFilledFirst(rows);
     list_->model().setRows(wasRead ? std::move(rows) : TagRows());
     if (!wasRead) list_->setEmptyText(parts_.language.text(text::kFileNotRead));
+    // The designed form empties the group also where it has nothing to write.
+    if (auto* ok = control<QPushButton>(dialogs::kOkControl))
+        ok->setEnabled(form_ == CommandForm::Designed || !list_->rows().empty());
     return wasRead;
 }
 
-jobs::EditableValue TagValuesDialog::editableValue(const TagRow& row) const {
-    if (form_ == CommandForm::Designed) return {row.value.left(kLongestDesignedValue), {}};
-    const auto record =
-        row.tagId < 0 ? std::nullopt : parts_.dictionary.FindTagById(static_cast<std::uint32_t>(row.tagId));
-    if (row.changed || row.value.isEmpty() || !record) return {row.value, {}};
-    return parts_.values->editableValue(form_, files().front(), *record, row.value);
+bool TagValuesDialog::holdsSeveral(const TagRow& row) const {
+    const bool isListOfTexts =
+        row.kind == tags::ValueKind::Text && parts_.labels.takesSeveralValues(row.tagId);
+    return form_ == CommandForm::Corrected && (row.severalEntries || isListOfTexts);
 }
 
-/// False when the value could not be read, which is told.
+/// False when the tag cannot be changed, which is told.
 bool TagValuesDialog::startEdit(const TagRow& row) {
-    const auto [value, fault] = editableValue(row);
-    if (!fault.isEmpty()) {
-        const QString file = platform::display(files().front());
+    if (row.timesInFile > 1) {
+        const QString times = QString::number(row.timesInFile);
         dialogs::showMessage(
-            this, {.text = parts_.language.formatted(jobs::text::kValueNotRead, {row.name, file, fault}),
-                   .icon = dialogs::MessageIcon::Stop});
+            this, {.text = parts_.language.formatted(jobs::text::kStandsTwice, {row.name, times, row.group}),
+                   .icon = dialogs::MessageIcon::Information});
         return false;
     }
-    edit_.filePath.clear();
-    edit_.value = value;
+    const bool isDesigned = form_ == CommandForm::Designed;
+    edit_.filePath = isDesigned ? std::filesystem::path() : files().front();
+    edit_.value = isDesigned ? row.value.left(kLongestDesignedValue) : row.value;
+    edit_.severalEntries = holdsSeveral(row);
     edit_.title = row.name;
     edit_.group = row.group;
     edit_.tagId = row.tagId;
     edit_.comboCode.clear();
     if (row.kind == tags::ValueKind::Rating) edit_.selection = tags::designedRatingSelection(edit_.value);
-    if (row.kind == tags::ValueKind::List && form_ == CommandForm::Corrected)
+    if (row.kind == tags::ValueKind::List && !isDesigned)
         edit_.selection = parts_.labels.GetComboIndex(row.tagId, edit_.value);
     return true;
 }
@@ -113,14 +118,14 @@ void TagValuesDialog::editValue(std::size_t row) {
     const TagRow& edited = list_->rows()[row];
     if (!edited.kind || !startEdit(edited)) return;
     const tags::TagEditContext before = edit_;
-    if (parts_.values->editValue(edit_, *edited.kind, this) == 0) return;
-    const bool isSame = edited.kind == tags::ValueKind::List ? edit_.selection == before.selection
-                                                             : edit_.value == before.value;
+    // Several entries of any kind are edited as texts, one a line.
+    const tags::ValueKind kind = edit_.severalEntries ? tags::ValueKind::Text : *edited.kind;
+    if (parts_.values->editValue(edit_, kind, this) == 0) return;
+    const bool isSame =
+        kind == tags::ValueKind::List ? edit_.selection == before.selection : edit_.value == before.value;
     if (form_ == CommandForm::Corrected && isSame) return;
-    const bool severalEntries = form_ == CommandForm::Corrected && edited.kind == tags::ValueKind::Text &&
-                                parts_.labels.takesSeveralValues(edited.tagId);
     list_->model().setValue(
-        row, {.value = edit_.value, .code = edit_.comboCode, .severalEntries = severalEntries});
+        row, {.value = edit_.value, .code = edit_.comboCode, .severalEntries = edit_.severalEntries});
 }
 
 void TagValuesDialog::accept() {

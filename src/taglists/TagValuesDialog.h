@@ -57,7 +57,7 @@ class TagValuesDialog : public dialogs::DarkModeDialogBase, public jobs::JobSour
     void fillStatusBar();
     void editValue(std::size_t row);
     bool startEdit(const TagRow& row);
-    jobs::EditableValue editableValue(const TagRow& row) const;
+    bool holdsSeveral(const TagRow& row) const;
 
     const jobs::OperationParts parts_;
     const app::CommandForm form_;

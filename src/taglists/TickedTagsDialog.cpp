@@ -24,6 +24,7 @@ TickedTagsDialog::TickedTagsDialog(const jobs::OperationParts& parts, int templa
     list_ = TagList::placeIn(*place, parts_, std::move(wishes));
     list_->setEmptyText(parts_.language.text(text::kNothingToRemove));
     list_->setFocus();
+    connect(list_, &TagList::ConfirmRequested, this, [this] { accept(); });
     for (const int button : {kTickAll, kTickNone}) {
         if (auto* tick = control<QAbstractButton>(button))
             connect(tick, &QAbstractButton::clicked, this,

@@ -76,7 +76,7 @@ Cells takeRecord(std::string_view& rest) {
 std::vector<NamedValue> named(const Cells& names, const Cells& values, std::size_t first) {
     std::vector<NamedValue> found;
     for (std::size_t at = first; at < std::min(names.size(), values.size()); ++at)
-        found.push_back({{}, platform::wide(names[at]), platform::wide(values[at])});
+        found.push_back({{}, platform::wide(names[at]), platform::exactText(values[at])});
     return found;
 }
 
@@ -130,6 +130,8 @@ std::vector<NamedValue> parseValuesFile(std::string_view bytes, app::CommandForm
     return form == app::CommandForm::Designed ? parseDesigned(bytes) : parseCorrected(bytes);
 }
 
+namespace {
+
 TagRow* rowOfValue(TagRows& rows, const NamedValue& value, app::CommandForm form) {
     const bool isDesigned = form == app::CommandForm::Designed;
     TagRow* best = nullptr;
@@ -144,26 +146,42 @@ TagRow* rowOfValue(TagRows& rows, const NamedValue& value, app::CommandForm form
     return best;
 }
 
+/// As ExifTool writes what the row's file holds.
+QString writtenValue(const TagRow& row) {
+    return row.fileSeveral ? tags::splitEntries(row.fileValue).join(QStringLiteral(", ")) : row.fileValue;
+}
+
+void applyValue(TagRow& row, const NamedValue& value, app::CommandForm form, const TagTraits& traits) {
+    if (value.value == writtenValue(row)) {
+        undoRow(row);
+        return;
+    }
+    NewValue newValue{.value = value.value, .loaded = true};
+    newValue.severalEntries = form == app::CommandForm::Corrected && traits.takesSeveral(row.tagId);
+    if (newValue.severalEntries)
+        newValue.value = tags::joinEntries(value.value.split(QStringLiteral(", "), Qt::SkipEmptyParts));
+    setRowValue(row, newValue);
+}
+
+}  // namespace
+
 LoadedValues applyValues(TagRows& rows, std::span<const NamedValue> values, app::CommandForm form,
-                         const TakesSeveral& takesSeveral) {
+                         const TagTraits& traits) {
+    const bool isCorrected = form == app::CommandForm::Corrected;
     LoadedValues loaded;
     for (const NamedValue& value : values) {
         // What a file lacks says nothing about what is to become of it in another.
-        if (form == app::CommandForm::Corrected && value.value.isEmpty()) continue;
+        if (isCorrected && value.value.isEmpty()) continue;
         TagRow* const row = rowOfValue(rows, value, form);
         if (row == nullptr) {
             ++loaded.unknown;
-            continue;
+        } else if (isCorrected && value.value != writtenValue(*row) &&
+                   (row->timesInFile > 1 || traits.describesStructure(row->tagId))) {
+            loaded.leftOut.append(row->group + u':' + row->name);
+        } else {
+            applyValue(*row, value, form, traits);
+            ++loaded.set;
         }
-        NewValue newValue{.value = value.value, .loaded = true};
-        newValue.severalEntries = form == app::CommandForm::Corrected && takesSeveral(row->tagId);
-        if (newValue.severalEntries)
-            newValue.value = tags::joinEntries(value.value.split(QStringLiteral(", "), Qt::SkipEmptyParts));
-        if (value.value == row->fileValue)
-            undoRow(*row);
-        else
-            setRowValue(*row, newValue);
-        ++loaded.set;
     }
     return loaded;
 }

@@ -4,6 +4,7 @@
 #include "taglists/TagListRows.h"
 
 #include <QString>
+#include <QStringList>
 #include <cstddef>
 #include <functional>
 #include <span>
@@ -31,14 +32,21 @@ std::vector<NamedValue> parseValuesFile(std::string_view bytes, app::CommandForm
 struct LoadedValues {
     std::size_t set = 0;
     std::size_t unknown = 0;  ///< names that no row has
+    QStringList leftOut;      ///< "GROUP:NAME" of what must not come out of another file
+};
+
+/// What is known of tags beside their rows, by id.
+struct TagTraits {
+    TakesSeveral takesSeveral;
+    std::function<bool(int tagId)> describesStructure;
 };
 
 /// Gives each value to the first row of its name, blind to case. In the corrected form to the row of its
 /// group, and where it has none, of the likeliest one: a make is that of IFD0 before that of the thumbnail;
-/// an empty value touches no row there. takesSeveral: whether the tag of an id holds a list, whose entries
-/// ExifTool writes with ", " between them.
-using TakesSeveral = std::function<bool(int tagId)>;
+/// an empty value touches no row there, and no value a row that says how its file is built (strips, their
+/// compression), or one of a tag that the file has several times. Of a list ExifTool writes the entries with
+/// ", " between them.
 LoadedValues applyValues(TagRows& rows, std::span<const NamedValue> values, app::CommandForm form,
-                         const TakesSeveral& takesSeveral);
+                         const TagTraits& traits);
 
 }  // namespace taglists

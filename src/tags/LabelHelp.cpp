@@ -154,13 +154,14 @@ class HelpText {
     HelpText(const HelpFacts& help, std::size_t language) : help_(help), language_(language) {}
 
     QString text() {
+        // What it is for and what can be put into it comes before where it stands.
         lines_ += help_.label;
-        addPlace();
         if (!help_.facts.note.empty()) lines_ += platform::wide(help_.facts.note);
         lines_ += phrase(kFormat).arg(format());
-        lines_ += phrase(kGroup).arg(platform::wide(help_.tag.group));
         lines_ += writing();
         addValues();
+        lines_ += phrase(kGroup).arg(platform::wide(help_.tag.group));
+        addPlace();
         return lines_.join(u'\n');
     }
 

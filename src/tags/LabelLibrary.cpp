@@ -103,6 +103,28 @@ bool LabelLibrary::takesSeveralValues(int tagId) const {
     return facts && facts->flags.find(LabelFlag::kSeveralValues) != std::string_view::npos;
 }
 
+bool LabelLibrary::keepsLanguages(int tagId) const {
+    const auto tag = record(tagId);
+    const auto facts = tag ? files().facts(tag->id) : std::nullopt;
+    return facts && facts->format == "lang-alt";
+}
+
+bool LabelLibrary::holdsText(int tagId) const {
+    constexpr std::string_view kNumbers[] = {"int8s",    "int16",   "int32",  "int64",    "integer",
+                                             "rational", "float",   "double", "real",     "fixed",
+                                             "date",     "boolean", "digits", "unsigned", "extended"};
+    const auto tag = record(tagId);
+    const auto facts = tag ? files().facts(tag->id) : std::nullopt;
+    return facts && tag->valueKind == ValueKind::Text &&
+           std::ranges::none_of(kNumbers, [&](auto start) { return facts->format.starts_with(start); });
+}
+
+bool LabelLibrary::describesStructure(int tagId) const {
+    const auto tag = record(tagId);
+    const auto facts = tag ? files().facts(tag->id) : std::nullopt;
+    return facts && facts->flags.find(LabelFlag::kUnsafe) != std::string_view::npos;
+}
+
 QString LabelLibrary::label(int tagId) const {
     const auto tag = record(tagId);
     return tag ? labelOf(*tag) : QString();

@@ -52,6 +52,15 @@ class LabelLibrary {
     /// Whether the tag holds a list of values, each written for itself.
     bool takesSeveralValues(int tagId) const;
 
+    /// Whether the tag is kept in several languages, each entry with its own: "Title-x-default", "Title-de".
+    bool keepsLanguages(int tagId) const;
+
+    /// Whether the tag holds text, which is printed as it was written.
+    bool holdsText(int tagId) const;
+
+    /// Whether the tag describes how its own file is built, so that it must never come from another.
+    bool describesStructure(int tagId) const;
+
     /// The text that ExifTool prints in English, and takes back without '#', for a value of the tag's list;
     /// empty when there is none.
     QString printedText(int tagId, int index) const;

@@ -2,6 +2,7 @@
 
 #include "platform/FileAccess.h"
 #include "platform/Text.h"
+#include "tags/ExactOutput.h"
 
 #include <string>
 
@@ -163,10 +164,17 @@ std::optional<OutputParser::Place> OutputParser::placeOf(const OutputLine& line)
     if (!found && showUnknown) return placeWithoutRecord(line, found);
     // A group that the catalogue lacks leaves the row in the first one.
     const std::uint32_t groupId = found.value_or(0);
-    const int tagId = dictionary_.FindTagId(groupId, line.tag);
+    const int tagId = tagIdOf(groupId, line.tag);
     if (tagId == kUnknownTag) return showUnknown ? placeWithoutRecord(line, found) : std::nullopt;
     if (isHidden(groupId)) return std::nullopt;
     return Place{groupId, tagId};
+}
+
+/// A text in another language is that of its tag.
+int OutputParser::tagIdOf(std::uint32_t groupId, QStringView tag) const {
+    const int tagId = dictionary_.FindTagId(groupId, tag);
+    const auto parted = tagId == kUnknownTag ? splitLanguage(tag) : std::nullopt;
+    return parted ? dictionary_.FindTagId(groupId, parted->tag) : tagId;
 }
 
 /// Where ShowUnknown puts a line: in its group, or under a header of its own. Text that is no tag line has no

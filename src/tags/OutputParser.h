@@ -87,6 +87,7 @@ class OutputParser {
     };
     std::optional<Place> placeOf(const OutputLine& line);
     std::optional<Place> placeWithoutRecord(const OutputLine& line, std::optional<std::uint32_t> groupId);
+    int tagIdOf(std::uint32_t groupId, QStringView tag) const;
     bool isHidden(std::uint32_t groupId) const;
     std::uint32_t extraGroup(QStringView token);
     QString groupName(std::uint32_t groupId) const;

@@ -23,6 +23,21 @@ static_assert(kRows.size() == properties::kPropertyCount);
 
 }  // namespace
 
+QString plainName(const PropertyRecord& record) {
+    QString words;
+    char16_t before = u' ';
+    for (std::size_t at = 0; at < record.name.size(); ++at) {
+        const QChar here(record.name[at]);
+        const bool endsShort = at + 1 < record.name.size() && QChar(record.name[at + 1]).isLower();
+        // "GPSLatitude" holds two words, "GPS" is one.
+        const bool begins = here.isUpper() && at > 0 && (!QChar(before).isUpper() || endsShort);
+        if (begins) words += u' ';
+        words += begins && endsShort ? here.toLower() : here;
+        before = here.unicode();
+    }
+    return words;
+}
+
 std::string formatIdText(const FormatId& id) {
     const auto& end = id.data4;
     std::array<char, 37> text{};

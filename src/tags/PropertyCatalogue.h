@@ -2,6 +2,7 @@
 
 #include "app/ColumnsHeader.h"
 
+#include <QString>
 #include <array>
 #include <cstdint>
 #include <span>
@@ -60,6 +61,9 @@ struct PropertyRecord {
     std::int32_t width = 0;  ///< pixels; 0 until the column has been shown
     std::uint8_t visible = 0;
 };
+
+/// The name in plain words: "Date modified" for "DateModified".
+QString plainName(const PropertyRecord& record);
 
 /// The constant rows, in catalogue order. The first is Name.
 std::span<const PropertyRecord> propertyRows();

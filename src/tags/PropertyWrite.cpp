@@ -1,6 +1,7 @@
 #include "tags/PropertyWrite.h"
 
 #include "properties/PropertyStore.h"
+#include "properties/PropertyTexts.h"
 #include "tags/PropertyCatalogue.h"
 
 #include <algorithm>
@@ -32,7 +33,12 @@ std::optional<properties::PropertyResult> WriteProperty(const std::filesystem::p
     if (!store.isOpen()) return std::nullopt;
     const auto property = static_cast<properties::PropertyId>(write.propertyNumber);
     properties::PropertyValue value = write.value;
-    if (std::ranges::find(kTimes, property) != std::end(kTimes)) value = write.time;
+    // The digits that were picked say more than the moment: an hour that the summer time here leaves out was
+    // an hour elsewhere.
+    if (std::ranges::find(kTimes, property) != std::end(kTimes)) {
+        const auto digits = properties::parseLocalTime(write.value);
+        value = digits ? properties::PropertyValue(*digits) : properties::PropertyValue(write.time);
+    }
     const properties::PropertyResult result = store.set(property, value);
     return result == properties::PropertyResult::Ok ? store.commit() : result;
 }

@@ -133,7 +133,7 @@ void BrowseCommands::focusList(app::CommandId) {
 }
 
 void BrowseCommands::refresh(app::CommandId) {
-    parts_.activeBrowser().navigationController().Refresh();
+    parts_.activeBrowser().refresh();
 }
 
 void BrowseCommands::goBack(app::CommandId) {

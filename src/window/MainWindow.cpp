@@ -15,9 +15,12 @@
 #include "dialogs/ProgressDialog.h"
 #include "dialogs/Waiting.h"
 #include "edit/ValueEditor.h"
+#include "exiftool/DocumentTags.h"
 #include "jobs/JobRunner.h"
 #include "panel/MetadataPanel.h"
 #include "platform/Text.h"
+#include "properties/TagSource.h"
+#include "window/ContextMenus.h"
 #include "window/RibbonContents.h"
 #include "window/StatusBar.h"
 #include "window/SubjectCommands.h"
@@ -62,7 +65,7 @@ MainWindow::MainWindow(app::AppContext& context, const app::LanguageFile& langua
       statusBar_(new StatusBar(context, language, this)),
       feedback_(std::make_unique<WindowFeedback>(*this, progress, *statusBar_)),
       waiting_(std::make_unique<dialogs::Waiting>(progress)),
-      jobProgress_(std::make_unique<dialogs::ProgressDialog>(context.settings.main.language)),
+      jobProgress_(std::make_unique<dialogs::ProgressDialog>(context.settings.main.language, this)),
       jobs_(std::make_unique<jobs::JobRunner>(context)),
       readCommands_(context, runner_, *feedback_),
       load_(context, runner_, readCommands_, parser_),
@@ -90,6 +93,7 @@ void MainWindow::connectProgress() {
                 jobProgress_->showFile(platform::display(file.filename()), number);
             });
     connect(jobs_.get(), &JobRunner::SafetyCopyFailed, this, &MainWindow::showCopyFailure);
+    jobs_->setQuestion([this](const QString& question) { return askWhetherToWrite(question); });
     connect(jobs_.get(), &JobRunner::JobEnded, this, [this] { jobProgress_->finish(); });
 }
 
@@ -99,8 +103,26 @@ void MainWindow::showCopyFailure(const QString& message) {
     dialogs::showMessage(this, {message, dialogs::MessageIcon::Stop, language_.text(app::text::kErrorTitle)});
 }
 
+jobs::JobRunner::Answer MainWindow::askWhetherToWrite(const QString& question) {
+    using Answer = jobs::JobRunner::Answer;
+    switch (dialogs::showMessage(this, {.text = question,
+                                        .icon = dialogs::MessageIcon::Exclamation,
+                                        .buttons = QMessageBox::Yes | QMessageBox::YesToAll |
+                                                   QMessageBox::No | QMessageBox::NoToAll})) {
+        case QMessageBox::Yes:
+            return Answer::Yes;
+        case QMessageBox::YesToAll:
+            return Answer::YesToAll;
+        case QMessageBox::NoToAll:
+            return Answer::NoToAll;
+        default:
+            return Answer::No;
+    }
+}
+
 unsigned MainWindow::doings() const {
-    return (reader_.isReading() ? kReads : 0U) | (jobs_->isRunning() ? kOperates : 0U) |
+    const bool reads = reader_.isReading() || (commands_ != nullptr && commands_->reading().isResting());
+    return (reads ? kReads : 0U) | (jobs_->isRunning() ? kOperates : 0U) |
            (waiting_->isWaiting() ? kWaits : 0U);
 }
 
@@ -115,6 +137,7 @@ void MainWindow::stopWaiting() {
 }
 
 MainWindow::~MainWindow() {
+    properties::setTagSource(nullptr);
     // The panel goes after the commands whose states depend on it.
     if (metadataPanel_ != nullptr) metadataPanel_->disconnect(this);
 }
@@ -128,6 +151,8 @@ bool MainWindow::startSession() {
                                                            {platform::display(context_.tempPath)}),
                                        dialogs::MessageIcon::Stop});
     }
+    if (code == ExifToolSession::kStarted)
+        properties::setTagSource(std::make_shared<exiftool::DocumentTags>(context_.exifToolPath));
     return code == ExifToolSession::kStarted;
 }
 
@@ -139,6 +164,7 @@ bool MainWindow::buildContents() {
     ribbon_ = new controls::Ribbon(this);
     client_ = new QWidget(this);
     client_->setObjectName(QStringLiteral("client"));
+    client_->installEventFilter(this);
     layout->addWidget(ribbon_);
     layout->addWidget(client_, 1);
     statusBar_->setParent(client_);
@@ -229,12 +255,15 @@ void MainWindow::createCommands() {
     commands_ = std::make_unique<SubjectCommands>(
         *parts_, [this] { relayout(); }, [this](app::CommandId id) { Dispatch(id); });
     metadataPanel_->setCommands(commands_->map());
+    menus_ = std::make_unique<ContextMenus>(*parts_, commands_->map(), *places_);
     connect(metadataPanel_, &panel::MetadataPanel::CurrentRowChanged, this, &MainWindow::refreshCommands);
     connect(jobs_.get(), &jobs::JobRunner::Began, this, &MainWindow::refreshCommands);
     connect(jobs_.get(), &jobs::JobRunner::JobEnded, this, &MainWindow::refreshCommands);
     connect(metadataPanel_, &panel::MetadataPanel::ValueChosen, this,
             [this](int row, bool altHeld) { commands_->editing().EditTagFromPanel(row, altHeld); });
     connect(metadataPanel_, &panel::MetadataPanel::CommandChosen, this, &MainWindow::Dispatch);
+    metadataPanel_->setWholeValue(
+        [this](const tags::MetadataRow& row) { return commands_->editing().wholeValueOf(row); });
 }
 
 void MainWindow::Dispatch(app::CommandId id) {
@@ -276,7 +305,7 @@ void MainWindow::relayout() {
     input.leftShown = settings.main.showFolders;
     input.rightShown = settings.lists.showMetadataWindow;
     input.leftWidth = settings.windowSizes.holderLeftWidth;
-    input.rightWidth = settings.windowSizes.holderRightWidth;
+    input.rightWidth = app::spreadRightWidth(settings.windowSizes.holderRightWidth, client_->width());
     const app::PaneRects rects = app::PaneLayout(input);
 
     const auto place = [](QWidget* widget, const QRect& rect) {
@@ -301,6 +330,12 @@ void MainWindow::resizeEvent(QResizeEvent* event) {
         layout()->activate();
         relayout();
     }
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    // Folding the ribbon changes what it leaves to the panes, and not the window.
+    if (watched == client_ && event->type() == QEvent::Resize && ready_) relayout();
+    return QWidget::eventFilter(watched, event);
 }
 
 void MainWindow::Show() {
@@ -354,6 +389,28 @@ void MainWindow::createShortcuts() {
         add(QKeySequence::fromString(QLatin1String(key.keys)), key.command);
     auto* toAddress = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_D), this);
     connect(toAddress, &QShortcut::activated, addressBar_, &browser::AddressBar::editPath);
+    auto* find = new QShortcut(QKeySequence::Find, this);
+    connect(find, &QShortcut::activated, this, [this] {
+        if (metadataPanel_->isVisible()) metadataPanel_->focusFilter();
+    });
+    for (const bool backwards : {false, true}) {
+        auto* round =
+            new QShortcut(QKeyCombination(backwards ? Qt::ShiftModifier : Qt::NoModifier, Qt::Key_F6), this);
+        connect(round, &QShortcut::activated, this, [this, backwards] { goToNextPane(backwards); });
+    }
+}
+
+void MainWindow::goToNextPane(bool backwards) {
+    QWidget* const panes[] = {places_, &activeBrowser().view(), &metadataPanel_->list()};
+    std::array<bool, app::kPaneCount> shown{};
+    std::optional<app::Pane> current;
+    for (std::size_t at = 0; at < app::kPaneCount; ++at) {
+        shown[at] = panes[at]->isVisible();
+        if (panes[at]->hasFocus()) current = static_cast<app::Pane>(at);
+    }
+    if (metadataPanel_->isAncestorOf(focusWidget())) current = app::Pane::Tags;
+    panes[static_cast<std::size_t>(app::nextPane(current, shown, backwards))]->setFocus(
+        backwards ? Qt::BacktabFocusReason : Qt::TabFocusReason);
 }
 
 void MainWindow::changeEvent(QEvent* event) {

@@ -7,6 +7,7 @@
 #include "exiftool/ExifToolSession.h"
 #include "exiftool/MetadataLoad.h"
 #include "exiftool/WarmStarter.h"
+#include "jobs/JobRunner.h"
 #include "jobs/OperationParts.h"
 #include "platform/ProcessFolder.h"
 #include "tags/LabelLibrary.h"
@@ -50,6 +51,7 @@ class MetadataPanel;
 namespace window {
 
 class CommandMap;
+class ContextMenus;
 class StatusBar;
 class SubjectCommands;
 class WindowFeedback;
@@ -115,11 +117,13 @@ class MainWindow : public QWidget {
     void closeEvent(QCloseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
     bool fillRibbon();
     void connectProgress();
     void showCopyFailure(const QString& message);
+    jobs::JobRunner::Answer askWhetherToWrite(const QString& question);
     void startWarmStarter();
     void createHolders();
     void createBrowser();
@@ -135,6 +139,7 @@ class MainWindow : public QWidget {
     void tabSelected();
     void navigationCompleted();
     void focusFileList();
+    void goToNextPane(bool backwards);
 
     // Stopping.
     void waitHasEnded();
@@ -191,6 +196,7 @@ class MainWindow : public QWidget {
     std::vector<QWidget*> emptyHolders_;
     std::unique_ptr<WindowParts> parts_;
     std::unique_ptr<SubjectCommands> commands_;
+    std::unique_ptr<ContextMenus> menus_;
     std::vector<boost::signals2::scoped_connection> connections_;
 };
 

@@ -43,7 +43,11 @@ void MainWindow::connectBrowser() {
     keep(tabs_->TabNavigationCompleted.connect([this](const Tab& tab) {
         if (&tab == &tabs_->GetSelectedTab()) navigationCompleted();
     }));
+    keep(tabs_->TabNavigationStarted.connect([this](const Tab& tab, const std::filesystem::path& folder) {
+        if (ready_ && &tab == &tabs_->GetSelectedTab()) commands_->reading().folderLeft(folder);
+    }));
     keep(tabs_->TabListSelectionChanged.connect([this](const Tab&) {
+        if (ready_) commands_->reading().selectionChanged();
         refreshStatusBar();
         refreshCommands();
     }));
@@ -93,6 +97,7 @@ void MainWindow::navigationCompleted() {
     refreshCommands();
     const bool keeps = std::exchange(keepsStatus_, false);
     const bool isTold = commands_->ending().listWasRead() || keeps;
+    commands_->reading().folderShown(isTold);
     const bool isCut = activeBrowser().listingError() != 0 &&
                        activeBrowser().folderState() == browser::FolderState::Readable;
     if (isCut)

@@ -1,16 +1,22 @@
 #include "window/OperationCommands.h"
 
 #include "batch/BatchDispatch.h"
+#include "batch/BatchLines.h"
 #include "batch/BatchOperations.h"
+#include "batch/BatchTexts.h"
 #include "browser/ShellBrowser.h"
+#include "dialogs/Messages.h"
 #include "jobs/OperationDialog.h"
 #include "jobs/OutcomeText.h"
 #include "payload/ThumbnailOperations.h"
+#include "platform/Text.h"
 #include "taglists/RemovalOperations.h"
+#include "taglists/RemovalTexts.h"
 #include "window/BrowseCommands.h"
 #include "window/OperationEnding.h"
 #include "window/SelectionGathering.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace window {
@@ -18,6 +24,8 @@ namespace window {
 namespace fs = std::filesystem;
 
 namespace {
+
+constexpr std::size_t kNamesTold = 3;
 
 const std::vector<const jobs::Operation*>& allOperations() {
     static const std::vector<const jobs::Operation*> all = [] {
@@ -63,6 +71,7 @@ void OperationCommands::run(app::CommandId id) {
         ending_.showReportBeginning();
         return;
     }
+    if (!isWanted(id, files)) return;
     carryOut(std::move(*job), row == nullptr || row->reportFollows);
 }
 
@@ -86,6 +95,29 @@ void OperationCommands::comeBack(const std::shared_ptr<jobs::OperationDialog>& d
     if (dialog->run() == 0 || !ending_.isReadyToBegin()) return;
     asked_ = dialog;
     carryOut(dialog->takeJob(), reportFollows);
+}
+
+bool OperationCommands::isWanted(app::CommandId id, const std::vector<fs::path>& files) {
+    const bool isByDate =
+        id == app::command::kRenameByDateAndMake || id == app::command::kRenameByDateAndModel;
+    if (!isByDate || app::commandFormOf(parts_.context) == app::CommandForm::Designed) return true;
+    const auto part =
+        id == app::command::kRenameByDateAndMake ? batch::CameraPart::Make : batch::CameraPart::Model;
+    const std::vector<fs::path> first(
+        files.begin(), files.begin() + static_cast<std::ptrdiff_t>(std::min(files.size(), kNamesTold)));
+    const exiftool::ReadRun run =
+        parts_.runner.runReadLine(first, batch::toldNamesLine(parts_.context, part, first));
+    QStringList names;
+    for (const batch::ToldName& name : batch::toldNames(run.printed))
+        names << parts_.language.formatted(batch::text::kBecomes,
+                                           {platform::wide(name.before), platform::wide(name.after)});
+    if (names.isEmpty()) names << parts_.language.text(batch::text::kNoNewNames);
+    return dialogs::showMessage(&parts_.window,
+                                {.text = parts_.language.formatted(
+                                     batch::text::kRenameQuestion,
+                                     {taglists::filesText(parts_.language, files.size()), names.join(u'\n')}),
+                                 .icon = dialogs::MessageIcon::Question,
+                                 .buttons = QMessageBox::Yes | QMessageBox::No}) == QMessageBox::Yes;
 }
 
 void OperationCommands::tell(const jobs::JobResult& result, bool reportFollows) {

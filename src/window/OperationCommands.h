@@ -41,6 +41,8 @@ class OperationCommands {
                                       const std::vector<std::filesystem::path>& files);
 
     void carryOut(jobs::Job job, bool reportFollows);
+    /// Whether files are to get new names: in the corrected form the user sees some of them before.
+    bool isWanted(app::CommandId id, const std::vector<std::filesystem::path>& files);
     void tell(const jobs::JobResult& result, bool reportFollows);
     /// Shows once more a dialog that lists what its job has brought.
     void comeBack(const std::shared_ptr<jobs::OperationDialog>& dialog, const jobs::JobEnd& end,

@@ -2,6 +2,7 @@
 
 #include "browser/ShellBrowser.h"
 #include "dialogs/Messages.h"
+#include "edit/EditTexts.h"
 #include "panel/MetadataPanel.h"
 #include "taglists/DialogRemoveTags.h"
 #include "taglists/RemovalTexts.h"
@@ -45,9 +46,10 @@ void RemovalCommands::removeGroupTypes(app::CommandId) {
     if (files.empty()) return;
     askAndRemove(taglists::RemoveDialogTypes(parts_.operations, files, &parts_.window),
                  [this](const jobs::JobResult& result) {
-                     dialogs::showMessage(&parts_.window,
-                                          {taglists::typesRemovedText(parts_.language, result.outcomes),
-                                           dialogs::MessageIcon::Information});
+                     dialogs::showMessage(
+                         &parts_.window,
+                         {taglists::typesRemovedText(parts_.language, result.outcomes, result.remarks),
+                          dialogs::MessageIcon::Information});
                      ending_.ShowBatchReport(result);
                  });
 }
@@ -61,8 +63,8 @@ void RemovalCommands::removeFamily(app::CommandId id) {
     if (app::commandFormOf(parts_.context) == app::CommandForm::Corrected && question &&
         dialogs::showMessage(&parts_.window, {.text = *question,
                                               .icon = dialogs::MessageIcon::Exclamation,
-                                              .buttons = QMessageBox::Yes | QMessageBox::No}) !=
-            QMessageBox::Yes)
+                                              .buttons = QMessageBox::Yes | QMessageBox::No,
+                                              .defaultButton = QMessageBox::No}) != QMessageBox::Yes)
         return;
     const QString title = taglists::familyRemovalTitle(parts_.language, id, files.size());
     ending_.carryOut(taglists::removeFamilyJob(title, id, files));
@@ -71,7 +73,7 @@ void RemovalCommands::removeFamily(app::CommandId id) {
 void RemovalCommands::removeTagsFromShownFile(app::CommandId) {
     const bool isShown = parts_.context.settings.lists.showMetadataWindow && !parts_.panel.file().empty();
     const fs::path file = isShown ? parts_.panel.file() : parts_.selectedFile();
-    if (file.empty()) return;
+    if (file.empty()) return parts_.showStatus(parts_.language.text(edit::text::kNoRowChosen));
     const QModelIndex row = parts_.panel.list().currentIndex();
     const QString group = isShown && row.isValid() ? parts_.panel.model().row(row.row()).group : QString();
     if (!ending_.isReadyToBegin()) return;

@@ -1,6 +1,7 @@
 #include "window/TagListCommands.h"
 
 #include "dialogs/Messages.h"
+#include "jobs/DisplaySelectedFilesDialog.h"
 #include "panel/MetadataPanel.h"
 #include "taglists/DialogAddATag_ToOneFile.h"
 #include "taglists/DialogAddTagsMain.h"
@@ -18,6 +19,8 @@ std::span<const CommandRow<TagListCommands>> TagListCommands::rows() {
         {kModifyIptc, kModifyIptc, &TagListCommands::modifyTags, nullptr, Beside::NoOperation},
         {kModifyXmp, kModifyXmp, &TagListCommands::modifyTags, nullptr, Beside::NoOperation},
         {kFirstAddTags, kLastAddTags, &TagListCommands::addTags, nullptr, Beside::NoOperation},
+        {kSelectedFilesList, kSelectedFilesList, &TagListCommands::listSelectedFiles, nullptr,
+         Beside::NoOperation},
         {kAddTagsToFile, kAddTagsToFile, &TagListCommands::addTagsToShownFile,
          &TagListCommands::ifGroupChosen, Beside::NoOperation},
     };
@@ -40,6 +43,12 @@ void TagListCommands::addTags(app::CommandId id) {
     if (files.empty()) return;
     taglists::DialogAddTagsMain dialog(parts_.operations, id, files, &parts_.window);
     if (dialog.run() != 0) ending_.carryOut(dialog.takeJob());
+}
+
+void TagListCommands::listSelectedFiles(app::CommandId) {
+    const std::vector<std::filesystem::path> files = gathering_.GatherSelection();
+    if (files.empty()) return;
+    jobs::DisplaySelectedFilesDialog(parts_.language, files, &parts_.window).run();
 }
 
 void TagListCommands::addTagsToShownFile(app::CommandId) {

@@ -19,6 +19,8 @@ class TagListCommands {
     void modifyTags(app::CommandId id);
     void addTags(app::CommandId id);
     void addTagsToShownFile(app::CommandId id);
+    /// The files that the others of these commands would work on.
+    void listSelectedFiles(app::CommandId id);
 
  private:
     CommandState ifGroupChosen(app::CommandId id) const;

@@ -70,3 +70,23 @@ TEST(SizeText, DividesAndCuts) {
     for (const Case& expected : cases)
         EXPECT_EQ(app::sizeText(expected.bytes, expected.format), expected.text);
 }
+
+TEST(PaneLayout, TheKeyboardGoesRoundThePanesThatAreShown) {
+    using app::Pane;
+    const std::array<bool, app::kPaneCount> all = {true, true, true};
+    const std::array<bool, app::kPaneCount> noTags = {true, true, false};
+    const std::array<bool, app::kPaneCount> filesAlone = {false, true, false};
+    EXPECT_EQ(app::nextPane(Pane::Files, all, false), Pane::Tags);
+    EXPECT_EQ(app::nextPane(Pane::Tags, all, false), Pane::Folders);
+    EXPECT_EQ(app::nextPane(Pane::Folders, all, true), Pane::Tags);
+    EXPECT_EQ(app::nextPane(Pane::Files, noTags, false), Pane::Folders);
+    EXPECT_EQ(app::nextPane(Pane::Files, filesAlone, true), Pane::Files);
+    EXPECT_EQ(app::nextPane(std::nullopt, all, true), Pane::Files);
+}
+
+TEST(PaneLayout, APaneThatNobodyHasDraggedGrowsWithAWideWindow) {
+    EXPECT_EQ(app::spreadRightWidth(500, 1280), 500);
+    EXPECT_EQ(app::spreadRightWidth(500, 800), 500);
+    EXPECT_EQ(app::spreadRightWidth(500, 1920), 884);
+    EXPECT_EQ(app::spreadRightWidth(501, 1920), 501) << "the user's own width stays";
+}

@@ -47,11 +47,25 @@ TEST(BatchLines, AreCorrectedToTheBlank) {
               "\"-FileName<${ShutterCount;tr/0-9//cd;$_=undef if !length}%-c.%e\" \"/photos/a b.jpg\" "
               "2>>\"/install/cache/reports/01-02-2026-BatchReport.txt\"");
     EXPECT_EQ(dateAndCameraArguments(CommandForm::Corrected, CameraPart::Make).text(),
-              "-d \"%%Y-%%m-%%d %%H-%%M-%%S\" \"-FileName<${FileModifyDate;} - "
+              "-d \"%%Y-%%m-%%d %%H-%%M-%%S\" \"-FileName<${DateTimeOriginal;} - "
               "${Make;tr!/\\\\?*:|<>\\x22\\x25\\x00-\\x1f\\x7f!!d;s/^\\s+|\\s+$//g;$_=undef if !length}"
               "-%%f%%-c.%%e\" -charset filename=UTF8 ");
     EXPECT_EQ(thumbnailArguments(CommandForm::Corrected, {kFile, "/photos/c.jpg"}).text(),
               "-ThumbnailImage= -overwrite_original -charset filename=UTF8 ");
+}
+
+TEST(BatchLines, NewNamesAreToldBeforeTheyAreGiven) {
+    const std::vector<std::filesystem::path> files = {kFile, "/photos/c.jpg"};
+    const std::string line = toldNamesLine(makeContext(), CameraPart::Model, files).text();
+    EXPECT_TRUE(line.starts_with(
+        "\"/opt/exif tool\" -d \"%%Y-%%m-%%d %%H-%%M-%%S\" \"-TestName<${DateTimeOriginal;}"))
+        << line;
+    EXPECT_EQ(line.find("-FileName"), std::string::npos) << "it must rename nothing";
+    EXPECT_TRUE(line.ends_with("\"/photos/a b.jpg\" \"/photos/c.jpg\" ")) << line;
+    EXPECT_EQ(
+        toldNames("'/photos/a b.jpg' --> '/photos/2001 - M-a b.jpg'\nWarning: no date\n"
+                  "'/photos/it's.jpg' --> '/photos/2001 - M-it's.jpg'\n    0 image files updated\n"),
+        (std::vector<batch::ToldName>{{"a b.jpg", "2001 - M-a b.jpg"}, {"it's.jpg", "2001 - M-it's.jpg"}}));
 }
 
 TEST(BatchLines, NoPathCanLeaveItsArgument) {

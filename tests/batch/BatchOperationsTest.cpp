@@ -2,6 +2,7 @@
 #include "batch/BatchOperations.h"
 #include "jobs/JobSource.h"
 #include "support/EditingContext.h"
+#include "support/RunHere.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 #include "support/ToolStandIns.h"
@@ -62,7 +63,7 @@ class BatchOperationsTest : public testing::Test {
         return job.value_or(jobs::Job());
     }
     std::vector<OutcomeKind> run(CommandId id, const std::vector<fs::path>& files) {
-        outcomes_ = jobs::runHere(jobOf(id, files), context_, runner_);
+        outcomes_ = support::runHere(jobOf(id, files), context_, runner_);
         for (std::size_t at = 0; at < outcomes_.size(); ++at) EXPECT_EQ(outcomes_[at].file, files.at(at));
         return kindsOf(outcomes_);
     }
@@ -143,20 +144,20 @@ TEST_F(BatchOperationsTest, FilesAreNamedAfterTheShutterCountAndNoneIsReplaced) 
 TEST_F(BatchOperationsTest, FilesAreNamedAfterDateAndCamera) {
     const fs::path photo = make("a.jpg");
     EXPECT_THAT(run(173, {photo}), ElementsAre(Done));
-    EXPECT_THAT(names(), ElementsAre("2020-01-02 03-04-05 - Makers-a.jpg"));
-    EXPECT_THAT(run(174, {folder_ / "photos/2020-01-02 03-04-05 - Makers-a.jpg"}), ElementsAre(Done));
-    EXPECT_THAT(names(), ElementsAre("2020-01-02 03-04-05 - Model 1-2020-01-02 03-04-05 - Makers-a.jpg"));
+    EXPECT_THAT(names(), ElementsAre("2001-02-03 04-05-06 - Makers-a.jpg"));
+    EXPECT_THAT(run(174, {folder_ / "photos/2001-02-03 04-05-06 - Makers-a.jpg"}), ElementsAre(Done));
+    EXPECT_THAT(names(), ElementsAre("2001-02-03 04-05-06 - Model 1-2001-02-03 04-05-06 - Makers-a.jpg"));
     EXPECT_EQ(report(), "");
     EXPECT_EQ(readBytes(folder_ / "photos" / names().front()), readBytes(master_));
 }
 
 TEST_F(BatchOperationsTest, NoFileTakesTheNameOfAnother) {
     const fs::path photo = make("a.jpg");
-    const fs::path other = folder_ / "photos/2020-01-02 03-04-05 - Makers-a.jpg";
+    const fs::path other = folder_ / "photos/2001-02-03 04-05-06 - Makers-a.jpg";
     writeBytes(other, "somebody else's");
     EXPECT_THAT(run(173, {photo}), ElementsAre(Done));
-    EXPECT_THAT(names(), UnorderedElementsAre("2020-01-02 03-04-05 - Makers-a.jpg",
-                                              "2020-01-02 03-04-05 - Makers-a-1.jpg"));
+    EXPECT_THAT(names(), UnorderedElementsAre("2001-02-03 04-05-06 - Makers-a.jpg",
+                                              "2001-02-03 04-05-06 - Makers-a-1.jpg"));
     EXPECT_EQ(readBytes(other), "somebody else's");
 }
 
@@ -193,7 +194,7 @@ TEST_F(BatchOperationsTest, WhatStandsInATagLeadsToNoOtherFolderAndRunsNothing) 
         set(photo, std::string("-XMP-tiff:Make=") + row.make);
         set(photo, "-EXIF:Make=");
         EXPECT_THAT(run(173, {photo}), ElementsAre(Done)) << row.make;
-        const std::string expected = std::string("2020-01-02 03-04-05 - ") + row.expected + "-a.jpg";
+        const std::string expected = std::string("2001-02-03 04-05-06 - ") + row.expected + "-a.jpg";
         EXPECT_THAT(names(), ElementsAre(expected)) << row.make << '\n' << report();
         fs::remove(folder_ / "photos" / names().front());
     }
@@ -205,7 +206,7 @@ TEST_F(BatchOperationsTest, HostileNamesAreKeptBehindTheDate) {
     for (const std::string& name : support::hostileNames()) {
         const fs::path photo = make(name);
         EXPECT_THAT(run(174, {photo}), ElementsAre(Done)) << name;
-        EXPECT_THAT(names(), ElementsAre("2020-01-02 03-04-05 - Model 1-" + name)) << report();
+        EXPECT_THAT(names(), ElementsAre("2001-02-03 04-05-06 - Model 1-" + name)) << report();
         fs::remove(folder_ / "photos" / names().front());
     }
     EXPECT_EQ(report(), "");
@@ -248,7 +249,7 @@ TEST_F(BatchOperationsTest, TheDesignedThumbnailLineNamesTheFilesUpToItsOwn) {
     EXPECT_EQ(job.title, QStringLiteral("Removing thumbnails"));
     for (int round = 0; round < 2; ++round) {
         fs::remove(folder_ / "seen");
-        static_cast<void>(jobs::runHere(job, context_, runner_));
+        static_cast<void>(support::runHere(job, context_, runner_));
         std::string seen;
         std::string line;
         for (const fs::path& file : files) seen += (line += "-ThumbnailImage=" + file.string()) + '\n';
@@ -267,7 +268,7 @@ TEST_F(BatchOperationsTest, TheLineForAllFilesIsTheLineOfEach) {
                 EXPECT_EQ(runner_.RunToolLine(job.lineOf(context_, app::commandFormOf(context_), photo).text),
                           1);
             } else {
-                static_cast<void>(jobs::runHere(job, context_, runner_));
+                static_cast<void>(support::runHere(job, context_, runner_));
             }
             seen[asOne ? 0 : 1] = readBytes(folder_ / "seen");
             fs::remove(folder_ / "seen");

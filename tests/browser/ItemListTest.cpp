@@ -1,3 +1,5 @@
+#include "browser/ColumnSpread.h"
+#include "browser/FileInView.h"
 #include "browser/ItemList.h"
 
 #include "support/TemporaryFolder.h"
@@ -121,6 +123,48 @@ TEST(ItemList, IdsBeginAgainWithEachFolder) {
     EXPECT_EQ(list.totals().folderSize, 0U);
     list.InsertPendingItems(true);
     EXPECT_EQ(list.itemCount(), 0U);
+}
+
+TEST(ItemList, OneOfTheSelectedFilesIsInView) {
+    // a and c are files, b is a folder.
+    const struct {
+        const char* why;
+        std::vector<int> selected;
+        int current;
+        const char* shown;
+        int row, number, count;
+    } cases[] = {
+        {"nothing is selected", {}, 0, "/folder/a", -1, 0, 0},
+        {"a folder alone", {1}, 1, "", -1, 0, 0},
+        {"the current one", {0, 2}, 2, "/folder/a", 2, 2, 2},
+        {"the shown one while the current one is not selected", {0, 2}, 1, "/folder/c", 2, 2, 2},
+        {"the first when neither is", {0, 1, 2}, 1, "/folder/b", 0, 1, 2},
+        {"the shown one is of another folder", {2}, -1, "/other/c", 2, 1, 1},
+    };
+    for (const auto& each : cases) {
+        ItemList list = filled();
+        for (const int row : each.selected) list.setSelected(row, true);
+        const browser::FileInView view = browser::fileInView(list, each.current, each.shown);
+        EXPECT_EQ(view.row, each.row) << each.why;
+        EXPECT_EQ(view.number, each.number) << each.why;
+        EXPECT_EQ(view.count, each.count) << each.why;
+    }
+}
+
+TEST(ItemList, ItsColumnsFillTheListUntilTheUserSetsThem) {
+    const int widths[] = {250, 100, 70};
+    const struct {
+        int room;
+        bool isNameSet, isLastSet;
+        int name, last;
+    } cases[] = {{1000, false, false, 580, 0}, {1000, false, true, 580, 0}, {1000, true, false, 0, 580},
+                 {1000, true, true, 0, 0},     {300, false, false, 0, 0},   {420, false, false, 0, 0}};
+    for (const auto& each : cases) {
+        const browser::ColumnSpread spread =
+            browser::spreadOf(widths, each.room, each.isNameSet, each.isLastSet);
+        EXPECT_EQ(spread.name, each.name) << each.room;
+        EXPECT_EQ(spread.last, each.last) << each.room;
+    }
 }
 
 }  // namespace

@@ -302,7 +302,7 @@ TEST_F(RibbonTest, ADoubleClickOnAFoldedRibbonUnfoldsItForGood) {
 }
 
 TEST_F(RibbonTest, TheArrowAtTheRightFoldsToo) {
-    auto* fold = ribbon_->findChild<QToolButton*>(QStringLiteral("fold"));
+    auto* fold = ribbon_->findChild<QToolButton*>(QStringLiteral("ribbonFold"));
     ASSERT_NE(fold, nullptr);
     EXPECT_EQ(fold->toolTip(), QStringLiteral("T99"));
     QTest::mouseClick(fold, Qt::LeftButton);

@@ -60,7 +60,8 @@ TEST_F(PanelEdit, ARatingIsPreselectedAsDesigned) {
 
 TEST_F(PanelEdit, AnEditedRowBecomesTheCurrentEdit) {
     const tags::TagRecord tag = record(u"IFD0", u"Orientation");
-    const TagEditContext before = contextOfRow(parts, form(), "/p/a.jpg", row("Rotate 180"), tag).context;
+    const TagEditContext before =
+        contextOfRow(parts, form(), photo({"-IFD0:Orientation#=3"}), row("Rotate 180"), tag).context;
     EXPECT_EQ(before.title, QStringLiteral("Orientation"));
     EXPECT_EQ(before.group, QStringLiteral("IFD0"));
     EXPECT_EQ(before.value, QStringLiteral("Rotate 180"));
@@ -86,7 +87,7 @@ TEST_F(PanelEdit, ARatingThatShowsAsStarsIsEditedAsItsNumber) {
     const tags::TagRecord tag = record(u"XMP-Xmp", u"Rating");
     tags::MetadataRow stars;
     stars.stars = 3;
-    const TagEditContext before = contextOfRow(parts, form(), "/p/a.jpg", stars, tag).context;
+    const TagEditContext before = contextOfRow(parts, form(), photo({}), stars, tag).context;
     EXPECT_EQ(before.value, QStringLiteral("3"));
     TagEditContext after = before;
     after.selection = 4;

@@ -4,9 +4,11 @@
 #include "edit/EditControls.h"
 #include "edit/EditTexts.h"
 #include "support/EditedFile.h"
+#include "support/RunHere.h"
 #include "support/UnprivilegedUser.h"
 #include "taglists/DialogDeleteATag.h"
 #include "taglists/DialogDeleteGroup_FromOneFile.h"
+#include "tags/Entries.h"
 
 #include <gmock/gmock.h>
 
@@ -60,7 +62,7 @@ class ValueDialogs : public EditedFile {
         return *qobject_cast<Control*>(dialogs::findControl(dialog, number));
     }
     void expectDone(jobs::JobSource& dialog) {
-        const exiftool::Outcomes outcomes = jobs::runHere(dialog.takeJob(), context, runner);
+        const exiftool::Outcomes outcomes = support::runHere(dialog.takeJob(), context, runner);
         ASSERT_EQ(outcomes.size(), 1U);
         EXPECT_EQ(outcomes.front().kind, exiftool::OutcomeKind::Done) << outcomes.front().words;
     }
@@ -169,23 +171,49 @@ TEST_F(ValueDialogs, TextIsWholeAndEnterIsOk) {
     EXPECT_FALSE(wasLeftOpen);
 }
 
-TEST_F(ValueDialogs, TextThatNobodyTouchesStaysAsItWas) {
-    const QString odd = QStringLiteral("one\r\ntwo\u2028three\u00A0four");
-    open(u"XMP-dc", u"Subject", "");
-    edit.value = odd;
-    EXPECT_EQ(run(ValueKind::Text, [&](QDialog& dialog) { ok(dialog); }), 1);
-    EXPECT_EQ(edit.value, odd);
-    EXPECT_EQ(run(ValueKind::Text,
-                  [&](QDialog& dialog) {
-                      auto& field = at<QPlainTextEdit>(dialog, ::edit::control::kText);
-                      EXPECT_EQ(at<QLabel>(dialog, ::edit::control::kHint).text(),
-                                language.text(::edit::text::kEntryLines));
-                      field.moveCursor(QTextCursor::End);
-                      QTest::keyClicks(&field, "!");
-                      ok(dialog);
-                  }),
-              1);
-    EXPECT_EQ(edit.value, odd + "!");
+TEST_F(ValueDialogs, EveryCharacterSurvivesAnEditBesideIt) {
+    struct OddText {
+        QString text;
+        const char* shown;  ///< ends of lines as "|"
+        bool severalEntries = false;
+    };
+    const OddText cases[] = {
+        {QStringLiteral(u"one\r\ntwo\r\n"), "one|two|"},
+        {"mixed\r\nends\nof\rlines", "mixed\u21B2|ends|of\u21B2lines"},
+        {QStringLiteral(u"\u00A0a\u2003b\u3000\u202F"), "\u00A0a\u2003b\u3000\u202F"},
+        {QStringLiteral(u"a\u2028b\u2029c\u0085d"), "a\u21B5b\u00B6c\u21B5d"},
+        {QString::fromLatin1("\ta\x01\x1B\x7F\0z\t", 8), "\u2192a\u25A1\u25A1\u25A1\u25A1z\u2192"},
+        {QStringLiteral(u"\uFDD0\uFDD1e\uFFFE\uFFFC\uFEFF"), "\u25A1\u25A1e\u25A1\u25A1\uFEFF"},
+        {QStringLiteral(u"gr\xDCFC\xDCDF") + QString::fromUtf8("\xF0\x9F\x98\x80"),
+         "gr\u25A1\u25A1\U0001F600"},
+        {"\u2192\u25A1 as typed", "\u2192\u25A1 as typed"},
+        {tags::joinEntries({" one ", "", "two\nlines", QStringLiteral(u"\uFDD0e\u2028")}),
+         " one |\u2205|two\u21B5lines|\u25A1e\u21B5", true},
+    };
+    for (const OddText& row : cases) {
+        open(u"XMP-dc", u"Title", "");
+        edit.value = row.text;
+        edit.severalEntries = row.severalEntries;
+        EXPECT_EQ(run(ValueKind::Text, [&](QDialog& dialog) { ok(dialog); }), 1);
+        EXPECT_EQ(edit.value, row.text) << row.shown;
+        // What is typed, pasted and taken back leaves all else as it is.
+        const bool isRefused = row.text.contains(QChar::Null);
+        EXPECT_EQ(run(ValueKind::Text,
+                      [&](QDialog& dialog) {
+                          auto& field = at<QPlainTextEdit>(dialog, ::edit::control::kText);
+                          EXPECT_EQ(field.toPlainText().replace(u'\n', u'|'),
+                                    QString::fromUtf8(row.shown).replace(QChar::Nbsp, u' '));
+                          field.moveCursor(QTextCursor::End);
+                          QTest::keyClicks(&field, "!");
+                          field.selectAll();
+                          field.copy();
+                          field.paste();
+                          ok(dialog);
+                      }),
+                  isRefused ? 0 : 1);
+        EXPECT_EQ(wasLeftOpen, isRefused);
+        EXPECT_EQ(edit.value, isRefused ? row.text : row.text + "!") << row.shown;
+    }
 }
 
 TEST_F(ValueDialogs, ADateKeepsWhatItsTagHas) {
@@ -346,9 +374,9 @@ TEST_F(ValueDialogs, AFileThatIsMarkedReadOnlyIsLeftAlone) {
     const std::string before = support::readBytes(file);
     const support::UnprivilegedUser user(folder.path());
     const jobs::Job job = deleteTagsJob(form(), QString(), {{"IFD0", "Artist"}}, file);
-    const exiftool::Outcomes outcomes = jobs::runHere(job, context, runner);
+    const exiftool::Outcomes outcomes = support::runHere(job, context, runner);
     ASSERT_EQ(outcomes.size(), 1U);
     EXPECT_EQ(outcomes.front().kind, exiftool::OutcomeKind::Failed);
-    EXPECT_EQ(outcomes.front().words, "Access denied!");
+    EXPECT_THAT(outcomes.front().words, testing::HasSubstr("marked as read-only"));
     EXPECT_EQ(support::readBytes(file), before);
 }

@@ -67,6 +67,25 @@ TEST(DateValue, EachPartThatAValueHasIsReadAndNoOther) {
     }
 }
 
+TEST(DateValue, NowHasItsOwnFractionAndZoneInTheFormOfTheValue) {
+    const struct {
+        const char* before;
+        const char* after;
+    } cases[] = {
+        {"2015:06:01 12:13:14", "2015:06:01 12:13:14"},
+        {"2015:06:01 12:13:14.5+02:00", "2015:06:01 12:13:14.0-03:30"},
+        {"2015:06:01 12:13:14.123456Z", "2015:06:01 12:13:14.045000-03:30"},
+        {"2015:06:01 12:13:14+0200", "2015:06:01 12:13:14-0330"},
+        {"12:13:14.12+01:00 DST", "12:13:14.04-03:30"},
+    };
+    const QDateTime moment(QDate(2026, 1, 2), QTime(3, 4, 5, 45), Qt::OffsetFromUTC, -(3 * 60 + 30) * 60);
+    for (const auto& row : cases) {
+        DateValue value = *readDateValue(QString(row.before));
+        setFractionAndZone(value, moment);
+        EXPECT_EQ(dateValueText(value).toStdString(), row.after);
+    }
+}
+
 TEST(DateValue, TheDesignedFormCutsByPositionAndJoinsWithoutZeros) {
     const struct {
         const char* value;
@@ -173,10 +192,15 @@ TEST(NumberText, ARationalReplacesTheOldOneUnlessItIsNone) {
     EXPECT_EQ(designedRational("1", QString(300, u'9')).size(), 256);
 }
 
-TEST(Entries, GoThereAndBackWithTheirLineFeeds) {
-    const QStringList lists[] = {
-        {}, {"one"}, {"one", "two, three"}, {"with\nline", "feed"}, {"\u65E5\u672C", "\u05E9\u05DC"}};
+TEST(Entries, GoThereAndBackWithEveryCharacter) {
+    const QStringList lists[] = {{},
+                                 {"one"},
+                                 {"", " ", "\t"},
+                                 {"e", QStringLiteral(u"\uFDD0"), QStringLiteral(u"\uFDD0\n\u2028")},
+                                 {"one", "two, three"},
+                                 {"with\nline", "feed"},
+                                 {"\u65E5\u672C", "\u05E9\u05DC"}};
     for (const QStringList& entries : lists) EXPECT_EQ(splitEntries(joinEntries(entries)), entries);
-    EXPECT_EQ(splitEntries("  one \n\n \ntwo"), QStringList({"one", "two"}));
+    EXPECT_EQ(splitEntries("  one \n\n \ntwo\n"), QStringList({"  one ", " ", "two"}));
     EXPECT_EQ(text(panelText({"one", "tw\no\x7F", "\x01"})), "one, tw.o., .");
 }

@@ -1,11 +1,17 @@
 #include "exiftool/WriteTag.h"
 
 #include "edit/PanelEdit.h"
+#include "edit/TrialWrite.h"
 #include "edit/WholeValue.h"
+#include "platform/Text.h"
 #include "support/EditedFile.h"
+#include "support/ManyFormats.h"
 #include "support/ToolStandIns.h"
+#include "tags/Entries.h"
 
 #include <gmock/gmock.h>
+
+#include <sstream>
 
 using namespace edit;
 using namespace exiftool;
@@ -57,7 +63,13 @@ std::vector<LineCase> lineCases() {
     app::CurrentEdit several = edited("XMP-dc", "Subject", "one\ntwo, three");
     several.severalValues = true;
     app::CurrentEdit noEntries = several;
-    noEntries.value = " \n";
+    noEntries.value = "\n";
+    app::CurrentEdit oddEntries = several;
+    oddEntries.value = tags::joinEntries({" one ", "", "two\nlines"});
+    app::CurrentEdit plainEntry = edited("XMP-dc", "Title", "a b");
+    plainEntry.language = "x-default";
+    app::CurrentEdit withOthers = edited("ItemList", "Title", "a b");
+    withOthers.translations = {{"Title-deu-DE", "x\"y"}};
     app::CurrentEdit escape = edited("IPTC", "CodedCharacterSet", "% G");
     escape.id = 853;
     app::CurrentEdit escaped = escape;
@@ -75,7 +87,14 @@ std::vector<LineCase> lineCases() {
         {"a choice", list, "-Orientation=\"Rotate 90 CW\" ", "-IFD0:Orientation#=\"6\" "},
         {"entries", several, "-Subject=\"one\ntwo, three\" ",
          "-XMP-dc:Subject=\"one\" -XMP-dc:Subject=\"two, three\" "},
-        {"no entries", noEntries, "-Subject=\" \n\" ", "-XMP-dc:Subject= "},
+        {"no entries", noEntries, "-Subject=\"\n\" ", "-XMP-dc:Subject= "},
+        {"odd entries", oddEntries,
+         "-Subject=\" one \n\xEF\xB7\x90"
+         "e\ntwo\xEF\xB7\x90\nlines\" ",
+         "-XMP-dc:Subject=\" one \" -XMP-dc:Subject^= -XMP-dc:Subject=\"two\nlines\" "},
+        {"one language", plainEntry, "-Title=\"a b\" ", "-XMP-dc:Title-x-default=\"a b\" "},
+        {"languages beside it", withOthers, "-Title=\"a b\" ",
+         "-ItemList:Title=\"a b\" -ItemList:Title-deu-DE=\"x\"y\" "},
         {"an escape sequence", escape, "-CodedCharacterSet=\"ESC % G\" ",
          "-IPTC:CodedCharacterSet=\"ESC % G\" "},
         {"one that is written out", escaped, "-CodedCharacterSet=\"ESC ESC % G\" ",
@@ -84,7 +103,8 @@ std::vector<LineCase> lineCases() {
         {"Latin in IPTC", edited("IPTC", "City", "K\xC3\xB6ln"), "-City=\"K\xC3\xB6ln\" ",
          "-IPTC:City=\"K\xC3\xB6ln\" "},
         {"more in IPTC", edited("IPTC", "City", "\xE6\x9D\xB1"), "-City=\"\xE6\x9D\xB1\" ",
-         "-tagsfromfile @ -IPTC:All --IPTC:City -IPTC:CodedCharacterSet=UTF8 -IPTC:City=\"\xE6\x9D\xB1\" "},
+         "-tagsfromfile @ -IPTC:All --IPTC:City \"-IPTC:CodedCharacterSet<${FileType;$_='UTF8'}\" "
+         "-IPTC:City=\"\xE6\x9D\xB1\" "},
         {"a property's group", property, "-CameraModel=\"x\" ", "-CameraModel=\"x\" "},
     };
 }
@@ -104,8 +124,22 @@ class WriteTag : public EditedFile {
         to.tagId = static_cast<int>(tag.id);
         to.comboCode = code;
         to.selection = value.toInt();
+        to.severalEntries = form() == app::CommandForm::Corrected && tag.valueKind == ValueKind::Text &&
+                            labels.takesSeveralValues(to.tagId);
         return WriteOneTag(context, form(), runner, file, editOfRow(parts, form(), from, to, tag, 0));
     }
+
+    /// ExifTool's own way to leave a tag out takes the other languages along.
+    static std::string linesBut(const fs::path& file, QStringView group, const char* name) {
+        const std::string own = platform::narrow(QStringLiteral("[%1] %2:").arg(group, QString(name)));
+        std::istringstream all(otherTags(file, "Composite:All"));
+        std::string lines;
+        for (std::string line; std::getline(all, line);)
+            if (!line.starts_with(own)) lines += line + '\n';
+        return lines;
+    }
+
+    static QString to(std::u16string_view name) { return platform::wide(name); }
 
     void SetUp() override { fs::current_path(folder / "photos"); }
 };
@@ -175,9 +209,8 @@ TEST_F(WriteTag, EntriesStayEntries) {
         EXPECT_EQ(write(file, group, name, QStringLiteral("one\ntwo, three\n\u65E5\u672C")),
                   (Outcome{file, Done, {}}));
         const tags::TagRecord tag = record(group, name);
-        EXPECT_EQ(
-            editableValue(parts, form(), file, tag, QStringLiteral("one, two, three, \u65E5\u672C")).text,
-            QStringLiteral("one\ntwo, three\n\u65E5\u672C"));
+        EXPECT_EQ(editableValue(parts, form(), file, tag, to(tag.name), QStringLiteral("one, two")).text,
+                  QStringLiteral("one\ntwo, three\n\u65E5\u672C"));
     }
 }
 
@@ -237,6 +270,9 @@ TEST_F(WriteTag, TextThatLatinLacksKeepsTheOtherValuesOfItsRecord) {
     EXPECT_EQ(valueOf(file, "IPTC:Headline"), "\xE6\x97\xA5\xE6\x9C\xAC");
     EXPECT_EQ(valueOf(file, "IPTC:City"), "M\xC3\xBCnchen");
     EXPECT_EQ(valueOf(file, "IPTC:Keywords"), "gr\xC3\xBCn\nb");
+    const fs::path bare = photo({}, "bare.jpg");
+    EXPECT_EQ(write(bare, u"IPTC", u"Headline", QStringLiteral("\u65E5\u672C")), (Outcome{bare, Done, {}}));
+    EXPECT_EQ(valueOf(bare, "IPTC:Headline"), "\xE6\x97\xA5\xE6\x9C\xAC");
 }
 
 TEST_F(WriteTag, SeveralSuchTextsOfOneLineAllArrive) {
@@ -245,7 +281,8 @@ TEST_F(WriteTag, SeveralSuchTextsOfOneLineAllArrive) {
                                       edited("IPTC", "Headline", "\xE4\xBA\xAC")};
     const platform::CommandText terms = termsOfTags(form(), edits);
     EXPECT_EQ(terms.text(),
-              "-tagsfromfile @ -IPTC:All --IPTC:City --IPTC:Headline -IPTC:CodedCharacterSet=UTF8 "
+              "-tagsfromfile @ -IPTC:All --IPTC:City --IPTC:Headline "
+              "\"-IPTC:CodedCharacterSet<${FileType;$_='UTF8'}\" "
               "-IPTC:City=\"\xE6\x9D\xB1\" -IFD0:Artist=\"Ada\" -IPTC:Headline=\"\xE4\xBA\xAC\" ");
     platform::CommandText line = exiftool::toolStart(context).append(terms).literal("-overwrite_original \"");
     EXPECT_EQ(runner.RunToolLine(line.outside(file.string()).literal("\"")), 1);
@@ -341,38 +378,140 @@ TEST_F(WriteTag, NoWriteTellsASuccessThatIsNone) {
         {{"one tag", [&] { return Outcomes{write(file, u"XMP-dc", u"Creator", "Bob")}; }}});
 }
 
-TEST_F(WriteTag, TheWholeValueIsReadWhereTheRowCouldHideSome) {
-    const fs::path file = photo({"-XMP-dc:Title=two\nlines", "-XMP-dc:Subject=a", "-XMP-dc:Subject=b, c",
-                                 "-XMP-dc:Rights=A. B.", "-XMP-dc:Creator=first\nline", "-XMP-dc:Creator=x"});
+TEST_F(WriteTag, AValueIsReadWithEveryCharacter) {
+    const fs::path file = photo({"-XMP-dc:Title=two\nlines ", "-XMP-dc:Title-de=zwei", "-XMP-dc:Subject=a",
+                                 "-XMP-dc:Subject^=", "-XMP-dc:Subject=b, c\n", "-XMP-dc:Rights=A. B.",
+                                 "-XMP-dc:Date=2001", "-XMP-dc:Date=2002:03", "-IFD0:Artist=gr\xFC\xDF\x01"});
     const struct {
+        const char16_t* group;
         const char16_t* name;
+        const char* row;
         const char* shown;
-        const char* whole;
+        QString whole;
     } cases[] = {
-        {u"Title", "two.lines", "two\nlines"},
-        {u"Subject", "a, b, c", "a\nb, c"},
-        {u"Rights", "A. B.", "A. B."},
-        {u"Creator", "first.line, x", "first\u2028line\nx"},
-        {u"Title", "something. else", "something. else"},  // the file has changed meanwhile
-        {u"Title", "", ""},
+        {u"XMP-dc", u"Title", "Title", "two.lines", "two\nlines "},
+        {u"XMP-dc", u"Title", "Title-de", "zwei", "zwei"},
+        {u"XMP-dc", u"Subject", "Subject", "a, , b, c.", joinEntries({"a", "", "b, c\n"})},
+        {u"XMP-dc", u"Rights", "Rights", "A. B.", "A. B."},
+        {u"XMP-dc", u"Date", "Date", "2001, 2002:03", "2001\n2002:03"},
+        {u"IFD0", u"Artist", "Artist", "gr??.", QStringLiteral(u"gr\xDCFC\xDCDF\x01")},
+        {u"XMP-dc", u"Source", "Source", "", ""},
     };
     for (const auto& row : cases) {
-        const tags::TagRecord tag = record(u"XMP-dc", row.name);
-        const jobs::EditableValue value = editableValue(parts, form(), file, tag, row.shown);
-        EXPECT_EQ(value.text.toStdString(), row.whole);
-        EXPECT_EQ(value.fault, QString());
+        const EditableValue value = editableValue(parts, form(), file, record(row.group, row.name),
+                                                  QString(row.row), QString(row.shown));
+        EXPECT_EQ(value.text, row.whole) << row.row;
+        EXPECT_EQ(value.fault + value.refusal, QString());
+        EXPECT_EQ(value.severalEntries, row.whole.contains(u'\n') && row.name[0] != u'T') << row.row;
     }
     const tags::TagRecord title = record(u"XMP-dc", u"Title");
-    EXPECT_NE(editableValue(parts, form(), folder / "gone.jpg", title, "a.b").fault, QString());
+    EXPECT_NE(editableValue(parts, form(), folder / "gone.jpg", title, "Title", "a").fault, QString());
     // What a row shows would destroy what it does not show.
     const fs::path tool = context.exifToolPath;
     for (const char* script : {"kill -KILL $$", "echo two.lin; exit 1", "exit 1"}) {
         support::useTool(context, folder / "tool", script);
-        const jobs::EditableValue value = editableValue(parts, form(), file, title, "two.lines");
+        const EditableValue value = editableValue(parts, form(), file, title, "Title", "two.lines");
         EXPECT_NE(value.fault, QString()) << script;
         EXPECT_EQ(value.text, QString()) << script;
     }
     context.exifToolPath = tool;
     context.settings.exifTool.correctedCommands = false;
-    EXPECT_EQ(editableValue(parts, form(), file, title, "two.lines").text, QStringLiteral("two.lines"));
+    EXPECT_EQ(editableValue(parts, form(), file, title, "Title", "two.lines").text,
+              QStringLiteral("two.lines"));
+}
+
+TEST_F(WriteTag, ATextInOneLanguageLeavesTheOthers) {
+    const fs::path photograph = photo({"-XMP-dc:Title=plain", "-XMP-dc:Title-de=deutsch",
+                                       "-XMP-dc:Title-fr=fran\xC3\xA7"
+                                       "ais",
+                                       "-XMP-dc:Source=kept"});
+    support::makeFilesOfManyFormats(folder / "photos");
+    const fs::path film = folder / "photos/film.mov";
+    support::ExifTool({"-q", "-overwrite_original", "-ItemList:Title=plain", "-ItemList:Title-deu-DE=deutsch",
+                       "-ItemList:Artist=kept", "-Keys:Title=plain", "-Keys:Title-deu-DE=deutsch",
+                       film.string()});
+    const struct {
+        fs::path file;
+        const char16_t* group;
+        const char* name;
+    } cases[] = {{photograph, u"XMP-dc", "Title"},
+                 {photograph, u"XMP-dc", "Title-de"},
+                 {film, u"ItemList", "Title"},
+                 {film, u"Keys", "Title"},
+                 {film, u"ItemList", "Title-deu-DE"}};
+    for (const auto& row : cases) {
+        for (const char* value : {"new \xE2\x82\xAC", ""}) {
+            const tags::TagRecord tag = record(row.group, u"Title");
+            const std::string name = platform::narrow(QStringView(row.group)) + ":" + row.name;
+            const std::string others = linesBut(row.file, row.group, row.name);
+            ASSERT_NE(others.find("] Title"), std::string::npos);
+            MetadataRow clicked;
+            clicked.tag = row.name;
+            const TagEditContext before = contextOfRow(parts, form(), row.file, clicked, tag).context;
+            TagEditContext after = before;
+            after.value = QString::fromUtf8(value);
+            const QString refusal = refusalOfText(parts, form(), before, after);
+            // This ExifTool puts another language in the place of a plain entry that is deleted.
+            const bool isRefused = QStringView(row.group) == u"Keys" && after.value.isEmpty();
+            EXPECT_EQ(!refusal.isEmpty(), isRefused) << name << refusal.toStdString();
+            if (isRefused) continue;
+            EXPECT_EQ(WriteOneTag(context, form(), runner, row.file,
+                                  editOfRow(parts, form(), before, after, tag, 0))
+                          .kind,
+                      Done)
+                << name;
+            EXPECT_EQ(valueOf(row.file, name), value) << name;
+            EXPECT_EQ(linesBut(row.file, row.group, row.name), others) << name << value;
+        }
+    }
+}
+
+TEST_F(WriteTag, ATagThatStandsTwiceIsRefused) {
+    const fs::path file = photo({"-XMP-dc:Source=a"});
+    std::string bytes = support::readBytes(file);
+    const auto comment = [](const std::string& text) {
+        return std::string("\xFF\xFE\x00", 3) + static_cast<char>(text.size() + 2) + text;
+    };
+    support::writeBytes(file, bytes.substr(0, 2) + comment("first") + comment("second") + bytes.substr(2));
+    ASSERT_EQ(support::ExifTool({"-a", "-s3", "-File:Comment", file.string()}), "first\nsecond\n");
+    const EditableValue twice =
+        editableValue(parts, form(), file, record(u"File", u"Comment"), "Comment", "second");
+    EXPECT_THAT(twice.refusal.toStdString(), HasSubstr("Comment stands 2 times"));
+    EXPECT_EQ(editableValue(parts, form(), file, record(u"XMP-dc", u"Source"), "Source", "a").refusal, "");
+}
+
+TEST_F(WriteTag, WhatATagCannotHoldIsRefusedAndNothingElse) {
+    const fs::path file = photo({"-IFD0:Artist=a", "-XMP-dc:Source=a", "-IFD0:ImageDescription=a"});
+    const std::string before = support::readBytes(file);
+    const struct {
+        const char16_t* group;
+        const char16_t* name;
+        QString text;
+        bool refused;
+    } cases[] = {
+        {u"IFD0", u"Artist", "blanks at the end  ", true},
+        {u"IFD0", u"ImageDescription", "blanks at the end  ", false},
+        {u"XMP-dc", u"Source", "a\x01z", true},
+        {u"IFD0", u"ImageDescription", "a\x01z\x7F", false},
+        {u"XMP-dc", u"Source", QStringLiteral(u"a\uFFFEz"), true},
+        {u"XMP-dc", u"Source", QStringLiteral(u"\u00A0a\u2028z\u2029\u0085\t\r\n"), false},
+        {u"IFD0", u"XPComment", QString::fromUtf8("\xF0\x9F\x98\x80"), true},
+        {u"IFD0", u"ImageDescription", QString::fromLatin1("a\0z", 3), true},
+        {u"IFD0", u"ImageDescription", QString(QChar(0xD83D)), true},
+    };
+    for (const auto& row : cases) {
+        const tags::TagRecord tag = record(row.group, row.name);
+        TagEditContext from;
+        from.filePath = file;
+        from.title = QStringView(tag.name).toString();
+        from.group = QStringView(tag.group).toString();
+        from.tagId = static_cast<int>(tag.id);
+        TagEditContext after = from;
+        after.value = row.text;
+        EXPECT_EQ(!refusalOfText(parts, form(), from, after).isEmpty(), row.refused)
+            << QString::fromUtf16(row.name).toStdString() << row.text.toStdString();
+    }
+    EXPECT_EQ(support::readBytes(file), before);
+    EXPECT_EQ(report(), "");
+    EXPECT_FALSE(fs::exists(context.tempPath / "Trial.jpg"));
 }

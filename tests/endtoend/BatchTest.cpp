@@ -1,6 +1,5 @@
 #include "EditedFolder.h"
-
-#include <fstream>
+#include "support/UnprivilegedUser.h"
 
 // Operations over several files, one of which cannot be written.
 
@@ -96,6 +95,32 @@ TEST_F(BatchTest, WithoutASelectionTheFolderIsAskedFor) {
     EXPECT_EQ(program.quit(), 0);
 }
 
+TEST_F(BatchTest, ASelectionOfFoldersAloneSaysWhatToDo) {
+    subfolder("sub");
+    photo("sub/d.jpg");
+    const auto before = contents();
+    DrivenProgram program;
+    program.tell("open", {path()});
+    program.tell("select", {"sub"});
+    program.tell("command", {"75"});
+    program.refuse("dialog");
+    EXPECT_TRUE(program.status().startsWith("Only folders are selected.")) << program.status().toStdString();
+    EXPECT_EQ(contents(), before);
+    program.tell("select", {"a.jpg", "b.jpg"});
+    program.tell("command", {"5041"});
+    QString listed;
+    for (const QJsonValue& control : program.tell("dialog")["controls"].toArray())
+        if (control["id"].toInt() == 924) listed = control["text"].toString();
+    EXPECT_EQ(listed, path("a.jpg") + '\n' + path("b.jpg"));
+    program.tell("key", {"Escape"});
+    // A list without rows says why.
+    program.tell("select", {"a.jpg"});
+    program.tell("command", {"119"});
+    EXPECT_EQ(program.tell("dialog")["template"].toInt(), 8);
+    program.tell("key", {"Escape"});
+    EXPECT_EQ(program.quit(), 0);
+}
+
 TEST_F(BatchTest, OperationsWithoutADialogRunOverAllFiles) {
     fs::remove(file("b.jpg"));
     for (const char* name : {"a.jpg", "c.jpg"})
@@ -114,25 +139,33 @@ TEST_F(BatchTest, OperationsWithoutADialogRunOverAllFiles) {
     EXPECT_EQ(program.quit(), 0);
 }
 
-TEST_F(BatchTest, AReadOnlyFileIsLeftAsItIs) {
+TEST_F(BatchTest, AReadOnlyFileOfTheSelectionIsLeftAsItIsAndTheFileBehindALinkIsWritten) {
     fs::remove(file("b.jpg"));
-    fs::permissions(folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
-    const bool mayWriteAnyway = std::ofstream(folder / "probe").is_open();
-    fs::permissions(folder.path(), fs::perms::owner_all);
-    if (mayWriteAnyway) {
-        fs::remove(folder / "probe");
-        GTEST_SKIP() << "this user may write everything";
-    }
+    subfolder("behind");
+    fs::rename(file("c.jpg"), file("behind/c.jpg"));
+    fs::create_symlink("behind/c.jpg", file("c.jpg"));
+    const auto kMarked = fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read;
+    fs::permissions(file("a.jpg"), kMarked);
     const std::string before = support::readBytes(file("a.jpg"));
-    DrivenProgram program;
-    show(program, "a.jpg");
-    fs::permissions(folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
-    program.tell("row", {"XMP-dc", "Source", "Value"});
-    program.tell("set", {kText, "never written"});
+    DrivenProgram::Options options;
+    if (support::UnprivilegedUser::mayRun(TAGWRIGHT_DRIVE)) options.unprivilegedIn = folder.path();
+    DrivenProgram program(options);
+    program.tell("open", {path()});
+    program.tell("select", {"a.jpg", "c.jpg"});
+    program.tell("command", {"75"});
+    program.tell("cell", {kTagList, "Title", "Value"});
+    program.tell("set", {kText, "for all"});
     program.tell("press", {"1"});
-    EXPECT_EQ(program.tell("dialog")["template"].toInt(), 94);
     program.tell("press", {"1"});
-    fs::permissions(folder.path(), fs::perms::owner_all);
+    const QJsonObject report = program.tell("dialog");
+    EXPECT_EQ(report["template"].toInt(), 94);
+    const QString said = controlOf(report, 924)["text"].toString();
+    EXPECT_TRUE(said.contains("read-only") && said.contains("a.jpg")) << said.toStdString();
+    EXPECT_FALSE(said.contains("c.jpg")) << said.toStdString();
+    program.tell("press", {"1"});
     EXPECT_EQ(support::readBytes(file("a.jpg")), before);
+    EXPECT_EQ(fs::status(file("a.jpg")).permissions(), kMarked);
+    EXPECT_TRUE(fs::is_symlink(file("c.jpg")));
+    EXPECT_EQ(held("behind/c.jpg", "XMP-dc:Title"), "for all");
     EXPECT_EQ(program.quit(), 0);
 }

@@ -27,11 +27,13 @@ class BesideOperationTest : public endtoend::EditedFolder {
                            file("a.jpg").string()});
     }
 
-    /// The real tool, which waits with a file until it is let go. While it is not, `meanwhile` can be done by
-    /// a run for another one.
-    DrivenProgram::Options options(const std::string& meanwhile = {}) {
+    /// The real tool, which waits with a file until it is let go, if its arguments are such. While it is not,
+    /// `meanwhile` can be done by a run for another one. The panel reads what is selected, so that mostly the
+    /// writes alone wait.
+    DrivenProgram::Options options(const std::string& meanwhile = {},
+                                   const std::string& waiting = R"(*\<*held.jpg*)") {
         const fs::path tool = folder / "tool";
-        support::writeBytes(tool, "#!/bin/sh\ncase \"$*\" in *stay_open*) ;;\n*held.jpg*) : >'" +
+        support::writeBytes(tool, "#!/bin/sh\ncase \"$*\" in *stay_open*) ;;\n" + waiting + ") : >'" +
                                       inWork().string() + "'; while [ ! -e '" + letGo().string() +
                                       "' ]; do sleep 0.02; done;;\n" + meanwhile +
                                       "esac\nexec /usr/bin/exiftool \"$@\"\n");
@@ -81,7 +83,10 @@ class BesideOperationTest : public endtoend::EditedFolder {
 TEST_F(BesideOperationTest, ADialogAndThePanelReadAtOnceAndEachShowsItsOwnFile) {
     support::ExifTool({"-q", "-overwrite_original", "-XMP-dc:Rights=rights", file("held.jpg").string()});
     support::ExifTool({"-q", "-overwrite_original", "-XMP-dc:Source=source", file("b.jpg").string()});
-    DrivenProgram program(options());
+    // The panel stays with a file that was clicked in the designed form only.
+    DrivenProgram::Options designed = options({}, "*held.jpg*");
+    designed.moreSettings = "\n[ExifTool]\nCorrectedCommands=0\n";
+    DrivenProgram program(designed);
     program.tell("open", {path()});
     program.tell("nowait", {"click", "held.jpg"});
     program.tell("select", {"b.jpg"});
@@ -155,9 +160,13 @@ TEST_F(BesideOperationTest, AnExportThatIsRefusedLeavesTheFileThatStandsThere) {
 
 TEST_F(BesideOperationTest, ARenamedFileStaysSelectedInTheTabItWasBegunIn) {
     const QString renamed = "2001-02-03 04-05-06 - Maker-held.jpg";
-    support::ExifTool({"-q", "-FileModifyDate=2001:02:03 04:05:06", file("held.jpg").string()});
-    DrivenProgram program(options());
-    begin(program, kRenameByDateAndMake);
+    DrivenProgram program(options({}, R"(*-FileName\<*held.jpg*)"));
+    program.tell("open", {path()});
+    program.tell("select", {"held.jpg"});
+    program.tell("command", {kRenameByDateAndMake});
+    EXPECT_TRUE(program.tell("message")["text"].toString().contains(renamed));
+    program.tell("nowait", {"press", "1"});
+    EXPECT_TRUE(waitFor([&] { return fs::exists(inWork()); }));
     program.tell("focus", {"NewTab"});
     program.tell("open", {path("other")});
     program.tell("select", {"c.jpg"});
@@ -182,7 +191,9 @@ TEST_F(BesideOperationTest, ARestartComesWhenTheFileInWorkHasEnded) {
 
 TEST_F(BesideOperationTest, TheWindowClosesAlsoWhenTheOperationEndsDuringAWait) {
     // A dump, for which is waited, lets the operation end and takes longer itself.
-    DrivenProgram program(options("*b.jpg*) : >'" + letGo().string() + "'; sleep 2;;\n"));
+    DrivenProgram::Options designed = options("*b.jpg*) : >'" + letGo().string() + "'; sleep 2;;\n");
+    designed.moreSettings = "\n[ExifTool]\nCorrectedCommands=0\n";
+    DrivenProgram program(designed);
     begin(program, kFileDate);
     program.tell("command", {kClose});
     program.tell("select", {"b.jpg"});

@@ -33,9 +33,7 @@ TEST_F(BrowseTest, AClickedFileShowsItsTagsAndTheStatusReturnsToReady) {
     EXPECT_EQ(program.status(), "Ready");
     program.tell("key", {"Up"});
     EXPECT_EQ(program.selectedFiles(), QStringList("img2.jpg"));
-    EXPECT_EQ(program.value("XMP-dc", "Title"), "tenth") << "the keyboard selects without reading";
-    program.tell("click", {"img2.jpg"});
-    EXPECT_EQ(program.value("XMP-dc", "Title"), "second");
+    EXPECT_EQ(program.value("XMP-dc", "Title"), "second") << "what the keyboard rests on";
     program.tell("click", {"img10.jpg", "FileSize"});
     EXPECT_EQ(program.value("XMP-dc", "Title"), "tenth") << "a click in any column";
     program.tell("click", {"sub"});

@@ -36,6 +36,7 @@ struct Try {
 
 const Step kChangeOutside{"#change", {}};
 const Step kRow{"row", {"XMP-dc", "Title", "Tag"}};
+const Step kAgree{"press", {"1"}};
 const Step kSelectFolder{"select", {"folder"}};
 /// Leaves its own words in the status bar.
 const Step kRefusedDelete{"command", {"10075"}};
@@ -56,28 +57,28 @@ const std::vector<Try>& browseTries() {
     static const std::vector<Try> tries = {
         {12, {}, "ViewMode 1"},
         {245, {kSelectFolder}, "in b/folder; files -"},
-        {246, {kChangeOutside}, "files folder one.jpg two.jpg"},
-        {247, {kRow}, "files folder one.jpg [two.jpg]", {{"key", {"End"}}}},
-        {248, {kChangeOutside}, "files folder new.jpg one.jpg two.jpg"},
-        {5033, {}, "in a; files -"},
-        {5034, {}, "in c; files -"},
-        {5035, {}, "in .; files a [b] c"},
+        {246, {kChangeOutside}, "files folder one.jpg two.jpg; shown nothing"},
+        {247, {kRow}, "files folder one.jpg [two.jpg]; shown two", {{"key", {"End"}}}},
+        {248, {kChangeOutside}, "files folder new.jpg [one.jpg] two.jpg"},
+        {5033, {}, "in a; files -; shown nothing"},
+        {5034, {}, "in c; files -; shown nothing"},
+        {5035, {}, "in .; files a [b] c; shown nothing"},
         {5036, {}, ""},
-        {5037, {}, "files folder one.jpg two.jpg"},
+        {5037, {}, "files folder one.jpg two.jpg; shown nothing"},
         {5040, {}, "ShowCheckBox 1"},
-        {5052, {}, "files [folder] one.jpg [two.jpg]"},
+        {5052, {}, "files [folder] one.jpg [two.jpg]; shown two"},
         {40012, {kSelectFolder}, "in b/folder; files -"},
         {40012, {}, "message No program is set up to open one.jpg."},
         {40074, {}, "files [folder] [one.jpg] [two.jpg]"},
-        {40075, {}, "files [folder] one.jpg [two.jpg]"},
-        {40076, {}, "files folder one.jpg two.jpg"},
+        {40075, {}, "files [folder] one.jpg [two.jpg]; shown two"},
+        {40076, {}, "files folder one.jpg two.jpg; shown nothing"},
         {40089, {{"command", {"40090"}}}, "files folder [one.jpg] two.jpg"},
         {40090, {}, "files two.jpg [one.jpg] folder; SortAscending 0"},
-        {40106, {}, "files folder .hidden.jpg one.jpg two.jpg"},
-        {40107, {kChangeOutside}, "files folder new.jpg one.jpg two.jpg"},
-        {40115, {}, "in a; files -"},
-        {40116, {}, "in c; files -"},
-        {40117, {}, "in .; files a [b] c"},
+        {40106, {}, "files folder .hidden.jpg one.jpg two.jpg; shown nothing"},
+        {40107, {kChangeOutside}, "files folder new.jpg [one.jpg] two.jpg"},
+        {40115, {}, "in a; files -; shown nothing"},
+        {40116, {}, "in c; files -; shown nothing"},
+        {40117, {}, "in .; files a [b] c; shown nothing"},
         {50001, {{"command", {"50003"}}}, "files folder [one.jpg] two.jpg"},
         {50003, {}, "files folder two.jpg [one.jpg]; SortMode 3"},
     };
@@ -89,7 +90,7 @@ const std::vector<Try>& fileTries() {
         {8003, {}, "shown nothing"},
         {8056, {kChangeOutside, kRefusedDelete}, "shown one anew; status Ready"},
         {40100, {kChangeOutside, kRefusedDelete}, "shown one anew"},
-        {40108, {{"select", {"two.jpg"}}}, "shown two"},
+        {40108, {{"command", {"8003"}}}, "shown one"},
         // Nothing can be seen without a desktop.
         {40011, {kRow}, ""},
         {10004, {}, "message No program is set up to open one.htm."},
@@ -111,6 +112,7 @@ const std::vector<Try>& changingTries() {
         {35, {}, "dialog 125 Modify XMP tags of one.jpg"},
         {23, {}, "dialog 8 Add IFD0 tags to one.jpg"},
         {142, {}, "dialog 8 Add GPS tags to one.jpg"},
+        {5041, {}, "dialog 5041 Selected files"},
         {1824, {kRow}, "dialog 81824 Add XMP-dc tags to one.jpg"},
         {1819, {}, "dialog 1819 Remove tags of the file"},
         {176, {}, "dialog 176 Delete the metadata of 1 file"},
@@ -131,8 +133,8 @@ const std::vector<Try>& changingTries() {
         {185, {}, "*thumbnail gone"},
         {157, {}, "*date of the photo"},
         {172, {}, "status 1 unchanged"},
-        {173, {}, "*renamed by its date and Maker"},
-        {174, {}, "*renamed by its date and Camera"},
+        {173, {}, "*renamed by its date and Maker", {kAgree}},
+        {174, {}, "*renamed by its date and Camera", {kAgree}},
     };
     return tries;
 }

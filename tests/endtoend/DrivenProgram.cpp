@@ -107,7 +107,9 @@ void DrivenProgram::start() {
     envp.push_back(nullptr);
     std::optional<support::UnprivilegedUser> user;
     if (!unprivilegedIn_.empty()) {
-        const support::UnprivilegedUser owner(unprivilegedIn_);
+        user.emplace(unprivilegedIn_);
+        // Only the superuser can give away more.
+        user.reset();
         user.emplace(folder_.path());
     }
     ASSERT_EQ(posix_spawn(&child_, TAGWRIGHT_DRIVE, &actions, nullptr, argv.data(), envp.data()), 0);

@@ -1,5 +1,6 @@
 #include "DrivenProgram.h"
 #include "PictureFolder.h"
+#include "support/UnprivilegedUser.h"
 
 using endtoend::DrivenProgram;
 using endtoend::waitFor;
@@ -19,6 +20,13 @@ class PanelEditingTest : public endtoend::PictureFolder {
 
     std::string stored(const std::string& tag) {
         return support::ExifTool({"-s3", "-b", "-" + tag, (folder / "a.jpg").string()});
+    }
+
+    /// The text of a control of a dialog that was described.
+    static QString textOf(const QJsonObject& dialog, int id) {
+        for (const QJsonValue& control : dialog["controls"].toArray())
+            if (control["id"].toInt() == id) return control["text"].toString();
+        return {};
     }
 
     /// The copy that was made before the last write.
@@ -51,6 +59,45 @@ TEST_F(PanelEditingTest, AnUnchangedValueIsNotWritten) {
     }
     EXPECT_EQ(support::readBytes(folder / "a.jpg"), before);
     EXPECT_EQ(safetyCopy(program), "");
+}
+
+TEST_F(PanelEditingTest, ATextInOneLanguageIsChangedAndDeletedAlone) {
+    photo("a.jpg", {"-XMP-dc:Title=plain", "-XMP-dc:Title-de=deutsch",
+                    "-XMP-dc:Title-fr=fran\xC3\xA7"
+                    "ais "});
+    const std::string bytes = support::readBytes(folder / "a.jpg");
+    const auto comment = [](const std::string& text) {
+        return std::string("\xFF\xFE\x00", 3) + static_cast<char>(text.size() + 2) + text;
+    };
+    support::writeBytes(folder / "a.jpg",
+                        bytes.substr(0, 2) + comment("one") + comment("two") + bytes.substr(2));
+    DrivenProgram program;
+    show(program);
+    program.tell("row", {"XMP-dc", "Title"});
+    program.tell("set", {"1694", "new"});
+    program.tell("press", {"1"});
+    EXPECT_TRUE(hasRow(program, "XMP-dc", "Title", "new"));
+    program.tell("row", {"XMP-dc", "Title-de"});
+    program.tell("set", {"1694", "neu"});
+    program.tell("press", {"1"});
+    EXPECT_TRUE(hasRow(program, "XMP-dc", "Title-de", "neu"));
+    EXPECT_EQ(stored("XMP-dc:Title") + '|' + stored("XMP-dc:Title-de") + '|' + stored("XMP-dc:Title-fr"),
+              "new|neu|fran\xC3\xA7"
+              "ais ");
+    // What is copied is the value, also where its cell shows less.
+    program.tell("row", {"XMP-dc", "Title-fr"});
+    program.tell("key", {"Escape"});
+    program.tell("key", {"Ctrl+C"});
+    program.tell("row", {"XMP-dc", "Title-de"});
+    program.tell("key", {"Ctrl+V"});
+    program.tell("press", {"1"});
+    EXPECT_EQ(stored("XMP-dc:Title-de"),
+              "fran\xC3\xA7"
+              "ais ");
+    program.tell("row", {"File", "Comment"});
+    EXPECT_NE(program.takeMessage().indexOf("Comment stands 2 times in the group File"), -1);
+    EXPECT_EQ(support::ExifTool({"-a", "-s3", "-File:Comment", (folder / "a.jpg").string()}), "one\ntwo\n");
+    EXPECT_EQ(program.quit(), 0);
 }
 
 TEST_F(PanelEditingTest, AGroupIsDeletedFromTheMenuOfARowAndOfItsHeader) {
@@ -98,10 +145,45 @@ TEST_F(PanelEditingTest, WhatExifToolRefusesIsShown) {
     program.tell("row", {"IFD0", "Artist"});
     program.tell("set", {"1694", "Bob"});
     program.tell("press", {"1"});
-    EXPECT_EQ(program.tell("dialog")["template"].toInt(), 94) << "the report";
-    program.tell("press", {"1"});
+    // The dialog is still there, with what was typed, and says why.
+    const QJsonObject dialog = program.tell("dialog");
+    EXPECT_EQ(dialog["template"].toInt(), 134);
+    EXPECT_EQ(textOf(dialog, 1694), QStringLiteral("Bob"));
+    EXPECT_TRUE(textOf(dialog, 80403).startsWith("a.jpg was not written: "))
+        << textOf(dialog, 80403).toStdString();
     EXPECT_EQ(support::readBytes(folder / "a.jpg"), before);
-    EXPECT_TRUE(hasRow(program, "IFD0", "Artist", "Ada"));
+    fs::remove(folder / "a.jpg_exiftool_tmp");
+    program.tell("press", {"1"});
+    EXPECT_TRUE(hasRow(program, "IFD0", "Artist", "Bob"));
+    EXPECT_EQ(stored("IFD0:Artist"), "Bob");
+    fs::create_directory(folder / "a.jpg_exiftool_tmp");
+    program.tell("row", {"IFD0", "Artist"});
+    program.tell("set", {"1694", "Ada"});
+    program.tell("press", {"1"});
+    program.tell("press", {"2"});
+    EXPECT_TRUE(hasRow(program, "IFD0", "Artist", "Bob"));
+}
+
+TEST_F(PanelEditingTest, AFileThatCannotBeWrittenIsKnownBeforeItsDialogOpens) {
+    if (!support::UnprivilegedUser::mayRun(TAGWRIGHT_DRIVE)) GTEST_SKIP() << "the program is root's alone";
+    photo("a.jpg", {"-IFD0:Artist=Ada"});
+    DrivenProgram program({.unprivilegedIn = folder.path()});
+    show(program);
+    const auto isTold = [&](const QStringList& command) {
+        program.tell(command.front(), command.mid(1));
+        const QString message = program.takeMessage();
+        EXPECT_TRUE(message.contains("a.jpg cannot be written")) << message.toStdString();
+    };
+    fs::permissions(folder / "a.jpg", fs::perms::owner_read);
+    isTold({"row", "IFD0", "Artist"});
+    isTold({"command", "10075"});
+    fs::permissions(folder / "a.jpg", fs::perms::owner_read | fs::perms::owner_write);
+    fs::permissions(folder.path(), fs::perms::owner_read | fs::perms::owner_exec);
+    isTold({"row", "IFD0", "Artist"});
+    fs::permissions(folder.path(), fs::perms::owner_all);
+    program.tell("row", {"IFD0", "Artist"});
+    EXPECT_EQ(program.tell("dialog")["template"].toInt(), 134);
+    program.tell("key", {"Escape"});
 }
 
 TEST_F(PanelEditingTest, TheDesignedFormShowsTheTypedValueInItsRow) {

@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <fstream>
+
 // ExifTool writes a new file beside the old one. What it leaves there when it is killed bars later writes,
 // but may be the only whole copy.
 
@@ -35,13 +38,26 @@ class LeftoverTest : public testing::TestWithParam<Road> {
                    "printf half >\"${file}_exiftool_tmp\"\n" +
                        doing + "\nkill -KILL $$\n");
         fs::permissions(context_.exifToolPath, fs::perms::owner_all);
+        run();
+    }
+
+    /// A tool that looks and does nothing.
+    void useTool() {
+        writeBytes(context_.exifToolPath, "#!/bin/sh\nexit 0\n");
+        fs::permissions(context_.exifToolPath, fs::perms::owner_all);
+        run();
+    }
+
+    void run() {
         if (GetParam() == Road::Line) {
             exiftool::ToolRunner runner(context_);
+            runner.safetyCopies().SafetyCopyEnabled = 0;
             outcome_ = runner.RunOnFile(file_, platform::CommandText("-Title=x"));
             return;
         }
         exiftool::WriteRequest request;
         request.exifTool = context_.exifToolPath;
+        request.tempFolder = context_.tempPath;
         // The second is one that no line carries.
         request.arguments = {GetParam() == Road::Session ? "-Title=x" : "-XMP-dc:Title=costs\n$5"};
         request.files = {file_};
@@ -89,9 +105,42 @@ TEST_P(LeftoverTest, StaysWhenTheFileHasBeenTouchedInAnyWay) {
     }
 }
 
-TEST_P(LeftoverTest, StaysWhenItWasThereBeforeTheRun) {
+TEST_P(LeftoverTest, ThatWasThereBeforeTheRunStaysWhileItMayBeNeeded) {
+    const struct {
+        const char* what;
+        const char* photo;
+        const char* leftover;
+        bool isOpen;
+        bool stays;
+    } cases[] = {
+        {"somebody still writes it", "the whole photo", "the who", true, true},
+        {"half a file that nobody owns", "the whole photo", "the new ph", false, false},
+        {"a whole file that nobody owns", "the whole photo", "the whole new photo", false, false},
+        {"a whole file of which the photo is a beginning", "the wh", "the whole new photo", false, true},
+        {"a whole file beside an empty photo", "", "the whole new photo", false, true},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.what);
+        writeBytes(file_, row.photo);
+        writeBytes(leftover_, row.leftover);
+        std::ofstream writer;
+        if (row.isOpen) writer.open(leftover_, std::ios::app);
+        // What has just been closed may be about to be renamed.
+        const auto limit =
+            std::chrono::steady_clock::now() + std::chrono::milliseconds(row.stays ? 1300 : 5000);
+        do useTool();
+        while (fs::exists(leftover_) && std::chrono::steady_clock::now() < limit);
+        EXPECT_EQ(fs::exists(leftover_), row.stays);
+        if (row.stays) {
+            EXPECT_EQ(readBytes(leftover_), row.leftover);
+        }
+        EXPECT_EQ(readBytes(file_), row.photo);
+    }
+}
+
+TEST_P(LeftoverTest, IsNotTakenAwayAtOnce) {
     writeBytes(leftover_, "of somebody else");
-    runAndKill(":");
+    useTool();
     EXPECT_TRUE(fs::exists(leftover_));
 }
 

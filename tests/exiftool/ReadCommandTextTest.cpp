@@ -24,6 +24,7 @@ AppContext makeContext() {
 const std::filesystem::path kFile = "/photos/My \"best\" 100%% \xE9.jpg";
 const std::filesystem::path kOutput = "/install/Temp/Metadata.txt";
 const std::string kTool = "\"/opt/my tools/exiftool\" ";
+const std::string kExact = " -ec -sep \"\x1E\x1F\x1E\"";
 const std::string kTail = "\"/photos/My \"best\" 100%% \xE9.jpg\" >\"/install/Temp/Metadata.txt\"";
 
 std::string joined(std::initializer_list<std::string_view> parts) {
@@ -69,7 +70,8 @@ TEST_P(BothForms, PanelRead) {
 
 TEST_P(BothForms, GroupAll) {
     EXPECT_EQ(groupAllCommand(context_, GetParam(), kFile, kOutput, "XMP-dc").text(),
-              kTool + (GetParam() == CommandForm::Corrected ? "-lang en -a" : "-lang en") +
+              kTool +
+                  (GetParam() == CommandForm::Corrected ? "-lang en -a" + kExact : std::string("-lang en")) +
                   " -sort -S -G1 --ExifToolVersion -XMP-dc:All -charset filename=UTF8 " + kTail);
 }
 
@@ -94,7 +96,8 @@ TEST_P(BothForms, LanguageStandsInTheRightCommands) {
     EXPECT_EQ(panel.text().rfind(kTool + "-lang zh-cn -a -u ", 0), 0U);
     context_.settings.exifTool.dataLanguage = 0;
     EXPECT_EQ(groupAllCommand(context_, GetParam(), kFile, kOutput, "GPS").text(),
-              kTool + (GetParam() == CommandForm::Corrected ? "-lang cs -a" : "-lang ce") +
+              kTool +
+                  (GetParam() == CommandForm::Corrected ? "-lang cs -a" + kExact : std::string("-lang ce")) +
                   " -sort -S -G1 --ExifToolVersion -GPS:All -charset filename=UTF8 " + kTail);
     EXPECT_EQ(gpsPositionCommand(context_, kFile, kOutput).text().find("-lang"), std::string::npos);
 }
@@ -187,8 +190,9 @@ TEST(ReadCommandText, CategorySelectors) {
     for (const SelectorCase& row : cases) {
         EXPECT_EQ(categoryCommand(makeContext(), CommandForm::Designed, kFile, kOutput, row.category).text(),
                   joined({kTool, "-lang en", rest, row.designed, kTail}));
-        EXPECT_EQ(categoryCommand(makeContext(), CommandForm::Corrected, kFile, kOutput, row.category).text(),
-                  joined({kTool, "-lang en -a", rest, row.corrected, "-charset filename=UTF8 ", kTail}));
+        EXPECT_EQ(
+            categoryCommand(makeContext(), CommandForm::Corrected, kFile, kOutput, row.category).text(),
+            joined({kTool, "-lang en -a" + kExact, rest, row.corrected, "-charset filename=UTF8 ", kTail}));
     }
 }
 

@@ -22,6 +22,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
+using testing::StartsWith;
 
 namespace fs = std::filesystem;
 
@@ -33,8 +34,10 @@ class WriteCommandsTest : public testing::Test {
     void SetUp() override {
         runner_.setWarmStarter(starterUnderTest());
         context_ = support::editingContext(folder_.path());
-        runner_.setSafetyCopyFailed(
-            [this](const QString& message) { failures_.push_back(message.toStdString()); });
+        runner_.setSafetyCopyFailed([this](const fs::path&, const QString& message) {
+            failures_.push_back(message.toStdString());
+            return isWrittenWithoutCopy_;
+        });
         fs::current_path(folder_ / "photos");
     }
 
@@ -72,6 +75,7 @@ class WriteCommandsTest : public testing::Test {
     ToolRunner runner_{context_};
     WriteCommands writes_{context_, runner_};
     std::vector<std::string> failures_;
+    bool isWrittenWithoutCopy_ = true;
 };
 
 const std::string kHostileValues[] = {
@@ -204,6 +208,79 @@ TEST_F(WriteCommandsTest, AFailedSafetyCopyIsToldAndTheWriteGoesOn) {
     EXPECT_EQ(valueOf(file, "-XMP-dc:Title"), "new");
 }
 
+TEST_F(WriteCommandsTest, WhoDoesNotWantAFileWrittenWithoutACopyHasItAsItWas) {
+    const fs::path file = makePhoto("a.jpg");
+    const std::string before = readBytes(file);
+    writeBytes(context_.cachePath / "sav", "a file in the folder's place");
+    isWrittenWithoutCopy_ = false;
+    const Outcome outcome = runner_.RunOnFile(file, title("new"));
+    EXPECT_EQ(outcome.kind, Failed);
+    EXPECT_THAT(outcome.words, HasSubstr("no safety copy"));
+    EXPECT_EQ(readBytes(file), before);
+    const FileList list = runner_.WriteFileList({file});
+    EXPECT_THAT(list.listed, IsEmpty());
+    EXPECT_THAT(kindsOf(list.refused), ElementsAre(Failed));
+}
+
+TEST_F(WriteCommandsTest, TheLongestNamesHaveSafetyCopiesOfTheirOwn) {
+    const fs::path photo = makePhoto("a.jpg");
+    // The second letter of the last pair is cut where the first is.
+    const std::string start(120, 'n');
+    std::vector<fs::path> files;
+    for (const char* end : {"one", "two"}) {
+        std::string name = start;
+        while (name.size() + 4 + 3 + 2 <= 255) name += "\xC3\xBC";
+        name += end;
+        name.resize(251, '-');
+        files.push_back(folder_ / "photos" / (name + ".jpg"));
+        fs::copy_file(photo, files.back());
+    }
+    writeBytes(files.back(), "another file");
+    for (const fs::path& file : files) {
+        EXPECT_EQ(MakeSafetyCopy(file, context_.cachePath, SafetyCopies()), QString());
+        EXPECT_EQ(readBytes(copyOf(file)), readBytes(file));
+        EXPECT_THAT(copyOf(file).filename().string(), StartsWith(start));
+        EXPECT_TRUE(QString::fromStdString(copyOf(file).filename().string()).toStdString() ==
+                    copyOf(file).filename().string())
+            << "no letter is cut in two";
+        EXPECT_EQ(copyOf(file).extension(), ".jpg");
+    }
+    EXPECT_NE(copyOf(files[0]), copyOf(files[1]));
+}
+
+TEST_F(WriteCommandsTest, TextsLongerThanTheSystemTakesAreWrittenWhole) {
+    const std::string tail = " price $5 to ada@example.org \\ \"quoted\" 100% \xC3\xBC";
+    const struct {
+        const char* what;
+        std::string text;
+    } cases[] = {
+        {"of one line", std::string(200'000, 'x') + tail},
+        {"of several lines, with what no argument line carries",
+         std::string(200'000, 'y') + "\n" + tail + "\nend"},
+        {"of several lines", "first\n" + std::string(140'000, 'z')},
+    };
+    for (const auto& [what, text] : cases) {
+        const fs::path file = makePhoto("long.jpg");
+        platform::CommandText arguments("-overwrite_original -XMP-dc:Title=\"");
+        arguments.outside(text).literal("\"");
+        const Outcome outcome = runner_.RunOnFile(file, arguments);
+        EXPECT_EQ(outcome.kind, Done) << what << ": " << outcome.words;
+        EXPECT_TRUE(support::ExifTool({"-b", "-XMP-dc:Title", file.string()}) == text) << what;
+        fs::remove(file);
+    }
+    // Each fits, but not all of them.
+    const fs::path file = makePhoto("many.jpg");
+    platform::CommandText many("-overwrite_original");
+    for (int i = 0; i < 40; ++i)
+        many.literal(" -XMP-dc:Subject=\"")
+            .outside(std::to_string(i) + std::string(100'000, 'w'))
+            .literal("\"");
+    EXPECT_EQ(runner_.RunOnFile(file, many).kind, Done);
+    EXPECT_EQ(support::ExifTool({"-b", "-XMP-dc:Subject", file.string()}).size(), 40U * 100'001 + 30 + 39);
+    for (const auto& entry : fs::directory_iterator(context_.tempPath))
+        EXPECT_THAT(entry.path().filename().string(), Not(StartsWith("Argument-")));
+}
+
 TEST_F(WriteCommandsTest, AFailedCopyLeavesTheEarlierOneWhole) {
     const fs::path file = makePhoto("a.jpg");
     ASSERT_EQ(MakeSafetyCopy(file, context_.cachePath, {}), QString());
@@ -268,28 +345,6 @@ TEST_F(WriteCommandsTest, EachRemovalTakesItsOwnFamily) {
         for (std::size_t i = 0; i < row.left.size(); ++i)
             EXPECT_EQ(!valueOf(file, tags[i]).empty(), row.left[i]) << row.commandId << tags[i];
     }
-}
-
-TEST_F(WriteCommandsTest, OnlyTheChosenFamiliesAreCopied) {
-    const fs::path source = makePhoto("source\"$(x).jpg");
-    const fs::path target = folder_ / "photos/target.jpg";
-    support::writeJpeg(target);
-    ExifTool({"-q", "-overwrite_original", "-XMP-dc:Creator=kept", "-IPTC:City=kept", target.string()});
-    EXPECT_THAT(writes_.CopyTagsFromFile(app::CommandForm::Corrected, {true, false, true}, source, {target}),
-                ElementsAre(Outcome{target, Done, {}}));
-    EXPECT_EQ(valueOf(target, "-EXIF:Artist"), "Somebody");
-    EXPECT_EQ(valueOf(target, "-XMP-dc:Title"), "A title");
-    EXPECT_EQ(valueOf(target, "-XMP-dc:Creator"), "kept");
-    EXPECT_EQ(valueOf(target, "-IPTC:City"), "kept");
-    EXPECT_EQ(valueOf(target, "-IPTC:Keywords"), "") << "was not chosen";
-    EXPECT_FALSE(fs::exists(context_.cachePath / "sav"));
-    EXPECT_THAT(writes_.CopyTagsFromFile(app::CommandForm::Corrected, {}, source, {target}), IsEmpty());
-    EXPECT_THAT(writes_.CopyTagsFromFile(app::CommandForm::Corrected, {true, true, true}, source, {}),
-                IsEmpty());
-    EXPECT_THAT(kindsOf(writes_.CopyTagsFromFile(app::CommandForm::Corrected, {true, true, true}, source,
-                                                 {folder_ / "photos/gone.jpg"})),
-                ElementsAre(Failed));
-    EXPECT_THAT(report(), HasSubstr("gone.jpg"));
 }
 
 TEST_F(WriteCommandsTest, SingleValuesAreWrittenEmptiedAndEscaped) {

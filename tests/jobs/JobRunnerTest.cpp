@@ -11,6 +11,7 @@
 
 #include <QSignalSpy>
 #include <QTest>
+#include <QThread>
 #include <QTimer>
 #include <algorithm>
 #include <atomic>
@@ -362,6 +363,7 @@ TEST_F(JobRunnerTest, OnlyTheFilesThatAreStillToEndAreInWork) {
 
 TEST_F(JobRunnerTest, AFailedSafetyCopyIsToldOnTheWindowsThreadAndInTheOutcome) {
     const std::vector<fs::path> files = photos({"a.jpg"});
+    context_.settings.exifTool.correctedCommands = false;
     writeBytes(context_.cachePath / "sav", "a file in the folder's place");
     QSignalSpy failed(runner_.get(), &JobRunner::SafetyCopyFailed);
     const JobResult result = carryOut(titleJob(files));
@@ -373,6 +375,54 @@ TEST_F(JobRunnerTest, AFailedSafetyCopyIsToldOnTheWindowsThreadAndInTheOutcome) 
     without.makesSafetyCopies = false;
     carryOut(std::move(without));
     EXPECT_EQ(failed.size(), 1) << "none is tried";
+}
+
+TEST_F(JobRunnerTest, BeforeAFileIsWrittenWithoutASafetyCopyTheUserIsAsked) {
+    using Answer = JobRunner::Answer;
+    writeBytes(context_.cachePath / "sav", "a file in the folder's place");
+    const struct {
+        std::vector<Answer> answers;
+        std::vector<exiftool::OutcomeKind> kinds;
+    } cases[] = {
+        {{Answer::Yes, Answer::No, Answer::Yes}, {Warned, Failed, Warned}},
+        {{Answer::YesToAll}, {Warned, Warned, Warned}},
+        {{Answer::No, Answer::NoToAll}, {Failed, Failed, Failed}},
+        {{}, {Failed, Failed, Failed}},
+    };
+    for (const bool bySessions : {false, true}) {
+        for (const auto& row : cases) {
+            const std::vector<fs::path> files = photos({"a.jpg", "b.jpg", "c.jpg"});
+            const std::string before = readBytes(files[0]);
+            std::size_t asked = 0;
+            if (row.answers.empty())
+                runner_->setQuestion({});
+            else
+                runner_->setQuestion([&](const QString& question) {
+                    EXPECT_EQ(QThread::currentThread(), qApp->thread());
+                    EXPECT_THAT(question.toStdString(), HasSubstr(files[asked].string()));
+                    return row.answers.at(asked++);
+                });
+            Job job = titleJob(files);
+            if (bySessions)
+                job.lineOf = [](const app::AppContext& context, app::CommandForm form, const fs::path& file) {
+                    return exiftool::lineOnFile(
+                        context, form, platform::CommandText("-overwrite_original -XMP-dc:Title=new"), file);
+                };
+            result_.reset();
+            const JobResult result = carryOut(std::move(job));
+            EXPECT_EQ(kindsOf(result.outcomes), row.kinds);
+            EXPECT_EQ(asked, row.answers.size());
+            for (std::size_t at = 0; at < files.size(); ++at)
+                EXPECT_EQ(readBytes(files[at]) == before, row.kinds[at] == Failed);
+        }
+    }
+    // Who ends the program answers nothing any more.
+    runner_->setQuestion([](const QString&) { return Answer::Yes; });
+    EXPECT_TRUE(begin(titleJob(photos({"a.jpg"}))));
+    result_.reset();
+    runner_->waitForEnd();
+    ASSERT_TRUE(result_.has_value());
+    EXPECT_THAT(kindsOf(result_->outcomes), ElementsAre(Failed));
 }
 
 TEST_F(JobRunnerTest, NoStandInPassesForTheTool) {

@@ -5,6 +5,7 @@
 #include "jobs/JobSource.h"
 #include "platform/Text.h"
 #include "support/EditingContext.h"
+#include "support/RunHere.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 #include "support/ToolStandIns.h"
@@ -204,7 +205,7 @@ class OperationJobTest : public testing::Test {
     }
     exiftool::Outcomes run(const Operation& operation, const FilledForm& filled,
                            const std::vector<fs::path>& files) {
-        return jobs::runHere(
+        return support::runHere(
             jobs::jobOf(operation, {}, app::commandFormOf(context_), filled, files, dictionary_), context_,
             runner_);
     }

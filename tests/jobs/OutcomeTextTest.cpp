@@ -83,10 +83,15 @@ TEST_F(OutcomeTextTest, TheReportNamesEveryFileThatDidNotGoWell) {
             const std::string report = jobs::reportOf(english_, result);
             EXPECT_THAT(report, HasSubstr("/photos/1.jpg"));
             EXPECT_THAT(report, HasSubstr(words));
+            EXPECT_EQ(report.find("The file was changed") != std::string::npos, bad == Warned) << int(bad);
             EXPECT_THAT(report, Not(HasSubstr("0.jpg")));
             EXPECT_THAT(report, Not(HasSubstr("2.jpg")));
         }
     }
+    JobResult read = resultOf({Warned});
+    read.outcomes[0].words = "Warning: cut";
+    read.changes = jobs::Changes::Nothing;
+    EXPECT_THAT(jobs::reportOf(english_, read), Not(HasSubstr("The file was changed"))) << "it was read";
     JobResult twice = resultOf({Failed});
     twice.outcomes[0].words = "Error: broken - /photos/0.jpg";
     const std::string report = jobs::reportOf(english_, twice);

@@ -95,7 +95,7 @@ class MetadataPicture : public testing::TestWithParam<bool> {
         for (int section = 0; section < 5; ++section) view.header()->resizeSection(section, widths[section]);
         view.resize(720, 420);
         view.setFocusPolicy(Qt::NoFocus);
-        settings.colors = {.system = 0x4080FF,
+        settings.colors = {.system = 0x084B8A,
                            .unknownTag = 0x006A6E,
                            .tagHexa = 0xA03F7B,
                            .tagId = 0x78706A,

@@ -5,6 +5,7 @@
 #include "payload/ExportDialogThumbnail.h"
 #include "payload/PayloadFile.h"
 #include "payload/ThumbnailOperations.h"
+#include "support/RunHere.h"
 #include "support/ToolStandIns.h"
 
 #include "dialogs/Messages.h"
@@ -16,6 +17,7 @@
 #include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -85,7 +87,7 @@ class PayloadDialogsTest : public PayloadFile {
 
     /// Carries out what the dialog has left.
     exiftool::Outcomes carryOut(jobs::JobSource& dialog) {
-        return jobs::runHere(dialog.takeJob(), context, runner);
+        return support::runHere(dialog.takeJob(), context, runner);
     }
 
     std::vector<std::string> messages;
@@ -100,24 +102,28 @@ TEST_F(PayloadDialogsTest, ATextIsShownAsDumpAndAsText) {
     row.value = "First line\nsecond";
     DisplayHexaDialog dialog(parts, row, DisplayHexaDialog::kPlainTemplate, nullptr);
     ASSERT_TRUE(dialog.hasForm());
+    EXPECT_EQ(dialog.findChild<QPlainTextEdit*>()->toPlainText(), "First line\nsecond") << "as a text first";
+    dialog.control<QCheckBox>(kAsDump)->click();
     EXPECT_EQ(output(dialog).toStdString(),
               "00000000   46 69 72 73 74 20 6C 69   6E 65 0A 73 65 63 6F 6E    First line.secon\n"
               "00000010   64                                                   d\n"
               "(17 bytes)");
     dialog.control<QCheckBox>(kAsDump)->click();
-    EXPECT_EQ(output(dialog).toStdString(), "First line\nsecond");
+    EXPECT_TRUE(dialog.findChild<QPlainTextEdit*>()->isVisibleTo(&dialog));
     EXPECT_EQ(dialog.control<QPushButton>(dialogs::kOkControl)->text(), "  OK");
     EXPECT_EQ(dialog.control<QPushButton>(kSaveAs)->text(), "  SaveAs...");
     EXPECT_EQ(runAndPress(dialog, dialogs::kOkControl), 0);
 }
 
-TEST_F(PayloadDialogsTest, TheDesignedFormFillsAShortLineWithFourBlanks) {
+TEST_F(PayloadDialogsTest, TheDesignedFormBeginsWithTheDumpAndFillsAShortLineWithFourBlanks) {
     context.settings.exifTool.correctedCommands = false;
     TagEditContext row = thumbnailRow(photo({}));
     row.value = "abc";
     DisplayHexaDialog dialog(parts, row, DisplayHexaDialog::kPlainTemplate, nullptr);
     const QString blanks(13 * 4, u' ');
     EXPECT_EQ(output(dialog), QStringLiteral("00000000   61 62 63 %1   abc\n(3 bytes)").arg(blanks));
+    dialog.control<QCheckBox>(kAsDump)->click();
+    EXPECT_EQ(output(dialog), "abc");
 }
 
 TEST_F(PayloadDialogsTest, AnUnreadableValueLeavesTheViewEmptyAndSaysWhy) {
@@ -133,6 +139,9 @@ TEST_F(PayloadDialogsTest, AnUnreadableValueLeavesTheViewEmptyAndSaysWhy) {
                         HasSubstr("could not be read: "))
                 << standIn.what;
             EXPECT_FALSE(dialog.control<QPushButton>(kSaveAs)->isEnabled()) << standIn.what;
+            if (form != DisplayHexaDialog::kImageTemplate) continue;
+            for (const int offer : {kAsDump, kReplace, kDelete})
+                EXPECT_TRUE(dialog.control<QWidget>(offer)->isHidden()) << offer << standIn.what;
         }
     }
     context.tempPath = noFolder;
@@ -306,7 +315,7 @@ TEST_F(PayloadDialogsTest, ThumbnailsAreExportedAndWhatIsMissingIsTold) {
     EXPECT_TRUE(fs::is_empty(folder / "to")) << "the dialog writes nothing itself";
     const jobs::Job job = dialog.takeJob();
     EXPECT_EQ(job.title, "Exporting ThumbnailImage");
-    const exiftool::Outcomes outcomes = jobs::runHere(job, context, runner);
+    const exiftool::Outcomes outcomes = support::runHere(job, context, runner);
     EXPECT_THAT(kindsOf(outcomes), ElementsAre(Done, Unchanged));
     EXPECT_EQ(outcomes[1].words, "Holds no ThumbnailImage");
     EXPECT_EQ(readBytes(folder / "to/a_ThumbnailImage.jpg"), readBytes(folder / "first.jpg"));

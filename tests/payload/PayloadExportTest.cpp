@@ -5,6 +5,7 @@
 #include "payload/PayloadFile.h"
 #include "payload/ThumbnailOperations.h"
 #include "payload/ThumbnailWrite.h"
+#include "support/RunHere.h"
 #include "support/ToolStandIns.h"
 
 #include <gmock/gmock.h>
@@ -46,7 +47,7 @@ class PayloadExportTest : public PayloadFile {
         PayloadExporter run = exporter({file});
         return exportBy(run, payload, file);
     }
-    exiftool::Outcomes carryOut(const jobs::Job& job) { return jobs::runHere(job, context, runner); }
+    exiftool::Outcomes carryOut(const jobs::Job& job) { return support::runHere(job, context, runner); }
     jobs::Job embeddingJob(const fs::path& picture, const std::vector<fs::path>& files) const {
         jobs::FilledForm filled;
         filled.set(1321, picture);

@@ -1,5 +1,6 @@
 #include "platform/ChildProcess.h"
 
+#include "platform/WatchedProcess.h"
 #include "support/TemporaryFolder.h"
 
 #include <fcntl.h>
@@ -263,4 +264,41 @@ TEST(ChildProcess, WorksWhereEndedChildrenAreForgotten) {
     const auto before = ::signal(SIGCHLD, SIG_IGN);
     EXPECT_EQ(runChild(shell("exit 3")).kind, ChildOutcome::Kind::Ended);
     ::signal(SIGCHLD, before);
+}
+
+TEST(WatchedProcess, AGroupIsEndedOnlyWhileItsFirstProcessLives) {
+    const struct {
+        const char* script;
+        bool hasEnded;
+    } cases[] = {
+        {"sleep 100 & echo $! >\"$1\"; wait", false},
+        {"sleep 100 & echo $! >\"$1\"; trap '' TERM; while :; do wait; done", false},
+        // Another process could have its number by now, and another group that of its group.
+        {"sleep 100 & echo $! >\"$1\"", true},
+    };
+    for (const auto& row : cases) {
+        SCOPED_TRACE(row.script);
+        const TemporaryFolder folder;
+        ChildCommand command = shell(row.script);
+        command.arguments.push_back((folder / "number").string());
+        ChildProcess child;
+        ASSERT_NE(child.start(command).kind, ChildOutcome::Kind::NotStarted);
+        platform::WatchedProcess watched;
+        ASSERT_TRUE(watched.watch(child.processId()));
+        const auto limit = Clock::now() + 5s;
+        std::error_code error;
+        while (std::filesystem::file_size(folder / "number", error) < 2 || error)
+            ASSERT_LT(Clock::now(), limit);
+        const pid_t other = numberIn(readBytes(folder / "number"));
+        if (row.hasEnded) {
+            EXPECT_EQ(child.wait().kind, ChildOutcome::Kind::Ended);
+        }
+        watched.stopGroup(100ms, 2000ms);
+        if (row.hasEnded) {
+            EXPECT_EQ(::kill(other, SIGKILL), 0) << "it was not asked to end";
+        } else {
+            EXPECT_EQ(child.wait().kind, ChildOutcome::Kind::Killed);
+            EXPECT_TRUE(hasEnded(other));
+        }
+    }
 }

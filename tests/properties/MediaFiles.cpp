@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <initializer_list>
+#include <string>
 
 namespace support {
 namespace {
@@ -61,12 +62,16 @@ void writeWave(const std::filesystem::path& file) {
 }
 
 void writeFlac(const std::filesystem::path& file) {
+    writeFlac(file, {{"TITLE", "Rain"}, {"ARTIST", "Ann"}, {"ARTIST", "Bo"}, {"TRACKNUMBER", "3/9"}});
+}
+
+void writeFlac(const std::filesystem::path& file, const Texts& tags) {
     // Rate, channels less one, bits less one and the number of samples share eight bytes.
     const std::uint64_t packed = (44100ULL << 44) | (1ULL << 41) | (15ULL << 36) | 441000ULL;
     const std::string information = big(4096, 2) + big(4096, 2) + zeros(6) + big(packed, 8) + zeros(16);
-    std::string comments = little(4, 4) + "none" + little(4, 4);
-    for (const std::string tag : {"TITLE=Rain", "ARTIST=Ann", "ARTIST=Bo", "TRACKNUMBER=3/9"})
-        comments += little(tag.size(), 4) + tag;
+    std::string comments = little(4, 4) + "none" + little(tags.size(), 4);
+    for (const auto& [name, text] : tags)
+        comments += little(name.size() + 1 + text.size(), 4) + name + "=" + text;
     writeBytes(file, "fLaC" + big(0, 1) + big(information.size(), 3) + information + big(0x84, 1) +
                          big(comments.size(), 3) + comments);
 }
@@ -78,7 +83,9 @@ void writeMp3(const std::filesystem::path& file) {
     writeBytes(file, bytes);
 }
 
-void writeMp4(const std::filesystem::path& file) {
+namespace {
+
+void writeMovie(const std::filesystem::path& file, const std::string& userData) {
     constexpr std::uint64_t kFrom1904To2020 = 3660681600;  // 2020-01-01 00:00:00
     const std::string times = big(kFrom1904To2020, 4) + big(kFrom1904To2020, 4);
     const std::string movieHeader = zeros(4) + times + big(1000, 4) + big(2000, 4) + big(0x10000, 4) +
@@ -92,11 +99,106 @@ void writeMp4(const std::filesystem::path& file) {
     const std::string media =
         box("mdia", boxes({box("mdhd", mediaHeader), box("hdlr", handler),
                            box("minf", boxes({box("vmhd", big(1, 4) + zeros(8)), data, sampleTable()}))}));
+    writeBytes(file, boxes({box("ftyp", "isom" + big(512, 4) + "isomavc1"),
+                            box("moov", boxes({box("mvhd", movieHeader),
+                                               box("trak", box("tkhd", trackHeader) + media), userData})),
+                            box("mdat", zeros(64))}));
+}
+
+/// An element of Matroska: its id, its length in eight bytes, its content.
+std::string element(std::uint32_t id, const std::string& content) {
+    std::string name;
+    for (int shift = 24; shift >= 0; shift -= 8)
+        if ((id >> shift) != 0) name.push_back(static_cast<char>(id >> shift));
+    return name + big(0x01ULL << 56 | content.size(), 8) + content;
+}
+
+/// A chunk of RIFF, filled to an even length.
+std::string chunk(const std::string& name, const std::string& content) {
+    return name + little(content.size(), 4) + content + zeros(content.size() % 2);
+}
+
+std::uint32_t checkSum(const std::string& bytes) {
+    std::uint32_t sum = 0xFFFFFFFF;
+    for (const char byte : bytes) {
+        sum ^= static_cast<std::uint8_t>(byte);
+        for (int bit = 0; bit < 8; ++bit) sum = (sum >> 1) ^ ((sum & 1) != 0 ? 0xEDB88320 : 0);
+    }
+    return ~sum;
+}
+
+}  // namespace
+
+void writeMp4(const std::filesystem::path& file) {
+    writeMovie(file, {});
+}
+
+void writeMacintoshMovie(const std::filesystem::path& file, const Texts& texts) {
+    std::string atoms;
+    // Language 0 is English of the Macintosh.
+    for (const auto& [name, text] : texts) atoms += box(name, big(text.size(), 2) + big(0, 2) + text);
+    writeMovie(file, box("udta", atoms));
+}
+
+void writePng(const std::filesystem::path& file) {
+    std::string bytes = "\x89PNG\r\n\x1A\n";
+    const auto add = [&](const std::string& content) {
+        bytes += big(content.size() - 4, 4) + content + big(checkSum(content), 4);
+    };
+    add("IHDR" + big(1, 4) + big(1, 4) + big(8, 1) + zeros(4));
+    // One uncompressed block of a filter and a point, and its sum.
+    add("IDAT\x78\x01\x01" + little(2, 2) + little(0xFFFD, 2) + zeros(2) + big(0x20001, 4));
+    add("IEND");
+    writeBytes(file, bytes);
+}
+
+void writeMatroska(const std::filesystem::path& file, const Texts& tags) {
+    std::string all;
+    for (const auto& [name, text] : tags)
+        all += element(0x67C8, element(0x45A3, name) + element(0x4487, text));
+    const std::string head = element(0x4286, big(1, 1)) + element(0x42F7, big(1, 1)) +
+                             element(0x4282, "matroska") + element(0x4287, big(4, 1)) +
+                             element(0x4285, big(2, 1));
+    const std::string information =
+        element(0x2AD7B1, big(1'000'000, 4)) + element(0x4D80, "by hand") + element(0x5741, "by hand");
+    const std::string track = element(0xD7, big(1, 1)) + element(0x73C5, big(1, 1)) +
+                              element(0x83, big(1, 1)) + element(0x86, "V_MPEG4/ISO/AVC") +
+                              element(0xE0, element(0xB0, big(320, 2)) + element(0xBA, big(240, 2)));
     writeBytes(
         file,
-        boxes({box("ftyp", "isom" + big(512, 4) + "isomavc1"),
-               box("moov", boxes({box("mvhd", movieHeader), box("trak", box("tkhd", trackHeader) + media)})),
-               box("mdat", zeros(64))}));
+        element(0x1A45DFA3, head) +
+            element(0x18538067, element(0x1549A966, information) + element(0x1654AE6B, element(0xAE, track)) +
+                                    element(0x1254C367, element(0x7373, element(0x63C0, {}) + all))));
+}
+
+void writeAvi(const std::filesystem::path& file, const std::string& date, const std::string& artist) {
+    const std::string header = little(40'000, 4) + zeros(12) + little(50, 4) + zeros(4) + little(1, 4) +
+                               zeros(4) + little(320, 4) + little(240, 4) + zeros(16);
+    const std::string stream =
+        "vidsXVID" + zeros(12) + little(1, 4) + little(25, 4) + zeros(4) + little(50, 4) + zeros(16);
+    const std::string format =
+        little(40, 4) + little(320, 4) + little(240, 4) + little(1, 2) + little(24, 2) + "XVID" + zeros(20);
+    const std::string lists =
+        chunk("LIST", "hdrl" + chunk("avih", header) +
+                          chunk("LIST", "strl" + chunk("strh", stream) + chunk("strf", format)) +
+                          chunk("IDIT", date)) +
+        chunk("LIST", "INFO" + chunk("IART", artist + zeros(1))) + chunk("LIST", "movi");
+    writeBytes(file, chunk("RIFF", "AVI " + lists));
+}
+
+void writeArchive(const std::filesystem::path& file, const Texts& parts) {
+    std::string bytes;
+    std::string index;
+    for (const auto& [name, content] : parts) {
+        const std::string facts = little(20, 2) + zeros(8) + little(checkSum(content), 4) +
+                                  little(content.size(), 4) + little(content.size(), 4) +
+                                  little(name.size(), 2) + zeros(2);
+        index += "PK\x01\x02" + little(20, 2) + facts + zeros(10) + little(bytes.size(), 4) + name;
+        bytes += "PK\x03\x04" + facts + name + content;
+    }
+    const std::string count = little(parts.size(), 2);
+    writeBytes(file, bytes + index + "PK\x05\x06" + zeros(4) + count + count + little(index.size(), 4) +
+                         little(bytes.size(), 4) + zeros(2));
 }
 
 }  // namespace support

@@ -77,7 +77,7 @@ TEST_F(TaggedPhoto, GivesTypedValues) {
         {Id::PhotoMeteringModeText, text("Pattern")},
         {Id::PhotoWhiteBalanceText, text("Manual")},
         {Id::PhotoExposureBias, Rational{-2, 3}},
-        {Id::PhotoDateTaken, platform::PointInTime{1'000'000'000 * kSecond + kSecond / 4}},
+        {Id::PhotoDateTaken, properties::LocalTime{1'000'000'000 * kSecond + kSecond / 4}},
         {Id::PhotoSerialNumber, text("007")},
         {Id::PhotoOrientationText, text("Rotate 270 degrees")},
         {Id::SummaryTitle, text("Größe")},

@@ -2,6 +2,7 @@
 
 #include "properties/MediaFiles.h"
 #include "properties/PropertyStore.h"
+#include "support/LocalZone.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 #include "tags/PropertyCatalogue.h"
@@ -93,6 +94,8 @@ TEST_F(PropertyWrite, TextsOfAllScriptsReachThePhoto) {
         {Id::PhotoExposureTime, "1/250", "ExifIFD:ExposureTime"},
         {Id::PhotoExposureBias, "-2/3", "ExifIFD:ExposureCompensation"},
         {Id::PhotoISOSpeed, "400", "ExifIFD:ISO"},
+        {Id::PhotoAperture, "2.8", "ExifIFD:ApertureValue"},
+        {Id::PhotoShutterSpeed, "1/250", "ExifIFD:ShutterSpeedValue"},
         {Id::PhotoOrientation, "6", "IFD0:Orientation"},
         {Id::DiskRating, "3", "XMP-xmp:Rating"},
         {Id::ImageImageID, "abc", "ExifIFD:ImageUniqueID"},
@@ -111,6 +114,8 @@ TEST_F(PropertyWrite, TextsOfAllScriptsReachThePhoto) {
                                     "0.004",
                                     "-0.6666666667",
                                     "400",
+                                    "2.80004497446971",
+                                    "0.00399995642806865",
                                     "6",
                                     "3",
                                     "abc"};
@@ -144,15 +149,24 @@ TEST_F(PropertyWrite, OtherLanguagesOfATitleStay) {
     EXPECT_EQ(read("XMP-dc:Title-de"), "alt");
 }
 
-TEST_F(PropertyWrite, ADateKeepsTheZoneOfThePhoto) {
+TEST_F(PropertyWrite, ADateIsThatOfTheClockWhereThePhotoWasTaken) {
     ExifTool({"-q", "-overwrite_original", "-ExifIFD:DateTimeOriginal=2000:01:01 00:00:00",
               "-ExifIFD:OffsetTimeOriginal=+05:30", "-ExifIFD:SubSecTimeOriginal=77", file.string()});
-    const platform::PointInTime time{1'000'000'000'000'000'000};
-    ASSERT_EQ(write(Id::PhotoDateTaken, time), PropertyResult::Ok);
-    EXPECT_EQ(read("ExifIFD:DateTimeOriginal"), "2001:09:09 07:16:40");
+    ExifTool(
+        {"-q", "-overwrite_original", "-XMP-exif:DateTimeOriginal=2000:01:01 00:00:00+05:30", file.string()});
+    // An hour that the summer time here leaves out.
+    const support::LocalZone here("CET-1CEST,M3.5.0,M10.5.0/3");
+    const auto written = tags::WriteProperty(
+        file, {static_cast<std::uint32_t>(Id::PhotoDateTaken), "2021:03:28 02:30:00", {}});
+    ASSERT_EQ(written, PropertyResult::Ok);
+    EXPECT_EQ(read("ExifIFD:DateTimeOriginal"), "2021:03:28 02:30:00");
     EXPECT_EQ(read("ExifIFD:OffsetTimeOriginal"), "+05:30");
     EXPECT_EQ(read("ExifIFD:SubSecTimeOriginal"), "");
-    EXPECT_EQ(PropertyStore(file).get(Id::PhotoDateTaken), PropertyValue(time));
+    EXPECT_EQ(read("XMP-exif:DateTimeOriginal"), "2021:03:28 02:30:00+05:30");
+    // A moment stands for what clocks here show.
+    ASSERT_EQ(write(Id::PhotoDateTaken, platform::PointInTime{1'000'000'000'000'000'000}),
+              PropertyResult::Ok);
+    EXPECT_EQ(read("ExifIFD:DateTimeOriginal"), "2001:09:09 03:46:40");
 }
 
 TEST_F(PropertyWrite, WhatCannotBeReadAsAValueIsRefused) {
@@ -168,7 +182,7 @@ TEST_F(PropertyWrite, WhatCannotBeReadAsAValueIsRefused) {
         {Id::SummaryTitle, PropertyValue(2.0), PropertyResult::TypeMismatch},
         {Id::MusicArtist, QString("Ann"), PropertyResult::NotSupported},
         {Id::DiskFileSize, QString("3"), PropertyResult::NotSupported},
-        {Id::TextDateSaved, platform::PointInTime{1}, PropertyResult::NotSupported},
+        {Id::DrmDatePlayStarts, platform::PointInTime{1}, PropertyResult::NotSupported},
     };
     for (const auto& [property, value, expected] : cases)
         EXPECT_EQ(write(property, value), expected) << static_cast<int>(property);

@@ -31,8 +31,9 @@ class EditedFile : public testing::Test {
 
     /// All tags that could have changed, but one.
     static std::string otherTags(const std::filesystem::path& file, const std::string& tag) {
-        return support::ExifTool({"-a", "-G1", "-s", "-x", "System:All", "-x", tag, "-x", "XMPToolkit", "-x",
-                                  "CurrentIPTCDigest", "-x", "Composite:All", file.string()});
+        return support::ExifTool({"-a", "-G1", "-S", "-x", "System:All", "-x", tag, "-x", "XMPToolkit", "-x",
+                                  "CurrentIPTCDigest", "-x", "MediaDataOffset", "-x", "Composite:All",
+                                  file.string()});
     }
 
     tags::TagRecord record(QStringView group, QStringView name) const {

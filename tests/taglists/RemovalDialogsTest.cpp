@@ -237,7 +237,7 @@ TEST_F(RemovalDialogs, AListThatCannotBeWrittenEndsTheGroupsJobWithoutSuccess) {
     press(dialog, dialogs::kOkControl);
     const exiftool::Outcomes outcomes = carryOut(dialog);
     EXPECT_THAT(kindsOf(outcomes), ElementsAre(NotStarted));
-    EXPECT_THAT(typesRemovedText(language, outcomes).toStdString(), HasSubstr("could not be carried"));
+    EXPECT_THAT(typesRemovedText(language, outcomes, {}).toStdString(), HasSubstr("could not be carried"));
     EXPECT_EQ(readBytes(file), before);
 }
 

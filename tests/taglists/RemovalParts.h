@@ -3,6 +3,7 @@
 #include "jobs/JobSource.h"
 #include "jobs/OperationParts.h"
 #include "support/EditingContext.h"
+#include "support/RunHere.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 #include "support/ToolStandIns.h"
@@ -59,7 +60,7 @@ class RemovalParts {
         return std::filesystem::exists(context.reportFile) ? support::readBytes(context.reportFile) : "";
     }
 
-    exiftool::Outcomes carryOut(const jobs::Job& job) { return jobs::runHere(job, context, runner); }
+    exiftool::Outcomes carryOut(const jobs::Job& job) { return support::runHere(job, context, runner); }
     /// What a dialog has left.
     exiftool::Outcomes carryOut(jobs::JobSource& dialog) { return carryOut(dialog.takeJob()); }
 

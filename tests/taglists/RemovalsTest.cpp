@@ -365,9 +365,16 @@ TEST_F(RemovalsTest, WhatIsAskedTellsWhatOfHowManyFiles) {
     EXPECT_FALSE(familyRemovalQuestion(language, 10070, 12));
     const Outcome done{"a.jpg", Done, {}};
     const QString success = QStringLiteral("The groups were removed from 2 files.");
-    EXPECT_EQ(typesRemovedText(language, Outcomes{done, done}), success);
-    for (const OutcomeKind kind : {Unchanged, Warned, Failed, Killed, Stopped, NotStarted, NotBegun})
-        EXPECT_NE(typesRemovedText(language, Outcomes{done, {"b.jpg", kind, {}}}), success);
-    EXPECT_NE(typesRemovedText(language, Outcomes{done, {"b.jpg", Failed, {}}}),
-              typesRemovedText(language, Outcomes{{"b.jpg", Failed, {}}}));
+    EXPECT_EQ(typesRemovedText(language, Outcomes{done, done}, {}), success);
+    for (const OutcomeKind kind : {Warned, Failed, Killed, Stopped, NotStarted, NotBegun})
+        EXPECT_NE(typesRemovedText(language, Outcomes{done, {"b.jpg", kind, {}}}, {}), success);
+    const Outcome unchanged{"b.jpg", Unchanged, {}};
+    EXPECT_EQ(typesRemovedText(language, Outcomes{done, unchanged}, {}),
+              QStringLiteral("The groups were removed from 1 file."));
+    EXPECT_EQ(typesRemovedText(language, Outcomes{unchanged}, {}),
+              QStringLiteral("The files held none of these groups."));
+    EXPECT_EQ(typesRemovedText(language, Outcomes{done, done}, std::vector<std::string>{"a remark"}),
+              success + QStringLiteral("\na remark"));
+    EXPECT_NE(typesRemovedText(language, Outcomes{done, {"b.jpg", Failed, {}}}, {}),
+              typesRemovedText(language, Outcomes{{"b.jpg", Failed, {}}}, {}));
 }

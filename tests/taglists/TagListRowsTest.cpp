@@ -125,8 +125,8 @@ TEST(TagListRows, ValuesAreFoundByGroupAndName) {
     TagRows rows{row("IFD1", "Make"), row("IFD0", "Make"), row("XMP-Xmp", "Rating"), row("IFD0", "Software"),
                  row("IFD0", "make")};
     TagRows exact = rows;
-    EXPECT_TRUE(fillValues(exact, folder / "out", GroupMatch::Exact));
-    EXPECT_TRUE(fillValues(rows, folder / "out", GroupMatch::WithoutCase));
+    EXPECT_TRUE(fillValues(exact, folder / "out"));
+    EXPECT_TRUE(fillExactValues(rows, folder / "out", [](int) { return false; }));
     const char* const expected[] = {"Other", "Acme", "3", "one: two", ""};
     for (std::size_t at = 0; at < rows.size(); ++at) {
         EXPECT_EQ(rows[at].value, expected[at]) << at;
@@ -134,8 +134,9 @@ TEST(TagListRows, ValuesAreFoundByGroupAndName) {
         EXPECT_EQ(rows[at].fileValue, rows[at].value);
         EXPECT_FALSE(rows[at].changed);
     }
-    EXPECT_FALSE(fillValues(rows, folder / "missing", GroupMatch::Exact));
+    EXPECT_FALSE(fillValues(rows, folder / "missing"));
     EXPECT_EQ(rows[1].value, "Acme");
+    EXPECT_EQ(rows[1].timesInFile, 2);
 }
 
 TEST(TagListRows, AValueIsAChangeOnlyWhereItDiffers) {

@@ -122,7 +122,8 @@ TEST_F(TagValueLines, CorrectedMarksTheEncodingOfIptcOnce) {
                            row("IPTC", "Source", "\xE6\x9D\xB1"), row("XMP-dc", "Title", "t")}),
               kTool +
                   " -tagsfromfile @ -IPTC:All --IPTC:City --IPTC:Headline --IPTC:Source "
-                  "-IPTC:CodedCharacterSet=UTF8 -IPTC:City=\"\xE6\x9D\xB1\xE4\xBA\xAC\" -IPTC:Headline= "
+                  "\"-IPTC:CodedCharacterSet<${FileType;$_='UTF8'}\" -IPTC:City=\"\xE6\x9D\xB1\xE4\xBA\xAC\" "
+                  "-IPTC:Headline= "
                   "-IPTC:Source=\"\xE6\x9D\xB1\" -XMP-dc:Title=\"t\" -overwrite_original" +
                   kTail + " 2>>\"/cache/day.txt\"");
 }

@@ -3,6 +3,7 @@
 #include "exiftool/SafetyCopy.h"
 #include "jobs/JobSource.h"
 #include "support/EditedFile.h"
+#include "support/RunHere.h"
 #include "support/ToolStandIns.h"
 #include "taglists/AddTagsGroups.h"
 
@@ -45,7 +46,7 @@ class TagValueWrites : public EditedFile {
         return support::ExifTool({"-a", "-G1", "-s", "-x", "System:All", "-x", "ExifTool:All", "-x",
                                   "Composite:All", "-x", "File:CurrentIPTCDigest", file.string()});
     }
-    Outcomes carryOut(const jobs::Job& job) { return jobs::runHere(job, context, runner); }
+    Outcomes carryOut(const jobs::Job& job) { return support::runHere(job, context, runner); }
     Outcomes write(const std::vector<fs::path>& files, const TagRows& rows) {
         return carryOut(modifyFilesJob(parts, form(), "Title", 1, rows, files));
     }
@@ -70,7 +71,7 @@ TEST_F(TagValueWrites, RowsHoldWhatTheFileHolds) {
     EXPECT_EQ(rowOf(exif, "ExifIFD", "ISO").value, "200");
     EXPECT_EQ(changedCount(exif), 0U);
     TagRows iptc = rowsOf(2, file);
-    EXPECT_EQ(rowOf(iptc, "IPTC", "Keywords").value, "one, two");
+    EXPECT_EQ(rowOf(iptc, "IPTC", "Keywords").value, "one\ntwo");
     TagRows xmp = rowsOf(7, file);
     EXPECT_EQ(rowOf(xmp, "XMP-xmp", "Rating").value, "3");
     EXPECT_EQ(rowOf(xmp, "XMP-lr", "HierarchicalSubject").value, "a|b");

@@ -2,6 +2,7 @@
 #include "edit/ValueEditor.h"
 #include "jobs/JobSource.h"
 #include "support/EditedFile.h"
+#include "support/RunHere.h"
 #include "support/ToolStandIns.h"
 #include "taglists/DialogAddATag_ToOneFile.h"
 #include "taglists/DialogAddTagsMain.h"
@@ -86,7 +87,7 @@ class TagValuesDialogTest : public EditedFile {
     exiftool::Outcomes accept(TagValuesDialog& dialog) {
         dialog.accept();
         EXPECT_EQ(dialog.QDialog::result(), QDialog::Accepted);
-        return jobs::runHere(dialog.takeJob(), context, runner);
+        return support::runHere(dialog.takeJob(), context, runner);
     }
 
     QStringList messages;
@@ -128,7 +129,7 @@ TEST_F(TagValuesDialogTest, OneFileIsReadEditedAndWritten) {
     EXPECT_EQ(valueOf(file, "IFD0:Make"), "Acme") << "the dialog writes nothing itself";
     const jobs::Job job = dialog.takeJob();
     EXPECT_EQ(job.title, dialog.windowTitle());
-    EXPECT_THAT(kindsOf(jobs::runHere(job, context, runner)), ElementsAre(Done));
+    EXPECT_THAT(kindsOf(support::runHere(job, context, runner)), ElementsAre(Done));
     EXPECT_EQ(valueOf(file, "IFD0:Make"), "New \"one\"");
     EXPECT_EQ(support::ExifTool({"-s3", "-n", "-IFD0:Orientation", file.string()}), "3\n");
     EXPECT_EQ(valueOf(file, "IFD0:Artist"), "Somebody");
@@ -233,6 +234,42 @@ TEST_F(TagValuesDialogTest, AValuesFileFillsTheList) {
     EXPECT_EQ(valueOf(target, "ExifIFD:ISO"), "200");
     EXPECT_EQ(support::ExifTool({"-s3", "-n", "-IFD0:Orientation", target.string()}), "6\n");
     EXPECT_EQ(valueOf(target, "IFD0:Artist"), "kept");
+}
+
+TEST_F(TagValuesDialogTest, AValuesFileBringsEveryCharacterAndNothingOfAFilesBuild) {
+    const std::string odd =
+        "\xC2\xA0 a\tb\xE2\x80\xA9"
+        "c\r\nd \"e\", f\xC2\x85 ";
+    const fs::path source =
+        photo({"-XMP-dc:Description=" + odd, "-XMP-dc:Subject= one ", "-XMP-dc:Subject=two\n"}, "source.jpg");
+    support::writeBytes(folder / "values.xmp",
+                        support::ExifTool({"-csv", "-G1", "-XMP-dc:all", source.string()}));
+    support::writeBytes(
+        folder / "build.exif",
+        "SourceFile,Compression,StripOffsets,IFD0:PhotometricInterpretation,Make,IFD0:Copyright\n"
+        "a.tif,LZW,8,RGB,Acme,\"blanks at its end  \"\n");
+    const fs::path target = photo({"-XMP-dc:Title=plain", "-XMP-dc:Title-de=kept", "-IFD0:Artist=kept"});
+    const std::string build = support::ExifTool({"-S", "-IFD0:all", "-IFD1:all", target.string()});
+    {
+        DialogModifMain dialog(parts, 35, {target}, nullptr);
+        show(dialog);
+        dialog.loadValues(folder / "values.xmp");
+        const std::size_t title = rowOf(dialog, "XMP-dc", "Title");
+        editByMouse(dialog, title, [](dialogs::DarkModeDialogBase& editor) { typeText(editor, "new"); });
+        EXPECT_THAT(kindsOf(accept(dialog)), ElementsAre(Done));
+    }
+    EXPECT_EQ(valueOf(target, "XMP-dc:Description"), odd);
+    EXPECT_EQ(support::ExifTool({"-b", "-sep", "|", "-XMP-dc:Subject", target.string()}), " one |two\n");
+    EXPECT_EQ(valueOf(target, "XMP-dc:Title") + valueOf(target, "XMP-dc:Title-de"), "newkept");
+    DialogModifMain dialog(parts, 22, {target}, nullptr);
+    show(dialog);
+    dialog.loadValues(folder / "build.exif");
+    const std::string told = messages.value(0).toStdString();
+    EXPECT_THAT(told, testing::HasSubstr("IFD0:Compression\n"));
+    EXPECT_THAT(told, testing::HasSubstr("IFD0:PhotometricInterpretation"));
+    EXPECT_THAT(told, testing::HasSubstr("IFD0:Copyright"));
+    EXPECT_THAT(kindsOf(accept(dialog)), ElementsAre(Done));
+    EXPECT_EQ(support::ExifTool({"-S", "-IFD0:all", "-IFD1:all", target.string()}), "Make: Acme\n" + build);
 }
 
 TEST_F(TagValuesDialogTest, AFileWithoutValuesIsTold) {

@@ -30,6 +30,10 @@ std::string repeated(int count, const std::string& cell) {
     return line;
 }
 
+constexpr int kStructure = 77;
+const TagTraits kTraits{.takesSeveral = [](int) { return false; },
+                        .describesStructure = [](int tagId) { return tagId == kStructure; }};
+
 }  // namespace
 
 TEST(ValuesFile, WhatBothFormsRead) {
@@ -83,7 +87,8 @@ TEST(ValuesFile, LimitsOfTheDesignedForm) {
     ASSERT_EQ(longName.size(), 1U);
     EXPECT_EQ(longName[0].name.size(), 255);
 
-    const std::string longLine = "SourceFile,Make,Model\r\na," + std::string(6000, 'v') + ",x";
+    std::string longLine = "SourceFile,Make,Model\r\na,";
+    longLine.append(6000, 'v').append(",x");
     const auto designed = parseValuesFile(longLine, app::CommandForm::Designed);
     ASSERT_EQ(designed.size(), 1U);
     EXPECT_EQ(designed[0].value.size(), 5096 - 2);
@@ -105,7 +110,7 @@ TEST(ValuesFile, ValuesGoToTheFirstRowOfTheirName) {
         TagRows rows{row("IFD1", "Make"), row("IFD0", "Make"), row("IFD0", "Model")};
         rows[2].value = rows[2].fileValue = "kept";
         const NamedValue values[] = {{"", "MAKE", "Acme"}, {"", "Unknown", "x"}, {"", "Model", ""}};
-        const LoadedValues loaded = applyValues(rows, values, form, [](int) { return false; });
+        const LoadedValues loaded = applyValues(rows, values, form, kTraits);
         const bool corrected = form == app::CommandForm::Corrected;
         // A name alone means the picture, and not its thumbnail.
         EXPECT_EQ(rows[corrected ? 1 : 0].value, "Acme");
@@ -120,8 +125,7 @@ TEST(ValuesFile, ValuesGoToTheFirstRowOfTheirName) {
 TEST(ValuesFile, AGroupBeforeTheNameCounts) {
     TagRows rows{row("IFD1", "Make"), row("IFD0", "Make")};
     const NamedValue values[] = {{"ifd0", "Make", "Acme"}, {"IFD2", "Make", "x"}};
-    const LoadedValues loaded =
-        applyValues(rows, values, app::CommandForm::Corrected, [](int) { return false; });
+    const LoadedValues loaded = applyValues(rows, values, app::CommandForm::Corrected, kTraits);
     EXPECT_FALSE(rows[0].changed);
     EXPECT_EQ(rows[1].value, "Acme");
     EXPECT_EQ(loaded.unknown, 1U);
@@ -129,10 +133,27 @@ TEST(ValuesFile, AGroupBeforeTheNameCounts) {
 
 TEST(ValuesFile, AListIsTakenApart) {
     TagRows rows{row("XMP-dc", "Subject"), row("XMP-dc", "Creator")};
-    rows[1].value = rows[1].fileValue = "a, b";
+    rows[1].value = rows[1].fileValue = "a\nb";
+    rows[1].severalEntries = rows[1].fileSeveral = true;
     const NamedValue values[] = {{"", "Subject", "one, two"}, {"", "Creator", "a, b"}};
-    applyValues(rows, values, app::CommandForm::Corrected, [](int) { return true; });
+    applyValues(rows, values, app::CommandForm::Corrected,
+                {.takesSeveral = [](int) { return true; }, .describesStructure = [](int) { return false; }});
     EXPECT_EQ(rows[0].value, "one\ntwo");
     EXPECT_TRUE(rows[0].severalEntries);
     EXPECT_FALSE(rows[1].changed);
+}
+
+TEST(ValuesFile, WhatSaysHowAFileIsBuiltIsLeftOut) {
+    TagRows rows{row("IFD0", "Make"), row("IFD0", "Compression"), row("IFD0", "Orientation")};
+    rows[1].tagId = kStructure;
+    rows[2].tagId = kStructure;
+    rows[2].value = rows[2].fileValue = "6";
+    rows[0].timesInFile = 2;
+    const NamedValue values[] = {{"", "Make", "Acme"}, {"", "Compression", "LZW"}, {"", "Orientation", "6"}};
+    const LoadedValues loaded = applyValues(rows, values, app::CommandForm::Corrected, kTraits);
+    EXPECT_EQ(loaded.leftOut, QStringList({"IFD0:Make", "IFD0:Compression"}));
+    EXPECT_EQ(loaded.set, 1U);
+    EXPECT_EQ(changedCount(rows), 0U);
+    EXPECT_TRUE(applyValues(rows, values, app::CommandForm::Designed, kTraits).leftOut.isEmpty());
+    EXPECT_EQ(changedCount(rows), 2U);
 }

@@ -74,7 +74,8 @@ TEST(LabelLibrary, EveryTagHasALabelAndHelpInEveryLanguage) {
             const QString help = helpOf(language, id);
             ASSERT_TRUE(help.startsWith(label + u'\n')) << help.toStdString();
             const auto first = dictionary().FindTagById(row.id);
-            ASSERT_TRUE(help.contains(": " + platform::wide(first->group) + u'\n')) << help.toStdString();
+            ASSERT_TRUE((help + u'\n').contains(": " + platform::wide(first->group) + u'\n'))
+                << help.toStdString();
             ASSERT_FALSE(help.contains("\n\n") || help.contains('%' + QString::number(1)))
                 << nameOf(row) << help.toStdString();
         }
@@ -303,16 +304,17 @@ TEST(LabelLibrary, NamesWithoutATableAreSetApartInWords) {
 
 TEST(LabelLibrary, HelpIsMadeOfTheFactsInItsLanguage) {
     const int id = idOf("ExifIFD", "ExposureProgram");
-    EXPECT_EQ(
-        helpOf(9, id).split('\n').mid(0, 9),
-        QStringList({"Exposure Program", "Name: ExposureProgram", "Tag 34850 (0x8822) of Exif::Main",
-                     "Topic: camera and exposure",
-                     "The value of 9 is not standard EXIF, but is used by the Canon EOS 7D.",
-                     "Format: whole number from 0, 16 bits", "Group: ExifIFD", "Can be written", "Values:"}));
+    EXPECT_EQ(helpOf(9, id).split('\n').mid(0, 5),
+              QStringList({"Exposure Program",
+                           "The value of 9 is not standard EXIF, but is used by the Canon EOS 7D.",
+                           "Format: whole number from 0, 16 bits", "Can be written", "Values:"}));
+    EXPECT_TRUE(
+        helpOf(9, id).endsWith("\nGroup: ExifIFD\nName: ExposureProgram\n"
+                               "Tag 34850 (0x8822) of Exif::Main\nTopic: camera and exposure"))
+        << helpOf(9, id).toStdString();
     EXPECT_TRUE(helpOf(9, id).contains("\n2 = Program AE\n")) << helpOf(9, id).toStdString();
     const QString german = helpOf(7, id);
-    EXPECT_TRUE(
-        german.contains("\nFormat: ganze Zahl ab 0, 16 Bit\nGruppe: ExifIFD\nKann geschrieben werden\n"))
+    EXPECT_TRUE(german.contains("\nFormat: ganze Zahl ab 0, 16 Bit\nKann geschrieben werden\n"))
         << german.toStdString();
     EXPECT_TRUE(german.contains("\n2 = Programmautomatik\n")) << german.toStdString();
     EXPECT_TRUE(helpOf(12, id).contains("Groupe : ExifIFD")) << helpOf(12, id).toStdString();
@@ -326,7 +328,7 @@ TEST(LabelLibrary, HelpTellsOfSeveralValuesAndOfLongLists) {
     const QString help = helpOf(9, genre);
     const int left = library(9).GetItemNumberFromCombo(genre) - 40;
     ASSERT_GT(left, 0);
-    EXPECT_TRUE(help.endsWith("and " + QString::number(left) + " more")) << help.toStdString();
+    EXPECT_TRUE(help.contains("and " + QString::number(left) + " more\n")) << help.toStdString();
     EXPECT_LT(help.count('\n'), 55);
 }
 

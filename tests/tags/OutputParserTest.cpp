@@ -56,6 +56,7 @@ TEST_F(OutputParserTest, ALineBecomesARowOfItsGroup) {
         {"[IFD0] 0x0112 Orientation: Horizontal (normal)", u"IFD0", u"Orientation", u"0112",
          u"Horizontal (normal)"},
         {"[ifd0] 0x010f Make: a  b ", u"IFD0", u"Make", u"010f", u"a  b "},
+        {"[XMP-dc] - Title-zh-CN: a text of its own", u"XMP-dc", u"Title-zh-CN", u"-", u"a text of its own"},
         {"[Composite] - ImageSize: 640x480", u"Composite", u"ImageSize", u"-", u"640x480"},
         {"[IFD0] 0x0110 Model: cr kept\r", u"IFD0", u"Model", u"0110", u"cr kept\r"},
         {"[IFD0] 0x0110 Model: ", u"IFD0", u"Model", u"0110", u""},

@@ -31,6 +31,19 @@ TEST(PropertyCatalogue, RowsAreUniqueByNumberAndBeginWithName) {
     EXPECT_EQ(tags::propertyRows().front().propertyId, 0U);
 }
 
+TEST(PropertyCatalogue, ANameIsAlsoThereInPlainWords) {
+    const std::pair<std::u16string_view, const char*> cases[] = {{u"DateModified", "Date modified"},
+                                                                 {u"Name", "Name"},
+                                                                 {u"GPSLatitude", "GPS latitude"},
+                                                                 {u"FNumber", "F number"},
+                                                                 {u"CreatorAppId", "Creator app id"}};
+    for (const auto& [name, words] : cases) {
+        tags::PropertyRecord record;
+        record.name = name;
+        EXPECT_EQ(tags::plainName(record).toStdString(), words);
+    }
+}
+
 TEST(PropertyCatalogue, CategoriesFollowEachOtherWithTheirRowsAndNumbers) {
     struct Category {
         std::u16string_view name;

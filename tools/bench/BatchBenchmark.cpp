@@ -107,7 +107,8 @@ void writeWithSessions(benchmark::State& state, Tags tags) {
         request.arguments = arguments();
         request.files = photos.files;
         request.beforeFile = [&](const fs::path& file) {
-            return exiftool::MakeSafetyCopy(file, cache, exiftool::SafetyCopies()).toStdString();
+            const QString fault = exiftool::MakeSafetyCopy(file, cache, exiftool::SafetyCopies());
+            return exiftool::Prepared{.words = fault.toStdString()};
         };
         const exiftool::Outcomes outcomes = exiftool::writeFiles(request, {}, {});
         // A copy that failed would be a warning.

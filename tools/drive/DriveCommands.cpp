@@ -68,10 +68,14 @@ const std::vector<DriveCommands::Verb>& DriveCommands::verbs() {
         {"files", 0, 0, 0, Window, [](WindowCommands& w, const Words&) { return w.files(); }},
         {"select", 0, kAny, 0, Reachable,
          [](WindowCommands& w, const Words& words) { return w.select(words); }},
-        {"click", 1, 2, 0, Reachable,
-         [](WindowCommands& w, const Words& words) { return w.click(words[0], words.value(1), false); }},
+        {"click", 1, 3, 0, Reachable,
+         [](WindowCommands& w, const Words& words) {
+             return w.click(words[0], words.value(1), clickOf(words, 2));
+         }},
         {"doubleclick", 1, 1, 0, Reachable,
-         [](WindowCommands& w, const Words& words) { return w.click(words[0], {}, true); }},
+         [](WindowCommands& w, const Words& words) {
+             return w.click(words[0], {}, QStringLiteral("double"));
+         }},
         {"rows", 0, 0, 0, Window, [](WindowCommands& w, const Words&) { return w.rows(); }},
         {"row", 2, 4, 0, Reachable, clickRow},
         {"header", 1, 1, 0, Reachable,
@@ -97,6 +101,8 @@ const std::vector<DriveCommands::Verb>& DriveCommands::verbs() {
         {"type", 1, 1, 0, Nothing, [](WindowCommands& w, const Words& words) { return w.type(words[0]); }},
         {"focus", 1, 1, 0, Reachable,
          [](WindowCommands& w, const Words& words) { return w.focus(words[0]); }},
+        {"menuof", 1, 1, 0, Reachable,
+         [](WindowCommands& w, const Words& words) { return w.menuOf(words[0]); }},
         {"tab", 1, 1, 1, Reachable,
          [](WindowCommands& w, const Words& words) { return w.tab(words[0].toInt()); }},
         {"area", 1, 1, 0, Window, [](WindowCommands& w, const Words& words) { return w.area(words[0]); }},

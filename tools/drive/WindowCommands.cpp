@@ -12,8 +12,10 @@
 #include "window/MainWindow.h"
 #include "window/Program.h"
 
+#include <QAbstractScrollArea>
 #include <QAction>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QHeaderView>
@@ -66,6 +68,11 @@ Answer noCommand(int id) {
 QString nameOfHeader(const QString& title) {
     static const QRegularExpression count(QStringLiteral(" \\(\\d+\\)$"));
     return QString(title).remove(count).trimmed();
+}
+
+QString textOfPart(const QWidget& whole, const QString& objectName) {
+    const auto* part = whole.findChild<QWidget*>(objectName);
+    return part == nullptr ? QString() : describeControl(*part, 0)["text"].toString();
 }
 
 /// The main window with what other windows show over it; without one the front window. There is no screen to
@@ -158,15 +165,15 @@ Answer WindowCommands::select(const QStringList& names) {
     return {};
 }
 
-Answer WindowCommands::click(const QString& name, const QString& column, bool twice) {
+Answer WindowCommands::click(const QString& name, const QString& column, const QString& how) {
+    if (!isKindOfClick(how)) return Answer::failed(QStringLiteral("\"%1\" is no kind of click").arg(how));
     browser::ShellBrowser& browser = program_.window().activeBrowser();
     const int row = rowOfFile(browser.model(), name);
     if (row < 0) return noSuchFile(name);
     const int section = column.isEmpty() ? 0 : columnNamed(browser.model(), column);
     if (section < 0) return Answer::failed(QStringLiteral("no column \"%1\"").arg(column));
     const QModelIndex index = browser.model().index(row, section);
-    Answer answer =
-        clickIndex(browser.view(), index, twice ? QStringLiteral("double") : QStringLiteral("left"));
+    Answer answer = clickIndex(browser.view(), index, how);
     waitForFolder();
     return answer;
 }
@@ -183,7 +190,17 @@ Answer WindowCommands::rows() {
                                 {"value", row.value},
                                 {"image", row.stars ? QJsonValue(*row.stars) : QJsonValue()}});
     }
-    return {{{"rows", rows}}, {}};
+    const QModelIndex current = panel.list().currentIndex();
+    QString place;
+    if (current.isValid()) {
+        const tags::MetadataRow& row = panel.model().row(current.row());
+        place = row.group + u':' + row.tag;
+    }
+    return {{{"rows", rows},
+             {"title", textOfPart(panel, QStringLiteral("metadataTitle"))},
+             {"current", place},
+             {"top", current.isValid() ? panel.list().visualRect(current).top() : -1}},
+            {}};
 }
 
 Answer WindowCommands::row(const QString& group, const QString& tag, const QString& column,
@@ -275,6 +292,19 @@ Answer WindowCommands::focus(const QString& objectName) {
     return Answer::failed(QStringLiteral("nothing named \"%1\" is shown").arg(objectName));
 }
 
+Answer WindowCommands::menuOf(const QString& objectName) {
+    auto* part = program_.window().findChild<QWidget*>(objectName);
+    if (part == nullptr || !part->isVisible())
+        return Answer::failed(QStringLiteral("nothing named \"%1\" is shown").arg(objectName));
+    auto* scrolled = qobject_cast<QAbstractScrollArea*>(part);
+    QWidget* target = scrolled != nullptr ? scrolled->viewport() : part;
+    // At its lower edge, where a short list is free.
+    const QPoint place(target->width() / 20, target->height() - 5);
+    QContextMenuEvent event(QContextMenuEvent::Other, place, target->mapToGlobal(place));
+    QApplication::sendEvent(target, &event);
+    return {};
+}
+
 Answer WindowCommands::tab(int index) {
     QTabBar& bar = program_.window().tabs().tabBar();
     if (index < 0 || index >= bar.count())
@@ -307,7 +337,11 @@ void WindowCommands::waitForFolder() {
 }
 
 Answer WindowCommands::status() {
-    return {{{"text", program_.window().statusText()}, {"selection", program_.window().selectionText()}}, {}};
+    const QWidget* focused = program_.window().focusWidget();
+    return {{{"text", program_.window().statusText()},
+             {"selection", program_.window().selectionText()},
+             {"focus", focused != nullptr ? focused->objectName() : QString()}},
+            {}};
 }
 
 Answer WindowCommands::stop() {

@@ -24,7 +24,7 @@ class WindowCommands {
     Answer open(const QString& path);
     Answer files();
     Answer select(const QStringList& names);
-    Answer click(const QString& name, const QString& column, bool twice);
+    Answer click(const QString& name, const QString& column, const QString& how);
     Answer rows();
     /// how: as clickIndex() takes it.
     Answer row(const QString& group, const QString& tag, const QString& column, const QString& how);
@@ -37,6 +37,8 @@ class WindowCommands {
     /// Types the text character by character.
     Answer type(const QString& text);
     /// Clicks the part of the window that has this object name, such as "Address".
+    /// What the right mouse button or the Menu key opens on a part of the window.
+    Answer menuOf(const QString& objectName);
     Answer focus(const QString& objectName);
     /// Clicks a tab, counted from 0 from the left.
     Answer tab(int index);

@@ -1,7 +1,10 @@
+#include "exiftool/DocumentTags.h"
 #include "inspect/PropertiesReport.h"
 #include "inspect/RowsReport.h"
 #include "inspect/TableReport.h"
 #include "platform/OwnProcess.h"
+#include "platform/ProgramSearch.h"
+#include "properties/TagSource.h"
 #include "window/SubjectCommands.h"
 
 #include <QCoreApplication>
@@ -42,10 +45,11 @@ int rows(inspect::RowsFrom from, std::vector<std::string_view> words,
     return inspect::reportRows(request, std::cout, std::cerr) ? 0 : 1;
 }
 
-int properties(std::vector<std::string_view> words) {
+int printProperties(std::vector<std::string_view> words) {
     if (!words.empty() && words[0] == "--") words.erase(words.begin());
     if (words.empty()) return usage();
     const std::vector<std::filesystem::path> files(words.begin(), words.end());
+    properties::setTagSource(std::make_shared<exiftool::DocumentTags>(platform::findProgram("exiftool")));
     return inspect::reportProperties(files, std::cout, std::cerr) ? 0 : 1;
 }
 
@@ -60,7 +64,7 @@ int main(int argc, char** argv) {
     std::vector<std::string_view> words(argv + 2, argv + argc);
     if (verb == "rows") return rows(inspect::RowsFrom::MediaFile, std::move(words), installPath);
     if (verb == "parse") return rows(inspect::RowsFrom::SavedOutput, std::move(words), installPath);
-    if (verb == "properties") return properties(std::move(words));
+    if (verb == "properties") return printProperties(std::move(words));
     if (verb == "property-catalogue" && words.empty())
         inspect::reportPropertyCatalogue(std::cout);
     else if (verb == "dictionary" && words.empty())
