@@ -56,7 +56,9 @@ PanelAction actionOfClick(const jobs::OperationParts& parts, CommandForm form, c
     return PanelAction::Nothing;
 }
 
-QString whyNotWritable(const std::filesystem::path& file) {
+QString whyNotWritable(const std::filesystem::path& named) {
+    // As every write does it: the file behind a link is the one that gets rewritten, in its own folder.
+    const std::filesystem::path file = platform::behindLink(named);
     std::error_code refused = platform::checkRewritable(file);
     // What is written is a new file beside it, which then takes its place.
     if (!refused) refused = platform::checkAccess(file.parent_path(), platform::AccessRight::AddFiles);

@@ -32,9 +32,9 @@ struct RowToEdit {
 
 /// The dialog that the value takes: that for texts where there are several entries.
 tags::ValueKind kindOfDialog(const tags::TagEditContext& edit, const tags::TagRecord& record);
-/// Why the file cannot be rewritten by this user, as far as that can be known before; for people. Empty when
-/// nothing speaks against it.
-QString whyNotWritable(const std::filesystem::path& file);
+/// Why the file, or the one behind a link, cannot be rewritten by this user, as far as that can be known
+/// before; for people. Empty when nothing speaks against it.
+QString whyNotWritable(const std::filesystem::path& named);
 
 /// Reads the value anew where the row does not hold all of it.
 [[nodiscard]] RowToEdit contextOfRow(const jobs::OperationParts& parts, app::CommandForm form,

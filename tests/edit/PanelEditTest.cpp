@@ -1,6 +1,7 @@
 #include "edit/PanelEdit.h"
 
 #include "support/EditedFile.h"
+#include "support/UnprivilegedUser.h"
 
 using namespace edit;
 using namespace tags;
@@ -108,4 +109,18 @@ TEST_F(PanelEdit, TheLibraryKnowsWhichTagsHoldSeveralValues) {
     EXPECT_TRUE(labels.takesSeveralValues(static_cast<int>(record(u"IPTC", u"Keywords").id)));
     EXPECT_FALSE(labels.takesSeveralValues(-1));
     EXPECT_FALSE(labels.takesSeveralValues(1'000'000));
+}
+
+TEST_F(PanelEdit, TheFolderOfTheFileBehindALinkIsTheOneThatCounts) {
+    namespace fs = std::filesystem;
+    fs::create_directory(folder / "links");
+    fs::create_symlink(photo({}), folder / "links/a.jpg");
+    const support::UnprivilegedUser user(folder.path());
+    const auto kOnlyRead = fs::perms::owner_read | fs::perms::owner_exec;
+    fs::permissions(folder / "links", kOnlyRead);
+    EXPECT_EQ(edit::whyNotWritable(folder / "links/a.jpg"), QString());
+    fs::permissions(folder / "links", fs::perms::owner_all);
+    fs::permissions(folder / "photos", kOnlyRead);
+    EXPECT_NE(edit::whyNotWritable(folder / "links/a.jpg"), QString());
+    fs::permissions(folder / "photos", fs::perms::owner_all);
 }
