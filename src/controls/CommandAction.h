@@ -40,6 +40,8 @@ class CommandActions {
     virtual CommandAction* action(int commandId) const = 0;
     /// Brings all states up to date; called before a menu opens.
     virtual void refresh() = 0;
+    /// What stands for the "%s" in the text of an entry that works on the selection, as "3 selected files".
+    virtual QString selectionText() const = 0;
 };
 
 }  // namespace controls

@@ -64,14 +64,15 @@ CommandText designedCopy(const app::AppContext& context, CopiedFamilies families
 CommandText correctedCopy(const app::AppContext& context, CopiedFamilies families, const fs::path& source,
                           const fs::path& target) {
     CommandText command = toolStart(context).literal("-tagsfromfile \"").outside(fileWord(source));
-    command.literal("\" ").append(chosenTerms(families, kAllTags)).literal(fragments::kFileNameCharset);
+    command.literal("\" ").append(chosenTerms(families, kAllTags));
+    command.literal(fragments::kOverwriteOriginal).literal(fragments::kFileNameCharset);
     command.literal("\"").outside(fileWord(target)).literal("\"");
     return command.append(reportBehind(context));
 }
 
 }  // namespace
 
-CommandText removeFamilyArguments(const app::AppContext& context, int commandId) {
+CommandText removeFamilyArguments(const app::AppContext& context, CommandForm form, int commandId) {
     const app::Settings::ExifTool& settings = context.settings.exifTool;
     CommandText arguments(fragments::kIgnoreMinorErrors);
     const auto* const row =
@@ -81,6 +82,8 @@ CommandText removeFamilyArguments(const app::AppContext& context, int commandId)
     if (settings.preserveDateTime) arguments.literal(fragments::kPreserveDateTime);
     if (settings.ignoreXml) arguments.literal(fragments::kWithoutXml);
     if (settings.ignoreFile) arguments.literal(fragments::kWithoutFile);
+    // The safety copy has been made; a second one beside the file would only have to be cleared away.
+    if (form == CommandForm::Corrected) arguments.literal(fragments::kOverwriteOriginal);
     return arguments;
 }
 

@@ -25,8 +25,9 @@ Outcomes writeEach(const std::vector<fs::path>& files, const Write& write) {
 WriteCommands::WriteCommands(const app::AppContext& context, ToolRunner& runner)
     : context_(context), runner_(runner) {}
 
-Outcomes WriteCommands::RemoveFamilyFromSelection(int commandId, const std::vector<fs::path>& files) {
-    const platform::CommandText arguments = removeFamilyArguments(context_, commandId);
+Outcomes WriteCommands::RemoveFamilyFromSelection(app::CommandForm form, int commandId,
+                                                  const std::vector<fs::path>& files) {
+    const platform::CommandText arguments = removeFamilyArguments(context_, form, commandId);
     return writeEach(files, [&](const fs::path& file) { return runner_.RunOnFile(file, arguments); });
 }
 

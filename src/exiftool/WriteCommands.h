@@ -30,7 +30,8 @@ inline constexpr std::string_view kWithoutFile = "-x FILE:All ";
 
 /// What removes the family that the command of this number names, with the fragments that the settings ask
 /// for. A number without a family gives the fragments alone, which remove nothing.
-platform::CommandText removeFamilyArguments(const app::AppContext& context, int commandId);
+platform::CommandText removeFamilyArguments(const app::AppContext& context, app::CommandForm form,
+                                            int commandId);
 
 struct CopiedFamilies {
     bool exif = false;
@@ -54,7 +55,7 @@ class WriteCommands {
  public:
     WriteCommands(const app::AppContext& context, ToolRunner& runner);
 
-    [[nodiscard]] Outcomes RemoveFamilyFromSelection(int commandId,
+    [[nodiscard]] Outcomes RemoveFamilyFromSelection(app::CommandForm form, int commandId,
                                                      const std::vector<std::filesystem::path>& files);
 
     /// Neither safety copy nor report.

@@ -78,12 +78,20 @@ bool hasBroughtAnything(const JobResult& result) {
     });
 }
 
+QString filesText(const app::LanguageFile& language, std::size_t count) {
+    if (count == 1) return language.text(text::kOneFile);
+    return language.formatted(text::kFiles, {QLocale().toString(static_cast<qulonglong>(count))});
+}
+
 QString summaryOf(const app::LanguageFile& language, const JobResult& result) {
     QStringList parts;
     for (const KindTexts& row : kKindTexts) {
         const std::size_t count = exiftool::countOf(result.outcomes, row.kind);
         if (count == 0) continue;
-        parts << language.formatted(row.count, {QLocale().toString(static_cast<qulonglong>(count))});
+        // The first number says of what it is.
+        const QString files =
+            parts.isEmpty() ? filesText(language, count) : QLocale().toString(static_cast<qulonglong>(count));
+        parts << language.formatted(row.count, {files});
     }
     return parts.join(QStringLiteral(", "));
 }

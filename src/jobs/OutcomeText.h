@@ -25,7 +25,10 @@ bool isReportDue(const JobResult& result, bool showsItsOwn);
 /// Whether there can be something to show: a file that is done, or that had nothing to do.
 bool hasBroughtAnything(const JobResult& result);
 
-/// "3 changed, 1 unchanged, 2 failed": how many files ended how, for status bar and report.
+/// "1 file", "12 files".
+QString filesText(const app::LanguageFile& language, std::size_t count);
+
+/// "400 files changed, 1 unchanged, 2 refused": how many files ended how, for status bar and report.
 QString summaryOf(const app::LanguageFile& language, const JobResult& result);
 
 /// The report: the summary, then what was said of each file, in the order of the files; files that went well

@@ -146,13 +146,14 @@ void MetadataPanel::showGroupMenu(int groupId, const QPoint& position) {
     makeCurrent(groupId);
     if (commands_ != nullptr) commands_->refresh();
     QMenu menu(this);
+    const QString selection = commands_ != nullptr ? commands_->selectionText() : QString();
     for (const GroupMenuEntry& entry : kGroupMenu)
-        addCommand(menu, entry.command, parts_.text(entry.textNumber));
+        addCommand(menu, entry.command, app::formatText(parts_.text(entry.textNumber), {selection}));
     menu.addSeparator();
     const int family = groupId < static_cast<int>(tags::kGroupCount)
                            ? familyRemoval(static_cast<std::uint32_t>(groupId))
                            : 0;
-    QMenu families(parts_.text(app::text::kRemoveFamily), &menu);
+    QMenu families(app::formatText(parts_.text(app::text::kRemoveFamily), {selection}), &menu);
     for (const int removal : {family, app::command::kRemoveAllMetadata})
         if (removal != 0) addCommand(families, removal, parts_.text(removal));
     if (!families.isEmpty()) menu.addMenu(&families);

@@ -1,6 +1,7 @@
 #include "taglists/DialogRemoveTags.h"
 
 #include "dialogs/Messages.h"
+#include "jobs/OutcomeText.h"
 #include "taglists/RemovalTexts.h"
 #include "taglists/Removals.h"
 
@@ -21,9 +22,10 @@ TagRows rowsOf(const jobs::OperationParts& parts, const std::vector<HeldTag>& he
             row = rowOf(*record);
         row.name = QString::fromStdString(tag.address.name);
         row.group = QString::fromStdString(tag.address.group);
-        row.value = files == 1 ? tag.value
-                               : parts.language.formatted(text::kHeldBy, {QString::number(tag.files),
-                                                                          filesText(parts.language, files)});
+        row.value = files == 1
+                        ? tag.value
+                        : parts.language.formatted(text::kHeldBy, {QString::number(tag.files),
+                                                                   jobs::filesText(parts.language, files)});
         row.fileValue = row.value;
         rows.push_back(row);
     }
@@ -43,7 +45,8 @@ DialogRemoveTags::DialogRemoveTags(const jobs::OperationParts& parts,
                                    std::vector<std::filesystem::path> files, QWidget* parent)
     : TickedTagsDialog(parts, kTemplate, {.look = {.columns = kColumns}}, kSize, parent),
       files_(std::move(files)) {
-    setWindowTitle(parts.language.formatted(text::kRemoveTags, {filesText(parts.language, files_.size())}));
+    setWindowTitle(
+        parts.language.formatted(text::kRemoveTags, {jobs::filesText(parts.language, files_.size())}));
     if (list() == nullptr) return;
     const HeldTagsRead held = readHeldTags(parts, form(), files_);
     showHeldTags(rowsOf(parts, held.tags, files_.size()), held.fault);

@@ -1,6 +1,7 @@
 #include "taglists/HeldTags.h"
 
 #include "platform/Text.h"
+#include "tags/ExactOutput.h"
 #include "tags/GroupCatalogue.h"
 
 #include <unordered_map>
@@ -47,11 +48,18 @@ std::optional<std::uint32_t> groupOf(std::string_view printed) {
     return group ? group : find(prefix + space.remove(u'-'));
 }
 
+/// A text in another language has the record of its tag.
+int idOf(const tags::TagDictionary& dictionary, std::uint32_t group, const QString& name) {
+    const int id = dictionary.FindTagId(group, name);
+    const auto parted = tags::splitLanguage(name);
+    return id >= 0 || !parted ? id : dictionary.FindTagId(group, parted->tag.toString());
+}
+
 /// Nothing for a tag that is unknown or cannot be written.
 std::optional<HeldTag> writableTag(const Line& line, const tags::TagDictionary& dictionary) {
     if (!isPlainName(line.group) || !isPlainName(line.tag)) return std::nullopt;
     const std::optional<std::uint32_t> group = groupOf(line.group);
-    const int id = group ? dictionary.FindTagId(*group, latin(line.tag)) : -1;
+    const int id = group ? idOf(dictionary, *group, latin(line.tag)) : -1;
     if (id < 0) return std::nullopt;
     const std::optional<tags::TagRecord> record = dictionary.FindTagById(static_cast<std::uint32_t>(id));
     if (!record || !record->writable) return std::nullopt;

@@ -189,7 +189,9 @@ CommandText deleteAllArguments(CommandForm form, const DeleteAllChoice& choice) 
         if (choice.iptc) arguments.literal(" -IPTC:All=");
         if (choice.xmp) arguments.literal(" -XMP:All=");
     }
-    if (choice.keepDate && form == CommandForm::Corrected) arguments.literal(" -P");
+    if (form == CommandForm::Designed) return arguments;
+    if (choice.keepDate) arguments.literal(" -P");
+    if (choice.hasSafetyCopy) arguments.literal(fragments::kOverwriteOriginalBehind);
     return arguments;
 }
 

@@ -47,7 +47,8 @@ struct DeleteAllChoice {
     bool exif = false;
     bool iptc = false;
     bool xmp = false;
-    bool keepDate = false;  ///< of the file; the designed form has no place for it
+    bool keepDate = false;      ///< of the file; the designed form has no place for it
+    bool hasSafetyCopy = true;  ///< else the corrected form leaves ExifTool's own beside the file
 };
 
 /// For RunOnFile.

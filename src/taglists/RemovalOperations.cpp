@@ -1,6 +1,7 @@
 #include "taglists/RemovalOperations.h"
 
 #include "exiftool/WriteCommands.h"
+#include "jobs/OutcomeText.h"
 #include "taglists/RemovalLines.h"
 #include "taglists/RemovalTexts.h"
 #include "taglists/WhatIsLeft.h"
@@ -38,7 +39,7 @@ bool isFile(const fs::path& path) {
 }
 
 QString copyTitle(const app::LanguageFile& language, std::size_t files) {
-    return language.formatted(text::kCopyTags, {filesText(language, files)});
+    return language.formatted(text::kCopyTags, {jobs::filesText(language, files)});
 }
 
 jobs::Composed copyLine(const jobs::Composing& composing) {
@@ -46,6 +47,11 @@ jobs::Composed copyLine(const jobs::Composing& composing) {
     return exiftool::copyTagsCommand(composing.context, composing.form,
                                      {filled.isTicked(kExif), filled.isTicked(kIptc), filled.isTicked(kXmp)},
                                      filled.path(kSource), composing.file);
+}
+
+/// In the designed form ExifTool leaves its own "_original" beside the file.
+bool copiesBeforeCopying(CommandForm form, const FilledForm&) {
+    return form == CommandForm::Corrected;
 }
 
 constexpr auto kCopyFields = std::to_array<OperationField>({
@@ -69,14 +75,13 @@ constexpr jobs::Operation copying(app::CommandId id) {
             .focus = kSource,
             .composedAs = jobs::ComposedAs::Line,
             .compose = copyLine,
-            // ExifTool leaves its own "_original" beside the file.
-            .makesSafetyCopies = jobs::never};
+            .makesSafetyCopies = copiesBeforeCopying};
 }
 
 // --- Deleting
 
 QString deleteTitle(const app::LanguageFile& language, std::size_t files) {
-    return language.formatted(text::kDeleteMetadata, {filesText(language, files)});
+    return language.formatted(text::kDeleteMetadata, {jobs::filesText(language, files)});
 }
 
 /// In the designed form the boxes of the families mean something either way, and the two below only show what
@@ -110,8 +115,8 @@ bool copiesBeforeDeleting(CommandForm form, const FilledForm& filled) {
 }
 
 DeleteAllChoice choiceOf(const FilledForm& filled) {
-    return {filled.isTicked(kEverything), filled.isTicked(kExif), filled.isTicked(kIptc),
-            filled.isTicked(kXmp), filled.isTicked(kKeepDate)};
+    return {filled.isTicked(kEverything), filled.isTicked(kExif),     filled.isTicked(kIptc),
+            filled.isTicked(kXmp),        filled.isTicked(kKeepDate), filled.isTicked(kSafetyCopy)};
 }
 
 jobs::Composed deleteArguments(const jobs::Composing& composing) {

@@ -1,4 +1,5 @@
 #include "taglists/RemovalTexts.h"
+#include "jobs/OutcomeText.h"
 
 #include <QLocale>
 #include <algorithm>
@@ -26,15 +27,10 @@ constexpr auto kFamilyTexts = std::to_array<FamilyText>({
 QString question(const app::LanguageFile& language, int commandId, std::size_t files) {
     const auto* const row = std::ranges::find(kFamilyTexts, commandId, &FamilyText::commandId);
     if (row == kFamilyTexts.end()) return {};
-    return language.formatted(row->question, {filesText(language, files)});
+    return language.formatted(row->question, {jobs::filesText(language, files)});
 }
 
 }  // namespace
-
-QString filesText(const app::LanguageFile& language, std::size_t count) {
-    if (count == 1) return language.text(text::kOneFile);
-    return language.formatted(text::kFiles, {QLocale().toString(static_cast<qulonglong>(count))});
-}
 
 std::optional<QString> familyRemovalQuestion(const app::LanguageFile& language, int commandId,
                                              std::size_t files) {
@@ -57,7 +53,7 @@ QString typesRemovedText(const app::LanguageFile& language, std::span<const exif
     const std::size_t unchanged = exiftool::countOf(outcomes, Unchanged);
     QString said;
     if (done + unchanged == outcomes.size() && done > 0)
-        said = language.formatted(text::kGroupsRemoved, {filesText(language, done)});
+        said = language.formatted(text::kGroupsRemoved, {jobs::filesText(language, done)});
     else if (unchanged == outcomes.size() && unchanged > 0)
         said = language.text(text::kNoGroupHeld);
     else

@@ -12,9 +12,6 @@
 
 namespace taglists {
 
-/// "1 file", "12 files".
-QString filesText(const app::LanguageFile& language, std::size_t count);
-
 /// What a family removal asks before it begins: what goes, and from how many files. Nothing for a command
 /// that removes no family.
 std::optional<QString> familyRemovalQuestion(const app::LanguageFile& language, int commandId,

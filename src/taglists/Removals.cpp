@@ -128,13 +128,14 @@ jobs::Job removeFamilyJob(const QString& title, int commandId, const std::vector
     jobs::Job job{.title = title, .files = files};
     job.workOnFile = [commandId](jobs::JobWork& work, const fs::path& file) {
         exiftool::WriteCommands writes(work.context, work.runner);
-        return writes.RemoveFamilyFromSelection(commandId, {file}).front();
+        return writes.RemoveFamilyFromSelection(work.form, commandId, {file}).front();
     };
     job.judgeAgain = [commandId](jobs::JobWork& work, std::span<exiftool::Outcome> outcomes) {
         tellWhatIsLeft(work, askedByCommand(commandId), outcomes);
     };
     job.lineOf = [commandId](const app::AppContext& context, app::CommandForm form, const fs::path& file) {
-        return exiftool::lineOnFile(context, form, exiftool::removeFamilyArguments(context, commandId), file);
+        return exiftool::lineOnFile(context, form, exiftool::removeFamilyArguments(context, form, commandId),
+                                    file);
     };
     return job;
 }

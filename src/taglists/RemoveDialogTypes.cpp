@@ -1,9 +1,11 @@
 #include "taglists/RemoveDialogTypes.h"
 
 #include "dialogs/Messages.h"
+#include "jobs/OutcomeText.h"
 #include "taglists/RemovalTexts.h"
 #include "taglists/Removals.h"
 
+#include <QPushButton>
 #include <algorithm>
 
 namespace taglists {
@@ -11,6 +13,7 @@ namespace taglists {
 namespace {
 
 constexpr QSize kSize(420, 520);
+constexpr int kHelp = 81104;
 
 /// In a JPEG the record of IPTC lies within Photoshop's.
 bool takesIptcAlong(const std::vector<std::string>& groups) {
@@ -28,7 +31,8 @@ RemoveDialogTypes::RemoveDialogTypes(const jobs::OperationParts& parts,
                         .countOfRows = text::kCountOfGroups},
                        kSize, parent),
       files_(std::move(files)) {
-    setWindowTitle(parts.language.formatted(text::kRemoveGroups, {filesText(parts.language, files_.size())}));
+    setWindowTitle(
+        parts.language.formatted(text::kRemoveGroups, {jobs::filesText(parts.language, files_.size())}));
     if (list() == nullptr) return;
     TagRows rows;
     for (const char* group : removableGroups()) {
@@ -37,6 +41,12 @@ RemoveDialogTypes::RemoveDialogTypes(const jobs::OperationParts& parts,
         rows.push_back(row);
     }
     list()->model().setRows(std::move(rows));
+    if (auto* help = control<QPushButton>(kHelp)) {
+        connect(help, &QPushButton::clicked, this, [this] {
+            dialogs::showMessage(
+                this, {this->parts().language.text(text::kHelpOfGroups), dialogs::MessageIcon::Information});
+        });
+    }
 }
 
 void RemoveDialogTypes::accept() {

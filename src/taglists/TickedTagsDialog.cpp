@@ -2,14 +2,24 @@
 
 #include "dialogs/Messages.h"
 #include "taglists/RemovalTexts.h"
+#include "tags/ExactOutput.h"
 
 #include <QAbstractButton>
+#include <algorithm>
 
 namespace taglists {
 
 namespace {
 
 enum Control { kListPlace = 81100, kTickAll = 81101, kTickNone = 81102 };
+
+/// Whether a text in another language stands beside the plain one and is not ticked.
+bool keepsTranslation(const TagRows& rows, const TagRow& plain) {
+    return std::ranges::any_of(rows, [&plain](const TagRow& row) {
+        const auto parted = tags::splitLanguage(row.name);
+        return parted && parted->tag == plain.name && row.group == plain.group && !row.ticked;
+    });
+}
 
 }  // namespace
 
@@ -33,9 +43,15 @@ TickedTagsDialog::TickedTagsDialog(const jobs::OperationParts& parts, int templa
 }
 
 std::vector<TagAddress> TickedTagsDialog::tickedTags() const {
+    const TagRows& all = list_->model().rows();
     std::vector<TagAddress> tags;
-    for (const TagRow& row : list_->tickedRows())
+    for (const TagRow& row : list_->tickedRows()) {
         tags.push_back({row.group.toStdString(), row.name.toStdString()});
+        // Under its bare name ExifTool would remove the text in all its languages.
+        if (form() == app::CommandForm::Corrected && parts_.labels.keepsLanguages(row.tagId) &&
+            keepsTranslation(all, row))
+            tags.back().name += "-x-default";
+    }
     return tags;
 }
 

@@ -52,6 +52,14 @@ void CommandMap::setSelectionQuestion(std::function<bool()> hasSelection) {
     hasSelection_ = std::move(hasSelection);
 }
 
+void CommandMap::setSelectionText(std::function<QString()> selectionText) {
+    selectionText_ = std::move(selectionText);
+}
+
+QString CommandMap::selectionText() const {
+    return selectionText_ ? selectionText_() : QString();
+}
+
 void CommandMap::setOperationQuestion(std::function<bool()> isOperating) {
     isOperating_ = std::move(isOperating);
 }

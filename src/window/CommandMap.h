@@ -54,6 +54,7 @@ class CommandMap : public controls::CommandActions {
     /// Whether anything is selected, for the commands of which the table says that they need it. Without a
     /// question these can always run.
     void setSelectionQuestion(std::function<bool()> hasSelection);
+    void setSelectionText(std::function<QString()> selectionText);
     /// Whether an operation is being carried out, for the commands that cannot run beside one.
     void setOperationQuestion(std::function<bool()> isOperating);
     /// Makes the actions of all commands added so far; chosen is told when one is chosen.
@@ -68,6 +69,7 @@ class CommandMap : public controls::CommandActions {
     // --- controls::CommandActions
     controls::CommandAction* action(int commandId) const override;
     void refresh() override;
+    QString selectionText() const override;
 
  private:
     struct Entry {
@@ -81,6 +83,7 @@ class CommandMap : public controls::CommandActions {
 
     std::map<app::CommandId, Entry> entries_;
     std::function<bool()> hasSelection_;
+    std::function<QString()> selectionText_;
     std::function<bool()> isOperating_;
 };
 

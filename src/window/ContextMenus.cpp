@@ -76,7 +76,7 @@ void ContextMenus::addEntries(QMenu& menu, const std::vector<app::MenuEntry>& en
         } else if (entry.commandId == 0) {
             menu.addSeparator();
         } else if (controls::CommandAction* action = map_.action(entry.commandId)) {
-            menu.addAction(action->makeEntry(entry.text, &menu));
+            menu.addAction(action->makeEntry(app::formatText(entry.text, {map_.selectionText()}), &menu));
         }
     }
 }

@@ -345,10 +345,7 @@ void EditingCommands::deleteAlone(const tags::MetadataRow& row, const fs::path& 
 
 void EditingCommands::deleteTag(app::CommandId) {
     const QModelIndex current = parts_.panel.list().currentIndex();
-    if (!current.isValid()) {
-        parts_.showStatus(parts_.language.text(edit::text::kNoRowChosen));
-        return;
-    }
+    if (!current.isValid()) return parts_.tellNothingChosen(edit::text::kNoRowChosen);
     if (!isPanelUpToDate()) return;
     const tags::MetadataRow row = parts_.panel.model().row(current.row());
     const app::CommandForm form = currentForm();
@@ -374,10 +371,7 @@ void EditingCommands::deleteTag(app::CommandId) {
 }
 
 void EditingCommands::deleteGroup(app::CommandId) {
-    if (parts_.panel.rowsOfCurrentGroup().empty()) {
-        parts_.showStatus(parts_.language.text(edit::text::kNoRowChosen));
-        return;
-    }
+    if (parts_.panel.rowsOfCurrentGroup().empty()) return parts_.tellNothingChosen(edit::text::kNoRowChosen);
     if (!isPanelUpToDate()) return;
     const std::vector<tags::MetadataRow> rows = parts_.panel.rowsOfCurrentGroup();
     const app::CommandForm form = currentForm();

@@ -65,8 +65,7 @@ fs::path ExportCommands::selectedRegularFile() {
     std::error_code error;
     for (const fs::path& file : parts_.activeBrowser().GetSelectedFiles())
         if (fs::is_regular_file(file, error)) return file;
-    dialogs::showMessage(&parts_.window, {parts_.language.text(app::text::kNoFileSelected),
-                                          dialogs::MessageIcon::Information});
+    parts_.tellNothingChosen(app::text::kNoFileSelected);
     return {};
 }
 

@@ -270,8 +270,7 @@ void MainWindow::Dispatch(app::CommandId id) {
     const app::Command* entry = app::findCommand(id);
     if (entry == nullptr || !commands().isBuilt(id)) return;
     if (entry->needsSelection && !parts_->hasSelection()) {
-        dialogs::showMessage(this,
-                             {language_.text(app::text::kNoFileSelected), dialogs::MessageIcon::Information});
+        parts_->tellNothingChosen(app::text::kNoFileSelected);
         return;
     }
     commands().run(id);

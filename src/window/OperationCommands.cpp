@@ -115,7 +115,7 @@ bool OperationCommands::isWanted(app::CommandId id, const std::vector<fs::path>&
     return dialogs::showMessage(&parts_.window,
                                 {.text = parts_.language.formatted(
                                      batch::text::kRenameQuestion,
-                                     {taglists::filesText(parts_.language, files.size()), names.join(u'\n')}),
+                                     {jobs::filesText(parts_.language, files.size()), names.join(u'\n')}),
                                  .icon = dialogs::MessageIcon::Question,
                                  .buttons = QMessageBox::Yes | QMessageBox::No}) == QMessageBox::Yes;
 }

@@ -1,8 +1,8 @@
 #include "window/RemovalCommands.h"
 
+#include "app/TextNumbers.h"
 #include "browser/ShellBrowser.h"
 #include "dialogs/Messages.h"
-#include "edit/EditTexts.h"
 #include "panel/MetadataPanel.h"
 #include "taglists/DialogRemoveTags.h"
 #include "taglists/RemovalTexts.h"
@@ -21,13 +21,17 @@ std::span<const CommandRow<RemovalCommands>> RemovalCommands::rows() {
         {kRemoveTags, kRemoveTags, &RemovalCommands::removeTags, nullptr, Beside::NoOperation},
         {kRemoveGroupTypes, kRemoveGroupTypes, &RemovalCommands::removeGroupTypes, nullptr,
          Beside::NoOperation},
-        {kRemoveTagsFromFile, kRemoveTagsFromFile, &RemovalCommands::removeTagsFromShownFile, nullptr,
-         Beside::NoOperation},
+        {kRemoveTagsFromFile, kRemoveTagsFromFile, &RemovalCommands::removeTagsFromShownFile,
+         &RemovalCommands::ifAnyFile, Beside::NoOperation},
         {kRemoveEverything, kRemoveEverything, &RemovalCommands::removeFamily, nullptr, Beside::NoOperation},
         {kRemoveExif, kRemoveIccProfile, &RemovalCommands::removeFamily, nullptr, Beside::NoOperation},
         {kRemoveGps, kRemoveAllMetadata, &RemovalCommands::removeFamily, nullptr, Beside::NoOperation},
     };
     return kRows;
+}
+
+CommandState RemovalCommands::ifAnyFile(app::CommandId) const {
+    return {.enabled = !parts_.panel.file().empty() || parts_.hasSelectedFile()};
 }
 
 template <typename Dialog>
@@ -73,7 +77,7 @@ void RemovalCommands::removeFamily(app::CommandId id) {
 void RemovalCommands::removeTagsFromShownFile(app::CommandId) {
     const bool isShown = parts_.context.settings.lists.showMetadataWindow && !parts_.panel.file().empty();
     const fs::path file = isShown ? parts_.panel.file() : parts_.selectedFile();
-    if (file.empty()) return parts_.showStatus(parts_.language.text(edit::text::kNoRowChosen));
+    if (file.empty()) return parts_.tellNothingChosen(app::text::kNoFileSelected);
     const QModelIndex row = parts_.panel.list().currentIndex();
     const QString group = isShown && row.isValid() ? parts_.panel.model().row(row.row()).group : QString();
     if (!ending_.isReadyToBegin()) return;

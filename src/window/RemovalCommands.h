@@ -23,6 +23,7 @@ class RemovalCommands {
     void removeTagsFromShownFile(app::CommandId id);
 
  private:
+    CommandState ifAnyFile(app::CommandId id) const;
     /// Runs the dialog, and what it leaves to be done.
     template <typename Dialog>
     void askAndRemove(Dialog&& dialog, const OperationEnding::Tell& tell = {});

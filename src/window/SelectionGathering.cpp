@@ -24,8 +24,7 @@ std::vector<fs::path> SelectionGathering::GatherSelection() {
     for (const fs::path& file : gathered.refused)
         refused.push_back({file, exiftool::OutcomeKind::Failed,
                            reportLine(jobs::text::kNotRegularFile, platform::narrow(file))});
-    if (gathered.files.empty() && refused.empty())
-        parts_.showStatus(parts_.language.text(jobs::text::kOnlyFolders));
+    if (gathered.files.empty() && refused.empty()) parts_.tellNothingChosen(jobs::text::kOnlyFolders);
     tell(std::move(refused), gathered.files.empty());
     return std::move(gathered.files);
 }

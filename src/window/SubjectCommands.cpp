@@ -62,6 +62,7 @@ SubjectCommands::SubjectCommands(const WindowParts& parts, const std::function<v
     add(payloads_);
     add(operations_);
     map_.setSelectionQuestion([&parts] { return parts.hasSelection(); });
+    map_.setSelectionText([&parts] { return parts.selectionText(); });
     map_.setOperationQuestion([&parts] { return parts.jobs.isRunning(); });
     map_.createActions(parts.language, chosen);
 }

@@ -1,12 +1,11 @@
 #include "window/TagListCommands.h"
 
-#include "dialogs/Messages.h"
+#include "edit/EditTexts.h"
 #include "jobs/DisplaySelectedFilesDialog.h"
 #include "panel/MetadataPanel.h"
 #include "taglists/DialogAddATag_ToOneFile.h"
 #include "taglists/DialogAddTagsMain.h"
 #include "taglists/DialogModifMain.h"
-#include "taglists/TagListTexts.h"
 #include "window/OperationEnding.h"
 #include "window/SelectionGathering.h"
 
@@ -53,11 +52,8 @@ void TagListCommands::listSelectedFiles(app::CommandId) {
 
 void TagListCommands::addTagsToShownFile(app::CommandId) {
     const QModelIndex row = parts_.panel.list().currentIndex();
-    if (parts_.panel.file().empty() || !row.isValid()) {
-        dialogs::showMessage(&parts_.window, {parts_.language.text(taglists::text::kNoGroupChosen),
-                                              dialogs::MessageIcon::Information});
-        return;
-    }
+    if (parts_.panel.file().empty() || !row.isValid())
+        return parts_.tellNothingChosen(edit::text::kNoRowChosen);
     // The panel is read again while the dialog may still look at the row.
     const QString group = parts_.panel.model().row(row.row()).group;
     const std::filesystem::path file = parts_.panel.file();

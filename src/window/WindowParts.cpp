@@ -2,9 +2,12 @@
 
 #include "browser/ShellBrowser.h"
 #include "browser/TabContainer.h"
+#include "dialogs/Messages.h"
 #include "window/StatusBar.h"
+#include "window/WindowTexts.h"
 
 #include <QItemSelectionModel>
+#include <QLocale>
 
 namespace window {
 
@@ -23,6 +26,18 @@ bool WindowParts::hasSelectedFile() const {
 std::filesystem::path WindowParts::selectedFile() const {
     const std::vector<std::filesystem::path> files = activeBrowser().GetSelectedFiles();
     return files.empty() ? std::filesystem::path() : files.front();
+}
+
+QString WindowParts::selectionText() const {
+    const qsizetype files = activeBrowser().totals().selectedFiles;
+    // Asked for when the command is chosen.
+    if (files == 0) return language.text(text::kFilesOfFolder);
+    if (files == 1) return language.text(text::kThisFile);
+    return language.formatted(text::kSelectedFiles, {QLocale().toString(files)});
+}
+
+void WindowParts::tellNothingChosen(int textNumber) const {
+    dialogs::showMessage(&window, {language.text(textNumber), dialogs::MessageIcon::Information});
 }
 
 void WindowParts::showStatus(const QString& text) const {

@@ -57,6 +57,10 @@ struct WindowParts {
     bool hasSelectedFile() const;
     /// The first of the selected items; empty without a selection.
     std::filesystem::path selectedFile() const;
+    /// What a command over the selection works on, as part of its text: "this file", "3 selected files".
+    QString selectionText() const;
+    /// The one answer of a command that finds nothing to work on: a message with what is to be chosen first.
+    void tellNothingChosen(int textNumber) const;
     void showStatus(const QString& text) const;
     void focusFileList() const;
 };

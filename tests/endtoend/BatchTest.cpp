@@ -104,7 +104,7 @@ TEST_F(BatchTest, ASelectionOfFoldersAloneSaysWhatToDo) {
     program.tell("select", {"sub"});
     program.tell("command", {"75"});
     program.refuse("dialog");
-    EXPECT_TRUE(program.status().startsWith("Only folders are selected.")) << program.status().toStdString();
+    EXPECT_TRUE(program.takeMessage().startsWith("Only folders are selected."));
     EXPECT_EQ(contents(), before);
     program.tell("select", {"a.jpg", "b.jpg"});
     program.tell("command", {"5041"});

@@ -1,5 +1,7 @@
 #include "DrivenProgram.h"
 #include "PictureFolder.h"
+#include "app/CommandRows.h"
+#include "app/LanguageFile.h"
 #include "window/BrowseCommands.h"
 #include "window/EditingCommands.h"
 #include "window/ExportCommands.h"
@@ -39,7 +41,7 @@ const Step kRow{"row", {"XMP-dc", "Title", "Tag"}};
 const Step kAgree{"press", {"1"}};
 const Step kSelectFolder{"select", {"folder"}};
 /// Leaves its own words in the status bar.
-const Step kRefusedDelete{"command", {"10075"}};
+const Step kExport{"command", {"10034"}};
 
 const std::vector<Try>& frameTries() {
     static const std::vector<Try> tries = {
@@ -88,8 +90,8 @@ const std::vector<Try>& browseTries() {
 const std::vector<Try>& fileTries() {
     static const std::vector<Try> tries = {
         {8003, {}, "shown nothing"},
-        {8056, {kChangeOutside, kRefusedDelete}, "shown one anew; status Ready"},
-        {40100, {kChangeOutside, kRefusedDelete}, "shown one anew"},
+        {8056, {kChangeOutside, kExport}, "shown one anew; status Ready"},
+        {40100, {kChangeOutside, kExport}, "shown one anew"},
         {40108, {{"command", {"8003"}}}, "shown one"},
         // Nothing can be seen without a desktop.
         {40011, {kRow}, ""},
@@ -132,7 +134,7 @@ const std::vector<Try>& changingTries() {
         {183, {}, "dialog 157 Embed a thumbnail in 1 file"},
         {185, {}, "*thumbnail gone"},
         {157, {}, "*date of the photo"},
-        {172, {}, "status 1 unchanged"},
+        {172, {}, "status 1 file unchanged"},
         {173, {}, "*renamed by its date and Maker", {kAgree}},
         {174, {}, "*renamed by its date and Camera", {kAgree}},
     };
@@ -188,6 +190,14 @@ class CommandEffectsTest : public endtoend::PictureFolder {
         const QJsonObject message = program.say("message");
         if (message["ok"].toBool()) return "message " + message["text"].toString().section('\n', 0, 0);
         return program.say("menu")["ok"].toBool() ? "menu" : "";
+    }
+
+    /// Three dots say that the command asks before it does anything.
+    void expectDotsWhereAsked(int command, const QString& front) {
+        const QString caption = english_.text(app::findCommand(command)->textNumber);
+        if (caption.isEmpty() || command == app::command::kAbout) return;
+        const bool asks = front.startsWith("dialog ") || front.startsWith("message Re");
+        EXPECT_EQ(caption.endsWith("..."), asks) << caption.toStdString() << ": " << front.toStdString();
     }
 
     Parts partsOf(DrivenProgram& program) {
@@ -246,6 +256,7 @@ class CommandEffectsTest : public endtoend::PictureFolder {
         for (const Step& step : row.before) take(program, step);
         const Parts before = partsOf(program);
         program.say("command " + QByteArray::number(row.command));
+        if (!row.effect.startsWith("ended")) expectDotsWhereAsked(row.command, frontOf(program));
         for (const Step& step : row.after) take(program, step);
         if (row.effect.startsWith("ended")) {
             program.waitForEnd();
@@ -286,6 +297,7 @@ class CommandEffectsTest : public endtoend::PictureFolder {
     }
 
     fs::path place_;
+    const app::LanguageFile english_{TAGWRIGHT_BIN_DIR, 9};
 };
 
 template <class Subject>

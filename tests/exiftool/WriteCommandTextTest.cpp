@@ -47,7 +47,10 @@ TEST(WriteCommandText, FamilyRemovalByCommand) {
         {0, "-m -P -x XML:All -x FILE:All "},
     };
     for (const auto& row : cases) {
-        EXPECT_EQ(removeFamilyArguments(makeContext(), row.commandId).text(), row.arguments);
+        EXPECT_EQ(removeFamilyArguments(makeContext(), CommandForm::Designed, row.commandId).text(),
+                  row.arguments);
+        EXPECT_EQ(removeFamilyArguments(makeContext(), CommandForm::Corrected, row.commandId).text(),
+                  std::string(row.arguments) + "-overwrite_original ");
     }
 }
 
@@ -55,11 +58,12 @@ TEST(WriteCommandText, FamilyRemovalFollowsTheSettings) {
     AppContext context = makeContext();
     context.settings.exifTool.ignoreMinorErrors = false;  // does not decide it
     context.settings.exifTool.preserveDateTime = false;
-    EXPECT_EQ(removeFamilyArguments(context, 10067).text(), "-m -iptc= -x XML:All -x FILE:All ");
+    EXPECT_EQ(removeFamilyArguments(context, CommandForm::Designed, 10067).text(),
+              "-m -iptc= -x XML:All -x FILE:All ");
     context.settings.exifTool.ignoreXml = false;
-    EXPECT_EQ(removeFamilyArguments(context, 10067).text(), "-m -iptc= -x FILE:All ");
+    EXPECT_EQ(removeFamilyArguments(context, CommandForm::Designed, 10067).text(), "-m -iptc= -x FILE:All ");
     context.settings.exifTool.ignoreFile = false;
-    EXPECT_EQ(removeFamilyArguments(context, 10067).text(), "-m -iptc= ");
+    EXPECT_EQ(removeFamilyArguments(context, CommandForm::Designed, 10067).text(), "-m -iptc= ");
 }
 
 TEST(WriteCommandText, CopyingTags) {
@@ -81,7 +85,7 @@ TEST(WriteCommandText, CopyingTags) {
         EXPECT_EQ(
             copyTagsCommand(makeContext(), CommandForm::Corrected, row.families, "/a b.jpg", kFile).text(),
             std::string("\"/opt/my tools/exiftool\" -tagsfromfile \"/a b.jpg\" ") + row.corrected +
-                "-charset filename=UTF8 \"/photos/\"best\" 100%.jpg\" "
+                "-overwrite_original -charset filename=UTF8 \"/photos/\"best\" 100%.jpg\" "
                 "2>>\"/install/cache/reports/day.txt\"");
     }
 }

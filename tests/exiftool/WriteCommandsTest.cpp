@@ -314,7 +314,8 @@ TEST_F(WriteCommandsTest, FamiliesAreRemovedAndAFileThatCannotBeWrittenIsInTheRe
     // Bars writes also for those whom permissions do not.
     fs::create_directory(folder_ / "photos/locked.jpg_exiftool_tmp");
     const fs::path last = makePhoto("last.jpg");
-    const Outcomes outcomes = writes_.RemoveFamilyFromSelection(10067, {good, locked, last});
+    const Outcomes outcomes =
+        writes_.RemoveFamilyFromSelection(app::CommandForm::Designed, 10067, {good, locked, last});
     EXPECT_THAT(kindsOf(outcomes), ElementsAre(Done, Failed, Done));
     EXPECT_THAT(outcomes[1].words, HasSubstr("locked.jpg"));
     EXPECT_THAT(report(), HasSubstr("locked.jpg"));
@@ -340,7 +341,8 @@ TEST_F(WriteCommandsTest, EachRemovalTakesItsOwnFamily) {
     };
     for (const auto& row : cases) {
         const fs::path file = makePhoto("family" + std::to_string(row.commandId) + ".jpg");
-        const Outcomes outcomes = writes_.RemoveFamilyFromSelection(row.commandId, {file});
+        const Outcomes outcomes =
+            writes_.RemoveFamilyFromSelection(app::CommandForm::Designed, row.commandId, {file});
         EXPECT_EQ(isEveryFileDone(outcomes), row.commandId != 1) << row.commandId;
         for (std::size_t i = 0; i < row.left.size(); ++i)
             EXPECT_EQ(!valueOf(file, tags[i]).empty(), row.left[i]) << row.commandId << tags[i];
@@ -432,7 +434,7 @@ TEST_F(WriteCommandsTest, AfterAStopNoFurtherFileIsBegun) {
     const std::string before = readBytes(files[0]);
     support::useTool(context_, folder_ / "tool", "exec sleep 100\n");
     runner_.setKeepWaiting([](std::chrono::milliseconds) { return false; });
-    const Outcomes outcomes = writes_.RemoveFamilyFromSelection(10067, files);
+    const Outcomes outcomes = writes_.RemoveFamilyFromSelection(app::CommandForm::Designed, 10067, files);
     EXPECT_THAT(kindsOf(outcomes), ElementsAre(Stopped, NotBegun, NotBegun));
     for (const fs::path& file : files) EXPECT_EQ(readBytes(file), before);
 }

@@ -72,6 +72,8 @@ TEST_F(OutcomeTextTest, EachKindIsCountedUnderAWordOfItsOwn) {
     const QString whole = jobs::summaryOf(english_, resultOf(all));
     EXPECT_EQ(whole.split(QStringLiteral(", ")).size(), std::ssize(all));
     EXPECT_EQ(jobs::summaryOf(english_, resultOf({})), QString());
+    EXPECT_EQ(jobs::summaryOf(english_, resultOf({Done, Failed, Done, Failed, Failed})),
+              QStringLiteral("2 files changed, 3 refused"));
 }
 
 TEST_F(OutcomeTextTest, TheReportNamesEveryFileThatDidNotGoWell) {

@@ -117,6 +117,21 @@ TEST_F(RemovalDialogs, TagsOfASelectionAreListedWithTheirHoldersAndRemoved) {
     EXPECT_EQ(valueOf(b, "IFD0:Artist"), "Somebody");
 }
 
+TEST_F(RemovalDialogs, ATextGoesAloneUnlessItsTranslationsAreTickedToo) {
+    for (const bool both : {false, true}) {
+        const fs::path file = makePhoto(both ? "both.jpg" : "alone.jpg");
+        support::ExifTool({"-q", "-overwrite_original", "-XMP-dc:Title-de=Ein Titel", file.string()});
+        DialogRemoveTags dialog(parts, {file}, nullptr);
+        tick(dialog, QStringLiteral("Title"));
+        if (both) tick(dialog, QStringLiteral("Title-de"));
+        dialog.accept();
+        EXPECT_THAT(kindsOf(carryOut(dialog)), ElementsAre(Done));
+        EXPECT_EQ(support::ExifTool({"-a", "-s", "-XMP-dc:Title*", file.string()}).find("A title"),
+                  std::string::npos);
+        EXPECT_EQ(valueOf(file, "XMP-dc:Title-de"), both ? "" : "Ein Titel");
+    }
+}
+
 TEST_F(RemovalDialogs, TheListIsFilteredTickedAndUsedByKeyboard) {
     const fs::path file = makePhoto("a.jpg");
     DialogRemoveTags dialog(parts, {file}, nullptr);
@@ -206,6 +221,10 @@ TEST_F(RemovalDialogs, GroupsAreRemovedAfterAQuestion) {
     EXPECT_THAT(messages, ElementsAre("Please select at least of tag type!"));
     EXPECT_EQ(dialog.result(), 0);
     messages.clear();
+    press(dialog, 81104);
+    EXPECT_THAT(messages, ElementsAre(HasSubstr("In a JPEG, IPTC lies within Photoshop")));
+    messages.clear();
+    icons.pop_back();
 
     tick(dialog, QStringLiteral("XMP-dc"));
     answer = QMessageBox::No;

@@ -101,13 +101,16 @@ TEST(RemovalLines, EverythingOrFamilies) {
         const char* designed;
         const char* corrected;
     } const cases[] = {
-        {{.everything = true}, " -All=", " -All="},
-        {{.everything = true, .exif = true, .keepDate = true}, " -All=", " -All= -P"},
-        {{.everything = false, .exif = true}, " -EXIF:All=", " -EXIF:All="},
+        {{.everything = true}, " -All=", " -All= -overwrite_original"},
+        {{.everything = true, .hasSafetyCopy = false}, " -All=", " -All="},
+        {{.everything = true, .exif = true, .keepDate = true}, " -All=", " -All= -P -overwrite_original"},
+        {{.everything = false, .exif = true}, " -EXIF:All=", " -EXIF:All= -overwrite_original"},
         {{.everything = false, .exif = true, .iptc = true, .xmp = true},
          " -EXIF:All= -IPTC:All= -XMP:All=",
-         " -EXIF:All= -IPTC:All= -XMP:All="},
-        {{.everything = false, .xmp = true, .keepDate = true}, " -XMP:All=", " -XMP:All= -P"},
+         " -EXIF:All= -IPTC:All= -XMP:All= -overwrite_original"},
+        {{.everything = false, .xmp = true, .keepDate = true},
+         " -XMP:All=",
+         " -XMP:All= -P -overwrite_original"},
     };
     for (const auto& row : cases) {
         EXPECT_EQ(deleteAllArguments(CommandForm::Designed, row.choice).text(), row.designed);
