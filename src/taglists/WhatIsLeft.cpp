@@ -122,6 +122,8 @@ std::optional<HeldName> heldName(std::string_view line) {
 
 bool isAsked(const AskedGroups& asked, const HeldName& tag) {
     if (std::ranges::binary_search(kStructure, std::string_view(tag.name))) return false;
+    // The one tag of its family that people write.
+    if (asked.everything && tag.family == "File") return tag.name == "Comment";
     if (asked.everything)
         return std::ranges::find(kFamilies, std::string_view(tag.family)) != kFamilies.end();
     return std::ranges::any_of(asked.groups, [&](const std::string& group) {

@@ -70,6 +70,10 @@ class WhatIsLeft : public testing::Test, public RemovalParts {
             support::writeBytes(file, pdf());
             return file;
         }
+        if (file.extension() == ".ppm") {
+            support::writeBytes(file, "P6\n# by Ada\n8 8\n255\n" + std::string(192, '\x40'));
+            return file;
+        }
         if (file.extension() == ".jpg") {
             support::writeJpeg(file);
         } else {
@@ -108,6 +112,7 @@ TEST_F(WhatIsLeft, IsNamedAndTheFileIsNoSuccess) {
         {"a.dng", 176, Warned, "IFD0 (Artist"},
         {"a.pdf", 10072, Warned, "can be recovered"},
         {"a.pdf", 176, Warned, "may be recovered"},
+        {"a.ppm", 10072, Failed, "File (Comment)"},
         {"line\nfeed.tif", 10066, Warned, "IFD0 (Artist)"},
     };
     for (const bool isOneOfTwo : {false, true}) {
