@@ -29,6 +29,8 @@ constexpr auto kExpected = std::to_array<Expected>({
     {"", "", "File", "PreviewImage", "the picture that a raw file is wrapped around holds its tags"},
     {"IFD", "Compression", "IFD1", "Compression", "ExifTool completes a thumbnail's IFD"},
     {"IFD", "ResolutionUnit", "IFD1", "ResolutionUnit", "ExifTool completes a thumbnail's IFD"},
+    {"IFD", "XResolution", "IFD1", "Resolution", "ExifTool completes a thumbnail's IFD"},
+    {"IFD", "YResolution", "IFD1", "Resolution", "ExifTool completes a thumbnail's IFD"},
     {"IFD0", "Model", "Canon", "", kNotes},
     {"IFD0", "Model", "Olympus", "", kNotes},
     {"IFD0", "Model", "Ricoh", "", kNotes},
