@@ -16,7 +16,7 @@ namespace {
 constexpr std::chrono::seconds kPatience{10};
 
 // Numbers and times as they are kept, groups with their exact name, every value once.
-constexpr std::string_view kQuestion = "-j\n-n\n-G1\n-fast\n-m\n-api\nLargeFileSupport=1\n-x\nSystem:all\n";
+constexpr std::string_view kQuestion = "-j\n-n\n-G1\n-m\n-api\nLargeFileSupport=1\n-x\nSystem:all\n";
 
 QStringList textsOf(const QJsonValue& value) {
     if (!value.isArray()) return {value.toVariant().toString()};

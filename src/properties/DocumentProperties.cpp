@@ -69,6 +69,7 @@ constexpr auto kSources = std::to_array<TagSourceRow>({
      {"ExifIFD:DateTimeOriginal", "XMP-exif:DateTimeOriginal", "XMP-photoshop:DateCreated"}},
     {Id::PhotoExifVersion, Text, {"ExifIFD:ExifVersion"}},
     {Id::PhotoOrientation, Integer, {"IFD0:Orientation"}},
+    {Id::ImageBitDepth, Integer, {"File:BitDepth", "GIF:BitsPerPixel"}},
     {Id::ImageColorSpace, Integer, {"ExifIFD:ColorSpace"}},
 
     {Id::TextByteCount, Integer, {"Bytes"}},
@@ -77,6 +78,7 @@ constexpr auto kSources = std::to_array<TagSourceRow>({
     {Id::TextDateCreated, Date, {"CreateDate", "XMP-meta:Creation-date", "XMP-xmp:CreateDate"}},
     {Id::TextDatePrinted, Date, {"LastPrinted", "XMP-meta:Print-date"}},
     {Id::TextDateSaved, Date, {"ModifyDate", "XMP-xmp:ModifyDate"}},
+    {Id::TextDivision, Text, {"XML:Division"}},
     {Id::TextDocumentID, Text, {"XMP-dc:Identifier", "XMP-xmpMM:DocumentID", "HTML-dc:Identifier"}},
     {Id::TextHiddenSlideCount, Integer, {"HiddenSlides"}},
     {Id::TextLastAuthor, Text, {"LastModifiedBy", "HTML-office:LastAuthor"}},

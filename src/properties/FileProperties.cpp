@@ -21,11 +21,15 @@ constexpr Id kGiven[] = {Id::SystemName,       Id::DiskDateAccessed,       Id::D
 constexpr std::size_t kHeadBytes = 4096;
 
 // With all that is made on them: office documents are archives or compound files.
-constexpr const char* kDocumentTypes[] = {"application/pdf",
+constexpr const char* kDocumentTypes[] = {"application/msword",
+                                          "application/pdf",
                                           "application/postscript",
                                           "application/rtf",
                                           "application/vnd.adobe.indesign-idml-package",
                                           "application/vnd.microsoft.portable-executable",
+                                          "application/vnd.ms-excel",
+                                          "application/vnd.ms-powerpoint",
+                                          "application/vnd.visio",
                                           "application/x-dosexec",
                                           "application/x-ms-dos-executable",
                                           "application/x-msdownload",

@@ -17,6 +17,7 @@ using Id = PropertyId;
 using Entry = Exiv2::Metadatum;
 
 // The units of resolution.
+constexpr std::int64_t kNoUnit = 1;
 constexpr std::int64_t kInches = 2;
 constexpr std::int64_t kCentimetres = 3;
 // Beyond this many bytes a text is no text that anybody wrote.
@@ -355,11 +356,12 @@ void addResolution(const Entries& entries, const std::filesystem::path& file, Pr
         return horizontal.has_value();
     };
     if (addOf("Exif.Image.")) return;
-    if (const auto density = readPictureDensity(file)) {
-        values.add(Id::ImageResolutionUnit, std::int64_t{density->unit});
-        addDensity(density->horizontal, density->vertical, density->unit, values);
-    }
-    addOf("Xmp.tiff.");
+    const auto density = readPictureDensity(file);
+    // A mere ratio is what programs write who know no density.
+    if (!density || density->unit == kNoUnit) addOf("Xmp.tiff.");
+    if (!density) return;
+    values.add(Id::ImageResolutionUnit, std::int64_t{density->unit});
+    addDensity(density->horizontal, density->vertical, density->unit, values);
 }
 
 /// What a container is always pressed with.
@@ -408,6 +410,8 @@ bool readPhotoProperties(const std::filesystem::path& file, PropertyValues& valu
         const auto image = openPhoto(file);
         isKnown = image->checkMode(Exiv2::mdExif) != Exiv2::amNone ||
                   image->checkMode(Exiv2::mdXmp) != Exiv2::amNone;
+        // Only of notes of metadata is it natural that no picture is found.
+        isKnown = isKnown && (image->pixelWidth() > 0 || image->mimeType() == "application/rdf+xml");
         const Entries entries(*image);
         addFromTable(entries, values);
         addRating(entries, values);

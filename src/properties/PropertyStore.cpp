@@ -69,18 +69,29 @@ void PropertyStore::read(PropertyId property) {
     const bool isLeftToTool =
         mediaClass_ == MediaClass::Document || (mediaClass_ == MediaClass::Photo && !isKnownPhoto_);
     if (isLeftToTool && documentsCanGive(property)) ask(documentRead_, readDocumentProperties);
-    if (mediaClass_ == MediaClass::Audio && audioCanGive(property)) ask(audioRead_, readAudioProperties);
-    if (mediaClass_ == MediaClass::Video && macintoshTextsCanGive(property))
-        ask(macintoshRead_, readMacintoshTexts);
-    // Of a film only the tags: TagLib takes the first stream for the sound, whatever it is. It is asked
-    // before MediaInfo, which mixes up who has done what.
-    if (mediaClass_ == MediaClass::Video && audioTagsCanGive(property)) ask(audioRead_, readAudioTags);
-    const bool hasStreams = mediaClass_ == MediaClass::Audio || mediaClass_ == MediaClass::Video ||
-                            (mediaClass_ == MediaClass::Photo && property == PropertyId::ImageBitDepth);
-    if (hasStreams && !values_.has(property) && streamsCanGive(property))
-        ask(streamsRead_, [&](const std::filesystem::path& file, PropertyValues& values) {
-            readStreamProperties(file, mediaClass_ == MediaClass::Photo, values);
+    if (mediaClass_ == MediaClass::Audio || mediaClass_ == MediaClass::Video) readMedia(property);
+    if (mediaClass_ == MediaClass::Photo && property == PropertyId::ImageBitDepth && !values_.has(property))
+        ask(streamsRead_, [](const std::filesystem::path& file, PropertyValues& values) {
+            readStreamProperties(file, true, values);
         });
+}
+
+/// MediaInfo comes last, whatever is asked for first: it mixes up who has done what.
+void PropertyStore::readMedia(PropertyId property) {
+    const bool isVideo = mediaClass_ == MediaClass::Video;
+    const bool isStreams = streamsCanGive(property);
+    if (isVideo && !macintoshRead_ && (isStreams || macintoshTextsCanGive(property))) {
+        macintoshRead_ = true;
+        readMacintoshTexts(file_, values_);
+    }
+    if (!audioRead_ && (isStreams || (isVideo ? audioTagsCanGive(property) : audioCanGive(property)))) {
+        audioRead_ = true;
+        // Of a film only the tags: TagLib takes the first stream for the sound, whatever it is.
+        isVideo ? readAudioTags(file_, values_) : readAudioProperties(file_, values_);
+    }
+    if (streamsRead_ || values_.has(property) || !isStreams) return;
+    streamsRead_ = true;
+    readStreamProperties(file_, false, values_);
 }
 
 PropertyResult PropertyStore::set(PropertyId property, const PropertyValue& value) {

@@ -54,6 +54,7 @@ class PropertyStore {
  private:
     void look();
     void read(PropertyId property);
+    void readMedia(PropertyId property);
 
     std::filesystem::path file_;
     std::optional<platform::FileIdentity> identity_;

@@ -131,9 +131,10 @@ constexpr auto kSources = std::to_array<StreamSource>({
     {Id::MediaCreatorApplication, Stream_General, Text, L"Encoded_Application/Name"},
     {Id::MediaCreatorApplication, Stream_General, Text, L"Encoded_Application"},
     {Id::MediaCreatorApplication, Stream_General, Text, L"com.apple.quicktime.software"},
+    {Id::MediaCreatorApplication, Stream_General, Text, L"encoder"},
     {Id::MediaCreatorApplicationVersion, Stream_General, Text, L"Encoded_Application/Version"},
     {Id::MediaDateEncoded, Stream_General, Date, L"Encoded_Date"},
-    {Id::MediaDateEncoded, Stream_General, Date, L"Mastered_Date"},
+    {Id::MediaDateEncoded, Stream_General, LocalDate, L"Mastered_Date"},
     {Id::MediaDateReleased, Stream_General, Text, L"Released_Date"},
     {Id::MediaDuration, Stream_General, Milliseconds, L"Duration"},
     {Id::MediaEncodedBy, Stream_General, Text, L"EncodedBy"},
@@ -343,7 +344,7 @@ void addPartOfSet(MediaInfo& library, PropertyValues& values) {
 /// Of a whole point; the library tells it of one component, but for bitmaps.
 void addDepth(MediaInfo& library, PropertyValues& values) {
     const auto bits = parseLeadingInteger(textOf(library, Stream_Image, L"BitDepth"));
-    const bool isWhole = textOf(library, Stream_Image, L"Format") == u"Bitmap";
+    const bool isWhole = textOf(library, Stream_General, L"Format") == u"Bitmap";
     const qsizetype components = isWhole ? 1 : textOf(library, Stream_Image, L"ColorSpace").size();
     if (bits && *bits > 0 && *bits <= 64 && components > 0 && components <= 4)
         values.add(Id::ImageBitDepth, *bits * components);

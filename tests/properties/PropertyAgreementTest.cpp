@@ -96,6 +96,7 @@ constexpr Agreement kAgreements[] = {
     {"film.mkv", Id::MediaEpisodeNumber, "Matroska:EpisodeSort"},
     {"film.mkv", Id::MediaSeriesName, "Matroska:Show"},
     {"film.avi", Id::PhotoDateTaken, "RIFF:DateTimeOriginal"},
+    {"film.avi", Id::MediaDateEncoded, "RIFF:DateTimeOriginal"},
     {"film.avi", Id::SummaryAuthor, "RIFF:Artist"},
     {"film.avi", Id::VideoFrameWidth, "RIFF:ImageWidth"},
     {"song.flac", Id::SummaryComment, "Vorbis:Description"},
