@@ -1,9 +1,14 @@
 #include "properties/AudioProperties.h"
 
+#include "properties/OggComment.h"
 #include "properties/PropertyTexts.h"
+#include "properties/WindowsMediaTags.h"
 
 #include <taglib/aifffile.h>
+#include <taglib/apefooter.h>
 #include <taglib/apeproperties.h>
+#include <taglib/apetag.h>
+#include <taglib/asffile.h>
 #include <taglib/asfproperties.h>
 #include <taglib/fileref.h>
 #include <taglib/flacproperties.h>
@@ -20,6 +25,7 @@
 #include <taglib/uniquefileidentifierframe.h>
 #include <taglib/wavfile.h>
 #include <taglib/wavpackproperties.h>
+#include <taglib/xiphcomment.h>
 
 #include <algorithm>
 #include <mutex>
@@ -103,10 +109,18 @@ constexpr auto kSources = std::to_array<AudioSource>({
     {Id::VideoDirector, AudioForm::List, "DIRECTOR"},
 });
 
+/// What is read and never written: programs sign with it.
+constexpr auto kSignatures = std::to_array<AudioSource>({
+    {Id::SummaryApplicationName, AudioForm::Text, "ENCODER"},
+    {Id::MediaCreatorApplication, AudioForm::Text, "ENCODER"},
+});
+
 /// What MPEG-4 files hold beside the map.
 constexpr auto kItems = std::to_array<AudioSource>({
+    {Id::SummaryApplicationName, AudioForm::Text, "\251too"},
     {Id::SummaryKeywords, AudioForm::List, "keyw"},
     {Id::MusicConductor, AudioForm::List, "\251con"},
+    {Id::MediaCreatorApplication, AudioForm::Text, "\251too"},
     {Id::MediaEncodedBy, AudioForm::Text, "\251enc"},
     {Id::MediaProducer, AudioForm::List, "\251prd"},
     {Id::MediaPublisher, AudioForm::Text, "\251pub"},
@@ -186,13 +200,22 @@ int bitsPerSample(const TagLib::AudioProperties& audio) {
     return bits;
 }
 
+/// The heads of MPEG-4 files say two channels and the rate of the core of every AAC stream, whatever it
+/// holds.
+bool isVagueAboutSound(const TagLib::AudioProperties& audio) {
+    const auto* mp4 = dynamic_cast<const TagLib::MP4::Properties*>(&audio);
+    return mp4 != nullptr && mp4->codec() == TagLib::MP4::Properties::AAC;
+}
+
 void addSound(const TagLib::AudioProperties& audio, PropertyValues& values) {
     const auto add = [&](Id property, std::int64_t number) {
         if (number > 0) values.add(property, number);
     };
-    add(Id::AudioChannelCount, audio.channels());
+    if (!isVagueAboutSound(audio)) {
+        add(Id::AudioChannelCount, audio.channels());
+        add(Id::AudioSampleRate, audio.sampleRate());
+    }
     add(Id::AudioEncodingBitrate, std::int64_t{audio.bitrate()} * 1000);
-    add(Id::AudioSampleRate, audio.sampleRate());
     // Kept in the unit that the property has, a ten-millionth of a second.
     add(Id::MediaDuration, std::int64_t{audio.lengthInMilliseconds()} * 10'000);
     add(Id::AudioSampleSize,
@@ -241,12 +264,14 @@ void addFrames(const TagLib::ID3v2::Tag& tag, PropertyValues& values) {
 }
 
 void addTags(const TagLib::PropertyMap& tags, bool isMp4, PropertyValues& values) {
-    for (const AudioSource& source : kSources) {
-        // The map calls the program that wrote an MPEG-4 file by that name, not the one who did it.
-        if (isMp4 && source.key == std::string_view("ENCODEDBY")) continue;
+    const auto add = [&](const AudioSource& source) {
         const auto found = tags.find(source.key);
         if (found != tags.end()) values.add(source.property, valueOf(source.form, textsOf(found->second)));
-    }
+    };
+    // The map calls the program that wrote an MPEG-4 file by that name, not the one who did it.
+    for (const AudioSource& source : kSources)
+        if (!isMp4 || source.key != std::string_view("ENCODEDBY")) add(source);
+    std::ranges::for_each(kSignatures, add);
     const auto artist = tags.find("ARTIST");
     if (artist != tags.end())
         values.addText(Id::MusicDisplayArtist, textsOf(artist->second).join(QStringLiteral("; ")));
@@ -259,6 +284,23 @@ void addItems(const TagLib::MP4::Tag& tag, PropertyValues& values) {
     for (const AudioSource& source : kItems)
         if (tag.contains(source.key))
             values.add(source.property, valueOf(source.form, textsOf(tag.item(source.key).toStringList())));
+}
+
+/// Programs put tags before and behind sound of every kind; the library looks only for those that the kind
+/// itself has.
+void addForeignTags(TagLib::File& file, PropertyValues& values) {
+    if (dynamic_cast<TagLib::MPEG::File*>(&file) != nullptr) return;
+    file.seek(0);
+    if (file.readBlock(3) == "ID3") addTags(TagLib::ID3v2::Tag(&file, 0).properties(), false, values);
+    constexpr long kFooterBytes = 32;
+    constexpr long kOldTagBytes = 128;
+    for (const long behind : {0L, kOldTagBytes}) {
+        const long footer = file.length() - behind - kFooterBytes;
+        if (footer < 0) return;
+        file.seek(footer);
+        if (file.readBlock(8) == TagLib::APE::Footer::fileIdentifier())
+            addTags(TagLib::APE::Tag(&file, footer).properties(), false, values);
+    }
 }
 
 /// What the property map gets for a value; nothing when the value is of no fitting type.
@@ -280,12 +322,19 @@ void readTagged(const std::filesystem::path& file, bool withSound, PropertyValue
     silenceOnce();
     try {
         const TagLib::FileRef opened(file.c_str(), withSound, TagLib::AudioProperties::Average);
-        if (opened.isNull()) return;
+        if (opened.isNull() || !opened.file()->isValid()) {
+            if (const TagLib::ByteVector comment = readOggComment(file); !comment.isEmpty())
+                addTags(TagLib::Ogg::XiphComment(comment).properties(), false, values);
+            return;
+        }
         auto* mp4 = dynamic_cast<TagLib::MP4::File*>(opened.file());
         addTags(opened.file()->properties(), mp4 != nullptr, values);
         if (mp4 != nullptr && mp4->tag() != nullptr) addItems(*mp4->tag(), values);
-        if (opened.audioProperties() != nullptr) addSound(*opened.audioProperties(), values);
+        const auto* asf = dynamic_cast<TagLib::ASF::File*>(opened.file());
+        if (asf != nullptr && asf->tag() != nullptr) addWindowsMediaTags(*asf->tag(), values);
+        if (withSound && opened.audioProperties() != nullptr) addSound(*opened.audioProperties(), values);
         if (const TagLib::ID3v2::Tag* tag = id3Of(opened.file())) addFrames(*tag, values);
+        addForeignTags(*opened.file(), values);
     } catch (...) {
         // A damaged file: what was found before the damage stays.
     }
@@ -294,7 +343,9 @@ void readTagged(const std::filesystem::path& file, bool withSound, PropertyValue
 }  // namespace
 
 bool audioTagsCanGive(PropertyId property) {
-    return std::ranges::find(kSources, property, &AudioSource::property) != kSources.end();
+    return std::ranges::find(kSources, property, &AudioSource::property) != kSources.end() ||
+           std::ranges::find(kItems, property, &AudioSource::property) != kItems.end() ||
+           property == Id::DiskRating || windowsMediaCanGive(property);
 }
 
 bool audioCanGive(PropertyId property) {

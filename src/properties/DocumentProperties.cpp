@@ -1,6 +1,8 @@
 #include "properties/DocumentProperties.h"
 
+#include "properties/PhotoPropertyTable.h"
 #include "properties/PropertyTexts.h"
+#include "properties/WindowsMediaTags.h"
 
 #include <QRegularExpression>
 #include <algorithm>
@@ -17,8 +19,10 @@ enum class TagForm : std::uint8_t {
     Text,
     List,
     Integer,
+    Number,
     Date,
     LocalDate,
+    Identifier,  ///< sixteen bytes as digits of the base sixteen
 };
 
 struct TagSourceRow {
@@ -52,6 +56,7 @@ constexpr auto kSources = std::to_array<TagSourceRow>({
      Text,
      {"Comments", "XMP-dc:Description", "HTML-office:Description", "GIF:Comment", "File:Comment",
       "SVG:Desc"}},
+    {Id::SummaryComment, Text, {"PNG:Comment"}},
     {Id::SummaryCopyright, Text, {"XMP-dc:Rights", "EXE:LegalCopyright", "IFD0:Copyright"}},
     {Id::SummaryItemAuthors,
      List,
@@ -59,25 +64,74 @@ constexpr auto kSources = std::to_array<TagSourceRow>({
     {Id::SummaryTrademarks, Text, {"EXE:LegalTrademarks"}},
     {Id::SummaryTitle,
      Text,
-     {"Title", "XMP-dc:Title", "SVG:Title", "HTML:Title", "HTML-dc:Title", "IFD0:ImageDescription"}},
+     {"Title", "XMP-dc:Title", "SVG:Title", "HTML:Title", "HTML-dc:Title", "WTV:Title"}},
+    {Id::SummaryTitle, Text, {"IFD0:ImageDescription"}},
 
+    {Id::GpsAltitude, Number, {"GPS:GPSAltitude"}},
+    {Id::GpsLatitudeDecimal, Number, {"Composite:GPSLatitude"}},
+    {Id::GpsLongitudeDecimal, Number, {"Composite:GPSLongitude"}},
+    {Id::MusicGenre, Text, {"WTV:Genre"}},
+    {Id::MediaClassPrimaryID, Identifier, {"WTV:MediaClassPrimaryID"}},
+    {Id::MediaClassSecondaryID, Identifier, {"WTV:MediaClassSecondaryID"}},
+    {Id::MediaMetadataContentProvider, Text, {"WTV:Provider"}},
+    {Id::MediaProviderRating, Text, {"WTV:ProviderRating"}},
     {Id::MediaPublisher, Text, {"XMP-dc:Publisher", "HTML-dc:Publisher"}},
+    {Id::PhotoAperture, Number, {"ExifIFD:ApertureValue"}},
     {Id::PhotoCameraManufacturer, Text, {"IFD0:Make"}},
-    {Id::PhotoCameraModel, Text, {"IFD0:Model"}},
+    {Id::PhotoCameraModel, Text, {"IFD0:Model", "Red:Model"}},
     {Id::PhotoDateTaken,
      LocalDate,
-     {"ExifIFD:DateTimeOriginal", "XMP-exif:DateTimeOriginal", "XMP-photoshop:DateCreated"}},
+     {"ExifIFD:DateTimeOriginal", "XMP-exif:DateTimeOriginal", "XMP-photoshop:DateCreated",
+      "Composite:DateTimeOriginal"}},
     {Id::PhotoExifVersion, Text, {"ExifIFD:ExifVersion"}},
+    {Id::PhotoExposureBias, Number, {"ExifIFD:ExposureCompensation"}},
+    {Id::PhotoExposureProgram, Integer, {"ExifIFD:ExposureProgram"}},
+    {Id::PhotoExposureTime, Number, {"ExifIFD:ExposureTime"}},
+    {Id::PhotoFlash, Integer, {"ExifIFD:Flash"}},
+    {Id::PhotoFNumber, Number, {"ExifIFD:FNumber", "Red:FNumber"}},
+    {Id::PhotoFocalLength, Number, {"ExifIFD:FocalLength", "Red:FocalLength"}},
+    {Id::PhotoISOSpeed, Integer, {"ExifIFD:ISO", "Red:ISO"}},
+    {Id::PhotoLensModel, Text, {"ExifIFD:LensModel"}},
+    {Id::PhotoLightSource, Integer, {"ExifIFD:LightSource"}},
+    {Id::PhotoMaxAperture, Number, {"ExifIFD:MaxApertureValue"}},
+    {Id::PhotoMeteringMode, Integer, {"ExifIFD:MeteringMode"}},
     {Id::PhotoOrientation, Integer, {"IFD0:Orientation"}},
-    {Id::ImageBitDepth, Integer, {"File:BitDepth", "GIF:BitsPerPixel"}},
+    {Id::PhotoPhotometricInterpretation, Integer, {"IFD0:PhotometricInterpretation"}},
+    {Id::PhotoProgramMode, Integer, {"ExifIFD:ExposureProgram"}},
+    {Id::PhotoSerialNumber, Text, {"ExifIFD:SerialNumber", "Red:SerialNumber"}},
+    {Id::PhotoShutterSpeed, Number, {"ExifIFD:ShutterSpeedValue"}},
+    {Id::PhotoWhiteBalance, Integer, {"ExifIFD:WhiteBalance"}},
     {Id::ImageColorSpace, Integer, {"ExifIFD:ColorSpace"}},
+    {Id::ImageCompressedBitsPerPixel, Number, {"ExifIFD:CompressedBitsPerPixel"}},
+    {Id::ImageCompression, Integer, {"IFD0:Compression"}},
+    {Id::ImageImageID, Text, {"ExifIFD:ImageUniqueID"}},
+    {Id::ImageResolutionUnit, Integer, {"IFD0:ResolutionUnit"}},
+    {Id::TelevisionChannelNumber, Integer, {"WTV:MediaOriginalChannel"}},
+    {Id::TelevisionEpisodeName, Text, {"WTV:Subtitle"}},
+    {Id::TelevisionIsClosedCaptioningAvailable, Integer, {"WTV:VideoClosedCaptioning"}},
+    {Id::TelevisionIsATSCContent, Integer, {"WTV:ATSCContent"}},
+    {Id::TelevisionIsDTVContent, Integer, {"WTV:DTVContent"}},
+    {Id::TelevisionIsHDContent, Integer, {"WTV:HDContent"}},
+    {Id::TelevisionIsRepeatBroadcast, Integer, {"WTV:MediaIsRepeat"}},
+    {Id::TelevisionIsSAP, Integer, {"WTV:MediaIsSAP"}},
+    {Id::TelevisionNetworkAffiliation, Text, {"WTV:MediaNetworkAffiliation"}},
+    {Id::TelevisionOriginalBroadcastDate, Date, {"WTV:MediaOriginalBroadcastDateTime"}},
+    {Id::TelevisionProgramDescription, Text, {"WTV:SubtitleDescription"}},
+    {Id::TelevisionRecordingTime, Date, {"WTV:EncodeTime"}},
+    {Id::TelevisionStationCallSign, Text, {"WTV:MediaStationCallSign"}},
+    {Id::TelevisionStationName, Text, {"WTV:MediaStationName"}},
+    {Id::VideoFrameHeight, Integer, {"Red:ImageHeight"}},
+    {Id::VideoFrameRate, Number, {"Red:FrameRate"}},
+    {Id::VideoFrameWidth, Integer, {"Red:ImageWidth"}},
 
     {Id::TextByteCount, Integer, {"Bytes"}},
     {Id::TextCharacterCount, Integer, {"Characters", "XMP-meta:Document-statisticCharacter-count"}},
     {Id::TextContributor, List, {"XMP-dc:Contributor"}},
-    {Id::TextDateCreated, Date, {"CreateDate", "XMP-meta:Creation-date", "XMP-xmp:CreateDate"}},
+    {Id::TextDateCreated,
+     Date,
+     {"CreateDate", "XMP-meta:Creation-date", "XMP-xmp:CreateDate", "ExifIFD:CreateDate"}},
     {Id::TextDatePrinted, Date, {"LastPrinted", "XMP-meta:Print-date"}},
-    {Id::TextDateSaved, Date, {"ModifyDate", "XMP-xmp:ModifyDate"}},
+    {Id::TextDateSaved, Date, {"ModifyDate", "XMP-xmp:ModifyDate", "IFD0:ModifyDate"}},
     {Id::TextDivision, Text, {"XML:Division"}},
     {Id::TextDocumentID, Text, {"XMP-dc:Identifier", "XMP-xmpMM:DocumentID", "HTML-dc:Identifier"}},
     {Id::TextHiddenSlideCount, Integer, {"HiddenSlides"}},
@@ -98,8 +152,26 @@ constexpr auto kSources = std::to_array<TagSourceRow>({
 });
 
 constexpr Id kComputed[] = {
-    Id::SummaryKeywords,     Id::SummarySubject,    Id::ImageDimensions,
-    Id::ImageHorizontalSize, Id::ImageVerticalSize, Id::TextTotalEditingTime,
+    Id::SummaryKeywords,       Id::SummarySubject,
+    Id::ImageBitDepth,         Id::ImageDimensions,
+    Id::ImageHorizontalSize,   Id::ImageHorizontalResolution,
+    Id::ImageVerticalSize,     Id::ImageVerticalResolution,
+    Id::ImageCompressionText,  Id::MediaDuration,
+    Id::PhotoMeteringModeText, Id::PhotoExposureProgramText,
+    Id::PhotoOrientationText,  Id::PhotoPhotometricInterpretationText,
+    Id::PhotoProgramModeText,  Id::PhotoWhiteBalanceText,
+    Id::TextTotalEditingTime,
+};
+
+/// Numbers whose words are shown in a column beside them.
+constexpr std::pair<Id, Id> kWords[] = {
+    {Id::ImageCompression, Id::ImageCompressionText},
+    {Id::PhotoExposureProgram, Id::PhotoExposureProgramText},
+    {Id::PhotoMeteringMode, Id::PhotoMeteringModeText},
+    {Id::PhotoOrientation, Id::PhotoOrientationText},
+    {Id::PhotoPhotometricInterpretation, Id::PhotoPhotometricInterpretationText},
+    {Id::PhotoProgramMode, Id::PhotoProgramModeText},
+    {Id::PhotoWhiteBalance, Id::PhotoWhiteBalanceText},
 };
 
 QStringList valuesOf(const FileTags& tags, const char* name) {
@@ -136,6 +208,12 @@ PropertyValue dateOf(const QString& text, bool inUtc) {
     return {};
 }
 
+std::optional<double> numberOf(const QString& text) {
+    bool isNumber = false;
+    const double number = text.toDouble(&isNumber);
+    return isNumber && std::isfinite(number) ? std::optional(number) : std::nullopt;
+}
+
 PropertyValue valueOf(TagForm form, const QStringList& values, bool inUtc) {
     QStringList texts;
     for (const QString& value : values)
@@ -148,6 +226,13 @@ PropertyValue valueOf(TagForm form, const QStringList& values, bool inUtc) {
             return texts;
         case Integer:
             if (const auto number = parseLeadingInteger(texts.front())) return *number;
+            break;
+        case Number:
+            if (const auto number = numberOf(texts.front())) return *number;
+            break;
+        case Identifier:
+            if (const QString text = guidText(QByteArray::fromHex(texts.front().toLatin1())); !text.isEmpty())
+                return text;
             break;
         case Date:
             return dateOf(texts.front(), inUtc);
@@ -205,7 +290,64 @@ std::optional<std::int64_t> pointsOf(const QString& length) {
     return std::llround(points);
 }
 
+/// Dots for each inch.
+void addResolution(const FileTags& tags, PropertyValues& values) {
+    constexpr double kInchesInAMetre = 0.0254;
+    constexpr double kCentimetresInAnInch = 2.54;
+    const bool isByCentimetre = textOf(tags, "IFD0:ResolutionUnit") == u"3";
+    const bool isByMetre = textOf(tags, "PNG-pHYs:PixelUnits") == u"1";
+    const auto add = [&](Id property, const char* tag, double factor) {
+        if (const auto number = numberOf(textOf(tags, tag)); number && *number > 0)
+            values.add(property, *number * factor);
+    };
+    if (textOf(tags, "IFD0:ResolutionUnit") != u"1") {
+        add(Id::ImageHorizontalResolution, "IFD0:XResolution", isByCentimetre ? kCentimetresInAnInch : 1);
+        add(Id::ImageVerticalResolution, "IFD0:YResolution", isByCentimetre ? kCentimetresInAnInch : 1);
+    }
+    add(Id::ImageHorizontalResolution, "GIMP:XResolution", 1);
+    add(Id::ImageVerticalResolution, "GIMP:YResolution", 1);
+    if (isByMetre) {
+        add(Id::ImageHorizontalResolution, "PNG-pHYs:PixelsPerUnitX", kInchesInAMetre);
+        add(Id::ImageVerticalResolution, "PNG-pHYs:PixelsPerUnitY", kInchesInAMetre);
+    }
+    add(Id::ImageHorizontalResolution, "File:PixelsPerMeterX", kInchesInAMetre);
+    add(Id::ImageVerticalResolution, "File:PixelsPerMeterY", kInchesInAMetre);
+}
+
+/// Of a whole point.
+void addDepth(const FileTags& tags, PropertyValues& values) {
+    const auto add = [&](const char* tag, int components) {
+        if (const auto bits = parseLeadingInteger(textOf(tags, tag)); bits && *bits > 0 && *bits <= 64)
+            values.add(Id::ImageBitDepth, *bits * components);
+    };
+    if (tags.contains(QStringLiteral("File:BMPVersion"))) add("File:BitDepth", 1);
+    // Of the components of a scan; the other kinds are those of single signals.
+    if (textOf(tags, "File:ComponentsConfiguration") == u"50") add("File:BitDepth", 3);
+    if (textOf(tags, "File:ComponentsConfiguration") == u"51") add("File:BitDepth", 4);
+    add("GIF:BitsPerPixel", 1);
+    add("File:BitsPerPixel", 1);
+    QStringList samples = textOf(tags, "IFD0:BitsPerSample").split(u' ');
+    std::int64_t depth = 0;
+    for (const QString& bits : samples) depth += std::clamp(bits.toInt(), 0, 64);
+    if (depth > 0) values.add(Id::ImageBitDepth, depth);
+}
+
+void addWords(PropertyValues& values) {
+    for (const auto& [number, words] : kWords)
+        if (const auto* value = std::get_if<std::int64_t>(&values.at(number)))
+            values.addText(words, photoWords(words, *value));
+}
+
+void addDuration(const FileTags& tags, PropertyValues& values) {
+    constexpr double kTicksInASecond = 1e7;
+    constexpr double kMostSeconds = 1e8;
+    const auto seconds = numberOf(textOf(tags, "WTV:Duration"));
+    if (seconds && *seconds > 0 && *seconds < kMostSeconds)
+        values.add(Id::MediaDuration, static_cast<std::int64_t>(std::llround(*seconds * kTicksInASecond)));
+}
+
 void addSize(const FileTags& tags, PropertyValues& values) {
+    if (textOf(tags, "File:MIMEType").startsWith(u"video/")) return;
     static const QRegularExpression separator(QStringLiteral("[ ,]+"));
     QStringList size = textOf(tags, "Composite:ImageSize").split(u' ');
     if (tags.contains(QStringLiteral("SVG:Xmlns")) || tags.contains(QStringLiteral("SVG:ViewBox"))) {
@@ -259,6 +401,10 @@ void addDocumentProperties(const FileTags& tags, PropertyValues& values) {
     addOfficeTexts(tags, values);
     addEditingTime(tags, values);
     addSize(tags, values);
+    addDepth(tags, values);
+    addResolution(tags, values);
+    addDuration(tags, values);
+    addWords(values);
 }
 
 void readDocumentProperties(const std::filesystem::path& file, PropertyValues& values) {

@@ -38,6 +38,11 @@ constexpr const char* kDocumentTypes[] = {"application/msword",
                                           "text/html",
                                           "text/rtf"};
 
+// Pictures, films and pages that the MIME database does not name, and of which no library here knows
+// anything.
+constexpr QStringView kDocumentExtensions[] = {u".btf", u".dpx", u".hdr", u".indd", u".mrc",
+                                               u".pfm", u".pgf", u".r3d", u".wtv"};
+
 // The bits that the attribute column has always had.
 constexpr std::int64_t kReadOnlyBit = 1;
 constexpr std::int64_t kHiddenBit = 2;
@@ -113,8 +118,11 @@ void readFileProperties(const std::filesystem::path& file, PropertyValues& value
 }
 
 MediaClass mediaClassOf(const std::filesystem::path& file) {
+    const QString extension = platform::display(file.extension()).toLower();
     // A note of metadata that lies beside a photo holds the photo's.
-    if (platform::display(file.extension()).toLower() == u".xmp") return MediaClass::Photo;
+    if (extension == u".xmp") return MediaClass::Photo;
+    if (std::ranges::find(kDocumentExtensions, QStringView(extension)) != std::end(kDocumentExtensions))
+        return MediaClass::Document;
     const QMimeType type = typeOf(file);
     const QString name = type.name();
     if (name.startsWith(u"image/")) return MediaClass::Photo;

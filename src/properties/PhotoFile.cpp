@@ -38,4 +38,11 @@ Exiv2::Image::AutoPtr openPhoto(const std::filesystem::path& file) {
     return image;
 }
 
+Exiv2::Image::AutoPtr openNote(const std::string& note) {
+    setUpOnce();
+    Exiv2::Image::AutoPtr image = Exiv2::ImageFactory::create(Exiv2::ImageType::xmp);
+    if (Exiv2::XmpParser::decode(image->xmpData(), note) != 0) image->clearXmpData();
+    return image;
+}
+
 }  // namespace properties

@@ -1,11 +1,16 @@
 #include "properties/PhotoProperties.h"
 
+#include "platform/RegularFile.h"
+#include "platform/Text.h"
 #include "properties/PhotoFile.h"
 #include "properties/PhotoPropertyTable.h"
 #include "properties/PictureDensity.h"
+#include "properties/PngTexts.h"
 #include "properties/PropertyTexts.h"
+#include "properties/RafSize.h"
 
 #include <QRegularExpression>
+#include <QStringDecoder>
 #include <cmath>
 #include <string_view>
 #include <unordered_map>
@@ -379,9 +384,11 @@ void addCompression(const Entries& entries, PropertyValues& values) {
         values.add(Id::ImageBitDepth, std::int64_t{24});
 }
 
-void addPicture(const Entries& entries, PropertyValues& values) {
-    const std::int64_t width = entries.image().pixelWidth();
-    const std::int64_t height = entries.image().pixelHeight();
+void addPicture(const Entries& entries, const std::filesystem::path& file, PropertyValues& values) {
+    const bool isRaf = entries.image().mimeType() == "image/x-fuji-raf";
+    const auto raw = isRaf ? readRafSize(file) : std::nullopt;
+    const std::int64_t width = raw ? raw->width : entries.image().pixelWidth();
+    const std::int64_t height = raw ? raw->height : entries.image().pixelHeight();
     if (width > 0 && height > 0) {
         values.add(Id::ImageHorizontalSize, width);
         values.add(Id::ImageVerticalSize, height);
@@ -397,6 +404,38 @@ void addPicture(const Entries& entries, PropertyValues& values) {
         values.add(Id::PhotoMakerNote, QStringLiteral("(%1 bytes)").arg(note->size()));
 }
 
+void addFromEntries(const Entries& entries, PropertyValues& values) {
+    addFromTable(entries, values);
+    addRating(entries, values);
+    addDateTaken(entries, values);
+    addDecimals(entries, values);
+    addGpsTime(entries, values);
+    addGpsVersion(entries, values);
+    addPeople(entries, values);
+}
+
+/// What is shown where nothing better stands, and is not written: descriptions, and what programs sign with.
+void addOtherTexts(const Entries& entries, const std::filesystem::path& file, PropertyValues& values) {
+    const std::string type = entries.image().mimeType();
+    if (type == "image/png") readPngTexts(file, values);
+    values.addText(Id::SummaryComment, entries.text("Xmp.dc.description"));
+    if (type == "image/jpeg")
+        values.addText(Id::SummaryComment, textFromBytes(entries.image().comment()).trimmed());
+}
+
+/// The text of a note in UTF-16, which Exiv2 does not read, in UTF-8 and without what names its encoding.
+std::optional<std::string> readWideNote(const std::filesystem::path& file) {
+    constexpr std::size_t kMostBytes = std::size_t{16} * 1024 * 1024;
+    if (platform::display(file.extension()).toLower() != u".xmp") return std::nullopt;
+    const std::string head = platform::readHead(file, 2);
+    const bool isBig = head == "\xFE\xFF" || head == std::string_view("\0<", 2);
+    if (!isBig && head != "\xFF\xFE" && head != std::string_view("<\0", 2)) return std::nullopt;
+    const std::string bytes = platform::readHead(file, kMostBytes);
+    QStringDecoder decoder(isBig ? QStringConverter::Utf16BE : QStringConverter::Utf16LE);
+    const QString text = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
+    return text.mid(std::max<qsizetype>(0, text.indexOf(u"<x:xmpmeta"))).toStdString();
+}
+
 }  // namespace
 
 bool photoCanGive(PropertyId property) {
@@ -404,23 +443,32 @@ bool photoCanGive(PropertyId property) {
            std::ranges::find(kComputed, property) != std::end(kComputed);
 }
 
+void addNoteProperties(const std::string& note, PropertyValues& values) {
+    try {
+        const auto image = openNote(note);
+        addFromEntries(Entries(*image), values);
+    } catch (...) {
+        // A damaged note: what was found before the damage stays.
+    }
+}
+
 bool readPhotoProperties(const std::filesystem::path& file, PropertyValues& values) {
+    if (const std::optional<std::string> note = readWideNote(file)) {
+        addNoteProperties(*note, values);
+        return true;
+    }
     bool isKnown = false;
     try {
         const auto image = openPhoto(file);
         isKnown = image->checkMode(Exiv2::mdExif) != Exiv2::amNone ||
                   image->checkMode(Exiv2::mdXmp) != Exiv2::amNone;
         // Only of notes of metadata is it natural that no picture is found.
-        isKnown = isKnown && (image->pixelWidth() > 0 || image->mimeType() == "application/rdf+xml");
+        const bool isNote = image->mimeType() == "application/rdf+xml" && !image->xmpData().empty();
+        isKnown = isKnown && (image->pixelWidth() > 0 || isNote);
         const Entries entries(*image);
-        addFromTable(entries, values);
-        addRating(entries, values);
-        addDateTaken(entries, values);
-        addDecimals(entries, values);
-        addGpsTime(entries, values);
-        addGpsVersion(entries, values);
-        addPeople(entries, values);
-        addPicture(entries, values);
+        addFromEntries(entries, values);
+        addOtherTexts(entries, file, values);
+        addPicture(entries, file, values);
         addResolution(entries, file, values);
         addCompression(entries, values);
     } catch (...) {

@@ -13,6 +13,9 @@ bool photoCanGive(PropertyId property);
 /// of this kind, whatever else it may have found out.
 bool readPhotoProperties(const std::filesystem::path& file, PropertyValues& values);
 
+/// Adds what the text of a note in XMP says, in UTF-8.
+void addNoteProperties(const std::string& note, PropertyValues& values);
+
 /// Turns the value of a change into the type that the property is written in; a text is read, an empty one
 /// takes the property away.
 PropertyResult preparePhotoChange(PropertyChange& change);

@@ -237,6 +237,8 @@ class PhotoWrite {
     void dropCompanions(const PropertyChange& change) {
         if (change.property == Id::DiskRating)
             for (const char* key : {"Xmp.MicrosoftPhoto.Rating", "Exif.Image.RatingPercent"}) erase(key);
+        // What is shown where no other comment stands.
+        if (change.property == Id::SummaryComment && isAbsent(change.value)) image_.clearComment();
         if (change.property != Id::PhotoDateTaken) return;
         erase("Exif.Photo.SubSecTimeOriginal");
         if (isAbsent(change.value)) erase("Exif.Photo.OffsetTimeOriginal");

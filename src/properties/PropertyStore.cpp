@@ -3,6 +3,7 @@
 #include "properties/AudioProperties.h"
 #include "properties/DocumentProperties.h"
 #include "properties/FileProperties.h"
+#include "properties/FilmNotes.h"
 #include "properties/MacintoshTexts.h"
 #include "properties/PhotoProperties.h"
 #include "properties/SafeRewrite.h"
@@ -89,6 +90,10 @@ void PropertyStore::readMedia(PropertyId property) {
         // Of a film only the tags: TagLib takes the first stream for the sound, whatever it is.
         isVideo ? readAudioTags(file_, values_) : readAudioProperties(file_, values_);
     }
+    if (!notesRead_ && (isStreams || filmNotesCanGive(property))) {
+        notesRead_ = true;
+        readFilmNotes(file_, values_);
+    }
     if (streamsRead_ || values_.has(property) || !isStreams) return;
     streamsRead_ = true;
     readStreamProperties(file_, false, values_);
@@ -120,7 +125,7 @@ PropertyResult PropertyStore::commit(CommitOptions options) {
     // What was read is that of the file as it was.
     identity_ = platform::identifyFile(file_);
     fileRead_ = photoRead_ = audioRead_ = streamsRead_ = false;
-    macintoshRead_ = documentRead_ = false;
+    macintoshRead_ = notesRead_ = documentRead_ = false;
     values_ = {};
     return result;
 }

@@ -65,6 +65,7 @@ class PropertyStore {
     bool audioRead_ = false;
     bool streamsRead_ = false;
     bool macintoshRead_ = false;
+    bool notesRead_ = false;
     bool documentRead_ = false;
     bool isKnownPhoto_ = false;  ///< Exiv2 reads the metadata of such files
     PropertyValues values_;

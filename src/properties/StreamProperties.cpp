@@ -53,6 +53,7 @@ constexpr auto kSources = std::to_array<StreamSource>({
     {Id::VersionDescription, Stream_General, Text, L"com.apple.quicktime.description"},
     {Id::SummaryApplicationName, Stream_General, Text, L"Encoded_Application"},
     {Id::SummaryApplicationName, Stream_General, Text, L"com.apple.quicktime.software"},
+    {Id::SummaryApplicationName, Stream_General, Text, L"encoder"},
     {Id::SummaryAuthor, Stream_General, List, L"Performer"},
     {Id::SummaryAuthor, Stream_General, List, L"Director", Containers::Riff},
     {Id::SummaryAuthor, Stream_General, List, L"ARTIST"},
@@ -190,7 +191,6 @@ constexpr auto kSources = std::to_array<StreamSource>({
     {Id::VideoSampleSize, Stream_Video, Integer, L"BitDepth"},
     {Id::VideoStreamName, Stream_Video, Text, L"Title"},
     {Id::VideoStreamNumber, Stream_Video, Integer, L"ID"},
-    {Id::VideoTotalBitrate, Stream_General, Integer, L"OverallBitRate"},
 });
 
 constexpr Id kComputed[] = {Id::ImageBitDepth,
@@ -201,7 +201,8 @@ constexpr Id kComputed[] = {Id::ImageBitDepth,
                             Id::VideoVerticalAspectRatio,
                             Id::VideoIsStereo,
                             Id::VideoIsSpherical,
-                            Id::VideoOrientation};
+                            Id::VideoOrientation,
+                            Id::VideoTotalBitrate};
 
 constexpr std::size_t kBlockBytes = std::size_t{256} * 1024;
 // The end of a picture tells nothing, and its points cost the library dear.
@@ -319,8 +320,7 @@ void addAspect(MediaInfo& library, PropertyValues& values) {
 
 /// What counts for the picture of one file only, and what only broadcasts have.
 bool appliesTo(MediaInfo& library, const StreamSource& source) {
-    static constexpr Id kFilm[] = {Id::PhotoCameraManufacturer, Id::PhotoCameraModel, Id::PhotoDateTaken,
-                                   Id::VideoDirector, Id::VideoTotalBitrate};
+    static constexpr Id kFilm[] = {Id::PhotoCameraManufacturer, Id::PhotoCameraModel, Id::PhotoDateTaken};
     if (std::ranges::find(kFilm, source.property) != std::end(kFilm) && library.Count_Get(Stream_Video) == 0)
         return false;
     if (source.containers == Containers::All) return true;
@@ -350,7 +350,15 @@ void addDepth(MediaInfo& library, PropertyValues& values) {
         values.add(Id::ImageBitDepth, *bits * components);
 }
 
-void addComputed(MediaInfo& library, PropertyValues& values) {
+/// What a second takes on the average; the library believes what the heads of some formats promise.
+void addTotalBitrate(MediaInfo& library, std::uint64_t size, PropertyValues& values) {
+    const auto milliseconds = parseLeadingInteger(textOf(library, Stream_General, L"Duration"));
+    if (!milliseconds || *milliseconds <= 0) return;
+    const double bits = static_cast<double>(size) * 8 * 1000 / static_cast<double>(*milliseconds);
+    if (bits < 1e15) values.add(Id::VideoTotalBitrate, static_cast<std::int64_t>(std::llround(bits)));
+}
+
+void addComputed(MediaInfo& library, std::uint64_t size, PropertyValues& values) {
     addDepth(library, values);
     addPartOfSet(library, values);
     if (const auto stars =
@@ -361,6 +369,7 @@ void addComputed(MediaInfo& library, PropertyValues& values) {
     const QString mode = textOf(library, Stream_Audio, L"BitRate_Mode");
     if (!mode.isEmpty()) values.add(Id::AudioIsVariableBitRate, yes(mode.startsWith(u"VBR")));
     if (library.Count_Get(Stream_Video) == 0) return;
+    addTotalBitrate(library, size, values);
     addAspect(library, values);
     values.add(Id::VideoIsStereo, yes(textOf(library, Stream_Video, L"MultiView_Count").toInt() > 1));
     values.add(Id::VideoIsSpherical, yes(!textOf(library, Stream_Video, L"Spatial").isEmpty()));
@@ -387,7 +396,7 @@ void readStreamProperties(const std::filesystem::path& file, bool isPicture, Pro
             if (!values.has(source.property) && appliesTo(library, source))
                 values.add(source.property,
                            valueOf(source.form, textOf(library, source.stream, source.parameter)));
-        addComputed(library, values);
+        addComputed(library, opened.size(), values);
     } catch (...) {
         // A damaged file: what was found before the damage stays.
     }

@@ -171,7 +171,8 @@ void writeMatroska(const std::filesystem::path& file, const Texts& tags) {
                                     element(0x1254C367, element(0x7373, element(0x63C0, {}) + all))));
 }
 
-void writeAvi(const std::filesystem::path& file, const std::string& date, const std::string& artist) {
+void writeAvi(const std::filesystem::path& file, const std::string& date, const std::string& artist,
+              const std::string& note) {
     const std::string header = little(40'000, 4) + zeros(12) + little(50, 4) + zeros(4) + little(1, 4) +
                                zeros(4) + little(320, 4) + little(240, 4) + zeros(16);
     const std::string stream =
@@ -182,8 +183,85 @@ void writeAvi(const std::filesystem::path& file, const std::string& date, const 
         chunk("LIST", "hdrl" + chunk("avih", header) +
                           chunk("LIST", "strl" + chunk("strh", stream) + chunk("strf", format)) +
                           chunk("IDIT", date)) +
-        chunk("LIST", "INFO" + chunk("IART", artist + zeros(1))) + chunk("LIST", "movi");
+        chunk("LIST", "INFO" + chunk("IART", artist + zeros(1))) + chunk("LIST", "movi") +
+        (note.empty() ? note : chunk("_PMX", note));
     writeBytes(file, chunk("RIFF", "AVI " + lists));
+}
+
+namespace {
+
+/// An object of Windows Media: its identifier, its length in eight bytes, its content.
+std::string object(const std::string& id, const std::string& content) {
+    return id + little(content.size() + 24, 8) + content;
+}
+
+/// ASCII letters in two bytes each, with the zero that ends them.
+std::string wide(const std::string& text) {
+    std::string bytes;
+    for (const char letter : text) bytes += letter + zeros(1);
+    return bytes + zeros(2);
+}
+
+std::string attribute(const std::string& name, int type, const std::string& content) {
+    return little(wide(name).size(), 2) + wide(name) + little(static_cast<std::uint64_t>(type), 2) +
+           little(content.size(), 2) + content;
+}
+
+std::string oggPage(const std::string& packet, int flags, int number) {
+    std::string lengths(packet.size() / 255, '\xFF');
+    lengths += static_cast<char>(packet.size() % 255);
+    return "OggS" + zeros(1) + little(static_cast<std::uint64_t>(flags), 1) + zeros(8) + little(7, 4) +
+           little(static_cast<std::uint64_t>(number), 4) + zeros(4) + little(lengths.size(), 1) + lengths +
+           packet;
+}
+
+}  // namespace
+
+void writeWindowsMedia(const std::filesystem::path& file, const Texts& texts,
+                       const std::vector<std::string>& truths) {
+    static const std::string head =
+        "\x30\x26\xB2\x75\x8E\x66\xCF\x11\xA6\xD9" + zeros(1) + "\xAA" + zeros(1) + "\x62\xCE\x6C";
+    static const std::string extended =
+        "\x40\xA4\xD0\xD2\x07\xE3\xD2\x11\x97\xF0" + zeros(1) + "\xA0\xC9" + "\x5E\xA8\x50";
+    static const std::string facts =
+        "\xA1\xDC\xAB\x8C\x47\xA9\xCF\x11\x8E\xE4" + zeros(1) + "\xC0\x0C\x20\x53\x65";
+    static const std::string stream =
+        "\x91\x07\xDC\xB7\xB7\xA9\xCF\x11\x8E\xE6" + zeros(1) + "\xC0\x0C\x20\x53\x65";
+    std::string attributes;
+    for (const auto& [name, text] : texts) attributes += attribute(name, 0, wide(text));
+    for (const std::string& name : truths) attributes += attribute(name, 2, little(1, 4));
+    writeBytes(file,
+               object(head, little(3, 4) + "\x01\x02" + object(facts, zeros(80)) + object(stream, zeros(80)) +
+                                object(extended, little(texts.size() + truths.size(), 2) + attributes)));
+}
+
+void writeOggFilm(const std::filesystem::path& file, const Texts& tags) {
+    const std::string kind = "\x80theora\x03\x02\x01" + big(20, 2) + big(15, 2) + big(320, 3) + big(240, 3) +
+                             zeros(2) + big(25, 4) + big(1, 4) + big(1, 3) + big(1, 3) + zeros(6);
+    std::string comments = "\x81theora" + little(4, 4) + "none" + little(tags.size(), 4);
+    for (const auto& [name, text] : tags)
+        comments += little(name.size() + 1 + text.size(), 4) + name + "=" + text;
+    writeBytes(file, oggPage(kind, 2, 0) + oggPage(comments, 0, 1));
+}
+
+void writeMusepack(const std::filesystem::path& file, const std::string& composer, const std::string& title) {
+    const std::string frame = "TCOM" + big(composer.size() + 1, 4) + zeros(3) + composer;
+    const std::string front = "ID3\x03" + zeros(5) + big(frame.size(), 1) + frame;
+    const std::string item = little(title.size(), 4) + zeros(4) + "Title" + zeros(1) + title;
+    const std::string ends = "APETAGEX" + little(2000, 4) + little(item.size() + 32, 4) + little(1, 4);
+    writeBytes(file, front + "MP+\x07" + zeros(200) + item + ends + zeros(12));
+}
+
+void writeRaf(const std::filesystem::path& file, const std::string& photo, int width, int height) {
+    constexpr std::size_t kHead = 148;
+    const std::string table = big(1, 4) + big(0x111, 2) + big(4, 2) +
+                              big(static_cast<std::uint64_t>(height), 2) +
+                              big(static_cast<std::uint64_t>(width), 2);
+    std::string head = "FUJIFILMCCD-RAW 0201FF000000Camera" + zeros(50) + big(kHead, 4) +
+                       big(photo.size(), 4) + big(kHead + photo.size(), 4) + big(table.size(), 4) +
+                       big(kHead + photo.size() + table.size(), 4) + big(64, 4);
+    head.resize(kHead);
+    writeBytes(file, head + photo + table + zeros(64));
 }
 
 void writeArchive(const std::filesystem::path& file, const Texts& parts) {

@@ -32,8 +32,24 @@ void writeMacintoshMovie(const std::filesystem::path& file, const Texts& texts);
 /// A Matroska file with one video track, without any frame in it, and tags by their names.
 void writeMatroska(const std::filesystem::path& file, const Texts& tags);
 
-/// An AVI file of one video track, without any frame in it: what its date chunk says, and its artist.
-void writeAvi(const std::filesystem::path& file, const std::string& date, const std::string& artist);
+/// An AVI file of one video track, without any frame in it: what its date chunk says, its artist, and a note
+/// in XMP if one is given.
+void writeAvi(const std::filesystem::path& file, const std::string& date, const std::string& artist,
+              const std::string& note = {});
+
+/// The head of a Windows Media file with attributes: texts by their names, and the names of those that are
+/// true.
+void writeWindowsMedia(const std::filesystem::path& file, const Texts& texts,
+                       const std::vector<std::string>& truths);
+
+/// The first two packets of an Ogg film: what it is, and its comments.
+void writeOggFilm(const std::filesystem::path& file, const Texts& tags);
+
+/// The head of a Musepack file behind a tag of MP3 files, and with one of its own kind at the end.
+void writeMusepack(const std::filesystem::path& file, const std::string& composer, const std::string& title);
+
+/// A RAF file around a photo, with a raw picture that is said to be so large.
+void writeRaf(const std::filesystem::path& file, const std::string& photo, int width, int height);
 
 /// An archive whose parts are not compressed, by their names.
 void writeArchive(const std::filesystem::path& file, const Texts& parts);

@@ -44,6 +44,7 @@ constexpr Exemption kExemptions[] = {
     {"browser/ItemStore.cpp", "ItemStore: ", kNotShown},
     {"browser/FileIcons.cpp", "", kNotShown},
     {"controls/HexView.cpp", "Courier New", kNotShown},
+    {"properties/PngTexts.cpp", "Creation Time", kNotShown},
     {"tags/PropertyCatalogue.h", "a format id", kNotShown},
     {"platform/CommandInterpreter.cpp", "A zero byte cannot", kSystemSays},
     {"platform/CommandInterpreter.cpp", "A redirection names", kSystemSays},
