@@ -34,7 +34,7 @@ struct TagSourceRow {
 using enum TagForm;
 
 // The groups of the formats that are documents and nothing else.
-constexpr const char* kDocumentGroups[] = {"FlashPix", "XML", "RTF", "PDF", "HTML-office"};
+constexpr const char* kDocumentGroups[] = {"FlashPix", "XML", "RTF", "PDF", "HTML-office", "HTML"};
 
 constexpr auto kSources = std::to_array<TagSourceRow>({
     {Id::DiskRating, Integer, {"XMP-xmp:Rating"}},
@@ -51,12 +51,13 @@ constexpr auto kSources = std::to_array<TagSourceRow>({
     {Id::SummaryAuthor,
      List,
      {"Author", "XMP-meta:Initial-creator", "XMP-dc:Creator", "HTML-dc:Creator", "IFD0:Artist"}},
+    {Id::SummaryApplicationName, Text, {"HTML:Generator"}},
     {Id::SummaryCategory, List, {"Category"}},
     {Id::SummaryComment,
      Text,
      {"Comments", "XMP-dc:Description", "HTML-office:Description", "GIF:Comment", "File:Comment",
       "SVG:Desc"}},
-    {Id::SummaryComment, Text, {"PNG:Comment"}},
+    {Id::SummaryComment, Text, {"HTML:Description", "PNG:Comment"}},
     {Id::SummaryCopyright, Text, {"XMP-dc:Rights", "EXE:LegalCopyright", "IFD0:Copyright"}},
     {Id::SummaryItemAuthors,
      List,

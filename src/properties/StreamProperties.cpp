@@ -293,8 +293,10 @@ PropertyValue valueOf(StreamForm form, const QString& text) {
             if (const auto time = parseLocalTime(text)) return *time;
             break;
         case FourCC:
-            // Codecs have other names where a container knows no such codes.
-            if (const QString code = text.section(QStringLiteral(" / "), -1); code.size() == 4) return code;
+            // Codecs have other names where a container knows no such codes. Behind a hyphen stands a kind.
+            if (const QString code = text.section(QStringLiteral(" / "), -1).section(u'-', 0, 0);
+                code.size() == 4)
+                return code;
             break;
         case Milliseconds:
             if (const auto number = parseLeadingInteger(text);

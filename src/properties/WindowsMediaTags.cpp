@@ -14,7 +14,7 @@ namespace {
 
 using Id = PropertyId;
 
-enum class AttributeForm : std::uint8_t { Text, List, Integer, Yes, Date, Stars };
+enum class AttributeForm : std::uint8_t { Text, List, Integer, Counted, Yes, Date, Stars };
 
 struct AttributeSource {
     Id property;
@@ -65,6 +65,20 @@ constexpr auto kSources = std::to_array<AttributeSource>({
     {Id::TelevisionStationCallSign, Text, "WM/MediaStationCallSign"},
     {Id::TelevisionStationName, Text, "WM/MediaStationName"},
     {Id::VideoDirector, List, "WM/Director"},
+    // Names of other formats, under which the most used converter puts what it found there.
+    {Id::SummaryComment, Text, "description"},
+    {Id::SummaryKeywords, List, "keywords"},
+    {Id::SummarySubject, Text, "grouping"},
+    {Id::MediaEpisodeNumber, Counted, "episode_sort"},
+    {Id::MediaSeasonNumber, Counted, "season_number"},
+    {Id::MediaSeriesName, Text, "show"},
+    {Id::MediaYear, Counted, "date"},
+    {Id::MusicIsCompilation, Yes, "compilation"},
+    {Id::MusicLyrics, Text, "lyrics"},
+    {Id::MusicMood, Text, "mood"},
+    {Id::TelevisionNetworkAffiliation, Text, "network"},
+    {Id::TelevisionProgramDescription, Text, "synopsis"},
+    {Id::VideoDirector, List, "director"},
 });
 
 std::int64_t numberOf(const TagLib::ASF::Attribute& attribute) {
@@ -119,7 +133,8 @@ PropertyValue valueOf(AttributeForm form, const TagLib::ASF::AttributeList& attr
     const TagLib::ASF::Attribute& first = attributes.front();
     if (form == Date) return dateOf(first);
     if (form == Stars) return starsOf(numberOf(first));
-    if (form == Integer) return numberOf(first);
+    if (form == Counted && numberOf(first) <= 0) return {};
+    if (form == Integer || form == Counted) return numberOf(first);
     if (form == Yes) return numberOf(first) != 0 ? std::int64_t{1} : std::int64_t{0};
     QStringList texts;
     for (const TagLib::ASF::Attribute& attribute : attributes)

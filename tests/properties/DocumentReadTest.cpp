@@ -2,6 +2,7 @@
 #include "platform/ProgramSearch.h"
 #include "properties/DocumentProperties.h"
 #include "properties/MediaFiles.h"
+#include "properties/OfficeFiles.h"
 #include "properties/PropertyStore.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
@@ -133,6 +134,68 @@ TEST_F(DocumentRead, GivesWhatDocumentsHold) {
                      {Id::SummaryKeywords, list("one|two")},
                      {Id::SummaryApplicationName, text("App")},
                      {Id::TextDateCreated, moment(kJanuary)}});
+}
+
+TEST_F(DocumentRead, GivesWhatOldDocumentsPagesAndProgramsHold) {
+    constexpr std::uint64_t kTicks = 10'000'000;
+    constexpr std::uint64_t kFrom1601 = 11'644'473'600;
+    support::writeCompoundFile(
+        folder / "a.ppt",
+        {{2, "Größe"},
+         {3, "Sub"},
+         {4, "Ann"},
+         {5, "one; two"},
+         {6, "Note"},
+         {7, "Template"},
+         {8, "Bo"},
+         {9, "7"},
+         {10, support::FileTime{90 * kTicks}},
+         {12, support::FileTime{(kFrom1601 + kJanuary) * kTicks}},
+         {15, 400},
+         {18, "Program"}},
+        {{2, "Category"}, {3, "On-screen"}, {7, 12}, {9, 2}, {14, "Man"}, {15, "Comp"}});
+    expect("a.ppt", {{Id::SummaryTitle, text("Größe")},
+                     {Id::SummarySubject, text("Sub")},
+                     {Id::SummaryAuthor, list("Ann")},
+                     {Id::SummaryKeywords, list("one|two")},
+                     {Id::SummaryComment, text("Note")},
+                     {Id::SummaryCategory, list("Category")},
+                     {Id::SummaryApplicationName, text("Program")},
+                     {Id::TextTemplate, text("Template")},
+                     {Id::TextLastAuthor, text("Bo")},
+                     {Id::TextRevisionNumber, text("7")},
+                     {Id::TextTotalEditingTime, number(90 * static_cast<std::int64_t>(kTicks))},
+                     {Id::TextDateCreated, moment(kJanuary)},
+                     {Id::TextWordCount, number(400)},
+                     {Id::TextPresentationFormat, text("On-screen")},
+                     {Id::TextSlideCount, number(12)},
+                     {Id::TextHiddenSlideCount, number(2)},
+                     {Id::TextManager, text("Man")},
+                     {Id::VersionCompany, text("Comp")}});
+    support::writeBytes(
+        folder / "a.html",
+        "<!DOCTYPE html>\n<html>\n<head>\n<title>T</title>\n<meta name=\"author\" content=\"Ann\">"
+        "\n<meta name=\"keywords\" content=\"one, two\"><meta name=\"description\" content=\"Note\">"
+        "\n<meta name=\"generator\" content=\"Program\">\n</head>\n<body></body>\n</html>\n");
+    expect("a.html", {{Id::SummaryTitle, text("T")},
+                      {Id::SummaryAuthor, list("Ann")},
+                      {Id::SummaryKeywords, list("one|two")},
+                      {Id::SummaryComment, text("Note")},
+                      {Id::SummaryApplicationName, text("Program")}});
+    support::writeProgram(folder / "a.exe", {{"CompanyName", "Comp"},
+                                             {"FileDescription", "Desc"},
+                                             {"FileVersion", "1.2.3.4"},
+                                             {"LegalCopyright", "Ann 2020"},
+                                             {"LegalTrademarks", "Mark"},
+                                             {"ProductName", "Product"},
+                                             {"ProductVersion", "1.2"}});
+    expect("a.exe", {{Id::VersionCompany, text("Comp")},
+                     {Id::VersionDescription, text("Desc")},
+                     {Id::VersionFileVersion, text("1.2.3.4")},
+                     {Id::VersionProductName, text("Product")},
+                     {Id::VersionProductVersion, text("1.2")},
+                     {Id::SummaryCopyright, text("Ann 2020")},
+                     {Id::SummaryTrademarks, text("Mark")}});
 }
 
 TEST_F(DocumentRead, GivesTheSizeOfPicturesThatNoLibraryKnows) {
