@@ -1,8 +1,9 @@
 #include "app/LanguageCollection.h"
 
+#include "app/SoundCollection.h"
+
 #include <QCryptographicHash>
 #include <QDir>
-#include <QFile>
 #include <QResource>
 #include <QXmlStreamReader>
 #include <atomic>
@@ -58,7 +59,7 @@ LanguageCollection::~LanguageCollection() {
 
 bool LanguageCollection::load(const fs::path& file) {
     collection_ = checkedCollection(file);
-    if (collection_.isEmpty()) return false;
+    if (collection_.isEmpty() || !isSoundCollection(collection_)) return false;
     const QString root = privateRoot();
     if (!QResource::registerResource(reinterpret_cast<const uchar*>(collection_.constData()), root))
         return false;
@@ -68,8 +69,12 @@ bool LanguageCollection::load(const fs::path& file) {
 
 QByteArray LanguageCollection::read(const QString& name) const {
     if (root_.isEmpty()) return {};
-    QFile file(QStringLiteral(":") + root_ + u'/' + name);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    const QResource resource(root_ + u'/' + name);
+    const qint64 size = resource.isValid() ? resource.uncompressedSize() : -1;
+    // A damaged content may promise more than there is memory for.
+    if (size < 0 || size > qint64{kLargestFile}) return {};
+    const QByteArray content = resource.uncompressedData();
+    return {content.constData(), content.size()};  // what is not compressed points into the collection
 }
 
 QString LanguageCollection::nameOfForm(int templateNumber) {

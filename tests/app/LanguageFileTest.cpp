@@ -3,12 +3,17 @@
 #include "app/CommandTable.h"
 #include "support/TemporaryFolder.h"
 
+#include <QCryptographicHash>
 #include <QXmlStreamReader>
+#include <QtEndian>
+#include <random>
 
 namespace {
 
 namespace fs = std::filesystem;
 using app::LanguageFile;
+
+constexpr int kDamagedFiles = 200;
 
 class LanguageFileTest : public ::testing::Test {
  protected:
@@ -115,6 +120,38 @@ TEST_F(LanguageFileTest, ADamagedFileIsRefused) {
         flipped[at] = static_cast<char>(flipped[at] ^ 0x40);
         EXPECT_FALSE(validWith(flipped)) << at;
     }
+}
+
+// Half of the changes go where Qt's reader takes offsets and counts from: the header, the names and the tree.
+TEST_F(LanguageFileTest, ADamagedFileWithARightCheckSumIsReadOrRefused) {
+    const std::string whole = support::readBytes(bin_ / "babel" / "0009.dlk");
+    const QByteArray sound(whole.data(), static_cast<qsizetype>(whole.rfind("\nsha256 ")));
+    const qsizetype names = qFromBigEndian<std::uint32_t>(sound.constData() + 16);
+    std::mt19937 random(20);
+    const auto upTo = [&](qsizetype limit) {
+        return static_cast<qsizetype>(random() % static_cast<std::size_t>(limit));
+    };
+    int refused = 0;
+    for (int turn = 0; turn < kDamagedFiles; ++turn) {
+        QByteArray damaged = sound;
+        for (qsizetype change = upTo(4); change >= 0; --change) {
+            const bool isStructure = random() % 2 == 0;
+            const qsizetype at = isStructure && random() % 8 == 0 ? upTo(20)
+                                 : isStructure                    ? names + upTo(sound.size() - names)
+                                                                  : upTo(sound.size());
+            damaged[at] = static_cast<char>(random());
+        }
+        if (turn % 16 == 0) damaged.truncate(upTo(damaged.size()));
+        const QByteArray sum = QCryptographicHash::hash(damaged, QCryptographicHash::Sha256).toHex();
+        damaged += "\nsha256 " + sum + "\n";
+        support::writeBytes(folder_ / "babel" / "0009.dlk", damaged.toStdString());
+        const LanguageFile file(folder_.path(), 9);
+        if (!file.valid()) ++refused;
+        for (const int form : {9, 171, 284}) static_cast<void>(file.form(form));
+        static_cast<void>(file.ribbonMarkup());
+    }
+    EXPECT_GT(refused, kDamagedFiles / 4);
+    EXPECT_LT(refused, kDamagedFiles);
 }
 
 TEST_F(LanguageFileTest, TwoFilesDoNotGetInEachOthersWay) {
