@@ -6,6 +6,9 @@
 #include "platform/Text.h"
 #include "platform/UniqueFile.h"
 
+#include <algorithm>
+#include <cerrno>
+#include <system_error>
 #include <thread>
 
 namespace exiftool {
@@ -18,6 +21,8 @@ namespace {
 /// The child has had one delay already when it is asked to end by a signal.
 constexpr std::chrono::milliseconds kEndLimit{300};
 constexpr std::chrono::milliseconds kKillLimit{300};
+/// As much as a message can show.
+constexpr std::size_t kLongestWords = 600;
 
 /// A relative name could begin with a hyphen and be taken for an option.
 std::string fileLine(const fs::path& file) {
@@ -43,8 +48,10 @@ int ExifToolSession::StartExifToolSession(const fs::path& tempPath, const fs::pa
         platform::makeUniqueFile(tempPath / "EXM", ".tmp", platform::UniqueFileWrites::AtEnd);
     if (!arguments.isOpen()) return kNoArgumentFile;
     platform::Pipe output = platform::openPipe();
+    startProblem_ = std::generic_category().message(errno);
     if (!output.isOpen()) return kNoOutputPipe;
     platform::Pipe input = platform::openPipe();
+    startProblem_ = std::generic_category().message(errno);
     if (!input.isOpen()) return kNoInputPipe;
 
     platform::ChildCommand command;
@@ -55,11 +62,21 @@ int ExifToolSession::StartExifToolSession(const fs::path& tempPath, const fs::pa
     command.output = ChildStream::to(output.writeEnd.get());
     command.errors = command.output;
     command.endsWithStartingThread = true;
-    if (child_.start(command).kind == platform::ChildOutcome::Kind::NotStarted) return kNoChild;
+    const platform::ChildOutcome started = child_.start(command);
+    startProblem_ = started.reason;
+    if (started.kind == platform::ChildOutcome::Kind::NotStarted) return kNoChild;
     argumentFile_ = std::move(arguments.descriptor);
     outputRead_ = std::move(output.readEnd);
     inputWrite_ = std::move(input.writeEnd);
     return kStarted;
+}
+
+std::optional<std::string> ExifToolSession::lastWordsWhenEnded() {
+    if (!child_.isRunning() || !child_.hasEndedWithin(std::chrono::milliseconds(0))) return std::nullopt;
+    std::string words = readWhatHasCome().answer;
+    words.resize(std::min(words.size(), kLongestWords));
+    CloseExifToolSession();
+    return words;
 }
 
 bool ExifToolSession::append(std::string_view request) {

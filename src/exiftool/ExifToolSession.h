@@ -6,6 +6,7 @@
 #include <chrono>
 #include <filesystem>
 #include <mutex>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -39,9 +40,16 @@ class ExifToolSession {
     ExifToolSession& operator=(const ExifToolSession&) = delete;
 
     /// Makes the argument file EXM*.tmp in the temp folder and starts the child; does not wait for it. One of
-    /// the codes; whatever is not kStarted ends the program.
+    /// the codes.
     [[nodiscard]] int StartExifToolSession(const std::filesystem::path& tempPath,
                                            const std::filesystem::path& exifToolPath);
+
+    /// For people, after a start that was no kStarted.
+    const std::string& startProblem() const { return startProblem_; }
+
+    /// Nothing while the child runs. When it has ended: the first of what it said that nobody has taken yet;
+    /// the session is closed then.
+    std::optional<std::string> lastWordsWhenEnded();
 
     /// The tag's line as ExifTool prints it, "Tag: value" and a line feed, up to its first zero byte; empty
     /// when there is none. tagName without its hyphen, such as "Xmp-Plus:CopyrightStatus". Blocks for three
@@ -82,6 +90,7 @@ class ExifToolSession {
     platform::FileDescriptor outputRead_;
     platform::FileDescriptor inputWrite_;  ///< nothing is written; it keeps the child's standard input open
     platform::ChildProcess child_;
+    std::string startProblem_;
     std::mutex writing_;
 };
 

@@ -24,8 +24,10 @@
 #include "window/RibbonContents.h"
 #include "window/StatusBar.h"
 #include "window/SubjectCommands.h"
+#include "window/ToolChoice.h"
 #include "window/WindowFeedback.h"
 #include "window/WindowParts.h"
+#include "window/WindowTexts.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
@@ -33,6 +35,7 @@
 #include <QLabel>
 #include <QScreen>
 #include <QShortcut>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace window {
@@ -44,6 +47,8 @@ constexpr int kLeftMargin = 8;
 constexpr int kDefaultLeftWidth = 240;
 constexpr int kDefaultRightWidth = 460;
 constexpr QSize kFirstSize(1280, 800);
+/// By then an ExifTool that cannot work has ended.
+constexpr std::chrono::seconds kTimeToFail{1};
 
 std::vector<std::filesystem::path> itemsOf(const browser::ShellBrowser& list) {
     std::vector<std::filesystem::path> items;
@@ -144,16 +149,34 @@ MainWindow::~MainWindow() {
 
 bool MainWindow::startSession() {
     using exiftool::ExifToolSession;
-    const int code = session_.StartExifToolSession(context_.tempPath, context_.exifToolPath);
-    if (code == ExifToolSession::kNoArgumentFile) {
+    while (true) {
+        const int code = session_.StartExifToolSession(context_.tempPath, context_.exifToolPath);
+        if (code == ExifToolSession::kStarted) break;
         progress_.finish();
-        dialogs::showMessage(nullptr, {language_.formatted(app::text::kFolderNotWritable,
-                                                           {platform::display(context_.tempPath)}),
-                                       dialogs::MessageIcon::Stop});
+        if (code == ExifToolSession::kNoArgumentFile) {
+            dialogs::showMessage(nullptr, {language_.formatted(app::text::kFolderNotWritable,
+                                                               {platform::display(context_.tempPath)}),
+                                           dialogs::MessageIcon::Stop});
+            return false;
+        }
+        QWidget* parent = isVisible() ? this : nullptr;
+        const QString problem = platform::wide(session_.startProblem());
+        if (!chooseAnotherExifTool(parent, context_, language_, problem)) return false;
     }
-    if (code == ExifToolSession::kStarted)
-        properties::setTagSource(std::make_shared<exiftool::DocumentTags>(context_.exifToolPath));
-    return code == ExifToolSession::kStarted;
+    properties::setTagSource(std::make_shared<exiftool::DocumentTags>(context_.exifToolPath));
+    return true;
+}
+
+// A tool whose parts are missing, or one that is no ExifTool, starts well and ends at once.
+void MainWindow::lookAfterSession() {
+    const std::optional<std::string> said = session_.lastWordsWhenEnded();
+    if (!said || closed_) return;
+    const QString words =
+        said->empty() ? language_.text(text::kExifToolSilent) : platform::wide(*said).trimmed();
+    const QString problem = platform::display(context_.exifToolPath) + QStringLiteral(": ") + words;
+    if (!chooseAnotherExifTool(this, context_, language_, problem) || !startSession()) return;
+    startWarmStarter();
+    QTimer::singleShot(kTimeToFail, this, &MainWindow::lookAfterSession);
 }
 
 bool MainWindow::buildContents() {
@@ -186,8 +209,9 @@ bool MainWindow::buildContents() {
 void MainWindow::paintEvent(QPaintEvent* event) {
     QWidget::paintEvent(event);
     // What makes the commands quick must not make the start slow.
-    if (!std::exchange(hasPainted_, true))
-        QMetaObject::invokeMethod(this, &MainWindow::startWarmStarter, Qt::QueuedConnection);
+    if (std::exchange(hasPainted_, true)) return;
+    QMetaObject::invokeMethod(this, &MainWindow::startWarmStarter, Qt::QueuedConnection);
+    QTimer::singleShot(kTimeToFail, this, &MainWindow::lookAfterSession);
 }
 
 void MainWindow::startWarmStarter() {

@@ -69,7 +69,8 @@ class MainWindow : public QWidget {
                platform::ProcessFolder& tempFolder);
     ~MainWindow() override;
 
-    /// Starts the ExifTool that lives as long as the window. False when it cannot; the program then ends.
+    /// Starts the ExifTool that lives as long as the window; one that cannot be started is told, and another
+    /// one asked for. False when there is none; the program then ends.
     bool startSession();
     /// Everything inside the window, and the start folder. False when the ribbon cannot be made: the language
     /// file is missing or damaged.
@@ -125,6 +126,7 @@ class MainWindow : public QWidget {
     void showCopyFailure(const QString& message);
     jobs::JobRunner::Answer askWhetherToWrite(const QString& question);
     void startWarmStarter();
+    void lookAfterSession();
     void createHolders();
     void createBrowser();
     void createCommands();

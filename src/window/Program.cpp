@@ -58,6 +58,7 @@ std::optional<int> Program::start() {
             nullptr, {QStringLiteral("Could not initialize the framework!"), dialogs::MessageIcon::Stop});
         return kStatusOfFailure;
     }
+    hasContents_ = true;
     window_->Show();
     progress_->finish();
     tellFaults();

@@ -36,7 +36,8 @@ class Program {
     std::optional<int> start();
 
     MainWindow& window() { return *window_; }
-    bool hasWindow() const { return window_ != nullptr; }
+    /// Whether the window stands, with all that is in it.
+    bool hasWindow() const { return hasContents_; }
     /// Whether a tool is being waited for and the button that ends the wait is there.
     bool canStopWaiting() const;
     app::AppContext& context() { return context_; }
@@ -59,6 +60,7 @@ class Program {
     std::optional<app::SpokenLanguage> spoken_;
     std::unique_ptr<QTranslator> qtTexts_;
     std::unique_ptr<MainWindow> window_;
+    bool hasContents_ = false;
 };
 
 }  // namespace window

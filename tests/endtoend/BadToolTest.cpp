@@ -87,11 +87,50 @@ TEST_F(BadToolTest, AChoiceThatCannotBeKeptIsTold) {
     EXPECT_EQ(program.waitForEnd(), 0);
 }
 
-TEST_F(BadToolTest, AnExifToolThatCannotBeStartedEndsTheProgram) {
-    DrivenProgram::Options options = with("");
-    fs::permissions(*options.exifTool, fs::perms::owner_read);
-    DrivenProgram program(options);
-    EXPECT_EQ(program.waitForEnd(), 0);
+TEST_F(BadToolTest, AnExifToolThatCannotBeUsedIsToldAndAnotherOneCanBeChosen) {
+    const struct {
+        const char* script;
+        fs::perms rights;
+        const char* reason;
+        bool hasWindow;  ///< it starts, and ends when the window stands
+    } cases[] = {
+        {"#!/bin/sh\nexec sleep 60\n", fs::perms::owner_read, "Permission denied", false},
+        {"#!/no/such/perl\n", fs::perms::owner_all, "No such file", false},
+        {"#!/usr/bin/perl\nuse Image::NoSuchTool;\n", fs::perms::owner_all,
+         "Can't locate Image/NoSuchTool.pm", true},
+        {"#!/bin/sh\nexit 0\n", fs::perms::owner_all, "ended at once", true},
+    };
+    const fs::path broken = folder / "broken";
+    for (const auto& [script, rights, reason, hasWindow] : cases) {
+        SCOPED_TRACE(reason);
+        DrivenProgram::Options options = with("echo '[IFD0] 0x010f Make: chosen'");
+        const QString good = QString::fromStdString(options.exifTool->string());
+        fs::remove(broken);
+        support::writeBytes(broken, script);
+        fs::permissions(broken, rights);
+        options.exifTool = broken;
+        DrivenProgram program(options);
+        for (const bool chooses : {false, true}) {
+            ASSERT_TRUE(endtoend::waitFor([&] { return program.say("message")["ok"].toBool(); }));
+            const QString message = program.takeMessage();
+            EXPECT_TRUE(message.contains(reason)) << message.toStdString();
+            EXPECT_TRUE(message.contains(QString::fromStdString(broken.string())));
+            if (chooses) {
+                program.tell("set", {"1148", good});
+                program.tell("press", {"1"});
+                break;
+            }
+            program.send("key Escape");
+            if (hasWindow) program.send("quit");
+            ASSERT_EQ(program.waitForEnd(), 0);
+            program.restart();
+        }
+        start(program);
+        program.tell("click", {"a.jpg"});
+        EXPECT_EQ(program.value("IFD0", "Make"), "chosen");
+        EXPECT_EQ(program.quit(), 0);
+        EXPECT_EQ(program.setting("PATHS", "ExifToolPath"), good.toStdString());
+    }
 }
 
 TEST_F(BadToolTest, AnExifToolThatIsTakenAwayLeavesTheListEmpty) {
