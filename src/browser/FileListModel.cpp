@@ -113,6 +113,11 @@ void FileListModel::setCellText(std::int32_t itemId, std::uint32_t columnType, c
     Q_EMIT dataChanged(index(row, section), index(row, section), {Qt::DisplayRole});
 }
 
+std::optional<QString> FileListModel::knownCellText(std::int32_t itemId, std::uint32_t columnType) const {
+    const CellTexts::Cell* cell = cells_.find(itemId, columnType);
+    return cell == nullptr || cell->borrowed ? std::nullopt : std::optional(cell->text);
+}
+
 void FileListModel::forgetCellTexts() {
     cells_.clear();
 }
@@ -147,8 +152,8 @@ QVariant FileListModel::nameData(const ListItem& item, std::int32_t itemId, int 
 }
 
 QString FileListModel::cellText(const ListItem& item, std::int32_t itemId, std::uint32_t columnType) const {
-    // Folders get no column text at all.
-    if (item.isFolder()) return {};
+    // Folders get no other column text.
+    if (item.isFolder() && !(folderSizes_ && columnType == kSizeColumn)) return {};
     const CellTexts::Cell* cell = cells_.find(itemId, columnType);
     QString text = cell == nullptr ? QString() : cell->text;
     if (cell == nullptr || cell->borrowed) cellWanted_(itemId, columnType);

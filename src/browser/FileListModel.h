@@ -7,6 +7,7 @@
 
 #include <QAbstractTableModel>
 #include <functional>
+#include <optional>
 
 namespace browser {
 
@@ -32,6 +33,8 @@ class FileListModel : public QAbstractTableModel {
     const ItemList& list() const { return list_; }
 
     void setNameSettings(const NameSettings& settings);
+    /// Whether folders have a size, too.
+    void setFolderSizes(bool shown) { folderSizes_ = shown; }
 
     /// An empty list for the folder.
     void clear(const std::filesystem::path& folder);
@@ -55,6 +58,8 @@ class FileListModel : public QAbstractTableModel {
 
     void setCellText(std::int32_t itemId, std::uint32_t columnType, const QString& text,
                      bool borrowed = false);
+    /// Nothing before the cell has been handed in.
+    std::optional<QString> knownCellText(std::int32_t itemId, std::uint32_t columnType) const;
     /// All cells are asked for again.
     void forgetCellTexts();
 
@@ -72,10 +77,14 @@ class FileListModel : public QAbstractTableModel {
     FileIcons& icons_;
     CellWanted cellWanted_;
     NameSettings nameSettings_;
+    bool folderSizes_ = false;
     ItemList list_;
     std::vector<std::uint32_t> columns_;
     mutable CellTexts cells_;
 };
+
+/// The column of the sizes.
+inline constexpr std::uint32_t kSizeColumn = 9;
 
 /// Columns whose header and cells stand at the right.
 bool isRightAligned(std::uint32_t columnType);

@@ -32,7 +32,10 @@ ShellBrowser::ShellBrowser(BrowserParts& parts, QWidget* holder)
               [this](const std::vector<std::int32_t>& order) {
                   model_.setOrder(model_.list().orderAfter(order));
               }),
-      columnLoader_([this](const ColumnCell& cell, const QString& text) { OnColumnResult(cell, text); }) {
+      columnLoader_([this](const ColumnCell& cell, const QString& text) { OnColumnResult(cell, text); }),
+      folderSizes_([this](const ColumnCell& cell, const std::optional<std::uint64_t>& bytes) {
+          folderCounted(cell, bytes);
+      }) {
     view_->setObjectName(QStringLiteral("FileList"));
     view_->setSelectionMode(QAbstractItemView::ExtendedSelection);
     view_->setModel(&model_);
@@ -94,6 +97,7 @@ void ShellBrowser::applySettings() {
     view_->setGridLines(settings.listView.showGridlines);
     view_->setFullRowSelection(settings.listView.fullRow);
     model_.setNameSettings(nameSettingsOf(settings));
+    model_.setFolderSizes(settings.main.showFoldersSizes);
     if (folderLoaded_) sort();
     view_->viewport()->update();
 }
@@ -107,10 +111,14 @@ boost::signals2::connection ShellBrowser::addNavigationCompletedObserver(
 
 void ShellBrowser::dropTasks() {
     columnLoader_.clear();
+    *stopsCounting_ = true;
+    stopsCounting_ = std::make_shared<std::atomic_bool>(false);
+    folderSizes_.clear();
 }
 
 void ShellBrowser::dropTasksOutOfSight() {
     columnLoader_.dropWaiting();
+    folderSizes_.dropWaiting();
     // Cells still in sight ask again when they are painted.
     view_->viewport()->update();
 }
@@ -278,7 +286,9 @@ bool ShellBrowser::noteSelection(const QItemSelection& selection, bool selected)
 void ShellBrowser::onSelectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
     const bool less = noteSelection(deselected, false);
     const bool more = noteSelection(selected, true);
-    if (less || more) ListSelectionChanged();
+    if (!less && !more) return;
+    ListSelectionChanged();
+    tellFolderSize();
 }
 
 void ShellBrowser::onCellClicked(const QModelIndex& index, Qt::MouseButton button) {

@@ -14,6 +14,9 @@
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
+#include <atomic>
+#include <memory>
+#include <optional>
 #include <set>
 
 namespace browser {
@@ -104,7 +107,7 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     /// Queues the text of one cell; the name column does nothing.
     void QueueColumnTask(std::int32_t itemId, std::uint32_t columnType);
     /// Whether texts of cells are still to come.
-    bool hasWaitingCells() const { return columnLoader_.isLoading(); }
+    bool hasWaitingCells() const { return columnLoader_.isLoading() || folderSizes_.isLoading(); }
 
     // --- told upward
     boost::signals2::signal<void(const std::filesystem::path&)> NavigationStarted;
@@ -117,6 +120,8 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     boost::signals2::signal<void(const std::filesystem::path&, std::int32_t itemId)> FileClicked;
     /// Enter or a double click on a file; folders are opened here.
     boost::signals2::signal<void(const std::filesystem::path&)> FileActivated;
+    /// The size of the one folder that is selected, for people.
+    boost::signals2::signal<void(const QString&)> FolderSizeCounted;
     /// The context menu is asked for: on a row or, with -1, on the free area; at a global position.
     boost::signals2::signal<void(int, const QPoint&)> MenuRequested;
     boost::signals2::signal<void(const QPoint&)> HeaderMenuRequested;
@@ -151,6 +156,10 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     void selectAwaited();
     void selectPaths(std::vector<std::filesystem::path> wanted);
     void OnColumnResult(const ColumnCell& cell, const QString& text);
+    void countFolder(std::int32_t itemId);
+    void folderCounted(const ColumnCell& cell, const std::optional<std::uint64_t>& bytes);
+    void tellFolderSize();
+    std::int32_t onlySelectedFolder() const;
     void onSelectionChanged(const QItemSelection& selected, const QItemSelection& deselected);
     bool noteSelection(const QItemSelection& selection, bool selected);
     void onCellClicked(const QModelIndex& index, Qt::MouseButton button);
@@ -182,6 +191,8 @@ class ShellBrowser final : public QObject, public NavigatorInterface {
     QTimer emptyAfter_;
     ItemSorter sorter_;
     CellLoader<ColumnCell, QString> columnLoader_;
+    std::shared_ptr<std::atomic_bool> stopsCounting_ = std::make_shared<std::atomic_bool>(false);
+    CellLoader<ColumnCell, std::optional<std::uint64_t>> folderSizes_;
 };
 
 }  // namespace browser

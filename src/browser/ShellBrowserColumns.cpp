@@ -3,6 +3,7 @@
 #include "browser/ColumnSort.h"
 #include "browser/ColumnSpread.h"
 #include "browser/ColumnText.h"
+#include "browser/FolderSize.h"
 #include "browser/ShellBrowser.h"
 
 #include <QEvent>
@@ -141,10 +142,42 @@ void ShellBrowser::onHeaderClicked(int section) {
 
 void ShellBrowser::QueueColumnTask(std::int32_t itemId, std::uint32_t columnType) {
     if (columnType == tags::PropertyCatalogue::kNameColumn) return;
+    if (model_.list().items().item(itemId).isFolder()) return countFolder(itemId);
     static_cast<void>(columnLoader_.request(
         {itemId, columnType}, [path = model_.list().items().path(currentFolder(), itemId), columnType] {
             return GetColumnText(path, columnType);
         }));
+}
+
+void ShellBrowser::countFolder(std::int32_t itemId) {
+    static_cast<void>(folderSizes_.request({itemId, kSizeColumn},
+                                           [path = model_.list().items().path(currentFolder(), itemId),
+                                            stops = stopsCounting_] { return folderSize(path, *stops); }));
+}
+
+void ShellBrowser::folderCounted(const ColumnCell& cell, const std::optional<std::uint64_t>& bytes) {
+    if (!bytes) return;
+    const QString text = sizeText(*bytes);
+    model_.setCellText(cell.itemId, cell.columnType, text);
+    if (onlySelectedFolder() == cell.itemId) FolderSizeCounted(text);
+}
+
+/// -1 when something else is selected, or more.
+std::int32_t ShellBrowser::onlySelectedFolder() const {
+    const ItemList& list = model_.list();
+    if (list.totals().selectedFolders != 1 || list.totals().selectedFiles != 0) return -1;
+    for (int row = 0; row < list.rowCount(); ++row)
+        if (list.itemAt(row).selected) return list.itemIdAt(row);
+    return -1;
+}
+
+void ShellBrowser::tellFolderSize() {
+    const std::int32_t folder = onlySelectedFolder();
+    if (folder < 0 || !parts_.context.settings.main.showFoldersSizes) return;
+    if (const std::optional<QString> text = model_.knownCellText(folder, kSizeColumn))
+        FolderSizeCounted(*text);
+    else
+        countFolder(folder);
 }
 
 void ShellBrowser::OnColumnResult(const ColumnCell& cell, const QString& text) {

@@ -129,6 +129,8 @@ void TabContainer::connectTab(Tab& tab) {
         }));
     connections.emplace_back(shell.FileActivated.connect(
         [this, &tab](const std::filesystem::path& file) { FileActivated(tab, file); }));
+    connections.emplace_back(
+        shell.FolderSizeCounted.connect([this, &tab](const QString& size) { FolderSizeCounted(tab, size); }));
     connections.emplace_back(shell.MenuRequested.connect(
         [this, &tab](int row, const QPoint& position) { MenuRequested(tab, row, position); }));
     connections.emplace_back(shell.HeaderMenuRequested.connect(

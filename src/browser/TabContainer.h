@@ -62,6 +62,7 @@ class TabContainer : public QWidget {
     TabSignal MetadataOutdated;
     boost::signals2::signal<void(const Tab&, const std::filesystem::path&, std::int32_t itemId)> FileClicked;
     boost::signals2::signal<void(const Tab&, const std::filesystem::path&)> FileActivated;
+    boost::signals2::signal<void(const Tab&, const QString& size)> FolderSizeCounted;
     boost::signals2::signal<void(const Tab&, int row, const QPoint&)> MenuRequested;
     boost::signals2::signal<void(const Tab&, const QPoint&)> HeaderMenuRequested;
 

@@ -15,7 +15,7 @@ std::span<const CommandRow<BrowseCommands>> BrowseCommands::rows() {
     using namespace app::command;
     static constexpr CommandRow<BrowseCommands> kRows[] = {
         {kViewDetails, kViewDetails, &BrowseCommands::setView, &BrowseCommands::viewState},
-        {kOpenSelectedFolder, kOpenSelectedFolder, &BrowseCommands::openSelected},
+        {kOpenSelectedFolder, kOpenSelectedFolder, &BrowseCommands::openSelected, &BrowseCommands::ifOpens},
         {kDeselectAll, kDeselectAll, &BrowseCommands::clearSelection, &BrowseCommands::ifSelected},
         {kFocusList, kFocusList, &BrowseCommands::focusList},
         {kRefresh, kRefresh, &BrowseCommands::refresh},
@@ -27,7 +27,7 @@ std::span<const CommandRow<BrowseCommands>> BrowseCommands::rows() {
         {kInvertSelectionOfRibbon, kInvertSelectionOfRibbon, &BrowseCommands::invertSelection,
          &BrowseCommands::ifNotEmpty},
         {kApplyItemStates, kApplyItemStates, &BrowseCommands::applyItemStates},
-        {kOpenFile, kOpenFile, &BrowseCommands::openSelected},
+        {kOpenFile, kOpenFile, &BrowseCommands::openSelected, &BrowseCommands::ifOpens},
         {kSelectAll, kSelectAll, &BrowseCommands::selectAll, &BrowseCommands::ifNotEmpty},
         {kInvertSelection, kInvertSelection, &BrowseCommands::invertSelection, &BrowseCommands::ifNotEmpty},
         {kSelectNone, kSelectNone, &BrowseCommands::clearSelection, &BrowseCommands::ifSelected},
@@ -48,6 +48,18 @@ CommandState BrowseCommands::viewState(app::CommandId id) const {
 
 CommandState BrowseCommands::ifSelected(app::CommandId) const {
     return {.enabled = parts_.hasSelection()};
+}
+
+CommandState BrowseCommands::ifOpens(app::CommandId) const {
+    const browser::ItemList& list = parts_.activeBrowser().model().list();
+    if (list.totals().selectedFiles + list.totals().selectedFolders == 0) return {.enabled = false};
+    for (int row = 0; row < list.rowCount(); ++row) {
+        const browser::ListItem& item = list.itemAt(row);
+        if (!item.selected) continue;
+        // A pipe, a device or a link that leads nowhere has no program.
+        return {.enabled = item.kind == browser::ItemKind::File || item.isFolder()};
+    }
+    return {.enabled = false};
 }
 
 CommandState BrowseCommands::ifNotEmpty(app::CommandId) const {
@@ -85,7 +97,9 @@ void BrowseCommands::setView(app::CommandId id) {
 }
 
 void BrowseCommands::openSelected(app::CommandId) {
-    openPath(parts_.selectedFile());
+    const std::filesystem::path selected = parts_.selectedFile();
+    if (selected.empty()) parts_.showStatus(parts_.language.text(app::text::kNoFileSelected));
+    openPath(selected);
 }
 
 void BrowseCommands::openPath(const std::filesystem::path& path) {
@@ -95,7 +109,11 @@ void BrowseCommands::openPath(const std::filesystem::path& path) {
         openFolder(path);
         return;
     }
-    if (!std::filesystem::is_regular_file(path, error)) return;
+    if (!std::filesystem::is_regular_file(path, error)) {
+        parts_.showStatus(platform::display(path.filename()) + QStringLiteral(": ") +
+                          parts_.language.text(app::text::kNoRegularFile));
+        return;
+    }
     // A name that is no UTF-8 goes through as percent bytes.
     const QByteArray bytes = QByteArray::fromStdString(platform::narrow(path));
     const QUrl address = QUrl::fromEncoded("file://" + bytes.toPercentEncoding("/"));

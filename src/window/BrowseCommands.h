@@ -38,6 +38,7 @@ class BrowseCommands {
 
  private:
     CommandState viewState(app::CommandId id) const;
+    CommandState ifOpens(app::CommandId id) const;
     CommandState ifSelected(app::CommandId id) const;
     CommandState ifNotEmpty(app::CommandId id) const;
     CommandState backState(app::CommandId id) const;

@@ -55,6 +55,10 @@ void MainWindow::connectBrowser() {
     keep(tabs_->FileClicked.connect([this](const Tab&, const std::filesystem::path& file, std::int32_t) {
         commands_->reading().fileClicked(file);
     }));
+    keep(tabs_->FolderSizeCounted.connect([this](const Tab& tab, const QString& size) {
+        if (&tab == &tabs_->GetSelectedTab())
+            showStatus(QStringLiteral("%1: %2").arg(language_.text(app::text::kFolderSize), size));
+    }));
     keep(tabs_->FileActivated.connect(
         [this](const Tab&, const std::filesystem::path& file) { commands_->browse().openPath(file); }));
     keep(addressBar_->StatusMessage.connect([this](const QString& text) { showStatus(text); }));

@@ -2,6 +2,7 @@
 
 #include "app/SizeText.h"
 #include "app/TextNumbers.h"
+#include "browser/ColumnText.h"
 #include "browser/ShellBrowser.h"
 
 #include <QHBoxLayout>
@@ -41,6 +42,15 @@ QString StatusBar::statusText() const {
     return status_->text();
 }
 
+QString StatusBar::sizeText(std::uint64_t bytes) const {
+    const app::Settings::Main& main = context_.settings.main;
+    if (main.forceSize || main.sizeDisplayFormat != app::Settings::Main().sizeDisplayFormat)
+        return app::sizeText(bytes, main.sizeDisplayFormat);
+    // One size must not read in two ways beside each other.
+    return app::commandFormOf(context_) == app::CommandForm::Corrected ? browser::sizeText(bytes)
+                                                                       : app::sizeText(bytes);
+}
+
 void StatusBar::showTotals(const browser::ShellBrowser& list) {
     const browser::ItemList::Totals& totals = list.totals();
     QStringList parts;
@@ -51,12 +61,11 @@ void StatusBar::showTotals(const browser::ShellBrowser& list) {
     };
     count(totals.selectedFolders, app::text::kFolderSelected, app::text::kFoldersSelected);
     count(totals.selectedFiles, app::text::kFileSelected, app::text::kFilesSelected);
-    const int forced = context_.settings.main.forceSize ? context_.settings.main.sizeDisplayFormat : 0;
-    if (totals.selectedFiles > 0) parts.append(app::sizeText(totals.selectedSize, forced));
+    if (totals.selectedFiles > 0) parts.append(sizeText(totals.selectedSize));
     const int items = list.model().rowCount();
-    parts.append(
-        app::formatText(u"Total %s %s (%s)", {QLocale().toString(items), language_.text(app::text::kItems),
-                                              app::sizeText(totals.folderSize, forced)}));
+    parts.append(app::formatText(
+        u"Total %s %s (%s)",
+        {QLocale().toString(items), language_.text(app::text::kItems), sizeText(totals.folderSize)}));
     selection_->setText(parts.join(QStringLiteral("   ·   ")));
 }
 

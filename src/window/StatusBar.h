@@ -4,6 +4,7 @@
 #include "app/LanguageFile.h"
 
 #include <QWidget>
+#include <cstdint>
 
 class QLabel;
 
@@ -31,6 +32,8 @@ class StatusBar : public QWidget {
     QString selectionText() const;
 
  private:
+    QString sizeText(std::uint64_t bytes) const;
+
     const app::AppContext& context_;
     const app::LanguageFile& language_;
     QLabel* status_;

@@ -3,6 +3,7 @@
 #include "app/LanguageFile.h"
 #include "app/TextNumbers.h"
 #include "browser/FolderLoader.h"
+#include "browser/FolderSize.h"
 #include "platform/Text.h"
 #include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
@@ -43,6 +44,25 @@ TEST(FolderReader, ListsEveryHostileNameByItsBytes) {
         EXPECT_EQ(item->findData.size, 1U);
         EXPECT_EQ(item->kind, ItemKind::File);
     }
+}
+
+TEST(FolderReader, CountsWhatIsInAFolderAndFollowsNoLink) {
+    const TemporaryFolder folder;
+    const TemporaryFolder elsewhere;
+    support::writeBytes(elsewhere / "large", std::string(5000, 'x'));
+    std::filesystem::create_directories(folder / "sub/below/bad\xE9");
+    support::writeBytes(folder / "a", std::string(100, 'x'));
+    support::writeBytes(folder / ".hidden", std::string(20, 'x'));
+    support::writeBytes(folder / "sub/below/bad\xE9/c", std::string(3, 'x'));
+    std::filesystem::create_directory_symlink(folder.path(), folder / "sub/circle");
+    std::filesystem::create_directory_symlink(elsewhere.path(), folder / "outside");
+    std::filesystem::create_symlink(elsewhere / "large", folder / "sub/file");
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    std::atomic_bool stops = false;
+    EXPECT_EQ(browser::folderSize(folder.path(), stops), 123U);
+    EXPECT_EQ(browser::folderSize(folder / "absent", stops), 0U);
+    stops = true;
+    EXPECT_FALSE(browser::folderSize(folder.path(), stops));
 }
 
 TEST(FolderReader, ShowsAndReopensANameOf255BytesAndOneThatIsNoText) {

@@ -156,6 +156,31 @@ TEST_F(ShellBrowserTest, FillsTheColumnsOfFilesOnly) {
     for (const std::uint32_t column : {6U, 9U, 70U}) EXPECT_EQ(cell(0, column), "");
 }
 
+TEST_F(ShellBrowserTest, FoldersHaveASizeWhereTheSettingsSaySo) {
+    for (const char* name : {"one", "two"}) std::filesystem::create_directories(folder / name / "in it");
+    support::writeBytes(folder / "one/in it/x", "12345");
+    context.settings.main.showFoldersSizes = true;
+    shell->applySettings();
+    QStringList told;
+    connections.emplace_back(
+        shell->FolderSizeCounted.connect([&](const QString& size) { told.append(size); }));
+    browse(folder.path());
+    EXPECT_TRUE(waitForCell(0, 9, browser::sizeText(5)));
+    EXPECT_TRUE(waitForCell(1, 9, browser::sizeText(0)));
+    for (const std::uint32_t column : {6U, 70U}) EXPECT_EQ(cell(0, column), "");
+    EXPECT_TRUE(told.isEmpty());
+    shell->selectItem("one");
+    EXPECT_EQ(told, QStringList{browser::sizeText(5)});
+    // Without the column the size is counted for who selects the folder.
+    catalogue.setVisible(9, false);
+    shell->RebuildColumns();
+    shell->selectItem("two");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return told.size() == 2; }, kLimit));
+    EXPECT_EQ(told.back(), browser::sizeText(0));
+    shell->view().selectAll();
+    EXPECT_EQ(told.size(), 2);
+}
+
 TEST_F(ShellBrowserTest, AlignsSizesAndDatesToTheRight) {
     const auto right = [&](std::uint32_t column) {
         const int section = shell->model().sectionOf(column);

@@ -1,9 +1,11 @@
 #include "DrivenProgram.h"
 #include "PictureFolder.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 using endtoend::DrivenProgram;
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -233,6 +235,57 @@ TEST_F(BrowseTest, SelectionCommandsCountersAndCheckBoxesAreOneState) {
     for (const QJsonValue& file : program.tell("files")["files"].toArray())
         EXPECT_FALSE(file["checked"].toBool());
     EXPECT_EQ(program.selectedFiles().size(), 3) << "without boxes the selection stays";
+    EXPECT_EQ(program.quit(), 0);
+}
+
+TEST_F(BrowseTest, ASizeReadsTheSameInColumnAndStatusBar) {
+    support::writeBytes(folder / "sub/large.jpg", std::string(1'500'000, 'x'));
+    const struct {
+        const char* settings;
+        QString column, status;
+    } cases[] = {
+        {"", "1.4 MB", "1.4 MB"},
+        {"\n[Main]\nSizeDisplayFormat=1\n", "1.4 MB", "1,500,000 bytes"},
+        {"\n[ExifTool]\nCorrectedCommands=0\n", "1.4 MB", "1.430 MB"},
+    };
+    for (const auto& [settings, column, status] : cases) {
+        DrivenProgram program({.moreSettings = QByteArray("\n[Main]\nShowFoldersSizes=1\n") + settings});
+        program.tell("open", {path()});
+        program.tell("select", {"sub"});
+        EXPECT_TRUE(endtoend::waitFor([&] { return program.status() == "Size of the folder: " + column; }))
+            << program.status().toStdString();
+        program.tell("open", {path("sub")});
+        program.tell("select", {"large.jpg"});
+        EXPECT_TRUE(program.selection().contains("1 file selected   ·   " + status))
+            << program.selection().toStdString();
+        const auto hasColumn = [&] {
+            for (const QJsonValue& file : program.tell("files")["files"].toArray())
+                if (file["name"].toString() == "large.jpg")
+                    return file["columns"]["FileSize"].toString() == column;
+            return false;
+        };
+        EXPECT_TRUE(endtoend::waitFor(hasColumn, 10'000));
+        EXPECT_EQ(program.quit(), 0);
+    }
+}
+
+TEST_F(BrowseTest, WhatNoProgramOpensIsNotOffered) {
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    fs::create_symlink(folder / "nowhere", folder / "dead");
+    DrivenProgram program;
+    program.tell("open", {path()});
+    for (const char* command : {"40012", "245"}) {
+        for (const auto& [name, opens] : {std::pair{"pipe", false}, std::pair{"dead", false},
+                                          std::pair{"sub", true}, std::pair{"img2.jpg", true}}) {
+            program.tell("select", {name});
+            EXPECT_EQ(program.tell("state", {command})["enabled"].toBool(), opens) << command << name;
+        }
+        program.tell("select", {"pipe"});
+        program.tell("command", {command});
+        EXPECT_EQ(program.status(), "pipe: This is no regular file.");
+        program.tell("command", {"246"});
+        EXPECT_FALSE(program.tell("state", {command})["enabled"].toBool());
+    }
     EXPECT_EQ(program.quit(), 0);
 }
 
