@@ -14,6 +14,8 @@ namespace edit {
 namespace {
 
 constexpr int kMostStars = 5;
+constexpr int kRejected = -1;
+constexpr QStringView kRejectedValue = u"-1";
 constexpr QSize kPicture(81, 13);
 constexpr QSize kStar(15, 13);
 
@@ -40,6 +42,10 @@ ModifRatingDialog::ModifRatingDialog(const jobs::OperationParts& parts, tags::Ta
     choice->setIconSize(kPicture);
     for (int stars = 0; stars <= kMostStars; ++stars)
         choice->addItem(starsIcon(stars, devicePixelRatioF()), QString::number(stars));
+    // Some programs mark a photo as rejected by a rating below none.
+    if (form() == app::CommandForm::Corrected &&
+        (edit.value == kRejectedValue || edit.group.compare(u"XMP-xmp", Qt::CaseInsensitive) == 0))
+        choice->addItem(parts.language.formatted(text::kRejected, {QString::number(kRejected)}), kRejected);
     choice->setCurrentIndex(preselection());
     choice->installEventFilter(this);
     choice->setFocus();
@@ -55,6 +61,7 @@ int ModifRatingDialog::preselection() {
     bool isNumber = false;
     const int stars = edit().value.toInt(&isNumber);
     if (isNumber && stars >= 0 && stars <= kMostStars) return stars;
+    if (isNumber && stars == kRejected) return kMostStars + 1;
     showHint(parts().language.formatted(text::kNoRating, {edit().value}));
     return -1;
 }
@@ -71,10 +78,10 @@ bool ModifRatingDialog::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void ModifRatingDialog::accept() {
-    const int stars = control<QComboBox>(control::kRating)->currentIndex();
-    if (stars >= 0) {
-        edit().selection = stars;
-        edit().value = QString::number(stars);
+    const QComboBox& choice = *control<QComboBox>(control::kRating);
+    if (choice.currentIndex() >= 0) {
+        edit().selection = choice.currentIndex() > kMostStars ? kRejected : choice.currentIndex();
+        edit().value = QString::number(edit().selection);
     }
     ValueDialog::accept();
 }

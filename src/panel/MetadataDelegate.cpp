@@ -1,9 +1,12 @@
 #include "panel/MetadataDelegate.h"
 
+#include "app/SpokenText.h"
 #include "controls/ColorArithmetic.h"
 #include "controls/Icons.h"
 #include "controls/ListColors.h"
 #include "panel/MetadataListView.h"
+#include "panel/PanelTexts.h"
+#include "platform/Text.h"
 
 #include <QPainter>
 
@@ -66,6 +69,11 @@ QString oneLine(QString text) {
     return text;
 }
 
+/// No number of stars can say what such a rating does: the file was rejected.
+bool isBelowZero(const QModelIndex& index, const tags::RowAppearance& look) {
+    return index.column() == static_cast<int>(tags::PanelColumn::Value) && look.stars.value_or(0) < 0;
+}
+
 /// A row shows no more of a value than a wide screen holds.
 constexpr qsizetype kLongestShown = 2048;
 
@@ -83,7 +91,7 @@ MetadataDelegate::MetadataDelegate(const MetadataListModel& model, const tags::T
 
 bool MetadataDelegate::hasHelpMark(const tags::MetadataRow& row) const {
     const app::Settings::ListViewMetadata& look = settings_.listViewMetadata;
-    return labels_ != nullptr && look.rightAligned && look.libelleHelp &&
+    return labels_ != nullptr && (look.rightAligned || marksNamesAtTheLeft_) && look.libelleHelp &&
            labels_->CM_xxHasALibelle(row.tagId);
 }
 
@@ -112,6 +120,10 @@ void MetadataDelegate::initStyleOption(QStyleOptionViewItem* option, const QMode
         default:
             break;
     }
+    if (isBelowZero(index, look)) {
+        option->text = platform::wide(app::spokenText(text::kRejected, {QString::number(*look.stars)}));
+        colour = look.valueColour;
+    }
     option->text = oneLine(option->text.left(kLongestShown));
     const QPalette& palette = option->widget != nullptr ? option->widget->palette() : option->palette;
     const QColor ground = controls::ListColors(palette).groundOf(
@@ -127,15 +139,21 @@ void MetadataDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     if (column == tags::PanelColumn::Item) return;
     const tags::MetadataRow& row = model_.row(index.row());
     const tags::RowAppearance look = appearanceOf(row);
-    if (column == tags::PanelColumn::Tag && hasHelpMark(row))
-        paintPicture(painter, QRect(option.rect.topLeft() + kHelpMarkPlace, kHelpMark),
-                     QStringLiteral("help-mark"));
+    QStyleOptionViewItem cell = option;
+    if (column == tags::PanelColumn::Tag && hasHelpMark(row)) {
+        QRect mark(option.rect.topLeft() + kHelpMarkPlace, kHelpMark);
+        if (!settings_.listViewMetadata.rightAligned) {
+            mark.moveRight(option.rect.right() - kHelpMarkPlace.x());
+            cell.rect.setRight(mark.left());
+        }
+        paintPicture(painter, mark, QStringLiteral("help-mark"));
+    }
     if (column == tags::PanelColumn::Kind)
         paintKind(painter, option.rect, look);
-    else if (column == tags::PanelColumn::Value && look.stars)
+    else if (column == tags::PanelColumn::Value && look.stars && !isBelowZero(index, look))
         paintStars(painter, option.rect, *look.stars);
     else
-        GroupedListDelegate::paint(painter, option, index);
+        GroupedListDelegate::paint(painter, cell, index);
 }
 
 }  // namespace panel

@@ -18,6 +18,9 @@ class MetadataDelegate : public controls::GroupedListDelegate {
                      const tags::RatingMemory& memory, const app::Settings& settings,
                      const tags::LabelLibrary* labels = nullptr, QObject* parent = nullptr);
 
+    /// Whether the mark of a tag with help stands also where names stand at the left, at their end.
+    void setMarksNamesAtTheLeft(bool marks) { marksNamesAtTheLeft_ = marks; }
+
     /// A colour of the panel as it is painted: moved towards white or black where it would not read on that
     /// ground of a row.
     static QColor colourOn(const tags::PanelColour& colour, const QPalette& palette, const QColor& ground);
@@ -37,6 +40,7 @@ class MetadataDelegate : public controls::GroupedListDelegate {
     const tags::RatingMemory& memory_;
     const app::Settings& settings_;
     const tags::LabelLibrary* labels_;
+    bool marksNamesAtTheLeft_ = false;
 };
 
 }  // namespace panel

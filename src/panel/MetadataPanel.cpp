@@ -37,6 +37,8 @@ constexpr std::size_t kMostRows = 100'000;
 constexpr qsizetype kLongestGroupTitle = 80;
 /// An empty list between two files would flicker; after this time it is better than the rows that went.
 constexpr std::chrono::milliseconds kHeldOnScreen{300};
+/// Who replaces a file may first take the old one away.
+constexpr std::chrono::milliseconds kMissing{300};
 
 QString groupIconName(tags::GroupImage image) {
     switch (image) {
@@ -75,7 +77,8 @@ MetadataPanel::MetadataPanel(const Parts& parts, QWidget* parent)
       title_(new QLabel(this)),
       filter_(new QLineEdit(this)),
       model_(new MetadataListModel(parts.context.settings, this)),
-      list_(new MetadataListView(parts.context.settings, this)) {
+      list_(new MetadataListView(parts.context.settings, this)),
+      watch_([this] { vanishing_.start(); }) {
     setObjectName(QStringLiteral("RIGHT_HOLDER"));
     list_->setObjectName(QStringLiteral("metadataList"));
     title_->setObjectName(QStringLiteral("metadataTitle"));
@@ -100,8 +103,10 @@ MetadataPanel::MetadataPanel(const Parts& parts, QWidget* parent)
 
     model_->setValueTitle(parts_.text(app::text::kValueColumn));
     list_->setModel(model_);
-    list_->setItemDelegate(new MetadataDelegate(*model_, parts_.dictionary, parts_.memory,
-                                                parts_.context.settings, parts_.labels, this));
+    auto* delegate = new MetadataDelegate(*model_, parts_.dictionary, parts_.memory, parts_.context.settings,
+                                          parts_.labels, this);
+    delegate->setMarksNamesAtTheLeft(app::commandFormOf(parts_.context) == app::CommandForm::Corrected);
+    list_->setItemDelegate(delegate);
     list_->setSelectionMode(QAbstractItemView::SingleSelection);
     list_->setGridLines(true);
     list_->setGroupsEnabled(true);
@@ -113,6 +118,9 @@ MetadataPanel::MetadataPanel(const Parts& parts, QWidget* parent)
     hold_.setSingleShot(true);
     hold_.setInterval(kHeldOnScreen);
     connect(&hold_, &QTimer::timeout, this, &MetadataPanel::releaseScreen);
+    vanishing_.setSingleShot(true);
+    vanishing_.setInterval(kMissing);
+    connect(&vanishing_, &QTimer::timeout, this, &MetadataPanel::dropVanished);
     connectList();
 }
 
@@ -185,11 +193,7 @@ void MetadataPanel::connectList() {
     connect(list_, &GroupedListView::CellClicked, this,
             [this](const QModelIndex& index, Qt::MouseButton button, Qt::KeyboardModifiers modifiers) {
                 if (button != Qt::LeftButton) return;
-                const auto column = static_cast<tags::PanelColumn>(index.column());
-                if (column == tags::PanelColumn::Value || column == tags::PanelColumn::Kind)
-                    Q_EMIT ValueChosen(index.row(), modifiers.testFlag(Qt::AltModifier));
-                else
-                    showHelp(index);
+                if (!showHelp(index)) Q_EMIT ValueChosen(index.row(), modifiers.testFlag(Qt::AltModifier));
             });
     connect(list_, &QAbstractItemView::activated, this,
             [this](const QModelIndex& index) { Q_EMIT ValueChosen(index.row(), false); });
@@ -256,6 +260,8 @@ void MetadataPanel::clear() {
     parts_.feedback.hideProgress();
     fault_.clear();
     file_.clear();
+    watch_.watch({});
+    vanishing_.stop();
     number_ = selectedCount_ = 0;
     model_->clear();
     title_->setText(parts_.text(app::text::kMetadataTitle));
@@ -263,6 +269,15 @@ void MetadataPanel::clear() {
     emptyText_ = parts_.text(app::text::kClickAFile);
     showEmptyText();
     Q_EMIT CurrentRowChanged();
+}
+
+void MetadataPanel::dropVanished() {
+    if (file_.empty() || platform::stampOf(file_).isFile()) return;
+    const std::filesystem::path file = file_;
+    clear();
+    emptyText_ = app::formatText(parts_.text(text::kFileGone), {platform::display(file.filename())});
+    showEmptyText();
+    Q_EMIT FileVanished(file);
 }
 
 void MetadataPanel::clearForNext() {
@@ -297,6 +312,7 @@ void MetadataPanel::readAgainQuietly() {
 
 void MetadataPanel::beginReading(const std::filesystem::path& file, Reading reading, bool isQuiet) {
     file_ = file;
+    watch_.watchFile(file);
     stamp_ = platform::stampOf(file);
     fault_.clear();
     showTitle();

@@ -6,10 +6,12 @@
 #include "panel/MetadataListModel.h"
 #include "panel/MetadataListView.h"
 #include "platform/FileStamp.h"
+#include "platform/FolderWatch.h"
 #include "tags/LabelLibrary.h"
 #include "tags/RowPlace.h"
 
 #include <QTimer>
+#include <QUrl>
 #include <QWidget>
 #include <filesystem>
 #include <functional>
@@ -75,6 +77,8 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     }
     /// Command 40011: opens the value of the current row when it is the address of a web page.
     void openAddress() const;
+    /// Whether openAddress() would do something.
+    bool canOpenAddress() const;
 
     const std::filesystem::path& file() const { return file_; }
     /// From a request to its ReadingEnded.
@@ -101,12 +105,15 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     void SetGroupCount(std::uint32_t groupId, int count) override;
 
  Q_SIGNALS:
-    /// A click on a value or on the icon of its kind, or Enter on a row.
+    /// A click on a row, but on a name that has help, or Enter on a row.
     void ValueChosen(int row, bool altHeld);
     /// A command was chosen by a key; it is about the current row.
     void CommandChosen(int commandId);
     /// The rows of the file that was asked for last stand in the list, or the reason why they do not.
     void ReadingEnded();
+    /// The file on show was deleted, renamed or moved by somebody else. Its rows are gone, and the panel is
+    /// about no file.
+    void FileVanished(const std::filesystem::path& file);
     /// Another row is the current one, or other tags are shown.
     void CurrentRowChanged();
 
@@ -134,9 +141,10 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     void showRowMenu(const QModelIndex& index, const QPoint& position);
     void showGroupMenu(int groupId, const QPoint& position);
     void collapseAll(bool collapsed);
-    static void openAddress(const QString& value);
-    /// The help of a tag whose name was clicked, in a pop-up beside it.
-    void showHelp(const QModelIndex& index);
+    /// Empty when the value names nothing that may be opened.
+    static QUrl addressIn(const QString& value);
+    /// The help of a tag whose name was clicked, in a pop-up beside it. False when there is none to show.
+    bool showHelp(const QModelIndex& index);
     /// Where the user is in the list: the current row, and a row in sight with its distance from the top.
     struct Place {
         std::optional<tags::RowPlace> current;
@@ -152,6 +160,7 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     void scrollToPlace();
     void holdScreen();
     void releaseScreen();
+    void dropVanished();
     void beginReading(const std::filesystem::path& file, Reading reading, bool isQuiet);
     void showRead(const exiftool::MetadataRead& read, Reading reading, bool isQuiet);
     void showTitle();
@@ -172,7 +181,9 @@ class MetadataPanel : public QWidget, public exiftool::LoadTarget {
     int arrivedAt_ = -1;       ///< the current row after goToPlace()
     int arrivedScrolled_ = 0;  ///< and the scroll bar's value
     QTimer hold_;              ///< how long the rows that went stay on the screen
-    int number_ = 0;           ///< of the file among the selected ones
+    QTimer vanishing_;         ///< how long a file may be missing before it is gone
+    platform::FolderWatch watch_;
+    int number_ = 0;  ///< of the file among the selected ones
     int selectedCount_ = 0;
     std::vector<std::pair<std::uint32_t, int>> counts_;
     std::size_t rowsOfFile_ = 0;

@@ -98,7 +98,7 @@ void MetadataPanel::addRowEntries(QMenu& menu, const tags::MetadataRow& row) con
              isEdited ? QStringLiteral("document-edit") : QStringLiteral("document-preview"));
     menu.setDefaultAction(menu.actions().front());
     addEntry(menu, kCopy, parts_.text(app::text::kCopyCell), QStringLiteral("edit-copy"));
-    if (tags::looksLikeAddress(row.value))
+    if (!addressIn(row.value).isEmpty())
         addEntry(menu, kOpenAddress, parts_.text(kOpenAddressText), QStringLiteral("internet-services"));
     menu.addSeparator();
     addListEntries(menu);
@@ -138,7 +138,7 @@ void MetadataPanel::showRowMenu(const QModelIndex& index, const QPoint& position
     const int chosen = chosenIn(menu, position);
     if (chosen == kEdit && row.isValid()) Q_EMIT ValueChosen(row.row(), false);
     if (chosen == kCopy) Copy();
-    if (chosen == kOpenAddress) openAddress(value);
+    if (chosen == kOpenAddress) QDesktopServices::openUrl(addressIn(value));
     if (chosen == kCollapseAll || chosen == kExpandAll) collapseAll(chosen == kCollapseAll);
 }
 
@@ -164,11 +164,11 @@ void MetadataPanel::showGroupMenu(int groupId, const QPoint& position) {
     if (chosen == kCollapseAll || chosen == kExpandAll) collapseAll(chosen == kCollapseAll);
 }
 
-void MetadataPanel::showHelp(const QModelIndex& index) {
+bool MetadataPanel::showHelp(const QModelIndex& index) {
     const bool wanted = parts_.labels != nullptr && parts_.context.settings.listViewMetadata.libelleHelp;
-    if (!wanted || index.column() != static_cast<int>(tags::PanelColumn::Tag)) return;
+    if (!wanted || index.column() != static_cast<int>(tags::PanelColumn::Tag)) return false;
     QString help;
-    if (!parts_.labels->GetHelpFromLibelle(model_->row(index.row()).tagId, help)) return;
+    if (!parts_.labels->GetHelpFromLibelle(model_->row(index.row()).tagId, help)) return false;
     const QRect cell = list_->visualRect(index);
     const QString text =
         QStringLiteral("<div style=\"white-space:pre-wrap\">%1</div>").arg(help.toHtmlEscaped());
@@ -177,19 +177,25 @@ void MetadataPanel::showHelp(const QModelIndex& index) {
         QToolTip::showText(list_->viewport()->mapToGlobal(cell.bottomLeft()), text, list_->viewport(), cell,
                            kHelpMilliseconds);
     });
+    return true;
 }
 
 void MetadataPanel::openAddress() const {
-    const QModelIndex current = list_->currentIndex();
-    if (current.isValid()) openAddress(model_->row(current.row()).value);
+    if (canOpenAddress())
+        QDesktopServices::openUrl(addressIn(model_->row(list_->currentIndex().row()).value));
 }
 
-void MetadataPanel::openAddress(const QString& value) {
+bool MetadataPanel::canOpenAddress() const {
+    const QModelIndex current = list_->currentIndex();
+    return current.isValid() && !addressIn(model_->row(current.row()).value).isEmpty();
+}
+
+QUrl MetadataPanel::addressIn(const QString& value) {
     // The value comes out of a file: it may name a web page, never a program or a local file.
     const QUrl address(value.trimmed(), QUrl::StrictMode);
     const QString scheme = address.scheme();
-    if (scheme == u"http" || scheme == u"https" || scheme == u"vnd.youtube")
-        QDesktopServices::openUrl(address);
+    const bool isPage = (scheme == u"http" || scheme == u"https") && !address.host().isEmpty();
+    return address.isValid() && (isPage || scheme == u"vnd.youtube") ? address : QUrl();
 }
 
 }  // namespace panel

@@ -9,6 +9,13 @@
 
 namespace platform {
 
+namespace {
+
+constexpr unsigned kFolderGoes = IN_DELETE_SELF | IN_MOVE_SELF;
+constexpr unsigned kEntryGoes = IN_DELETE | IN_MOVED_FROM;
+
+}  // namespace
+
 struct FolderWatch::Queue {
     explicit Queue(FileDescriptor opened)
         : events(std::move(opened)), notifier(events.get(), QSocketNotifier::Read) {}
@@ -29,13 +36,21 @@ FolderWatch::FolderWatch(std::function<void()> vanished, QObject* parent)
 FolderWatch::~FolderWatch() = default;
 
 void FolderWatch::watch(const std::filesystem::path& folder) {
+    name_.clear();
+    watchFor(folder, kFolderGoes);
+}
+
+void FolderWatch::watchFile(const std::filesystem::path& file) {
+    name_ = file.filename().native();
+    watchFor(file.parent_path(), kFolderGoes | kEntryGoes);
+}
+
+void FolderWatch::watchFor(const std::filesystem::path& folder, unsigned wanted) {
     if (queue_ == nullptr) return;
     const int events = queue_->events.get();
     if (queue_->watch >= 0) ::inotify_rm_watch(events, queue_->watch);
     folder_ = folder;
-    queue_->watch = folder.empty() ? -1
-                                   : ::inotify_add_watch(events, folder.c_str(),
-                                                         IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR);
+    queue_->watch = folder.empty() ? -1 : ::inotify_add_watch(events, folder.c_str(), wanted | IN_ONLYDIR);
 }
 
 void FolderWatch::readEvents() {
@@ -44,13 +59,18 @@ void FolderWatch::readEvents() {
     for (ssize_t got = 0; (got = ::read(queue_->events.get(), buffer, sizeof buffer)) > 0;) {
         for (ssize_t at = 0; at < got;) {
             const auto* event = reinterpret_cast<const inotify_event*>(buffer + at);
-            concerned = concerned || (event->wd == queue_->watch &&
-                                      (event->mask & (IN_DELETE_SELF | IN_MOVE_SELF | IN_UNMOUNT)) != 0);
+            const bool isFolder = (event->mask & (kFolderGoes | IN_UNMOUNT)) != 0;
+            const bool isEntry =
+                (event->mask & kEntryGoes) != 0 && event->len > 0 && name_ == std::string_view(event->name);
+            concerned = concerned || (event->wd == queue_->watch && (isFolder || isEntry));
             at += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
         }
     }
+    if (!concerned) return;
     std::error_code failure;
-    if (concerned && !std::filesystem::is_directory(folder_, failure)) vanished_();
+    const bool isThere = name_.empty() ? std::filesystem::is_directory(folder_, failure)
+                                       : std::filesystem::exists(folder_ / name_, failure);
+    if (!isThere) vanished_();
 }
 
 }  // namespace platform

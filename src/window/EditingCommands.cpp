@@ -11,6 +11,7 @@
 #include "jobs/JobTexts.h"
 #include "jobs/OutcomeText.h"
 #include "panel/MetadataPanel.h"
+#include "panel/PanelTexts.h"
 #include "payload/DisplayHexaDialog.h"
 #include "platform/FileStamp.h"
 #include "platform/Text.h"
@@ -64,7 +65,7 @@ bool EditingCommands::canDelete(const tags::MetadataRow& row) const {
 }
 
 void EditingCommands::EditTagFromPanel(int rowIndex, bool altHeld) {
-    if (!isPanelUpToDate()) return;
+    if (rowIndex >= parts_.panel.model().rowCount() || !isPanelUpToDate()) return;
     // Whatever reads the panel again takes the row away.
     const tags::MetadataRow row = parts_.panel.model().row(rowIndex);
     const std::optional<tags::TagRecord> record =
@@ -114,12 +115,17 @@ bool EditingCommands::isPanelUpToDate() {
         parts_.panel.readAgainQuietly();
         parts_.showStatus(parts_.language.formatted(edit::text::kFileChanged, {name}));
     } else {
-        dialogs::showMessage(&parts_.window,
-                             {parts_.language.formatted(edit::text::kFileGone, {platform::display(file)}),
-                              dialogs::MessageIcon::Stop});
-        reading_.clearMetadata(app::command::kClearMetadata);
+        tellGone(file);
     }
     return false;
+}
+
+void EditingCommands::tellGone(const fs::path& file) {
+    dialogs::showMessage(&parts_.window,
+                         {parts_.language.formatted(panel::text::kFileGone, {platform::display(file)}),
+                          dialogs::MessageIcon::Stop});
+    // It may be another one's panel by now.
+    if (parts_.panel.file() == file) reading_.clearMetadata(app::command::kClearMetadata);
 }
 
 void EditingCommands::viewRow(const tags::MetadataRow& row, const std::optional<tags::TagRecord>& record,
@@ -187,7 +193,10 @@ void EditingCommands::askAndWrite(Edit edit) {
 }
 
 bool EditingCommands::mayWriteAfterAll(const fs::path& file) {
-    if (!platform::stampOf(file).isFile()) return isPanelUpToDate();
+    if (!platform::stampOf(file).isFile()) {
+        tellGone(file);
+        return false;
+    }
     if (parts_.panel.isFileUnchanged()) return true;
     return dialogs::showMessage(&parts_.window,
                                 {.text = parts_.language.formatted(edit::text::kWriteNevertheless,
@@ -289,7 +298,10 @@ void EditingCommands::tellWrite(const jobs::JobResult& result, const QString& do
         case OutcomeKind::Failed:
         case OutcomeKind::Killed:
         case OutcomeKind::NotStarted:
-            ending_.ShowBatchReport(result);
+            if (parts_.context.settings.showReportOnError)
+                ending_.ShowBatchReport(result);
+            else
+                parts_.showStatus(file + QStringLiteral(": ") + jobs::wordsOf(parts_.language, outcome));
             break;
     }
 }

@@ -39,6 +39,7 @@ class EditingCommands {
     bool canDelete(const tags::MetadataRow& row) const;
     /// False, with the reason told, when the shown file is gone or no longer the one that was read.
     bool isPanelUpToDate();
+    void tellGone(const std::filesystem::path& file);
     void viewRow(const tags::MetadataRow& row, const std::optional<tags::TagRecord>& record,
                  int templateNumber);
     /// False, with the reason told in front of the dialog, while an operation runs.

@@ -18,6 +18,7 @@
 #include "exiftool/DocumentTags.h"
 #include "jobs/JobRunner.h"
 #include "panel/MetadataPanel.h"
+#include "panel/PanelTexts.h"
 #include "platform/Text.h"
 #include "properties/TagSource.h"
 #include "window/ContextMenus.h"
@@ -286,6 +287,11 @@ void MainWindow::createCommands() {
     connect(metadataPanel_, &panel::MetadataPanel::ValueChosen, this,
             [this](int row, bool altHeld) { commands_->editing().EditTagFromPanel(row, altHeld); });
     connect(metadataPanel_, &panel::MetadataPanel::CommandChosen, this, &MainWindow::Dispatch);
+    connect(metadataPanel_, &panel::MetadataPanel::FileVanished, this,
+            [this](const std::filesystem::path& file) {
+                context_.currentFile.clear();
+                showStatus(language_.formatted(panel::text::kFileGone, {platform::display(file.filename())}));
+            });
     metadataPanel_->setWholeValue(
         [this](const tags::MetadataRow& row) { return commands_->editing().wholeValueOf(row); });
 }

@@ -3,7 +3,6 @@
 #include "browser/ShellBrowser.h"
 #include "dialogs/ProgressDialog.h"
 #include "panel/MetadataPanel.h"
-#include "tags/RowAppearance.h"
 #include "window/StatusBar.h"
 
 #include <utility>
@@ -40,8 +39,7 @@ CommandState ReadingCommands::ifShown(app::CommandId) const {
 }
 
 CommandState ReadingCommands::ifAddress(app::CommandId) const {
-    const QModelIndex row = parts_.panel.list().currentIndex();
-    return {.enabled = row.isValid() && tags::looksLikeAddress(parts_.panel.model().row(row.row()).value)};
+    return {.enabled = parts_.panel.canOpenAddress()};
 }
 
 void ReadingCommands::clearMetadata(app::CommandId) {

@@ -275,19 +275,20 @@ TEST_F(ValueDialogs, ARatingBeginsWithItsOwnStars) {
         const char* value;
         bool corrected;
         int begins;
-    } cases[] = {{"3", true, 3}, {"", true, 0}, {"-1", true, -1}, {"4.5", true, -1}, {"3", false, 2}};
+    } cases[] = {{"3", true, 3}, {"", true, 0}, {"-1", true, 6}, {"4.5", true, -1}, {"3", false, 2}};
     for (const auto& row : cases) {
         context.settings.exifTool.correctedCommands = row.corrected;
         open(u"XMP-Xmp", u"Rating", row.value);
         EXPECT_EQ(run(ValueKind::Rating,
                       [&](QDialog& dialog) {
                           auto& choice = at<QComboBox>(dialog, ::edit::control::kRating);
-                          EXPECT_EQ(choice.count(), 6);
+                          EXPECT_EQ(choice.count(), row.corrected ? 7 : 6);
                           EXPECT_EQ(choice.currentIndex(), row.begins) << row.value;
                           ok(dialog);
                       }),
                   1);
-        EXPECT_EQ(edit.value, row.begins < 0 ? QString::fromUtf8(row.value) : QString::number(row.begins));
+        const bool isKept = row.begins < 0 || row.begins > 5;
+        EXPECT_EQ(edit.value, isKept ? QString::fromUtf8(row.value) : QString::number(row.begins));
     }
     EXPECT_EQ(run(ValueKind::Rating,
                   [&](QDialog& dialog) {

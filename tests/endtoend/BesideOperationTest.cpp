@@ -134,7 +134,7 @@ TEST_F(BesideOperationTest, WhatBeginsAnotherOneIsGreyUntilItEnds) {
     for (const QString& command : {QString("248"), QString("10004"), kClose})
         EXPECT_TRUE(isEnabled(program, command)) << command.toInt();
     program.tell("click", {"a.jpg"});
-    program.tell("row", {"XMP-dc", "Title", "Id"});
+    program.tell("row", {"XMP-dc", "Title", "Tag"});
     EXPECT_FALSE(isEnabled(program, "10075"));
     letItEnd(program);
     for (const QString& command : begins) EXPECT_TRUE(isEnabled(program, command)) << command.toInt();

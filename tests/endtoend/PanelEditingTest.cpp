@@ -130,10 +130,40 @@ TEST_F(PanelEditingTest, AFileThatChangedOrVanishedIsTold) {
     EXPECT_TRUE(program.tell("message")["text"].toString().contains("in the meantime"));
     program.tell("press", {"2"});
     EXPECT_EQ(stored("IFD0:Artist"), "Zoe");
-    fs::remove(folder / "a.jpg");
     program.tell("row", {"IFD0", "Artist"});
-    EXPECT_TRUE(program.takeMessage().contains("is no longer there"));
+    EXPECT_EQ(program.value("IFD0", "Artist"), QStringLiteral("Zoe"));
+    program.tell("row", {"IFD0", "Artist"});
+    program.tell("set", {"1694", "Bob"});
+    fs::rename(folder / "a.jpg", folder / "b.jpg");
+    EXPECT_TRUE(endtoend::waitFor([&] { return program.status() == "a.jpg is no longer there."; }));
+    program.tell("press", {"1"});
+    const QString message = program.takeMessage();
+    EXPECT_EQ(message, path("a.jpg") + " is no longer there.");
     EXPECT_TRUE(program.rows().isEmpty());
+    EXPECT_FALSE(program.tell("state", {"10075"})["enabled"].toBool());
+    support::ExifTool({"-q", "-overwrite_original", "-IFD0:Artist=Kay", (folder / "b.jpg").string()});
+    EXPECT_FALSE(fs::exists(folder / "a.jpg"));
+}
+
+TEST_F(PanelEditingTest, AReportIsShownForAFailedWriteOnlyWhereTheSettingsSaySo) {
+    photo("a.jpg", {"-IFD0:Artist=Ada"});
+    for (const bool shows : {true, false}) {
+        fs::remove(folder / "a.jpg_exiftool_tmp");
+        DrivenProgram program(
+            {.moreSettings = QByteArray("\n[Misc]\nShowReportOnError=") + (shows ? "1\n" : "0\n")});
+        show(program);
+        fs::create_directory(folder / "a.jpg_exiftool_tmp");
+        program.tell("row", {"IFD0", "Artist", "Tag"});
+        program.tell("command", {"10075"});
+        program.tell("press", {"1"});
+        EXPECT_TRUE(endtoend::waitFor([&] {
+            return shows ? program.say("dialog")["template"].toInt() == 94
+                         : program.say("status")["text"].toString().startsWith("a.jpg: ");
+        }));
+        if (shows) program.tell("press", {"1"});
+        EXPECT_EQ(program.say("dialog")["ok"].toBool(), false);
+        EXPECT_EQ(program.quit(), 0);
+    }
 }
 
 TEST_F(PanelEditingTest, WhatExifToolRefusesIsShown) {

@@ -157,7 +157,8 @@ TEST_F(MetadataPanelTest, CopiesTheCellThatIsCurrent) {
 }
 
 TEST_F(MetadataPanelTest, TheRowMenuOffersAddressesToBeOpened) {
-    show(photo("a.jpg", {"-XMP-dc:Source=https://example.org", "-XMP-dc:Title=plain"}));
+    show(photo("a.jpg", {"-XMP-dc:Source=https://example.org", "-XMP-dc:Title=plain",
+                         "-XMP-dc:Rights=http all rights"}));
     const auto entriesFor = [&](const QString& tag, int column) {
         QList<int> ids;
         QTimer::singleShot(0, &panel, [&] {
@@ -174,6 +175,9 @@ TEST_F(MetadataPanelTest, TheRowMenuOffersAddressesToBeOpened) {
     EXPECT_TRUE(entriesFor("Source", 4).contains(40011));
     EXPECT_FALSE(entriesFor("Source", 1).contains(40011));
     EXPECT_FALSE(entriesFor("Title", 4).contains(40011));
+    context.settings.exifTool.correctedCommands = true;
+    EXPECT_TRUE(entriesFor("Source", 4).contains(40011));
+    EXPECT_FALSE(entriesFor("Rights", 4).contains(40011)) << "begins like an address and is none";
 }
 
 TEST_F(MetadataPanelTest, AClickOnATagsNameShowsItsHelpUnlessTurnedOff) {
@@ -188,10 +192,63 @@ TEST_F(MetadataPanelTest, AClickOnATagsNameShowsItsHelpUnlessTurnedOff) {
         QCoreApplication::processEvents();
         return QToolTip::isVisible() ? QToolTip::text() : QString();
     };
+    int chosen = 0;
+    QObject::connect(&panel, &MetadataPanel::ValueChosen, [&] { ++chosen; });
     EXPECT_TRUE(helpAfterClickOn(1).contains("Make"));
-    EXPECT_TRUE(helpAfterClickOn(4).isEmpty());
+    EXPECT_EQ(chosen, 0);
+    // A click elsewhere is about the value, and so is one on a name without help.
+    for (const int column : {2, 3, 4}) EXPECT_TRUE(helpAfterClickOn(column).isEmpty());
+    EXPECT_EQ(chosen, 3);
     context.settings.listViewMetadata.libelleHelp = false;
     EXPECT_TRUE(helpAfterClickOn(1).isEmpty());
+    EXPECT_EQ(chosen, 4);
+}
+
+TEST_F(MetadataPanelTest, AFileThatIsTakenAwayLeavesNothingThatCouldBeEdited) {
+    const auto elsewhere = folder / "elsewhere";
+    std::filesystem::create_directory(elsewhere);
+    const auto inner = folder / "inner";
+    using Change = std::function<void(const std::filesystem::path&)>;
+    const struct {
+        const char* what;
+        Change change;
+        bool vanishes;
+    } cases[] = {
+        {"deleted", [](const auto& file) { std::filesystem::remove(file); }, true},
+        {"renamed", [](const auto& file) { std::filesystem::rename(file, file.native() + "2"); }, true},
+        {"moved", [&](const auto& file) { std::filesystem::rename(file, elsewhere / "there.jpg"); }, true},
+        {"its folder renamed", [&](const auto&) { std::filesystem::rename(inner, folder / "outer"); }, true},
+        {"replaced",
+         [&](const auto& file) {
+             support::writeJpeg(folder / "new.jpg");
+             std::filesystem::rename(folder / "new.jpg", file);
+         },
+         false},
+        {"taken away and put back",
+         [&](const auto& file) {
+             std::filesystem::rename(file, elsewhere / "a while");
+             std::filesystem::rename(elsewhere / "a while", file);
+         },
+         false},
+    };
+    std::filesystem::path vanished;
+    QObject::connect(&panel, &MetadataPanel::FileVanished,
+                     [&](const std::filesystem::path& file) { vanished = file; });
+    for (const auto& [what, change, vanishes] : cases) {
+        SCOPED_TRACE(what);
+        vanished.clear();
+        std::filesystem::create_directory(inner);
+        const auto file = photo("inner/a.jpg", {"-IFD0:Make=m"});
+        show(file);
+        ASSERT_GT(panel.model().rowCount(), 0);
+        change(file);
+        EXPECT_EQ(QTest::qWaitFor([&] { return !vanished.empty(); }, vanishes ? 60'000 : 700), vanishes);
+        EXPECT_EQ(vanished, vanishes ? file : std::filesystem::path());
+        EXPECT_EQ(panel.file().empty(), vanishes);
+        EXPECT_EQ(panel.model().rowCount() == 0, vanishes);
+        std::filesystem::remove_all(inner);
+        panel.clear();
+    }
 }
 
 TEST_F(MetadataPanelTest, AFileWithoutTagsAndAMissingToolLeaveAnEmptyList) {

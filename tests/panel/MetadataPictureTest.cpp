@@ -213,7 +213,7 @@ struct StarCase {
 };
 
 TEST_P(MetadataPicture, ARatingIsAsManyStars) {
-    const StarCase cases[] = {{-1, 0, 5}, {0, 0, 5}, {1, 1, 4}, {3, 3, 2}, {5, 5, 0}, {7, 7, 0}};
+    const StarCase cases[] = {{0, 0, 5}, {1, 1, 4}, {3, 3, 2}, {5, 5, 0}, {7, 7, 0}};
     std::vector<MetadataRow> rows;
     for (const StarCase& each : cases) {
         // A tag without a rating of its own to be remembered: the row alone says how many.
@@ -255,6 +255,19 @@ TEST_P(MetadataPicture, StarsStandInPlaceOfTheText) {
     show({row});
     const QImage all = cell(0, PanelColumn::Value);
     EXPECT_EQ(paintedShare(all.copy(6 + 5 * 15 + 2, 0, 200, all.height()), ground()), 0);
+    // What is rejected is no photo without stars.
+    const auto picture = [&](int rating) {
+        model.clear();
+        row.stars = rating;
+        row.value.clear();
+        show({row});
+        return cell(0, PanelColumn::Value);
+    };
+    const QImage none = picture(0);
+    const QImage rejected = picture(-1);
+    EXPECT_GT(paintedShare(rejected, ground()), 0);
+    EXPECT_NE(rejected, none);
+    EXPECT_NE(picture(-2), rejected);
 }
 
 // --- help marks
@@ -262,27 +275,30 @@ TEST_P(MetadataPicture, StarsStandInPlaceOfTheText) {
 struct MarkCase {
     const char* name;
     bool rightAligned, help, known;
+    bool marksAtTheLeft;
     bool marked;
 };
 
-TEST_P(MetadataPicture, TheHelpMarkIsThereForTagsWithHelpWhenNamesStandAtTheRight) {
-    const MarkCase cases[] = {{"all given", true, true, true, true},
-                              {"names at the left", false, true, true, false},
-                              {"help turned off", true, false, true, false},
-                              {"a tag that nobody knows", true, true, false, false}};
+TEST_P(MetadataPicture, TheHelpMarkIsThereForTagsWithHelp) {
+    const MarkCase cases[] = {{"all given", true, true, true, false, true},
+                              {"names at the left", false, true, true, false, false},
+                              {"names at the left, marked", false, true, true, true, true},
+                              {"names at the left, help turned off", false, false, true, true, false},
+                              {"help turned off", true, false, true, true, false},
+                              {"a tag that nobody knows", true, true, false, true, false}};
     for (const MarkCase& each : cases) {
         SCOPED_TRACE(each.name);
         settings.listViewMetadata.rightAligned = each.rightAligned;
         settings.listViewMetadata.libelleHelp = each.help;
+        delegate.setMarksNamesAtTheLeft(each.marksAtTheLeft);
         model.clear();
         show({rowOf(each.known ? tagOfKind(ValueKind::Text, true) : tags::kUnknownTag, "value")});
         const QImage all = cell(0, PanelColumn::Tag);
-        const QImage mark = all.copy(2, 3, 16, 16);
+        const QImage mark = all.copy(each.rightAligned ? 2 : all.width() - 18, 3, 16, 16);
         const QImage atTheLeft = all.copy(22, 0, 40, all.height());
-        const QImage atTheRight = all.copy(all.width() - 40, 0, 40, all.height());
+        const QImage atTheRight = all.copy(all.width() - 60, 0, 40, all.height());
         EXPECT_EQ(paintedShare(atTheLeft, ground()) > 0, !each.rightAligned);
         EXPECT_EQ(paintedShare(atTheRight, ground()) > 0, each.rightAligned);
-        if (!each.rightAligned) continue;  // the name itself stands where the mark would
         EXPECT_EQ(paintedShare(mark, ground()) > 0.1, each.marked);
         if (!each.marked) {
             EXPECT_EQ(paintedShare(mark, ground()), 0);
@@ -291,13 +307,19 @@ TEST_P(MetadataPicture, TheHelpMarkIsThereForTagsWithHelpWhenNamesStandAtTheRigh
             EXPECT_GE(contrast(QPixmap::fromImage(mark), base()), 3.0);
         }
     }
+    // A long name ends before its mark.
     settings.listViewMetadata.rightAligned = false;
     settings.listViewMetadata.libelleHelp = true;
-    model.clear();
-    MetadataRow nameless = rowOf(tagOfKind(ValueKind::Text, true), "value");
-    nameless.tag.clear();
-    show({nameless});
-    EXPECT_EQ(paintedShare(cell(0, PanelColumn::Tag), ground()), 0);
+    delegate.setMarksNamesAtTheLeft(true);
+    const auto marked = [&](const QString& name) {
+        model.clear();
+        MetadataRow row = rowOf(tagOfKind(ValueKind::Text, true), "value");
+        row.tag = name;
+        show({row});
+        const QImage all = cell(0, PanelColumn::Tag);
+        return all.copy(all.width() - 18, 0, 18, all.height());
+    };
+    EXPECT_EQ(marked(QString(60, u'M')), marked({}));
 }
 
 // --- colours of the texts
