@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QHash>
 #include <QRegularExpression>
 #include <QSet>
@@ -134,7 +135,7 @@ TEST(TagFamilies, HoldTheTagsOfTheirFamilyInExifTool) {
         {4, {"EXIF"}, 30},
         {5, {"ICC_Profile"}, 100},
         {7, {"DICOM", "XMP"}, 280},
-        {8, {"PNG", "Jpeg2000", "PhotoCD", "GIF", "MNG", "OpenEXR", "Radiance", "JFIF"}, 200},
+        {8, {"PNG", "Jpeg2000", "PhotoCD", "GIF", "MNG", "OpenEXR", "Radiance", "JFIF"}, 120},
         {9, {"MakerNotes", "PanasonicRaw", "RAF"}, 3000}};
     QHash<QString, QSet<QString>> families0;
     for (const ListedTag& tag : listedTags())
@@ -161,7 +162,7 @@ TEST(TagFamilies, HoldTheTagsOfTheirFamilyInExifTool) {
 TEST(TagFamilies, LackNoTagThatPeopleWrite) {
     const std::pair<int, QStringList> families[] = {
         {1, {"IFD0"}}, {2, {"IPTC"}}, {3, {"XMP-dc", "XMP-xmp", "XMP-photoshop"}}, {4, {"GPS"}}};
-    const QStringList exceptions{"IFD0:MakerNoteSafety", "IFD0:ReductionMatrix3", "IFD0:RGBTables"};
+    const QStringList exceptions{"IFD0:MakerNoteSafety"};
     for (const auto& [number, groups] : families) {
         QSet<QString> offered;
         for (const TagRecord* row : tags::tagsOfFamily(dictionary(), *tags::findFamily(number)))
@@ -177,34 +178,24 @@ TEST(TagFamilies, LackNoTagThatPeopleWrite) {
 // --- tags
 
 TEST(SeenTags, GroupsThatPeopleWriteAreWhole) {
-    const QStringList groups{"Composite",     "GPS",
-                             "IFD0",          "IPTC",
-                             "InteropIFD",    "ItemList",
-                             "JFIF",          "Keys",
-                             "PDF",           "PNG",
-                             "Photoshop",     "System",
-                             "UserData",      "XMP-GPano",
-                             "XMP-MP",        "XMP-acdsee",
-                             "XMP-aux",       "XMP-cc",
-                             "XMP-dc",        "XMP-dex",
-                             "XMP-digiKam",   "XMP-exif",
-                             "XMP-getty",     "XMP-iptcCore",
-                             "XMP-mediapro",  "XMP-mwg-rs",
-                             "XMP-microsoft", "XMP-pdf",
-                             "XMP-photoshop", "XMP-plus",
-                             "XMP-tiff",      "XMP-xmp",
-                             "XMP-xmpRights", "XMP-expressionmedia"};
+    const QStringList groups{
+        "Composite",  "ExifIFD",      "GPS",           "IFD0",         "IPTC",
+        "InteropIFD", "ItemList",     "JFIF",          "Keys",         "PDF",
+        "PNG",        "Photoshop",    "System",        "UserData",     "XMP-GPano",
+        "XMP-MP",     "XMP-acdsee",   "XMP-aux",       "XMP-cc",       "XMP-dc",
+        "XMP-dex",    "XMP-digiKam",  "XMP-dwc",       "XMP-exif",     "XMP-expressionmedia",
+        "XMP-getty",  "XMP-iptcCore", "XMP-iptcExt",   "XMP-mediapro", "XMP-microsoft",
+        "XMP-mwg-rs", "XMP-pdf",      "XMP-photoshop", "XMP-plus",     "XMP-tiff",
+        "XMP-xmp",    "XMP-xmpDM",    "XMP-xmpMM",     "XMP-xmpRights"};
     // The dictionary has as many rows as it has; these gave way.
-    const QStringList exceptions{"IFD0:MakerNoteSafety",
-                                 "IFD0:RGBTables",
-                                 "IFD0:ReductionMatrix3",
-                                 "ItemList:Rating",
-                                 "UserData:MakerNotePentaxUnknown",
+    const QStringList exceptions{"IFD0:MakerNoteSafety", "ItemList:Rating", "UserData:MakerNotePentaxUnknown",
                                  "UserData:Rating"};
     QSet<QString> met;
     int checked = 0;
     for (const ListedTag& tag : listedTags()) {
         if (!tag.writable || !groups.contains(tag.family1)) continue;
+        // The blocks of makers are never written by themselves.
+        if (tag.family1 == "ExifIFD" && tag.name.startsWith("MakerNote")) continue;
         met.insert(tag.family1);
         ++checked;
         const QString name = tag.family1 + u':' + tag.name;
@@ -232,4 +223,28 @@ TEST(SeenTags, WhatExifToolPrintsOfOurPicturesIsKnown) {
     EXPECT_GT(shown.size(), 150);
     unknown.subtract(QSet<QString>(exceptions.begin(), exceptions.end()));
     EXPECT_TRUE(unknown.isEmpty()) << unknown.values().join(u' ').toStdString();
+}
+
+TEST(SeenTags, MostOfWhatRealFilesShowIsKnown) {
+    // In how many of 1,993 files ExifTool prints a tag. The sizes of the groups allow 98.9 %.
+    QFile counted(QStringLiteral(TAGWRIGHT_SOURCE_DIR "/tools/dictionary/data/seen-in-files.tsv"));
+    ASSERT_TRUE(counted.open(QIODevice::ReadOnly | QIODevice::Text));
+    const QStringList lines = QString::fromUtf8(counted.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    QStringList columns;
+    int shown = 0;
+    int known = 0;
+    for (const QString& line : lines) {
+        if (line.startsWith("# ")) continue;
+        const QStringList cells = line.split(u'\t');
+        if (columns.isEmpty()) {
+            columns = cells;
+            ASSERT_TRUE(columns.contains("files") && columns.contains("more"));
+            continue;
+        }
+        const int files = cells[columns.indexOf("files")].toInt() + cells[columns.indexOf("more")].toInt();
+        shown += files;
+        if (isKnown(cells[columns.indexOf("group")], cells[columns.indexOf("tag")])) known += files;
+    }
+    EXPECT_GT(shown, 150'000);
+    EXPECT_GT(known, shown * 0.984) << known << " of " << shown;
 }

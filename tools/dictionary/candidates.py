@@ -6,7 +6,15 @@ import re
 
 from facts import NOT_SEEN, read_table
 
-UNDOCUMENTED = re.compile(r"_0x[0-9a-f]{4,}$")
+UNDOCUMENTED = re.compile(r"(.*)_0x([0-9a-f]{4,})$")
+MOST_MISSING = 6  # numbers between two that ExifTool or files name, for them to be thought likely
+SERIES = 8        # names of a group that differ in their digits only, from which they count as numbered
+DIGITS = re.compile(r"[0-9]+")
+
+
+def _prefix(table):
+    """What ExifTool makes names of numbers with, of a table."""
+    return table.replace("::", "_").removesuffix("_Main")
 
 
 class Candidate:
@@ -19,11 +27,15 @@ class Candidate:
         self.tags = []        # entries of ExifTool's tables; empty when it makes up the name while it reads
         self.position = 0     # in the order in which the group's names were found
         self.needed = False   # has a row whatever else is dropped
-        self.shown = seen.files > 0  # by some file
+        self.shown = seen.files > 0 or seen.reference > 0  # by some file
         self.shown_elsewhere = False  # in a group that has the same tags
         self.stray = False    # a misspelt name that is kept
         self.filler = False   # only taken where a group needs more rows than ExifTool knows names
-        self.rate = 0.0       # of how many models a file shows a tag of the same source table, on average
+        self.hole = False     # a number without a name in a table that ExifTool prints whole
+        self.number = 0       # in a table of which a camera writes every number up to some one
+        self.numbered = False  # one of a long series of names
+        self.rate = 0.0       # how many models show a tag of the same source table, on average; of a hole, how many
+                              # show the numbers beside it
 
     @property
     def pair(self):
@@ -35,7 +47,12 @@ class Candidate:
 
     @property
     def undocumented(self):
-        return UNDOCUMENTED.search(self.name) is not None
+        return UNDOCUMENTED.match(self.name) is not None
+
+    @property
+    def nameless(self):
+        """ExifTool reads a number or a place there and knows no meaning."""
+        return self.undocumented or "Unknown" in self.name
 
     def has_flag(self, flag):
         return bool(self.tags) and all(flag in tag.flags for tag in self.tags)
@@ -62,6 +79,8 @@ class Candidates:
         for row in read_table("xml-names.tsv"):
             self._add_filler(facts.group_id(row["group"]), row["name"])
         self._rate()
+        self._add_between()
+        self._mark_series()
         for groups in facts.alike.values():
             shown = {each.name for group in groups for each in self.by_group[group] if each.shown}
             for group in groups:
@@ -73,7 +92,6 @@ class Candidates:
         if candidate is None:
             candidate = Candidate(group, name, self.facts.seen.get((group, name), NOT_SEEN))
             candidate.position = len(self.by_group[group])
-            candidate.needed = candidate.seen.reference > 0
             self.by_pair[candidate.pair] = candidate
             self.by_group[group].append(candidate)
         candidate.tags.extend(tags)
@@ -82,6 +100,14 @@ class Candidates:
     def _add_filler(self, group, name):
         if (group, name) not in self.by_pair:
             self.add(group, name).filler = True
+
+    def _add_made_up(self, group, prefix, number, why):
+        name = f"{prefix}_0x{number:04x}"
+        if why == "size":
+            self._add_filler(group, name)
+        else:
+            made_up = self.add(group, name)
+            made_up.hole, made_up.number = True, number
 
     def _add_tables(self, tags):
         for tag in tags:
@@ -129,13 +155,45 @@ class Candidates:
                 self.ratings.add(candidate.pair)
 
     def _add_undocumented(self, tags):
-        known = collections.defaultdict(set)
+        self._named = collections.defaultdict(dict)  # candidates by ExifTool's prefix of a table and their number there
         for tag in tags:
-            known[tag.table.replace("::", "_")].add(tag.id)
+            group = self.facts.group_of_exiftool(tag.group)
+            if tag.id.isdigit():
+                self._named[_prefix(tag.table)][int(tag.id)] = self.by_pair.get((group, tag.name))
         for row in read_table("undocumented.tsv"):
+            group, named = self.facts.group_id(row["group"]), self._named[row["prefix"]]
             for number in range(int(row["first"], 16), int(row["last"], 16) + 1):
-                if str(number) not in known[row["prefix"]]:
-                    self._add_filler(self.facts.group_id(row["group"]), f"{row['prefix']}_0x{number:04x}")
+                if number not in named:
+                    self._add_made_up(group, row["prefix"], number, row["why"])
+            if row["why"] == "whole":
+                for number in sorted(named, reverse=True):  # of several numbers the lowest counts
+                    named[number].number = number
+
+    def _add_between(self):
+        """Numbers without a name between two that have one, in tables of which files show such numbers: another camera
+        fills them."""
+        shown = collections.defaultdict(dict)
+        for candidate in list(self.by_pair.values()):
+            match = UNDOCUMENTED.match(candidate.name)
+            if match and candidate.seen.files:
+                shown[candidate.group, match[1]][int(match[2], 16)] = candidate
+        for (group, prefix), numbers in shown.items():
+            named = self._named[prefix]
+            known = {number: each for number, each in named.items() if each and each.group == group} | numbers
+            ordered = sorted(known)
+            for low, high in zip(ordered, ordered[1:]):
+                for number in range(low + 1, high) if high - low <= MOST_MISSING + 1 else ():
+                    if number not in named:
+                        between = self.add(group, f"{prefix}_0x{number:04x}")
+                        between.hole = True
+                        between.rate = min(known[low].seen.models, known[high].seen.models)
+
+    def _mark_series(self):
+        for members in self.by_group.values():
+            plain = [each for each in members if not each.undocumented and DIGITS.search(each.name)]
+            alike = collections.Counter(DIGITS.sub("#", each.name) for each in plain)
+            for candidate in plain:
+                candidate.numbered = alike[DIGITS.sub("#", candidate.name)] >= SERIES
 
     def _rate(self):
         """A tag that no file has shown is the likelier to turn up the more the rest of its table does in its group."""

@@ -11,6 +11,7 @@ from choice import Choice, coverage
 from exiftool_tables import read_tags, version
 from facts import Facts
 from keeping import keep_ids
+from measuring import measure
 from numbering import Numbering
 from rows import classify, make_rows
 from values import Values
@@ -48,10 +49,15 @@ def main():
                         help="the table, which is read first so that ids stay as they are")
     parser.add_argument("--renumber", action="store_true", help="give all rows new ids, but for the fixed ones")
     parser.add_argument("--check", action="store_true", help="write nothing; status 1 when the table would change")
+    parser.add_argument("--measure", action="store_true",
+                        help="write nothing; what a choice by one half of the files finds in the other half; status 1 "
+                             "when that is too little")
     arguments = parser.parse_args()
-    if arguments.check and version() != COMMITTED_WITH:
+    if (arguments.check or arguments.measure) and version() != COMMITTED_WITH:
         print(f"the committed table is of ExifTool {COMMITTED_WITH}; this is {version()}")
         return SKIPPED
+    if arguments.measure:
+        return 0 if measure(DATA / "GroupCatalogueRows.inc", read_tags()) else 1
     table, facts, chosen = build(arguments.output, arguments.renumber)
     report(table, facts, chosen)
     if arguments.check:

@@ -22,7 +22,8 @@ PLAIN_NUMBER = re.compile(r"int\d+u|integer|digits")
 BINARY_NAME = re.compile(r"^MakerNote|(Image|Thumbnail|Data|Profile)$|Preview(?!.*(Size|Start|Length))|Table|Unknown")
 WINDOWS_TEXT = re.compile(r"XP(Title|Comment|Author|Keywords|Subject)$")  # stored as bytes, shown as text
 STRUCTURES_TO_EDIT = re.compile(r"Artwork|LocationCreated|LocationShown|Person|Registry|Organi[sz]ation"
-                                r"|Licensor|CopyrightOwner|ImageCreator|ImageSupplier|Region|CreatorContact")
+                                r"|Licensor|CopyrightOwner|ImageCreator|ImageSupplier|Region|CreatorContact"
+                                r"|Creator(Address|City|Country|PostalCode|Region|Work)")
 
 OFFERED_AT_LEAST = 4  # every group of the tag pickers has something to offer
 
@@ -96,7 +97,7 @@ class Values:
         return {row for name, row in names.items() if name not in refused}
 
     def _editing_order(self):
-        """Sort keys of the editable rows: what people edit first."""
+        """Sort keys of the editable rows: what people edit first, of equals what more files show."""
         offered = collections.Counter()
         order = {}
         for row in sorted(self.editable, key=lambda each: (each.group, each.candidate.position)):
@@ -105,21 +106,23 @@ class Values:
                 offered[row.group] += 1
                 if offered[row.group] <= OFFERED_AT_LEAST:
                     turn = min(turn, 1.5)
-            order[row] = (turn, row.group, row.candidate.position)
+            order[row] = (turn, -row.candidate.seen.models, row.group, row.candidate.position)
         return order
 
     def _editing_turn(self, row):
         """The group's, later by what makes an edit of the tag rarer or riskier."""
         candidate = row.candidate
         flags = frozenset().union(*(tag.flags for tag in candidate.tags))
-        turn = self.facts.groups[row.group].editing
-        if candidate.has_flag("Flattened") and not STRUCTURES_TO_EDIT.match(candidate.name):
+        group = self.facts.groups[row.group]
+        turn = group.editing + (group.care == "few")
+        of_structure = candidate.has_flag("Flattened") and not STRUCTURES_TO_EDIT.match(candidate.name)
+        if of_structure:
             turn += 1.5
         if row.group == self.facts.group_id("IFD0") and all(tag.group != "IFD0" for tag in candidate.tags):
             turn += 1.5  # at home in another directory
         turn += 0.5 * ("Permanent" in flags) + 0.5 * bool(flags & {"Protected", "Unsafe", "Mandatory"})
         turn += 0.25 * ("Avoid" in flags)
-        return turn - (0.5 if candidate.seen.models else 0)
+        return turn - (0.5 if candidate.seen.models and not of_structure else 0)
 
     def _open(self):
         return [row for row in self.rows if row.kind is None]
