@@ -28,6 +28,7 @@ constexpr const char* kEarlySections[] = {"Dark", "Colors", "WINDOWS_SIZES"};
 constexpr const char* kPositionSection = "MainWindow-Position";
 constexpr const char* kSizesSection = "WINDOWS_SIZES";
 
+constexpr const char* kAddress = "file://";
 constexpr int kUserCommentOverlap = 9;
 constexpr int kSideWidth = 300;
 constexpr int kMiddleWidth = 600;
@@ -254,8 +255,26 @@ QString loadSettingsOrDefaults(AppContext& context) {
 
 void loadStartFolder(AppContext& context) {
     const IniFile ini(context.iniPath);
-    readSection(ini, "Nodes", ReadAt::StartFolder, context);
+    // Not cut as other texts are: a part of a path leads nowhere.
+    context.settings.startFolder = platform::wide(ini.find("Nodes", "1").value_or(std::string()));
     noteLoaded(ini, ReadAt::StartFolder, context);
+}
+
+QString startFolderText(const fs::path& folder) {
+    const QString text = platform::display(folder);
+    const auto isControl = [](QChar character) { return character.category() == QChar::Other_Control; };
+    const bool isPlain = platform::narrow(text) == folder.native() && text == text.trimmed() &&
+                         !text.endsWith(u'"') && !text.endsWith(u'\'') &&
+                         std::ranges::none_of(text, isControl);
+    if (isPlain) return text;
+    return QLatin1StringView(kAddress) +
+           QString::fromLatin1(QByteArray::fromStdString(folder.native()).toPercentEncoding("/"));
+}
+
+fs::path startFolderOf(const QString& text) {
+    const QLatin1StringView address(kAddress);
+    if (!text.startsWith(address)) return platform::pathFromText(text);
+    return QByteArray::fromPercentEncoding(text.sliced(address.size()).toLatin1()).toStdString();
 }
 
 void takeAsLoaded(AppContext& context, std::string_view section) {

@@ -34,8 +34,13 @@ void LoadSettings(AppContext& context);
 /// or an empty one; a missing key is no fault.
 [[nodiscard]] QString loadSettingsOrDefaults(AppContext& context);
 
-/// Section Nodes, the folder shown last.
+/// Section Nodes, the folder shown last, however long.
 void loadStartFolder(AppContext& context);
+
+/// A folder as the settings hold it: its path, or a file address with percent bytes where a line of text
+/// could not hold that (bytes that are no UTF-8, control characters, blanks or quotes at an end). And back.
+QString startFolderText(const std::filesystem::path& folder);
+std::filesystem::path startFolderOf(const QString& text);
 
 /// What the program itself has made of the section's values since they were loaded (a tool that was looked
 /// for, a window that was laid out) is no change of the user's.

@@ -64,4 +64,10 @@ void clearMissingTools(AppContext& context);
 /// screen.
 bool startsMaximised(const Settings::WindowPosition& position);
 
+/// The stored top edge of a window that is maximised and whose own rectangle begins at that line, and the
+/// other way round.
+constexpr int maximisedTop(int top) {
+    return -1 - top;
+}
+
 }  // namespace app

@@ -2,6 +2,7 @@
 
 #include "platform/ProcessId.h"
 
+#include <chrono>
 #include <filesystem>
 #include <optional>
 
@@ -19,5 +20,9 @@ std::filesystem::path ownWorkingFolder();
 /// The permissions that new files of this process go without. Asked so that nothing changes for other
 /// threads; nothing when the system does not tell.
 std::optional<unsigned> ownFileMask();
+
+/// Ends the process with that status when it has not ended by itself in that time: a thread that waits for a
+/// network drive which is gone would keep it for ever. Called when nothing is left that must be done.
+void endOwnProcessWithin(std::chrono::milliseconds limit, int status);
 
 }  // namespace platform

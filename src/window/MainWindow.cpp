@@ -369,11 +369,14 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
 
 void MainWindow::Show() {
     const app::Settings::WindowPosition& position = context_.settings.windowPosition;
-    const QRect stored(QPoint(position.left, position.top), QPoint(position.right - 1, position.bottom - 1));
     const bool maximised = app::startsMaximised(position);
+    const int top = maximised ? app::maximisedTop(position.top) : position.top;
+    const QRect stored(QPoint(position.left, top), QPoint(position.right - 1, position.bottom - 1));
     resize(kFirstSize);
-    // A rectangle of a screen that is no longer there would open the window where nobody sees it.
-    if (!maximised && QGuiApplication::screenAt(stored.center()) != nullptr) setGeometry(stored);
+    // A rectangle of a screen that is no longer there would open the window where nobody sees it. To that of
+    // a maximised one the window returns.
+    if (stored.isValid() && stored.left() >= 0 && QGuiApplication::screenAt(stored.center()) != nullptr)
+        setGeometry(stored);
     if (maximised)
         showMaximized();
     else

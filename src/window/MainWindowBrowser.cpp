@@ -69,7 +69,7 @@ void MainWindow::connectBrowser() {
 void MainWindow::openStartFolder() {
     app::loadStartFolder(context_);
     const std::filesystem::path candidates[] = {
-        platform::pathFromText(context_.settings.startFolder),
+        app::startFolderOf(context_.settings.startFolder),
         platform::pathFromText(QStandardPaths::writableLocation(QStandardPaths::PicturesLocation)),
         context_.installPath / "samples",
         platform::pathFromText(QDir::homePath()),

@@ -15,6 +15,7 @@
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QTimer>
+#include <algorithm>
 #include <utility>
 
 namespace window {
@@ -81,10 +82,12 @@ void MainWindow::writeColumns() {
 }
 
 app::Settings::WindowPosition MainWindow::currentPosition() const {
-    // Far edges of 0 are how the file says maximised.
-    if (isMaximized()) return {};
-    const QRect normal = geometry();
-    return {normal.left(), normal.top(), normal.right() + 1, normal.bottom() + 1};
+    const QRect normal = isMaximized() ? normalGeometry() : geometry();
+    // A top edge above the screen is how the file says maximised; far edges of 0 say it, too.
+    if (isMaximized() && !normal.isValid()) return {};
+    const int top = isMaximized() ? app::maximisedTop(normal.top()) : normal.top();
+    return {isMaximized() ? std::max(normal.left(), 0) : normal.left(), top, normal.right() + 1,
+            normal.bottom() + 1};
 }
 
 app::Settings::WindowSizes MainWindow::currentSizes() const {
@@ -104,7 +107,7 @@ void MainWindow::takeLayoutAsLoaded() {
 
 void MainWindow::saveEverything() {
     context_.settings.metadataValueColumnWidth = metadataPanel_->valueColumnWidth();
-    context_.settings.startFolder = platform::display(activeBrowser().currentFolder());
+    context_.settings.startFolder = app::startFolderText(activeBrowser().currentFolder());
 
     QString problem = app::SaveWindowPosition(context_, currentPosition());
     if (problem.isEmpty()) problem = app::SaveWindowSizes(context_, currentSizes());

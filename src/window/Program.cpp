@@ -8,6 +8,7 @@
 #include "dialogs/ProgressDialog.h"
 #include "dialogs/QtTexts.h"
 #include "dialogs/Theme.h"
+#include "platform/OwnProcess.h"
 #include "platform/Text.h"
 #include "window/MainWindow.h"
 
@@ -20,7 +21,9 @@ namespace window {
 namespace {
 
 // The exit status says nothing: whoever starts the program from a desktop has been told in a message.
-constexpr int kStatusOfFailure = 0;
+constexpr int kStatus = 0;
+/// Far longer than any thread takes that is not stuck.
+constexpr std::chrono::seconds kPatienceAtTheEnd{5};
 
 }  // namespace
 
@@ -31,7 +34,10 @@ Program::Program(QApplication& application, const std::filesystem::path& executa
     app::derivePaths(context_, executable);
 }
 
-Program::~Program() = default;
+// What had to be done has been done when the window was closed.
+Program::~Program() {
+    platform::endOwnProcessWithin(kPatienceAtTheEnd, kStatus);
+}
 
 std::optional<int> Program::start() {
     progress_ = std::make_unique<dialogs::ProgressDialog>(context_.settings.main.language);
@@ -47,16 +53,16 @@ std::optional<int> Program::start() {
     spoken_.emplace(*language_);
     qtTexts_ = dialogs::speakQtTexts(context_.settings.main.language);
 
-    if (!app::FindExifTool(context_) && !askForExifTool()) return kStatusOfFailure;
+    if (!app::FindExifTool(context_) && !askForExifTool()) return kStatus;
     progress_->setLanguage(context_.settings.main.language);
-    if (!takeTempFolder(today)) return kStatusOfFailure;
+    if (!takeTempFolder(today)) return kStatus;
     window_ = std::make_unique<MainWindow>(context_, *language_, *progress_, *tempFolder_);
-    if (!window_->startSession()) return kStatusOfFailure;
+    if (!window_->startSession()) return kStatus;
     if (!window_->buildContents()) {
         progress_->finish();
         dialogs::showMessage(
             nullptr, {QStringLiteral("Could not initialize the framework!"), dialogs::MessageIcon::Stop});
-        return kStatusOfFailure;
+        return kStatus;
     }
     hasContents_ = true;
     window_->Show();

@@ -3,6 +3,7 @@
 #include "app/NumberedNames.h"
 #include "app/SettingsTable.h"
 #include "platform/IniFile.h"
+#include "support/SmallFiles.h"
 #include "support/TemporaryFolder.h"
 
 #include <array>
@@ -437,7 +438,25 @@ TEST_F(SettingsStoreTest, TextsAreCutToTheirRoom) {
           "\n[Nodes]\n1=" + std::string(400, 'y') + "\n");
     loadAll(context_);
     EXPECT_EQ(context_.settings.batch.defaultSavePath.size(), 259);
-    EXPECT_EQ(context_.settings.startFolder.size(), 259);
+    EXPECT_EQ(context_.settings.startFolder.size(), 400) << "a part of a path leads nowhere";
+}
+
+TEST_F(SettingsStoreTest, AnyFolderCanBeTheOneShownLast) {
+    write("[Main]\nViewMode=1\n");
+    for (const std::string& name : support::hostileNames()) {
+        for (const std::filesystem::path& folder :
+             {std::filesystem::path("/a") / name, std::filesystem::path("/" + name) / "b",
+              std::filesystem::path("/") / name / ""}) {
+            loadAll(context_);
+            context_.settings.startFolder = app::startFolderText(folder);
+            ASSERT_EQ(app::SaveSettings(context_), QString());
+            AppContext next;
+            next.iniPath = context_.iniPath;
+            app::loadStartFolder(next);
+            EXPECT_EQ(app::startFolderOf(next.settings.startFolder), folder) << name;
+        }
+    }
+    EXPECT_EQ(app::startFolderText("/a/b c"), "/a/b c");
 }
 
 struct FaultCase {
