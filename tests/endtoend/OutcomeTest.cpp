@@ -175,13 +175,13 @@ class OutcomeTest : public endtoend::EditedFolder {
         return bytes;
     }
 
-    /// The number before a text that counts files, added up over all places where it stands.
+    /// The number before a text that counts files, of which the first of a summary is "2 files".
     int counted(QString& words, int text) const {
-        const QRegularExpression pattern = patternOf(language_, text, QStringLiteral("\\d+"));
+        const QRegularExpression pattern = patternOf(language_, text, QStringLiteral("\\d+(?: files?)?"));
         // The status bar and the report begin with the same summary.
         const QRegularExpressionMatch match = pattern.match(words);
         words.remove(pattern);
-        return match.captured(1).toInt();
+        return match.captured(1).section(u' ', 0, 0).toInt();
     }
 
     /// None of the files was done, and `touched` of them are not what they were.
