@@ -52,6 +52,15 @@ QString plainText(std::string_view bytes, bool isUtf8) {
     return isUtf8 ? QString::fromUtf8(view) : QString::fromLatin1(view);
 }
 
+std::uint32_t checkSum(std::string_view bytes) {
+    std::uint32_t sum = 0xFFFFFFFF;
+    for (const char byte : bytes) {
+        sum ^= static_cast<std::uint8_t>(byte);
+        for (int bit = 0; bit < 8; ++bit) sum = (sum >> 1) ^ ((sum & 1) != 0 ? 0xEDB88320 : 0);
+    }
+    return ~sum;
+}
+
 /// Takes what stands before the next zero.
 std::string_view taken(std::string_view& bytes) {
     const std::size_t length = std::min(bytes.find('\0'), bytes.size());
@@ -127,8 +136,15 @@ void readPngTexts(const std::filesystem::path& file, PropertyValues& values) {
             if (const std::string content = bytesAt(opened, position, 13); content.size() == 13)
                 addDepth(content, values);
         } else if (isText && length <= kLongestText && ++textsSeen <= kMostTexts) {
-            Text text = textOf(name, bytesAt(opened, position, static_cast<std::size_t>(length)));
-            if (!text.text.isEmpty()) texts.push_back(std::move(text));
+            const std::string content = bytesAt(opened, position, static_cast<std::size_t>(length) + 4);
+            if (content.size() < length + 4) break;
+            const std::string_view chunk(content.data(), static_cast<std::size_t>(length));
+            // The library complains aloud of what cannot be unpacked.
+            if (checkSum(name + std::string(chunk)) ==
+                bigEndian(std::string_view(content).substr(chunk.size()))) {
+                Text text = textOf(name, chunk);
+                if (!text.text.isEmpty()) texts.push_back(std::move(text));
+            }
         }
         position += length + 4;
     }

@@ -8,6 +8,7 @@
 #include "properties/PhotoProperties.h"
 #include "properties/SafeRewrite.h"
 #include "properties/StreamProperties.h"
+#include "properties/SunSound.h"
 
 #include <algorithm>
 
@@ -62,8 +63,9 @@ void PropertyStore::read(PropertyId property) {
         return;
     }
     look();
-    const bool mayKnow = photoCanGive(property) || documentsCanGive(property);
-    if (mediaClass_ == MediaClass::Photo && mayKnow)
+    // The tables are searched only while nobody was asked: a photo without a value is asked for all of them.
+    const auto mayKnow = [&] { return photoCanGive(property) || documentsCanGive(property); };
+    if (mediaClass_ == MediaClass::Photo && !photoRead_ && mayKnow())
         ask(photoRead_, [&](const std::filesystem::path& file, PropertyValues& values) {
             isKnownPhoto_ = readPhotoProperties(file, values);
         });
@@ -89,6 +91,7 @@ void PropertyStore::readMedia(PropertyId property) {
         audioRead_ = true;
         // Of a film only the tags: TagLib takes the first stream for the sound, whatever it is.
         isVideo ? readAudioTags(file_, values_) : readAudioProperties(file_, values_);
+        if (!isVideo) readSunSound(file_, values_);
     }
     if (!notesRead_ && (isStreams || filmNotesCanGive(property))) {
         notesRead_ = true;

@@ -61,6 +61,11 @@ void writeWave(const std::filesystem::path& file) {
     writeBytes(file, "RIFF" + little(content.size(), 4) + content);
 }
 
+void writeSunSound(const std::filesystem::path& file) {
+    writeBytes(file,
+               ".snd" + big(24, 4) + big(32000, 4) + big(3, 4) + big(8000, 4) + big(1, 4) + zeros(32000));
+}
+
 void writeFlac(const std::filesystem::path& file) {
     writeFlac(file, {{"TITLE", "Rain"}, {"ARTIST", "Ann"}, {"ARTIST", "Bo"}, {"TRACKNUMBER", "3/9"}});
 }

@@ -13,6 +13,9 @@ using Texts = std::vector<std::pair<std::string, std::string>>;
 /// A second of silence: one channel, 8000 samples of 16 bits.
 void writeWave(const std::filesystem::path& file);
 
+/// Two seconds of silence in the format of Sun: one channel, 8000 samples of 16 bits.
+void writeSunSound(const std::filesystem::path& file);
+
 /// A FLAC file of its headers only: 44100 Hz, two channels, 16 bits, ten seconds, with tags.
 void writeFlac(const std::filesystem::path& file);
 /// The same with these tags.

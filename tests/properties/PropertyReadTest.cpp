@@ -146,6 +146,12 @@ TEST(PropertyRead, Sound) {
     EXPECT_EQ(wave.get(Id::AudioSampleRate), number(8000));
     EXPECT_EQ(wave.get(Id::AudioSampleSize), number(16));
     EXPECT_EQ(wave.get(Id::MediaDuration), number(10'000'000));
+    support::writeSunSound(folder / "d.au");
+    PropertyStore sun(folder / "d.au");
+    EXPECT_EQ(sun.get(Id::AudioChannelCount), number(1));
+    EXPECT_EQ(sun.get(Id::AudioSampleSize), number(16));
+    EXPECT_EQ(sun.get(Id::AudioEncodingBitrate), number(128'000));
+    EXPECT_EQ(sun.get(Id::MediaDuration), number(20'000'000));
     PropertyStore flac(folder / "b.flac");
     EXPECT_EQ(flac.get(Id::SummaryTitle), text("Rain"));
     EXPECT_EQ(flac.get(Id::MusicArtist), PropertyValue(QStringList{"Ann", "Bo"}));
@@ -214,8 +220,19 @@ TEST(PropertyRead, DamagedFiles) {
     support::writeFlac(folder / "a.flac");
     support::writeMp3(folder / "a.mp3");
     support::writeMp4(folder / "a.mp4");
+    support::writePng(folder / "a.png");
+    support::ExifTool({"-q", "-overwrite_original", "-z", "-XMP-xmp:Rating=4", "-PNG:Title=Title Title Title",
+                       "-PNG:CreationTime=2021:03:28 02:30:00", (folder / "a.mp4").string(),
+                       (folder / "a.png").string()});
+    support::writeAvi(folder / "a.avi", "", "Ann", "<x:xmpmeta xmlns:x='adobe:ns:meta/'></x:xmpmeta>");
+    support::writeOggFilm(folder / "a.ogv", {{"TITLE", "Rain"}});
+    support::writeMusepack(folder / "a.mpc", "Cy", "Rain");
+    support::writeWindowsMedia(folder / "a.wmv", {{"WM/Director", "Di"}}, {"WM/MediaIsRepeat"});
+    support::writeRaf(folder / "a.raf", support::readBytes(folder / "a.jpg"), 4256, 2848);
+    support::writeSunSound(folder / "a.au");
     ::testing::internal::CaptureStderr();
-    for (const char* extension : {".jpg", ".wav", ".flac", ".mp3", ".mp4"}) {
+    for (const char* extension :
+         {".jpg", ".wav", ".flac", ".mp3", ".mp4", ".png", ".avi", ".ogv", ".mpc", ".wmv", ".raf", ".au"}) {
         const std::string whole = support::readBytes(folder / (std::string("a") + extension));
         const fs::path broken = folder / (std::string("broken") + extension);
         const auto readAll = [&](const std::string& bytes) {
