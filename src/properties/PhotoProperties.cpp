@@ -27,6 +27,7 @@ constexpr std::int64_t kInches = 2;
 constexpr std::int64_t kCentimetres = 3;
 // Beyond this many bytes a text is no text that anybody wrote.
 constexpr long kLongestText = 1L << 20;
+constexpr std::size_t kLongestNote = std::size_t{16} * 1024 * 1024;
 // Beyond it no camera can count.
 constexpr double kMostApex = 100;
 // The whole circle.
@@ -423,14 +424,17 @@ void addOtherTexts(const Entries& entries, const std::filesystem::path& file, Pr
         values.addText(Id::SummaryComment, textFromBytes(entries.image().comment()).trimmed());
 }
 
+bool isNote(const std::filesystem::path& file) {
+    return platform::display(file.extension()).toLower() == u".xmp";
+}
+
 /// The text of a note in UTF-16, which Exiv2 does not read, in UTF-8 and without what names its encoding.
 std::optional<std::string> readWideNote(const std::filesystem::path& file) {
-    constexpr std::size_t kMostBytes = std::size_t{16} * 1024 * 1024;
-    if (platform::display(file.extension()).toLower() != u".xmp") return std::nullopt;
+    if (!isNote(file)) return std::nullopt;
     const std::string head = platform::readHead(file, 2);
     const bool isBig = head == "\xFE\xFF" || head == std::string_view("\0<", 2);
     if (!isBig && head != "\xFF\xFE" && head != std::string_view("<\0", 2)) return std::nullopt;
-    const std::string bytes = platform::readHead(file, kMostBytes);
+    const std::string bytes = platform::readHead(file, kLongestNote);
     QStringDecoder decoder(isBig ? QStringConverter::Utf16BE : QStringConverter::Utf16LE);
     const QString text = decoder(QByteArrayView(bytes.data(), static_cast<qsizetype>(bytes.size())));
     return text.mid(std::max<qsizetype>(0, text.indexOf(u"<x:xmpmeta"))).toStdString();
@@ -457,6 +461,9 @@ bool readPhotoProperties(const std::filesystem::path& file, PropertyValues& valu
         addNoteProperties(*note, values);
         return true;
     }
+    // The library takes all of a note into memory, however long it is.
+    std::error_code error;
+    if (isNote(file) && std::filesystem::file_size(file, error) > kLongestNote) return true;
     bool isKnown = false;
     try {
         const auto image = openPhoto(file);

@@ -175,6 +175,9 @@ TEST(PropertyRead, Film) {
     EXPECT_EQ(store.get(Id::VideoFourCC), text("avc1"));
     EXPECT_EQ(store.get(Id::MediaDuration), number(20'000'000));
     EXPECT_EQ(store.get(Id::MediaFrameCount), number(50));
+    // Two seconds long.
+    EXPECT_EQ(store.get(Id::VideoTotalBitrate),
+              number(static_cast<std::int64_t>(fs::file_size(folder / "a.mp4")) * 4));
     EXPECT_EQ(store.get(Id::MediaDateEncoded), PropertyValue(platform::PointInTime{1'577'836'800 * kSecond}));
     EXPECT_TRUE(isAbsent(store.get(Id::AudioChannelCount)));
 }
@@ -255,6 +258,14 @@ TEST(PropertyRead, DamagedFiles) {
         }
     }
     EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+}
+
+TEST(PropertyRead, ANoteWithoutEndIsNotTakenIntoMemory) {
+    const TemporaryFolder folder;
+    support::ExifTool({"-q", "-XMP-dc:Title=T", "-o", (folder / "a.xmp").string()});
+    EXPECT_EQ(PropertyStore(folder / "a.xmp").get(Id::SummaryTitle), text("T"));
+    fs::resize_file(folder / "a.xmp", std::uintmax_t{8} << 30);
+    EXPECT_TRUE(isAbsent(PropertyStore(folder / "a.xmp").get(Id::SummaryTitle)));
 }
 
 TEST(PropertyRead, AFileUnderTheWrongExtensionGivesNothingOfItsMedium) {
