@@ -26,15 +26,9 @@ void prepare(QFileDialog& dialog, const FileQuestion& question) {
     }
 }
 
-std::vector<fs::path> ask(QFileDialog& dialog) {
-    std::vector<fs::path> chosen;
-    if (dialog.exec() != QDialog::Accepted) return chosen;
-    for (const QString& name : dialog.selectedFiles()) chosen.emplace_back(name.toStdString());
-    return chosen;
-}
-
-fs::path firstOf(const std::vector<fs::path>& chosen) {
-    return chosen.empty() ? fs::path() : chosen.front();
+fs::path ask(QFileDialog& dialog) {
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+    return dialog.selectedFiles().front().toStdString();
 }
 
 }  // namespace
@@ -43,13 +37,6 @@ fs::path chooseFileToOpen(QWidget* parent, const FileQuestion& question) {
     QFileDialog dialog(parent);
     prepare(dialog, question);
     dialog.setFileMode(QFileDialog::ExistingFile);
-    return firstOf(ask(dialog));
-}
-
-std::vector<fs::path> chooseFilesToOpen(QWidget* parent, const FileQuestion& question) {
-    QFileDialog dialog(parent);
-    prepare(dialog, question);
-    dialog.setFileMode(QFileDialog::ExistingFiles);
     return ask(dialog);
 }
 
@@ -58,7 +45,7 @@ fs::path chooseFileToSave(QWidget* parent, const FileQuestion& question) {
     prepare(dialog, question);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    return firstOf(ask(dialog));
+    return ask(dialog);
 }
 
 fs::path chooseFolder(QWidget* parent, const QString& title, const fs::path& start) {
@@ -66,7 +53,7 @@ fs::path chooseFolder(QWidget* parent, const QString& title, const fs::path& sta
     prepare(dialog, {title, {}, {}, {}, start});
     dialog.setFileMode(QFileDialog::Directory);
     dialog.setOption(QFileDialog::ShowDirsOnly);
-    return firstOf(ask(dialog));
+    return ask(dialog);
 }
 
 }  // namespace dialogs

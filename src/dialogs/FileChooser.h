@@ -3,7 +3,6 @@
 #include <QString>
 #include <QStringList>
 #include <filesystem>
-#include <vector>
 
 class QWidget;
 
@@ -22,7 +21,6 @@ struct FileQuestion {
 /// Each asks modally and gives what was chosen, or nothing when the user cancels. The program's own dialog is
 /// used, not the desktop's, so that it looks the same everywhere and scripts can use it. GUI thread.
 std::filesystem::path chooseFileToOpen(QWidget* parent, const FileQuestion& question);
-std::vector<std::filesystem::path> chooseFilesToOpen(QWidget* parent, const FileQuestion& question);
 /// Asks before an existing file is replaced.
 std::filesystem::path chooseFileToSave(QWidget* parent, const FileQuestion& question);
 std::filesystem::path chooseFolder(QWidget* parent, const QString& title, const std::filesystem::path& start);
