@@ -21,7 +21,10 @@ namespace {
 
 std::string contentsOf(const fs::path& file) {
     std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), std::istreambuf_iterator<char>()};
+    // Of a process that has ended meanwhile nothing can be read; by iterators that would be thrown.
+    std::ostringstream contents;
+    contents << stream.rdbuf();
+    return contents.str();
 }
 
 /// The starters of the program, children that they forked included.
